@@ -1,0 +1,281 @@
+#include "WFAction.h"
+
+#include "WFExpression.h"
+#include "WFServices.h"
+
+#include <unistd.h>
+
+TCustomWFAction::TCustomWFAction() = default;
+TCustomWFAction::~TCustomWFAction() = default;
+
+std::string TCustomWFAction::GetActionLogTitle() const
+{
+    const std::string description = GetDescription();
+    return description.empty() ? GetActionName() : GetActionName() + ": " + description;
+}
+
+bool TCustomWFAction::Validate(IWFActionValidationError& /*errors*/)
+{
+    return true;
+}
+
+bool TCustomWFAction::TryExpandExpression(const std::string& propertyName, const std::string& value,
+                                          std::string& expanded, bool nameLike) const
+{
+    TWFExpressionScope scope;
+    const TWFBuildVariables* variables = m_host ? m_host->variables : nullptr;
+    scope.variable = [variables](const std::string& name) -> std::optional<std::string> {
+        if (!variables || !variables->IsDefined(name))
+            return std::nullopt;
+        return variables->Get(name).toString();
+    };
+    scope.function = [](const std::string& function, const std::string& property,
+                        std::string& error) -> std::optional<std::string> {
+        std::string text;
+        if (!WFScriptingServices().Evaluate(function, property, text, error))
+            return std::nullopt;
+        return text;
+    };
+    std::string error;
+    if (!expandExpression(value, scope, expanded, error)) {
+        SendMessage("Error: Could not expand " + propertyName + " \"" + value + "\": " + error + ".");
+        return false;
+    }
+    if (nameLike && expanded.find_first_of("\r\n") != std::string::npos) {
+        SendMessage("Error: Could not expand " + propertyName + " \"" + value
+                    + "\": the result holds a line break, which no name may contain.");
+        expanded.clear();
+        return false;
+    }
+    return true;
+}
+
+void TCustomWFAction::SendMessage(const std::string& text) const
+{
+    if (m_host)
+        m_host->SendLine(IWFLogSink::Stream::Message, text);
+}
+
+TWFVariant TCustomWFAction::GetVariableValue(const std::string& name) const
+{
+    return m_host && m_host->variables ? m_host->variables->Get(name) : TWFVariant();
+}
+
+void TCustomWFAction::SetVariable(const std::string& name, const TWFVariant& value)
+{
+    if (m_host && m_host->variables)
+        m_host->variables->Set(name, value);
+}
+
+bool TCustomWFAction::IsVariableDefined(const std::string& name) const
+{
+    return m_host && m_host->variables && m_host->variables->IsDefined(name);
+}
+
+TWFExecuteAbstractAction::TWFExecuteAbstractAction() = default;
+TWFExecuteAbstractAction::~TWFExecuteAbstractAction() = default;
+
+bool TWFExecuteAbstractAction::GetCommandLine(ICommandLineBuilder& /*builder*/)
+{
+    return true;
+}
+
+std::string TWFExecuteAbstractAction::GetExecutable()
+{
+    return {};
+}
+
+std::string TWFExecuteAbstractAction::GetStartingDir(const std::string& /*executable*/)
+{
+    TWFActionHost* host = GetHost();
+    if (host && !host->defaultStartingDir.empty())
+        return host->defaultStartingDir;
+    char buffer[4096];
+    return ::getcwd(buffer, sizeof buffer) ? std::string(buffer) : std::string(".");
+}
+
+void TWFExecuteAbstractAction::BeforeExecute(ICommandLineBuilder& /*builder*/) {}
+
+bool TWFExecuteAbstractAction::InterpretResult(int exitCode)
+{
+    return !UseExitCode || exitCode == 0;
+}
+
+void TWFExecuteAbstractAction::OnSuccess(int /*exitCode*/) {}
+
+void TWFExecuteAbstractAction::OnFailure(int exitCode)
+{
+    m_failureReason = "exit code " + std::to_string(exitCode);
+    SendMessage("Action Failed: the program ended with exit code " + std::to_string(exitCode) + ".");
+}
+
+void TWFExecuteAbstractAction::OnExeNotFound(const std::string& executable)
+{
+    SendMessage("Error: The program \"" + executable + "\" could not be started.");
+}
+
+void TWFExecuteAbstractAction::OnProcessOutput(const std::vector<std::string>& /*lines*/) {}
+
+void TWFExecuteAbstractAction::emitLines(std::string& pending, const std::string& data, IWFLogSink::Stream stream)
+{
+    TWFActionHost* host = GetHost();
+    if (!host || !host->log)
+        return;
+    std::size_t start = 0;
+    if (!pending.empty()) {
+        const auto nl = data.find('\n');
+        if (nl == std::string::npos) {
+            pending += data;
+            return;
+        }
+        pending.append(data, 0, nl);
+        if (!pending.empty() && pending.back() == '\r')
+            pending.pop_back();
+        host->log->Line(stream, pending);
+        pending.clear();
+        start = nl + 1;
+    }
+    for (std::size_t nl; (nl = data.find('\n', start)) != std::string::npos; start = nl + 1) {
+        std::size_t end = nl;
+        if (end > start && data[end - 1] == '\r')
+            --end;
+        host->log->Line(stream, std::string_view(data).substr(start, end - start));
+    }
+    pending.assign(data, start, std::string::npos);
+}
+
+void TWFExecuteAbstractAction::flushLines()
+{
+    TWFActionHost* host = GetHost();
+    for (auto [pending, stream] : {std::pair{&m_pendingOut, IWFLogSink::Stream::StdOut},
+                                   std::pair{&m_pendingErr, IWFLogSink::Stream::StdErr}}) {
+        if (pending->empty())
+            continue;
+        if (pending->back() == '\r')
+            pending->pop_back();
+        if (host && host->log)
+            host->log->Line(stream, *pending);
+        pending->clear();
+    }
+}
+
+void TWFExecuteAbstractAction::OnStdOutData(IWFProcess& /*process*/, const std::string& data)
+{
+    if (LogOutput)
+        emitLines(m_pendingOut, data, IWFLogSink::Stream::StdOut);
+}
+
+void TWFExecuteAbstractAction::OnStdErrData(IWFProcess& /*process*/, const std::string& data)
+{
+    if (LogOutput)
+        emitLines(m_pendingErr, data, IWFLogSink::Stream::StdErr);
+}
+
+void TWFExecuteAbstractAction::OnProcessStdOut(IWFProcess& process, const std::string& data)
+{
+    OnStdOutData(process, data);
+}
+
+void TWFExecuteAbstractAction::OnProcessStdErr(IWFProcess& process, const std::string& data)
+{
+    OnStdErrData(process, data);
+}
+
+void TWFExecuteAbstractAction::TerminateAction()
+{
+    std::shared_ptr<IWFProcess> running;
+    {
+        std::lock_guard lock(m_runningMutex);
+        m_terminateRequested = true;
+        running = m_running;
+    }
+    if (running)
+        running->Terminate();
+}
+
+bool TWFExecuteAbstractAction::Execute()
+{
+    m_failureReason.clear();
+    m_lastExitCode = -1;
+    m_wasTerminated = false;
+    m_pendingOut.clear();
+    m_pendingErr.clear();
+
+    const std::string executable = GetExecutable();
+    BeforeGetCommandLine();
+    TCommandLineBuilder builder;
+    if (!GetCommandLine(builder)) {
+        m_failureReason = "the command line could not be built";
+        return false;
+    }
+    AfterGetCommandLine();
+    const std::string directory = GetStartingDir(executable);
+    BeforeExecute(builder);
+
+    TWFActionHost* host = GetHost();
+    if (host && host->dryRun)
+        return true;
+
+    std::shared_ptr<IWFProcess> process = CreateWFProcess();
+    if (!process) {
+        m_failureReason = "no process runner";
+        OnExeNotFound(executable);
+        return false;
+    }
+    process->SetExecutable(executable);
+    process->SetParameters(builder.GetCommandLineText());
+    process->SetWorkingDirectory(directory);
+    process->SetRunHidden(true);
+    process->SetCollectOutput(KeepOutputLines);
+    process->SetOutputHandler(this);
+    const int timeout = host ? host->timeoutSeconds : 0;
+    process->SetTimeLimit(timeout > 0 ? timeout * 1000 : 0);
+    {
+        std::lock_guard lock(m_runningMutex);
+        if (m_terminateRequested) {
+            m_terminateRequested = false;
+            m_wasTerminated = true;
+            m_failureReason = "stopped";
+            return false;
+        }
+        m_running = process;
+    }
+    const bool started = process->Execute();
+    {
+        std::lock_guard lock(m_runningMutex);
+        m_running.reset();
+        m_terminateRequested = false;
+    }
+    process->SetOutputHandler(nullptr);
+    if (!started) {
+        m_failureReason = process->GetErrorText();
+        if (!process->GetTerminated()) {
+            OnExeNotFound(executable);
+            SendMessage("Error: " + process->GetErrorText() + ".");
+        }
+        m_wasTerminated = process->GetTerminated();
+        return false;
+    }
+    flushLines();
+    m_lastExitCode = process->GetExitCode();
+    if (KeepOutputLines)
+        OnProcessOutput(process->GetOutputLines());
+    if (process->GetTimedOut()) {
+        m_failureReason = "timed out after " + std::to_string(timeout) + " s";
+        SendMessage("Action Failed: the program was still running after " + std::to_string(timeout)
+                    + " seconds and was stopped with everything it started.");
+        return false;
+    }
+    if (process->GetTerminated()) {
+        m_wasTerminated = true;
+        m_failureReason = "stopped";
+        SendMessage("Action Failed: the program was stopped on request.");
+        return false;
+    }
+    const bool ok = InterpretResult(m_lastExitCode);
+    if (ok)
+        OnSuccess(m_lastExitCode);
+    else
+        OnFailure(m_lastExitCode);
+    return ok;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+/// Where the build log goes. The host's runner, the designer and tests each supply one.
+class IWFLogSink {
+public:
+    enum class Stream { Message, StdOut, StdErr };
+    virtual ~IWFLogSink() = default;
+    /// One log line, without its line break, exactly as sent.
+    virtual void Line(Stream stream, std::string_view text) = 0;
+};

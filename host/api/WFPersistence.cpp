@@ -1,0 +1,183 @@
+#include "WFPersistence.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+
+namespace {
+
+bool equalsIgnoringCase(const std::string& a, const char* b)
+{
+    std::size_t i = 0;
+    for (; i < a.size() && b[i]; ++i)
+        if (std::tolower(static_cast<unsigned char>(a[i])) != std::tolower(static_cast<unsigned char>(b[i])))
+            return false;
+    return i == a.size() && !b[i];
+}
+
+} // namespace
+
+bool parseBooleanText(const std::string& text, bool& value)
+{
+    if (equalsIgnoringCase(text, "true")) {
+        value = true;
+        return true;
+    }
+    if (equalsIgnoringCase(text, "false")) {
+        value = false;
+        return true;
+    }
+    return false;
+}
+
+void TZTXMLObject::publish(TWFPropertyInfo info)
+{
+    for (auto& existing : m_properties) {
+        if (existing.name == info.name) {
+            info.name = existing.name;
+            existing = std::move(info);
+            return;
+        }
+    }
+    m_properties.push_back(std::move(info));
+}
+
+void TZTXMLObject::PublishString(const std::string& name, std::function<std::string()> get,
+                                 std::function<void(const std::string&)> set)
+{
+    publish({name, TWFPropertyType::String, {}, [get] { return TWFVariant(get()); },
+             [set](const TWFVariant& v) { set(v.toString()); }});
+}
+
+void TZTXMLObject::PublishBoolean(const std::string& name, std::function<bool()> get, std::function<void(bool)> set)
+{
+    publish({name, TWFPropertyType::Boolean, {}, [get] { return TWFVariant(get()); },
+             [set](const TWFVariant& v) { set(v.toBoolean()); }});
+}
+
+void TZTXMLObject::PublishInteger(const std::string& name, std::function<long long()> get,
+                                  std::function<void(long long)> set)
+{
+    publish({name, TWFPropertyType::Integer, {}, [get] { return TWFVariant(get()); },
+             [set](const TWFVariant& v) { set(v.toInteger()); }});
+}
+
+void TZTXMLObject::PublishEnumeration(const std::string& name, std::vector<std::string> members,
+                                      std::function<int()> get, std::function<void(int)> set)
+{
+    publish({name, TWFPropertyType::Enumeration, std::move(members),
+             [get] { return TWFVariant(static_cast<long long>(get())); },
+             [set](const TWFVariant& v) { set(static_cast<int>(v.toInteger())); }});
+}
+
+const TWFPropertyInfo* TZTXMLObject::FindProperty(const std::string& name) const
+{
+    for (const auto& property : m_properties)
+        if (property.name == name)
+            return &property;
+    return nullptr;
+}
+
+TWFVariant TZTXMLObject::GetPropertyValue(const std::string& name) const
+{
+    const auto* property = FindProperty(name);
+    return property ? property->get() : TWFVariant();
+}
+
+bool TZTXMLObject::SetPropertyValue(const std::string& name, const TWFVariant& value)
+{
+    const auto* property = FindProperty(name);
+    if (!property)
+        return false;
+    if (property->type == TWFPropertyType::Enumeration && value.isString())
+        return SetPropertyText(name, value.toString());
+    property->set(value);
+    return true;
+}
+
+std::string TZTXMLObject::GetPropertyText(const std::string& name) const
+{
+    const auto* property = FindProperty(name);
+    if (!property)
+        return {};
+    const TWFVariant value = property->get();
+    if (property->type == TWFPropertyType::Enumeration) {
+        const long long ordinal = value.toInteger();
+        if (ordinal >= 0 && ordinal < static_cast<long long>(property->enumMembers.size()))
+            return property->enumMembers[static_cast<std::size_t>(ordinal)];
+        return std::to_string(ordinal);
+    }
+    return value.toString();
+}
+
+bool TZTXMLObject::SetPropertyText(const std::string& name, const std::string& text, std::string* error)
+{
+    const auto* property = FindProperty(name);
+    if (!property) {
+        if (error)
+            *error = "unknown property \"" + name + "\"";
+        return false;
+    }
+    switch (property->type) {
+    case TWFPropertyType::String:
+        property->set(TWFVariant(text));
+        return true;
+    case TWFPropertyType::Boolean: {
+        bool value = false;
+        if (!parseBooleanText(text, value)) {
+            if (error)
+                *error = "\"" + text + "\" is not a Boolean (True or False) for property \"" + name + "\"";
+            return false;
+        }
+        property->set(TWFVariant(value));
+        return true;
+    }
+    case TWFPropertyType::Integer: {
+        long long value = 0;
+        const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+        if (ec != std::errc() || end != text.data() + text.size() || text.empty()) {
+            if (error)
+                *error = "\"" + text + "\" is not an integer for property \"" + name + "\"";
+            return false;
+        }
+        property->set(TWFVariant(value));
+        return true;
+    }
+    case TWFPropertyType::Enumeration: {
+        const auto& members = property->enumMembers;
+        const auto found = std::find(members.begin(), members.end(), text);
+        if (found == members.end()) {
+            if (error) {
+                std::string list;
+                for (const auto& member : members)
+                    list += (list.empty() ? "" : ", ") + member;
+                *error = "\"" + text + "\" is not a member of property \"" + name + "\" (expected one of " + list + ")";
+            }
+            return false;
+        }
+        property->set(TWFVariant(static_cast<long long>(found - members.begin())));
+        return true;
+    }
+    }
+    return false;
+}
+
+std::vector<TWFPropertyError> TZTXMLObject::ReadState(const IZTXMLReader& reader)
+{
+    std::vector<TWFPropertyError> errors;
+    for (const auto& property : m_properties) {
+        std::string text;
+        if (!reader.ReadValue(property.name, text))
+            continue;
+        std::string error;
+        if (!SetPropertyText(property.name, text, &error))
+            errors.push_back({property.name, error});
+    }
+    return errors;
+}
+
+void TZTXMLObject::WriteState(IZTXMLWriter& writer) const
+{
+    for (const auto& property : m_properties)
+        writer.WriteValue(property.name, GetPropertyText(property.name));
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// The entry point every package exports under this plain name.
+using TWFRegisterFunction = void (*)(bool registerPages);
+inline constexpr const char* kWFRegisterSymbol = "WFRegister";
+
+/// Loads a package by path, finds its WFRegister and calls it once with RegisterPages.
+/// A package already loaded is not registered twice. False with a reason when the file
+/// cannot be loaded or exports no entry point.
+bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& error);
+
+/// The shared libraries in a folder, sorted by name; empty when the folder does not exist.
+std::vector<std::string> WFListPlugins(const std::string& directory);

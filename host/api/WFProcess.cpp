@@ -1,0 +1,390 @@
+#include "WFProcess.h"
+
+#include "WFCommandLine.h"
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <mutex>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class TFileDescriptor {
+public:
+    TFileDescriptor() = default;
+    explicit TFileDescriptor(int fd) : m_fd(fd) {}
+    ~TFileDescriptor() { reset(); }
+    TFileDescriptor(const TFileDescriptor&) = delete;
+    TFileDescriptor& operator=(const TFileDescriptor&) = delete;
+    int get() const { return m_fd; }
+    void reset(int fd = -1)
+    {
+        if (m_fd >= 0)
+            ::close(m_fd);
+        m_fd = fd;
+    }
+
+private:
+    int m_fd = -1;
+};
+
+/// Splits output into lines as it arrives; a final line without a break still counts.
+class TLineCollector {
+public:
+    void add(const char* data, std::size_t size, std::vector<std::string>& lines)
+    {
+        m_pending.append(data, size);
+        std::size_t start = 0;
+        for (std::size_t nl; (nl = m_pending.find('\n', start)) != std::string::npos; start = nl + 1) {
+            std::size_t end = nl;
+            if (end > start && m_pending[end - 1] == '\r')
+                --end;
+            lines.emplace_back(m_pending, start, end - start);
+        }
+        m_pending.erase(0, start);
+    }
+    void finish(std::vector<std::string>& lines)
+    {
+        if (!m_pending.empty()) {
+            if (m_pending.back() == '\r')
+                m_pending.pop_back();
+            lines.push_back(std::move(m_pending));
+            m_pending.clear();
+        }
+    }
+
+private:
+    std::string m_pending;
+};
+
+class TPosixProcess final : public IWFProcess {
+public:
+    void SetExecutable(const std::string& path) override { m_executable = path; }
+    std::string GetExecutable() const override { return m_executable; }
+    void SetParameters(const std::string& text) override { m_parameters = text; }
+    std::string GetParameters() const override { return m_parameters; }
+    void SetWorkingDirectory(const std::string& directory) override { m_directory = directory; }
+    std::string GetWorkingDirectory() const override { return m_directory; }
+    void SetRunHidden(bool hidden) override { m_hidden = hidden; }
+    void SetCollectOutput(bool collect) override { m_collect = collect; }
+    void SetWaitTimeout(int milliseconds) override { m_silenceLimit = milliseconds; }
+    void SetTimeLimit(int milliseconds) override { m_timeLimit = milliseconds; }
+    void SetOutputHandler(IWFProcessOutputHandler* handler) override { m_handler = handler; }
+
+    bool Execute() override;
+    int GetExitCode() const override { return m_exitCode; }
+    const std::vector<std::string>& GetOutputLines() const override { return m_lines; }
+    std::string GetErrorText() const override { return m_error; }
+    bool GetTimedOut() const override { return m_timedOut; }
+    bool GetTerminated() const override { return m_terminated; }
+    void Terminate() override;
+
+private:
+    bool spawn(int outWrite, int errWrite);
+    void killGroup(int signal);
+    void pump(int outFd, int errFd);
+    int reap();
+
+    std::string m_executable;
+    std::string m_parameters;
+    std::string m_directory;
+    bool m_hidden = false;
+    bool m_collect = false;
+    int m_silenceLimit = 0;
+    int m_timeLimit = 0;
+    IWFProcessOutputHandler* m_handler = nullptr;
+
+    std::atomic<pid_t> m_pid{0};
+    std::atomic<bool> m_terminateRequested{false};
+    int m_exitCode = -1;
+    bool m_timedOut = false;
+    bool m_terminated = false;
+    std::string m_error;
+    std::vector<std::string> m_lines;
+    TLineCollector m_collector;
+    TFileDescriptor m_wake[2];
+};
+
+bool TPosixProcess::spawn(int outWrite, int errWrite)
+{
+    std::vector<std::string> arguments = splitCommandLine(m_parameters);
+    arguments.insert(arguments.begin(), m_executable);
+    std::vector<char*> argv;
+    argv.reserve(arguments.size() + 1);
+    for (auto& argument : arguments)
+        argv.push_back(argument.data());
+    argv.push_back(nullptr);
+
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&actions, outWrite, 1);
+    posix_spawn_file_actions_adddup2(&actions, errWrite, 2);
+    if (!m_directory.empty())
+        posix_spawn_file_actions_addchdir_np(&actions, m_directory.c_str());
+
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    posix_spawnattr_setpgroup(&attributes, 0);
+    sigset_t defaults;
+    sigemptyset(&defaults);
+    sigaddset(&defaults, SIGINT);
+    sigaddset(&defaults, SIGTERM);
+    sigaddset(&defaults, SIGPIPE);
+    posix_spawnattr_setsigdefault(&attributes, &defaults);
+    sigset_t none;
+    sigemptyset(&none);
+    posix_spawnattr_setsigmask(&attributes, &none);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+
+    pid_t pid = 0;
+    const bool hasSlash = m_executable.find('/') != std::string::npos;
+    const int rc = hasSlash ? posix_spawn(&pid, m_executable.c_str(), &actions, &attributes, argv.data(), environ)
+                            : posix_spawnp(&pid, m_executable.c_str(), &actions, &attributes, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    posix_spawnattr_destroy(&attributes);
+    if (rc != 0) {
+        m_error = "Could not start \"" + m_executable + "\"";
+        if (!m_directory.empty() && ::access(m_directory.c_str(), F_OK) != 0)
+            m_error += " in \"" + m_directory + "\"";
+        m_error += std::string(": ") + std::strerror(rc);
+        return false;
+    }
+    m_pid = pid;
+    return true;
+}
+
+void TPosixProcess::killGroup(int signal)
+{
+    const pid_t pid = m_pid.load();
+    if (pid > 0)
+        ::kill(-pid, signal);
+}
+
+void TPosixProcess::Terminate()
+{
+    m_terminateRequested = true;
+    killGroup(SIGKILL);
+    if (m_wake[1].get() >= 0) {
+        const char byte = 1;
+        [[maybe_unused]] auto written = ::write(m_wake[1].get(), &byte, 1);
+    }
+}
+
+void TPosixProcess::pump(int outFd, int errFd)
+{
+    pollfd fds[4];
+    bool outOpen = true;
+    bool errOpen = true;
+    std::string buffer(64 * 1024, '\0');
+    const auto started = Clock::now();
+    auto lastOutput = started;
+    const int pidFd = static_cast<int>(::syscall(SYS_pidfd_open, m_pid.load(), 0));
+    TFileDescriptor pidFdGuard(pidFd);
+    bool exited = false;
+
+    while (outOpen || errOpen) {
+        int count = 0;
+        int outIndex = -1;
+        int errIndex = -1;
+        if (outOpen) {
+            outIndex = count;
+            fds[count++] = {outFd, POLLIN, 0};
+        }
+        if (errOpen) {
+            errIndex = count;
+            fds[count++] = {errFd, POLLIN, 0};
+        }
+        const int wakeIndex = count;
+        fds[count++] = {m_wake[0].get(), POLLIN, 0};
+        int pidIndex = -1;
+        if (pidFd >= 0 && !exited) {
+            pidIndex = count;
+            fds[count++] = {pidFd, POLLIN, 0};
+        }
+
+        int timeout = -1;
+        const auto now = Clock::now();
+        auto consider = [&](int limit, Clock::time_point since) {
+            if (limit <= 0)
+                return;
+            const auto left = limit - std::chrono::duration_cast<std::chrono::milliseconds>(now - since).count();
+            const int wait = left < 0 ? 0 : static_cast<int>(left);
+            timeout = timeout < 0 ? wait : std::min(timeout, wait);
+        };
+        consider(m_silenceLimit, lastOutput);
+        consider(m_timeLimit, started);
+        if (exited)
+            timeout = timeout < 0 ? 200 : std::min(timeout, 200);
+        if (pidFd < 0)
+            timeout = timeout < 0 ? 100 : std::min(timeout, 100);
+
+        const int ready = ::poll(fds, static_cast<nfds_t>(count), timeout);
+        if (ready < 0 && errno == EINTR)
+            continue;
+        if (m_terminateRequested) {
+            killGroup(SIGKILL);
+            m_terminated = true;
+            break;
+        }
+        if (ready == 0) {
+            const auto later = Clock::now();
+            const auto ms = [&](Clock::time_point since) {
+                return std::chrono::duration_cast<std::chrono::milliseconds>(later - since).count();
+            };
+            if ((m_silenceLimit > 0 && ms(lastOutput) >= m_silenceLimit) || (m_timeLimit > 0 && ms(started) >= m_timeLimit)) {
+                killGroup(SIGKILL);
+                m_timedOut = true;
+                break;
+            }
+            if (exited) {
+                // The program ended but something it started still holds its output open.
+                killGroup(SIGKILL);
+                break;
+            }
+            if (pidFd < 0) {
+                int status = 0;
+                if (::waitpid(m_pid.load(), &status, WNOHANG | WNOWAIT) > 0)
+                    exited = true;
+            }
+            continue;
+        }
+        auto drain = [&](int index, int fd, bool& open, bool isErr) {
+            if (index < 0 || !(fds[index].revents & (POLLIN | POLLHUP | POLLERR)))
+                return;
+            const ssize_t n = ::read(fd, buffer.data(), buffer.size());
+            if (n <= 0) {
+                if (n < 0 && (errno == EINTR || errno == EAGAIN))
+                    return;
+                open = false;
+                return;
+            }
+            lastOutput = Clock::now();
+            const std::string chunk(buffer.data(), static_cast<std::size_t>(n));
+            if (!isErr && m_collect)
+                m_collector.add(chunk.data(), chunk.size(), m_lines);
+            if (m_handler) {
+                if (isErr)
+                    m_handler->OnProcessStdErr(*this, chunk);
+                else
+                    m_handler->OnProcessStdOut(*this, chunk);
+            }
+        };
+        drain(outIndex, outFd, outOpen, false);
+        drain(errIndex, errFd, errOpen, true);
+        if (fds[wakeIndex].revents & POLLIN) {
+            char byte;
+            [[maybe_unused]] auto n = ::read(m_wake[0].get(), &byte, 1);
+        }
+        if (pidIndex >= 0 && (fds[pidIndex].revents & POLLIN))
+            exited = true;
+    }
+    if (m_collect)
+        m_collector.finish(m_lines);
+}
+
+int TPosixProcess::reap()
+{
+    int status = 0;
+    const pid_t pid = m_pid.load();
+    while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+    }
+    m_pid = 0;
+    // Anything the program left running in its group goes with it.
+    ::kill(-pid, SIGKILL);
+    if (WIFEXITED(status))
+        return WEXITSTATUS(status);
+    if (WIFSIGNALED(status))
+        return 128 + WTERMSIG(status);
+    return -1;
+}
+
+bool TPosixProcess::Execute()
+{
+    m_lines.clear();
+    m_error.clear();
+    m_exitCode = -1;
+    m_timedOut = m_terminated = false;
+    m_collector = TLineCollector();
+
+    int out[2];
+    int err[2];
+    int wake[2];
+    if (::pipe2(out, O_CLOEXEC) != 0)
+        return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
+    TFileDescriptor outRead(out[0]), outWrite(out[1]);
+    if (::pipe2(err, O_CLOEXEC) != 0)
+        return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
+    TFileDescriptor errRead(err[0]), errWrite(err[1]);
+    if (::pipe2(wake, O_CLOEXEC | O_NONBLOCK) != 0)
+        return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
+    m_wake[0].reset(wake[0]);
+    m_wake[1].reset(wake[1]);
+
+    if (m_terminateRequested) {
+        m_terminated = true;
+        m_error = "Stopped before it started";
+        return false;
+    }
+    if (!spawn(outWrite.get(), errWrite.get()))
+        return false;
+    outWrite.reset();
+    errWrite.reset();
+    if (m_terminateRequested)
+        killGroup(SIGKILL);
+
+    pump(outRead.get(), errRead.get());
+    m_exitCode = reap();
+    if (m_timedOut)
+        m_error = "Stopped after running too long without finishing";
+    else if (m_terminated)
+        m_error = "Stopped on request";
+    return true;
+}
+
+TWFProcessFactory& factory()
+{
+    static TWFProcessFactory current;
+    return current;
+}
+
+std::mutex& factoryMutex()
+{
+    static std::mutex mutex;
+    return mutex;
+}
+
+} // namespace
+
+std::shared_ptr<IWFProcess> CreateWFProcess()
+{
+    TWFProcessFactory current;
+    {
+        std::lock_guard lock(factoryMutex());
+        current = factory();
+    }
+    if (current)
+        return current();
+    return std::make_shared<TPosixProcess>();
+}
+
+TWFProcessFactory SetWFProcessFactory(TWFProcessFactory replacement)
+{
+    std::lock_guard lock(factoryMutex());
+    auto previous = std::move(factory());
+    factory() = std::move(replacement);
+    return previous;
+}

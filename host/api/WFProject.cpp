@@ -1,0 +1,295 @@
+#include "WFProject.h"
+
+#include "WFAction.h"
+#include "WFFiles.h"
+#include "WFServices.h"
+#include "WFVariables.h"
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+#include <charconv>
+
+std::string TWFProjectDiagnostic::ToString() const
+{
+    std::string text = file;
+    if (line > 0)
+        text += ":" + std::to_string(line) + ":" + std::to_string(column);
+    return text + ": " + (isError ? "error: " : "warning: ") + message;
+}
+
+TWFProject::TWFProject() = default;
+TWFProject::~TWFProject() = default;
+TWFProject::TWFProject(TWFProject&&) noexcept = default;
+TWFProject& TWFProject::operator=(TWFProject&&) noexcept = default;
+
+void TWFProject::DefineVariables(TWFBuildVariables& target) const
+{
+    for (const auto& variable : variables) {
+        if (variable.type == "integer") {
+            long long value = 0;
+            std::from_chars(variable.value.data(), variable.value.data() + variable.value.size(), value);
+            target.Set(variable.name, TWFVariant(value));
+        } else if (variable.type == "boolean") {
+            bool value = false;
+            parseBooleanText(variable.value, value);
+            target.Set(variable.name, TWFVariant(value));
+        } else {
+            target.Set(variable.name, TWFVariant(variable.value));
+        }
+    }
+}
+
+namespace {
+
+class TPropertyMap final : public IZTXMLReader {
+public:
+    std::vector<std::pair<std::string, std::string>> values;
+    bool ReadValue(const std::string& name, std::string& value) const override
+    {
+        for (const auto& [key, stored] : values) {
+            if (key == name) {
+                value = stored;
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+class TXmlPropertyWriter final : public IZTXMLWriter {
+public:
+    explicit TXmlPropertyWriter(QXmlStreamWriter& xml) : m_xml(xml) {}
+    void WriteValue(const std::string& name, const std::string& value) override
+    {
+        m_xml.writeStartElement("property");
+        m_xml.writeAttribute("name", QString::fromStdString(name));
+        writeTextKeepingLineBreaks(value);
+        m_xml.writeEndElement();
+    }
+
+private:
+    /// XML readers fold CR LF into LF, so line breaks are written as character references.
+    void writeTextKeepingLineBreaks(const std::string& value)
+    {
+        std::size_t start = 0;
+        for (std::size_t i = 0; i < value.size(); ++i) {
+            if (value[i] != '\r' && value[i] != '\n')
+                continue;
+            if (i > start)
+                m_xml.writeCharacters(QString::fromUtf8(value.data() + start, static_cast<qsizetype>(i - start)));
+            m_xml.writeEntityReference(value[i] == '\r' ? "#13" : "#10");
+            start = i + 1;
+        }
+        if (start < value.size())
+            m_xml.writeCharacters(QString::fromUtf8(value.data() + start, static_cast<qsizetype>(value.size() - start)));
+    }
+
+    QXmlStreamWriter& m_xml;
+};
+
+struct TReader {
+    QXmlStreamReader xml;
+    std::string file;
+    std::vector<TWFProjectDiagnostic>& diagnostics;
+    bool failed = false;
+
+    void error(const std::string& message)
+    {
+        diagnostics.push_back({file, xml.lineNumber(), xml.columnNumber(), message, true});
+        failed = true;
+    }
+    void warning(const std::string& message)
+    {
+        diagnostics.push_back({file, xml.lineNumber(), xml.columnNumber(), message, false});
+    }
+    std::string attribute(const char* name) const { return xml.attributes().value(name).toString().toStdString(); }
+    bool hasAttribute(const char* name) const { return xml.attributes().hasAttribute(name); }
+};
+
+void readVariables(TReader& r, TWFProject& project)
+{
+    while (r.xml.readNextStartElement()) {
+        if (r.xml.name() != QLatin1String("variable")) {
+            r.error("unexpected element <" + r.xml.name().toString().toStdString() + "> in <variables>");
+            r.xml.skipCurrentElement();
+            continue;
+        }
+        TWFProjectVariable variable;
+        variable.name = r.attribute("name");
+        if (r.hasAttribute("type"))
+            variable.type = r.attribute("type");
+        variable.value = r.attribute("value");
+        if (variable.name.empty())
+            r.error("a variable has no name");
+        if (variable.type != "string" && variable.type != "integer" && variable.type != "boolean")
+            r.error("variable \"" + variable.name + "\" has the unknown type \"" + variable.type
+                    + "\" (expected string, integer or boolean)");
+        if (variable.type == "boolean") {
+            bool value = false;
+            if (!parseBooleanText(variable.value, value))
+                r.error("variable \"" + variable.name + "\": \"" + variable.value + "\" is not True or False");
+        }
+        if (variable.type == "integer") {
+            long long value = 0;
+            const auto& text = variable.value;
+            const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+            if (text.empty() || ec != std::errc() || end != text.data() + text.size())
+                r.error("variable \"" + variable.name + "\": \"" + text + "\" is not an integer");
+        }
+        project.variables.push_back(std::move(variable));
+        r.xml.skipCurrentElement();
+    }
+}
+
+void readAction(TReader& r, TWFProject& project)
+{
+    const std::string type = r.attribute("type");
+    const long long line = r.xml.lineNumber();
+    const long long column = r.xml.columnNumber();
+    std::unique_ptr<TCustomWFAction> action = WFActionServices().CreateAction(type);
+    if (!action) {
+        r.error("unknown action type \"" + type + "\"");
+        r.xml.skipCurrentElement();
+        return;
+    }
+    action->SetDescription(r.attribute("description"));
+    if (r.hasAttribute("enabled")) {
+        bool enabled = true;
+        if (!parseBooleanText(r.attribute("enabled"), enabled))
+            r.error("action " + type + ": enabled=\"" + r.attribute("enabled") + "\" is not True or False");
+        action->SetEnabled(enabled);
+    }
+    TPropertyMap properties;
+    std::vector<std::pair<long long, long long>> places;
+    while (r.xml.readNextStartElement()) {
+        if (r.xml.name() != QLatin1String("property")) {
+            r.error("unexpected element <" + r.xml.name().toString().toStdString() + "> in <action>");
+            r.xml.skipCurrentElement();
+            continue;
+        }
+        const std::string name = r.attribute("name");
+        const long long propertyLine = r.xml.lineNumber();
+        const long long propertyColumn = r.xml.columnNumber();
+        const std::string value = r.xml.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement).toStdString();
+        if (r.xml.hasError())
+            return;
+        if (!action->FindProperty(name)) {
+            r.diagnostics.push_back({r.file, propertyLine, propertyColumn,
+                                     "action " + type + " does not persist a property \"" + name + "\"; ignored", false});
+            continue;
+        }
+        properties.values.emplace_back(name, value);
+        places.emplace_back(propertyLine, propertyColumn);
+    }
+    for (const auto& problem : action->ReadState(properties)) {
+        std::size_t n = 0;
+        while (n < properties.values.size() && properties.values[n].first != problem.property)
+            ++n;
+        const auto place = n < places.size() ? places[n] : std::pair{line, column};
+        r.diagnostics.push_back({r.file, place.first, place.second, problem.message, true});
+        r.failed = true;
+    }
+    project.actions.push_back(std::move(action));
+}
+
+} // namespace
+
+bool ReadProjectText(const std::string& text, const std::string& fileName, TWFProject& project,
+                     std::vector<TWFProjectDiagnostic>& diagnostics)
+{
+    project = TWFProject();
+    TReader r{QXmlStreamReader(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()))), fileName,
+              diagnostics};
+    if (!r.xml.readNextStartElement()) {
+        if (!r.xml.hasError())
+            r.error("the file holds no project (no <wfproject> element)");
+    } else if (r.xml.name() != QLatin1String("wfproject")) {
+        r.error("the root element is <" + r.xml.name().toString().toStdString() + ">, not <wfproject>");
+    } else {
+        if (r.hasAttribute("version") && r.attribute("version") != "1")
+            r.error("project format version " + r.attribute("version") + " is not supported (expected 1)");
+        if (r.hasAttribute("timeout")) {
+            const std::string timeout = r.attribute("timeout");
+            int value = 0;
+            const auto [end, ec] = std::from_chars(timeout.data(), timeout.data() + timeout.size(), value);
+            if (timeout.empty() || ec != std::errc() || end != timeout.data() + timeout.size() || value < 0)
+                r.error("timeout=\"" + timeout + "\" is not a whole number of seconds");
+            else
+                project.timeoutSeconds = value;
+        }
+        while (r.xml.readNextStartElement()) {
+            if (r.xml.name() == QLatin1String("variables")) {
+                readVariables(r, project);
+            } else if (r.xml.name() == QLatin1String("actions")) {
+                while (r.xml.readNextStartElement()) {
+                    if (r.xml.name() == QLatin1String("action")) {
+                        readAction(r, project);
+                    } else {
+                        r.error("unexpected element <" + r.xml.name().toString().toStdString() + "> in <actions>");
+                        r.xml.skipCurrentElement();
+                    }
+                }
+            } else {
+                r.error("unexpected element <" + r.xml.name().toString().toStdString() + "> in <wfproject>");
+                r.xml.skipCurrentElement();
+            }
+        }
+    }
+    while (!r.xml.atEnd() && !r.xml.hasError())
+        r.xml.readNext();
+    if (r.xml.hasError() && r.xml.error() != QXmlStreamReader::NoError)
+        r.error("malformed XML: " + r.xml.errorString().toStdString());
+    return !r.failed;
+}
+
+bool ReadProjectFile(const std::string& path, TWFProject& project, std::vector<TWFProjectDiagnostic>& diagnostics)
+{
+    std::string bytes;
+    std::string error;
+    if (!readWholeFile(path, bytes, error)) {
+        diagnostics.push_back({path, 0, 0, error, true});
+        return false;
+    }
+    return ReadProjectText(bytes, path, project, diagnostics);
+}
+
+std::string WriteProjectText(const TWFProject& project)
+{
+    QByteArray bytes;
+    QXmlStreamWriter xml(&bytes);
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(2);
+    xml.writeStartDocument();
+    xml.writeStartElement("wfproject");
+    xml.writeAttribute("version", "1");
+    if (project.timeoutSeconds > 0)
+        xml.writeAttribute("timeout", QString::number(project.timeoutSeconds));
+    xml.writeStartElement("variables");
+    for (const auto& variable : project.variables) {
+        xml.writeEmptyElement("variable");
+        xml.writeAttribute("name", QString::fromStdString(variable.name));
+        xml.writeAttribute("type", QString::fromStdString(variable.type));
+        xml.writeAttribute("value", QString::fromStdString(variable.value));
+    }
+    xml.writeEndElement();
+    xml.writeStartElement("actions");
+    TXmlPropertyWriter properties(xml);
+    for (const auto& action : project.actions) {
+        xml.writeStartElement("action");
+        xml.writeAttribute("type", QString::fromStdString(action->GetActionTypeID()));
+        xml.writeAttribute("description", QString::fromStdString(action->GetDescription()));
+        xml.writeAttribute("enabled", action->GetEnabled() ? "True" : "False");
+        action->WriteState(properties);
+        xml.writeEndElement();
+    }
+    xml.writeEndElement();
+    xml.writeEndElement();
+    xml.writeEndDocument();
+    return bytes.toStdString();
+}
+
+bool WriteProjectFile(const std::string& path, const TWFProject& project, std::string& error)
+{
+    return writeFileAtomically(path, WriteProjectText(project), error);
+}

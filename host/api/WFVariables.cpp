@@ -1,0 +1,61 @@
+#include "WFVariables.h"
+
+#include <cstdio>
+
+TWFVariant TWFBuildVariables::Get(const std::string& name) const
+{
+    const auto found = m_values.find(name);
+    return found == m_values.end() ? TWFVariant() : found->second;
+}
+
+void appendJsonString(std::string& out, std::string_view text)
+{
+    out += '"';
+    for (const char c : text) {
+        const auto u = static_cast<unsigned char>(c);
+        switch (c) {
+        case '"': out += "\\\""; break;
+        case '\\': out += "\\\\"; break;
+        case '\n': out += "\\n"; break;
+        case '\r': out += "\\r"; break;
+        case '\t': out += "\\t"; break;
+        default:
+            if (u < 0x20) {
+                char escaped[8];
+                std::snprintf(escaped, sizeof escaped, "\\u%04x", u);
+                out += escaped;
+            } else {
+                out += c;
+            }
+        }
+    }
+    out += '"';
+}
+
+std::string TWFBuildVariables::ToJson() const
+{
+    std::string out = "{";
+    bool first = true;
+    for (const auto& [name, value] : m_values) {
+        if (!first)
+            out += ',';
+        first = false;
+        appendJsonString(out, name);
+        out += ':';
+        switch (value.type()) {
+        case TWFVariant::Type::Integer:
+            out += std::to_string(value.toInteger());
+            break;
+        case TWFVariant::Type::Boolean:
+            out += value.toBoolean() ? "true" : "false";
+            break;
+        case TWFVariant::Type::String:
+            appendJsonString(out, value.stringView());
+            break;
+        default:
+            out += "null";
+        }
+    }
+    out += '}';
+    return out;
+}

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Installs what is missing, configures, builds and runs every test.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash scripts/setup.sh
+BUILD_DIR="${BUILD_DIR:-build}"
+EXTRA=()
+if [ "${CI:-}" = "true" ]; then
+  EXTRA+=(-DWF_WARNINGS_AS_ERRORS=ON)
+fi
+cmake -S . -B "$BUILD_DIR" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "${EXTRA[@]}"
+cmake --build "$BUILD_DIR" -j "$(nproc)"
+ctest --test-dir "$BUILD_DIR" --output-on-failure -j "$(nproc)"

@@ -1,0 +1,81 @@
+#include "Options.h"
+
+namespace ccsim {
+
+std::optional<std::string> ParsedArgs::value(std::string_view name) const
+{
+    auto it = m_options.find(std::string(name));
+    if (it == m_options.end())
+        return std::nullopt;
+    return it->second;
+}
+
+void ParsedArgs::set(std::string name, std::string value)
+{
+    m_order.push_back(name);
+    m_options[std::move(name)] = std::move(value);
+}
+
+namespace {
+
+const OptionSpec* match(std::string_view word, std::span<const OptionSpec> specs)
+{
+    for (const OptionSpec& spec : specs) {
+        if (word.size() >= spec.minLength && word.size() <= spec.name.size() && spec.name.starts_with(word))
+            return &spec;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+ParseResult parseOptions(std::span<const std::string> words, std::span<const OptionSpec> specs)
+{
+    ParseResult result;
+    for (size_t i = 0; i < words.size(); ++i) {
+        const std::string& word = words[i];
+        if (word == "--") {
+            for (++i; i < words.size(); ++i)
+                result.args.addOperand(words[i]);
+            break;
+        }
+        if (word.size() < 2 || word[0] != '-') {
+            for (; i < words.size(); ++i)
+                result.args.addOperand(words[i]);
+            break;
+        }
+        if (word == "-h" || word == "-help") {
+            result.status = ParseResult::Status::Help;
+            return result;
+        }
+        std::string_view body = std::string_view(word).substr(1);
+        std::optional<std::string> inlineValue;
+        const size_t blank = body.find(' ');
+        if (blank != std::string_view::npos) {
+            inlineValue = std::string(body.substr(blank + 1));
+            body = body.substr(0, blank);
+        }
+        const OptionSpec* spec = match(body, specs);
+        if (!spec || (inlineValue && !spec->takesValue)) {
+            result.status = ParseResult::Status::UnknownOption;
+            result.offending = word;
+            return result;
+        }
+        std::string value;
+        if (spec->takesValue) {
+            if (inlineValue) {
+                value = *inlineValue;
+            } else if (i + 1 < words.size()) {
+                value = words[++i];
+            } else {
+                result.status = ParseResult::Status::MissingValue;
+                result.offending = word;
+                return result;
+            }
+        }
+        result.args.set(std::string(spec->name), std::move(value));
+    }
+    return result;
+}
+
+} // namespace ccsim
