@@ -1,0 +1,1 @@
+# The units of clearcase/actions, one line each.

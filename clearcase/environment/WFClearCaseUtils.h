@@ -1,0 +1,37 @@
+#pragma once
+
+#include "WFClearCaseOptions.h"
+
+#include <string>
+
+// Synchronous cleartool queries for the property pages and the edition detection. Each
+// returns the lines of its result, every line ended by CR LF, or the empty string: a query
+// never fails loudly.
+
+std::string CCGetCleartoolOutput(const std::string& command, const std::string& arguments,
+                                 const std::string& workingDirectory, bool sort);
+std::string CCGetVOBNames();
+/// Leaves `result` as passed in for a kind it does not know.
+void CCGetTypeNames(const std::string& kind, const std::string& vob, std::string& result);
+std::string CCGetTypeNames(const std::string& kind, const std::string& vob);
+std::string CCGetLabelNames(const std::string& vob);
+/// Leaves `result` untouched when there are no VOBs.
+void CCGetAllTypeNames(const std::string& kind, std::string& result);
+std::string CCGetAllTypeNames(const std::string& kind);
+std::string CCGetUCMActivities(const std::string& viewPath);
+std::string CCGetUCMActivitiesForVOB(const std::string& vob);
+std::string CCGetUCMComponentsForVOB(const std::string& vob);
+std::string CCGetUCMComponentsForView(const std::string& viewPath);
+/// Leaves `result` untouched when there are no VOBs.
+void CCGetAllUCMComponents(std::string& result);
+std::string CCGetAllUCMComponents();
+std::string CCGetUCMFoldersForVOB(const std::string& vob);
+std::string CCGetStoragePoolsForVOB(const std::string& vob);
+std::string CCGetUCMStreamsForVOB(const std::string& vob);
+std::string CCGetHistory(const std::string& element, const std::string& workingDirectory);
+std::string CCGetLS(const std::string& directory);
+std::string CCDescribeObject(const std::string& object);
+std::string CCGetAttributeType(const std::string& attributeTypeName);
+
+/// The installed edition, from the text of `cleartool -version`.
+TClearCaseType CCGetClearCaseInstalledType();

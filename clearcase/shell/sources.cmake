@@ -1,0 +1,1 @@
+# The units of clearcase/shell, one line each.
