@@ -33,5 +33,12 @@ std::string CCGetLS(const std::string& directory);
 std::string CCDescribeObject(const std::string& object);
 std::string CCGetAttributeType(const std::string& attributeTypeName);
 
+/// The activities listed after "contains activities:" in a stream's long description, up to
+/// the first line without "@", leading blanks removed, sorted.
+std::string activitiesFromStreamDescription(const std::string& description);
+/// The word after "value type:" in a describe output, up to the next CR LF; empty when the
+/// marker or the line break is missing.
+std::string valueTypeFromDescription(const std::string& description);
+
 /// The installed edition, from the text of `cleartool -version`.
 TClearCaseType CCGetClearCaseInstalledType();

@@ -1,0 +1,298 @@
+#include "WFClearCaseUtils.h"
+
+#include "WFFiles.h"
+#include "WFProcess.h"
+
+#include <algorithm>
+#include <cctype>
+#include <vector>
+
+namespace {
+
+/// cleartool that stays silent this long (milliseconds) is taken to hang, typically on a
+/// prompt or an unreachable server: the host kills it and the query yields nothing, so a page
+/// never freezes waiting for it.
+constexpr int kQuerySilenceLimitMs = 5000;
+
+constexpr const char* kLineBreak = "\r\n";
+
+using Lines = std::vector<std::string>;
+
+int compareText(const std::string& a, const std::string& b)
+{
+    const std::size_t n = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < n; ++i) {
+        const int ca = std::tolower(static_cast<unsigned char>(a[i]));
+        const int cb = std::tolower(static_cast<unsigned char>(b[i]));
+        if (ca != cb)
+            return ca < cb ? -1 : 1;
+    }
+    return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
+}
+
+bool containsText(const Lines& lines, const std::string& line)
+{
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& kept) { return compareText(kept, line) == 0; });
+}
+
+void sortLines(Lines& lines)
+{
+    std::stable_sort(lines.begin(), lines.end(), [](const std::string& a, const std::string& b) { return compareText(a, b) < 0; });
+}
+
+std::string joinLines(const Lines& lines)
+{
+    std::string text;
+    for (const auto& line : lines)
+        text += line + kLineBreak;
+    return text;
+}
+
+/// Splits at CR LF, CR or LF; a final line break does not start another line.
+Lines splitLines(const std::string& text)
+{
+    Lines lines;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        const std::size_t end = text.find_first_of("\r\n", start);
+        if (end == std::string::npos) {
+            lines.push_back(text.substr(start));
+            break;
+        }
+        lines.push_back(text.substr(start, end - start));
+        start = end + 1;
+        if (text[end] == '\r' && start < text.size() && text[start] == '\n')
+            ++start;
+    }
+    return lines;
+}
+
+void replaceAll(std::string& text, const std::string& from, const std::string& to)
+{
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+}
+
+bool contains(const std::string& text, const char* part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+Lines runCleartool(const std::string& command, const std::string& arguments, const std::string& workingDirectory,
+                   bool sort, bool& succeeded)
+{
+    succeeded = false;
+    const std::shared_ptr<IWFProcess> process = CreateWFProcess();
+    if (!process)
+        return {};
+    IWFClearCaseOptions* options = ClearCaseOptions();
+    if (!options)
+        return {};
+    const std::string cleartool = options->GetCleartoolPath();
+    if (!fileExists(cleartool))
+        return {};
+    process->SetExecutable(cleartool);
+    process->SetParameters(command + " " + arguments);
+    process->SetWorkingDirectory(workingDirectory.empty() ? parentDirectory(process->GetExecutable()) : workingDirectory);
+    process->SetRunHidden(true);
+    process->SetCollectOutput(true);
+    process->SetWaitTimeout(kQuerySilenceLimitMs);
+    if (!process->Execute())
+        return {};
+    Lines lines = process->GetOutputLines();
+    if (sort)
+        sortLines(lines);
+    succeeded = process->GetExitCode() == 0 && !process->GetTimedOut();
+    return lines;
+}
+
+std::string queryInVob(const char* command, const std::string& vob)
+{
+    return CCGetCleartoolOutput(command, "-short -invob " + vob, "", true);
+}
+
+} // namespace
+
+std::string CCGetCleartoolOutput(const std::string& command, const std::string& arguments,
+                                 const std::string& workingDirectory, bool sort)
+{
+    try {
+        bool succeeded = false;
+        const Lines lines = runCleartool(command, arguments, workingDirectory, sort, succeeded);
+        return succeeded ? joinLines(lines) : std::string();
+    } catch (...) {
+        return {};
+    }
+}
+
+std::string CCGetVOBNames()
+{
+    return CCGetCleartoolOutput("lsvob", "-short", "", true);
+}
+
+void CCGetTypeNames(const std::string& kind, const std::string& vob, std::string& result)
+{
+    if (kind.size() >= 6 && kind.compare(2, 4, "type") == 0)
+        result = CCGetCleartoolOutput("lstype", "-short -kind " + kind + " -invob " + vob, "", false);
+    else if (kind == "vob")
+        result = CCGetVOBNames();
+    else if (kind == "activity")
+        result = CCGetUCMActivitiesForVOB(vob);
+    else if (kind == "component")
+        result = CCGetUCMComponentsForVOB(vob);
+    else if (kind == "folder")
+        result = CCGetUCMFoldersForVOB(vob);
+    else if (kind == "stream")
+        result = CCGetUCMStreamsForVOB(vob);
+    replaceAll(result, " (locked)\r\n", kLineBreak);
+}
+
+std::string CCGetTypeNames(const std::string& kind, const std::string& vob)
+{
+    std::string result;
+    CCGetTypeNames(kind, vob, result);
+    return result;
+}
+
+std::string CCGetLabelNames(const std::string& vob)
+{
+    return CCGetTypeNames("lbtype", vob);
+}
+
+void CCGetAllTypeNames(const std::string& kind, std::string& result)
+{
+    const Lines vobs = splitLines(CCGetVOBNames());
+    if (vobs.empty())
+        return;
+    Lines names;
+    for (const auto& vob : vobs) {
+        const Lines found = splitLines(CCGetTypeNames(kind, vob));
+        // A VOB without the kind ends the scan; later VOBs are not asked.
+        if (found.empty())
+            break;
+        for (const auto& name : found)
+            if (!containsText(names, name))
+                names.push_back(name);
+    }
+    sortLines(names);
+    result = joinLines(names);
+}
+
+std::string CCGetAllTypeNames(const std::string& kind)
+{
+    std::string result;
+    CCGetAllTypeNames(kind, result);
+    return result;
+}
+
+std::string CCGetUCMActivities(const std::string& viewPath)
+{
+    return activitiesFromStreamDescription(CCGetCleartoolOutput("lsstream", "-long -cview", viewPath, false));
+}
+
+std::string CCGetUCMActivitiesForVOB(const std::string& vob)
+{
+    return queryInVob("lsactivity", vob);
+}
+
+std::string CCGetUCMComponentsForVOB(const std::string& vob)
+{
+    return queryInVob("lscomp", vob);
+}
+
+std::string CCGetUCMComponentsForView(const std::string& viewPath)
+{
+    return CCGetCleartoolOutput("lscomp", "-short", viewPath, true);
+}
+
+void CCGetAllUCMComponents(std::string& result)
+{
+    const Lines vobs = splitLines(CCGetVOBNames());
+    if (vobs.empty())
+        return;
+    Lines components;
+    for (const auto& vob : vobs)
+        for (const auto& component : splitLines(CCGetUCMComponentsForVOB(vob)))
+            components.push_back(component + "@" + vob);
+    result = joinLines(components);
+}
+
+std::string CCGetAllUCMComponents()
+{
+    std::string result;
+    CCGetAllUCMComponents(result);
+    return result;
+}
+
+std::string CCGetUCMFoldersForVOB(const std::string& vob)
+{
+    return queryInVob("lsfolder", vob);
+}
+
+std::string CCGetStoragePoolsForVOB(const std::string& vob)
+{
+    return queryInVob("lspool", vob);
+}
+
+std::string CCGetUCMStreamsForVOB(const std::string& vob)
+{
+    return queryInVob("lsstream", vob);
+}
+
+std::string CCGetHistory(const std::string& element, const std::string& workingDirectory)
+{
+    Lines versions;
+    for (const auto& line : splitLines(CCGetCleartoolOutput("lshistory", "-short \"" + element + "\"", workingDirectory, false)))
+        if (!line.empty() && !containsText(versions, line))
+            versions.push_back(line);
+    return joinLines(versions);
+}
+
+std::string CCGetLS(const std::string& directory)
+{
+    return CCGetCleartoolOutput("ls", "-recurse -short", directory, false);
+}
+
+std::string CCDescribeObject(const std::string& object)
+{
+    return CCGetCleartoolOutput("describe", object, "", false);
+}
+
+std::string CCGetAttributeType(const std::string& attributeTypeName)
+{
+    return valueTypeFromDescription(CCDescribeObject("attype:" + attributeTypeName));
+}
+
+std::string activitiesFromStreamDescription(const std::string& description)
+{
+    const Lines lines = splitLines(description);
+    auto line = std::find_if(lines.begin(), lines.end(), [](const std::string& l) { return contains(l, "contains activities:"); });
+    if (line == lines.end())
+        return {};
+    Lines activities;
+    for (++line; line != lines.end() && contains(*line, "@"); ++line)
+        activities.push_back(line->substr(std::min(line->find_first_not_of(' '), line->size())));
+    sortLines(activities);
+    return joinLines(activities);
+}
+
+std::string valueTypeFromDescription(const std::string& description)
+{
+    static const std::string marker = "value type:";
+    const std::size_t at = description.find(marker);
+    if (at == std::string::npos || at + marker.size() + 1 > description.size())
+        return {};
+    const std::string rest = description.substr(at + marker.size() + 1);
+    const std::size_t end = rest.find(kLineBreak);
+    return end == std::string::npos ? std::string() : rest.substr(0, end);
+}
+
+TClearCaseType CCGetClearCaseInstalledType()
+{
+    const std::string version = CCGetCleartoolOutput("-version", "", "", false);
+    if (contains(version, "Rational ClearCase LT"))
+        return ccLT;
+    if (contains(version, "Rational ClearCase"))
+        return ccFull;
+    return ccUnknown;
+}
