@@ -1,0 +1,63 @@
+#include "WFCommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct SplitCase {
+    const char* name;
+    const char* text;
+    std::vector<std::string> expected;
+};
+
+class SplitCommandLine : public ::testing::TestWithParam<SplitCase> {};
+
+TEST_P(SplitCommandLine, GivesTheArguments)
+{
+    EXPECT_EQ(splitCommandLine(GetParam().text), GetParam().expected) << GetParam().text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rules, SplitCommandLine,
+    ::testing::Values(
+        SplitCase{"plain", "checkout -nc a.c", {"checkout", "-nc", "a.c"}},
+        SplitCase{"runsOfBlanks", "  a \t b  ", {"a", "b"}},
+        SplitCase{"quotesGroup", R"(-c "two words" "a b.c")", {"-c", "two words", "a b.c"}},
+        SplitCase{"quoteInsideArgument", R"(-out"C:\x y"z)", {R"(-outC:\x yz)"}},
+        SplitCase{"emptyQuoted", R"(a "" b)", {"a", "", "b"}},
+        SplitCase{"backslashesLiteral", R"(C:\dir\file.c \\server\share)", {R"(C:\dir\file.c)", R"(\\server\share)"}},
+        SplitCase{"escapedQuote", R"(a\"b)", {R"(a"b)"}},
+        SplitCase{"trailingBackslashBeforeQuote", R"("C:\dir\\" next)", {R"(C:\dir\)", "next"}},
+        SplitCase{"oddBackslashesBeforeQuote", R"("a\\\"b")", {R"(a\"b)"}},
+        SplitCase{"doubledQuoteInsideQuotes", R"("say ""hi""")", {R"(say "hi")"}},
+        SplitCase{"unterminatedQuoteRunsToEnd", R"(-c "open end)", {"-c", "open end"}},
+        SplitCase{"attributeValueKeepsQuotes", R"(BuildNo \"abc\")", {"BuildNo", R"("abc")"}},
+        SplitCase{"nothing", "", {}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(JoinCommandLine, RoundTripsThroughSplit)
+{
+    const std::vector<std::vector<std::string>> cases = {
+        {"plain", "words"},
+        {"with blank", "", "tab\there"},
+        {R"(ends\)", R"(quote"inside)", R"(dir\ with\ blank\)"},
+        {R"(\\server\share)", R"("quoted")"},
+    };
+    for (const auto& arguments : cases)
+        EXPECT_EQ(splitCommandLine(joinCommandLine(arguments)), arguments) << joinCommandLine(arguments);
+}
+
+TEST(CommandLineBuilder, WritesPlainTextUnchangedAndSwitchesWithOneBlank)
+{
+    TCommandLineBuilder builder;
+    builder.AddArgument("checkout", "", akPlain);
+    builder.AddArgument("-c \"a comment\"", "", akPlain);
+    builder.AddArgument("-nusers", "alice,bob", akSwitchWithValue);
+    builder.AddArgument("", "", akPlain);
+    builder.AddArgument("\"a.c\"", "ignored for plain", akPlain);
+    EXPECT_EQ(builder.GetCommandLineText(), "checkout -c \"a comment\" -nusers alice,bob  \"a.c\"");
+    EXPECT_EQ(splitCommandLine(builder.GetCommandLineText()),
+              (std::vector<std::string>{"checkout", "-c", "a comment", "-nusers", "alice,bob", "a.c"}));
+}
+
+} // namespace

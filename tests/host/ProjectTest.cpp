@@ -1,0 +1,176 @@
+#include "WFAction.h"
+#include "WFProject.h"
+#include "WFServices.h"
+
+#include "WFTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace {
+
+enum TColour { clRed, clGreen, clBlue };
+
+/// An action with one property of every kind, registered under "T_PROPS".
+class TPropertiesAction final : public TWFExecuteAbstractAction {
+public:
+    TPropertiesAction()
+    {
+        PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
+        PublishBoolean("Flag", [this] { return m_flag; }, [this](bool v) { m_flag = v; });
+        PublishInteger("Count", [this] { return m_count; }, [this](long long v) { m_count = v; });
+        PublishEnum("Colour", {"clRed", "clGreen", "clBlue"}, &m_colour);
+        // Publishing again keeps the first position.
+        PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
+    }
+    std::string GetActionName() const override { return "Properties"; }
+    std::string m_text;
+    bool m_flag = false;
+    long long m_count = 0;
+    TColour m_colour = clRed;
+};
+
+class Project : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        WFActionServices().Clear();
+        WFActionServices().RegisterAction("Properties", "Test", WFActionClassOf<TPropertiesAction>("TPropertiesAction"), "T_PROPS");
+    }
+    void TearDown() override { WFActionServices().Clear(); }
+
+    bool read(const std::string& text, TWFProject& project)
+    {
+        diagnostics.clear();
+        return ReadProjectText(text, "p.wfp", project, diagnostics);
+    }
+    std::string firstDiagnostic() const { return diagnostics.empty() ? "" : diagnostics.front().ToString(); }
+
+    std::vector<TWFProjectDiagnostic> diagnostics;
+};
+
+const char* kProject = R"(<?xml version="1.0" encoding="UTF-8"?>
+<wfproject version="1">
+  <variables>
+    <variable name="CHECKOUTS" type="string" value=""/>
+    <variable name="BUILD" type="integer" value="7"/>
+  </variables>
+  <actions>
+    <action type="T_PROPS" description="Grüße &amp; more" enabled="True">
+      <property name="Text">line 1&#13;&#10;zweite Zeile ✓&#13;lone CR&#10;lone LF&#13;&#10;</property>
+      <property name="Flag">True</property>
+      <property name="Count">-12</property>
+      <property name="Colour">clBlue</property>
+    </action>
+    <action type="T_PROPS" description="" enabled="False">
+      <property name="Text"> &lt;kept&gt; &quot;as is&quot; </property>
+      <property name="Flag">False</property>
+      <property name="Count">0</property>
+      <property name="Colour">clRed</property>
+    </action>
+  </actions>
+</wfproject>
+)";
+
+TEST_F(Project, RoundTripsByteForByte)
+{
+    TWFProject project;
+    ASSERT_TRUE(read(kProject, project)) << firstDiagnostic();
+    ASSERT_EQ(project.actions.size(), 2u);
+    auto& first = static_cast<TPropertiesAction&>(*project.actions[0]);
+    EXPECT_EQ(first.m_text, "line 1\r\nzweite Zeile ✓\rlone CR\nlone LF\r\n");
+    EXPECT_EQ(first.m_colour, clBlue);
+    EXPECT_EQ(first.m_count, -12);
+    EXPECT_EQ(first.GetDescription(), "Grüße & more");
+    EXPECT_FALSE(project.actions[1]->GetEnabled());
+
+    const std::string written = WriteProjectText(project);
+    TWFProject again;
+    ASSERT_TRUE(read(written, again)) << firstDiagnostic();
+    EXPECT_EQ(WriteProjectText(again), written);
+    EXPECT_EQ(static_cast<TPropertiesAction&>(*again.actions[0]).m_text, first.m_text);
+    EXPECT_EQ(static_cast<TPropertiesAction&>(*again.actions[1]).m_text, " <kept> \"as is\" ");
+}
+
+TEST_F(Project, WritesPropertiesInPersistenceOrder)
+{
+    TWFProject project;
+    ASSERT_TRUE(read(R"(<wfproject version="1"><actions><action type="T_PROPS">
+        <property name="Colour">clGreen</property><property name="Text">x</property></action></actions></wfproject>)",
+                     project));
+    const std::string text = WriteProjectText(project);
+    const auto order = {"name=\"Text\"", "name=\"Flag\"", "name=\"Count\"", "name=\"Colour\""};
+    std::size_t last = 0;
+    for (const char* name : order) {
+        const auto at = text.find(name);
+        ASSERT_NE(at, std::string::npos) << name;
+        EXPECT_GT(at, last) << name;
+        last = at;
+    }
+}
+
+struct BadCase {
+    const char* name;
+    const char* text;
+    const char* place;   // "line:column"
+    const char* message; // a piece of it
+};
+
+class ProjectErrors : public Project, public ::testing::WithParamInterface<BadCase> {};
+
+TEST_P(ProjectErrors, NameFileLineAndColumn)
+{
+    TWFProject project;
+    EXPECT_FALSE(read(GetParam().text, project));
+    const std::string diagnostic = firstDiagnostic();
+    EXPECT_NE(diagnostic.find(std::string("p.wfp:") + GetParam().place + ": error: "), std::string::npos) << diagnostic;
+    EXPECT_NE(diagnostic.find(GetParam().message), std::string::npos) << diagnostic;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Refused, ProjectErrors,
+    ::testing::Values(
+        BadCase{"unknownType", "<wfproject>\n<actions>\n<action type=\"NOPE\"/>\n</actions></wfproject>", "3:",
+                "unknown action type \"NOPE\""},
+        BadCase{"badBoolean", "<wfproject><actions>\n<action type=\"T_PROPS\">\n  <property name=\"Flag\">yes</property>\n</action></actions></wfproject>",
+                "3:", "\"yes\" is not a Boolean"},
+        BadCase{"badEnumeration", "<wfproject><actions><action type=\"T_PROPS\">\n\n<property name=\"Colour\">clPink</property></action></actions></wfproject>",
+                "3:", "clRed, clGreen, clBlue"},
+        BadCase{"badInteger", "<wfproject><actions><action type=\"T_PROPS\"><property name=\"Count\">12x</property></action></actions></wfproject>",
+                "1:", "not an integer"},
+        BadCase{"malformed", "<wfproject>\n  <actions>\n    <action type=\"T_PROPS\">\n  </actions>", "4:", "malformed XML"},
+        BadCase{"truncated", "<wfproject><actions><action type=\"T_PR", "1:", "malformed XML"},
+        BadCase{"notAProject", "<html/>", "1:", "not <wfproject>"},
+        BadCase{"empty", "", "1:", "no project"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Project, UnknownPropertyIsReportedAndIgnored)
+{
+    TWFProject project;
+    ASSERT_TRUE(read("<wfproject><actions><action type=\"T_PROPS\"><property name=\"Colour\">clBlue</property>"
+                     "<property name=\"Size\">3</property></action></actions></wfproject>",
+                     project));
+    ASSERT_EQ(diagnostics.size(), 1u);
+    EXPECT_FALSE(diagnostics[0].isError);
+    EXPECT_NE(diagnostics[0].message.find("\"Size\""), std::string::npos);
+    EXPECT_EQ(static_cast<TPropertiesAction&>(*project.actions[0]).m_colour, clBlue);
+}
+
+TEST_F(Project, FailedWriteLeavesTheOldFile)
+{
+    wftest::TempDir dir;
+    const std::string path = dir.write("p.wfp", "old contents");
+    TWFProject project;
+    ASSERT_TRUE(read(kProject, project));
+    std::filesystem::permissions(dir.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    std::string error;
+    const bool written = WriteProjectFile(path, project, error);
+    std::filesystem::permissions(dir.path(), std::filesystem::perms::owner_all);
+    if (written)
+        GTEST_SKIP() << "the folder stayed writable (running with privileges that ignore permissions)";
+    EXPECT_NE(error.find(path), std::string::npos) << error;
+    EXPECT_EQ(wftest::readFile(path), "old contents");
+}
+
+} // namespace

@@ -1,0 +1,54 @@
+#include "WFVariables.h"
+#include "WFVariant.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(Variant, GrowingInPlaceLeavesEarlierValuesAsTheyWere)
+{
+    const TWFVariant empty("");
+    const TWFVariant first = empty + TWFVariant("a.c\n");
+    const TWFVariant second = first + TWFVariant("b.c\n");
+    // `first` no longer ends at its buffer's end, so adding to it again must copy.
+    const TWFVariant branch = first + TWFVariant("x.c\n");
+    EXPECT_EQ(empty.toString(), "");
+    EXPECT_EQ(first.toString(), "a.c\n");
+    EXPECT_EQ(second.toString(), "a.c\nb.c\n");
+    EXPECT_EQ(branch.toString(), "a.c\nx.c\n");
+    EXPECT_EQ((second + second).toString(), "a.c\nb.c\na.c\nb.c\n");
+}
+
+TEST(Variant, AdditionFollowsTheTypes)
+{
+    EXPECT_EQ((TWFVariant(2) + TWFVariant(3)).toInteger(), 5);
+    EXPECT_EQ((TWFVariant("n=") + TWFVariant(3)).toString(), "n=3");
+    EXPECT_EQ((TWFVariant(3) + TWFVariant("x")).toString(), "3x");
+    EXPECT_EQ((TWFVariant(true) + TWFVariant(false)).toBoolean(), true);
+    EXPECT_EQ((TWFVariant("flag ") + TWFVariant(false)).toString(), "flag False");
+    EXPECT_EQ((TWFVariant() + TWFVariant("x")).toString(), "x");
+}
+
+TEST(Variant, VariableGrownChunkByChunkHoldsEveryByte)
+{
+    TWFBuildVariables variables;
+    variables.Set("OUT", TWFVariant(""));
+    std::string expected;
+    for (int i = 0; i < 1000; ++i) {
+        const std::string chunk = "line " + std::to_string(i) + std::string(1, '\0') + "\r\n";
+        variables.Set("OUT", variables.Get("OUT") + TWFVariant(chunk));
+        expected += chunk;
+    }
+    EXPECT_EQ(variables.Get("OUT").stringView(), expected);
+}
+
+TEST(BuildVariables, JsonIsOneLineWithEscapes)
+{
+    TWFBuildVariables variables;
+    variables.Set("B", TWFVariant(true));
+    variables.Set("A", TWFVariant("x\"y\\z\r\n\t\x01"));
+    variables.Set("N", TWFVariant(42));
+    EXPECT_EQ(variables.ToJson(), R"({"A":"x\"y\\z\r\n\t\u0001","B":true,"N":42})");
+}
+
+} // namespace
