@@ -1,1 +1,7 @@
 # The units of clearcase/actions, one line each.
+set(WF_CC_ACTIONS_SOURCES ${WF_CC_ACTIONS_SOURCES}
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseBaseAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseUCMAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseCheckOutAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseUnCheckOutAction.cpp
+)

@@ -1,0 +1,329 @@
+#include "WFClearCaseBaseAction.h"
+
+#include "WFClearCaseOptions.h"
+#include "WFFiles.h"
+
+namespace {
+
+constexpr const char* kNoCleartoolPath =
+    "The path to cleartool.exe has not been specified. Please check under Tools -> Options.";
+constexpr const char* kCleartoolMissing =
+    "Cleartool.exe cannot be found at the path specified. Please check under Tools -> Options.";
+
+std::string optionsCleartoolPath()
+{
+    IWFClearCaseOptions* options = ClearCaseOptions();
+    return options ? options->GetCleartoolPath() : std::string();
+}
+
+std::string optionsDefaultViewPath()
+{
+    IWFClearCaseOptions* options = ClearCaseOptions();
+    return options ? options->GetDefaultViewPath() : std::string();
+}
+
+} // namespace
+
+const std::vector<std::string>& timeStampBehaviourMembers()
+{
+    static const std::vector<std::string> members{"tbDefault", "tbCurrent", "tbCheckin"};
+    return members;
+}
+
+std::string joinStorageLines(const std::vector<std::string>& entries)
+{
+    std::string text;
+    for (const auto& entry : entries)
+        text += entry + "\r\n";
+    return text;
+}
+
+std::vector<std::string> splitStorageLines(const std::string& text)
+{
+    std::vector<std::string> entries;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        const std::size_t end = text.find_first_of("\r\n", start);
+        if (end == std::string::npos) {
+            entries.push_back(text.substr(start));
+            break;
+        }
+        entries.push_back(text.substr(start, end - start));
+        start = end + (text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n' ? 2 : 1);
+    }
+    return entries;
+}
+
+std::string quotedIfBlank(const std::string& text)
+{
+    return text.find(' ') == std::string::npos ? text : "\"" + text + "\"";
+}
+
+TClearCaseBaseAction::TClearCaseBaseAction()
+{
+    LogOutput = true;
+    UseExitCode = true;
+}
+
+TClearCaseBaseAction::~TClearCaseBaseAction() = default;
+
+void TClearCaseBaseAction::addPlain(ICommandLineBuilder& builder, const std::string& text)
+{
+    builder.AddArgument(text, std::string(), akPlain);
+}
+
+// --- Published properties -------------------------------------------------------------
+
+void TClearCaseBaseAction::PublishComment()
+{
+    PublishString("Comment", [this] { return GetComment(); }, [this](const std::string& v) { SetComment(v); });
+}
+
+void TClearCaseBaseAction::PublishNoComment()
+{
+    PublishBoolean("NoComment", [this] { return GetNoComment(); }, [this](bool v) { SetNoComment(v); });
+}
+
+void TClearCaseBaseAction::PublishPathNameStorageString()
+{
+    PublishString("PathNameStorageString", [this] { return GetPathNameStorageString(); },
+                  [this](const std::string& v) { SetPathNameStorageString(v); });
+}
+
+void TClearCaseBaseAction::PublishObjectsStorageString()
+{
+    PublishString("ObjectsStorageString", [this] { return GetObjectsStorageString(); },
+                  [this](const std::string& v) { SetObjectsStorageString(v); });
+}
+
+void TClearCaseBaseAction::PublishViewContextPath()
+{
+    PublishString("ViewContextPath", [this] { return GetViewContextPath(); },
+                  [this](const std::string& v) { SetViewContextPath(v); });
+}
+
+void TClearCaseBaseAction::PublishUseDefaultViewContext()
+{
+    PublishBoolean("UseDefaultViewContext", [this] { return GetUseDefaultViewContext(); },
+                   [this](bool v) { SetUseDefaultViewContext(v); });
+}
+
+void TClearCaseBaseAction::PublishVOBSelector()
+{
+    PublishString("VOBSelector", [this] { return GetVOBSelector(); }, [this](const std::string& v) { SetVOBSelector(v); });
+}
+
+void TClearCaseBaseAction::PublishLabelTypeName()
+{
+    PublishString("LabelTypeName", [this] { return GetLabelTypeName(); },
+                  [this](const std::string& v) { SetLabelTypeName(v); });
+}
+
+void TClearCaseBaseAction::PublishVersionSelector()
+{
+    PublishString("VersionSelector", [this] { return GetVersionSelector(); },
+                  [this](const std::string& v) { SetVersionSelector(v); });
+}
+
+void TClearCaseBaseAction::PublishUseVersionSelector()
+{
+    PublishBoolean("UseVersionSelector", [this] { return GetUseVersionSelector(); },
+                   [this](bool v) { SetUseVersionSelector(v); });
+}
+
+// --- Storage strings ------------------------------------------------------------------
+
+const std::vector<std::string>& TClearCaseBaseAction::GetPathNames()
+{
+    m_combinedPathNames.clear();
+    m_combinedPathNames.insert(m_combinedPathNames.end(), m_viewPathNames.begin(), m_viewPathNames.end());
+    m_combinedPathNames.insert(m_combinedPathNames.end(), m_extendedPathNames.begin(), m_extendedPathNames.end());
+    return m_combinedPathNames;
+}
+
+std::string TClearCaseBaseAction::GetPathNameStorageString()
+{
+    return joinStorageLines(GetPathNames());
+}
+
+void TClearCaseBaseAction::SetPathNameStorageString(const std::string& value)
+{
+    m_viewPathNames.clear();
+    m_extendedPathNames.clear();
+    for (auto& line : splitStorageLines(value)) {
+        if (line.find("@@") != std::string::npos)
+            m_extendedPathNames.push_back(std::move(line));
+        else
+            m_viewPathNames.push_back(std::move(line));
+    }
+}
+
+std::string TClearCaseBaseAction::GetObjectsStorageString() const
+{
+    return joinStorageLines(m_objectSelectors);
+}
+
+void TClearCaseBaseAction::SetObjectsStorageString(const std::string& value)
+{
+    m_objectSelectors = splitStorageLines(value);
+}
+
+// --- Host operations ------------------------------------------------------------------
+
+bool TClearCaseBaseAction::Validate(IWFActionValidationError& errors)
+{
+    bool result = TWFExecuteAbstractAction::Validate(errors);
+    if (optionsCleartoolPath().empty()) {
+        errors.AddError("Options", kNoCleartoolPath);
+        result = false;
+    } else if (!fileExists(GetExecutable())) {
+        errors.AddError("Options", kCleartoolMissing);
+        result = false;
+    }
+    return result;
+}
+
+std::string TClearCaseBaseAction::GetQuickHelpFilename() const
+{
+    return "Plugins\\ClearCase.html";
+}
+
+int TClearCaseBaseAction::GetHelpTopicID() const
+{
+    return 4430;
+}
+
+std::string TClearCaseBaseAction::GetExecutable()
+{
+    return optionsCleartoolPath();
+}
+
+bool TClearCaseBaseAction::GetCommandLine(ICommandLineBuilder& builder)
+{
+    const std::string cleartoolPath = optionsCleartoolPath();
+    if (cleartoolPath.empty()) {
+        SendMessage(kNoCleartoolPath);
+        return false;
+    }
+    if (!fileExists(GetExecutable())) {
+        SendMessage(kCleartoolMissing);
+        return false;
+    }
+    addPlain(builder, GetCommand());
+    if (!TWFExecuteAbstractAction::GetCommandLine(builder))
+        return false;
+    return directoryExists(GetStartingDir(cleartoolPath));
+}
+
+std::string TClearCaseBaseAction::GetStartingDir(const std::string& executable)
+{
+    std::string directory;
+    if (GetActionDoesNotUseViewContext()) {
+        directory = TWFExecuteAbstractAction::GetStartingDir(executable);
+    } else if (m_useDefaultViewContext) {
+        if (!TryExpandExpression("Default View Context", optionsDefaultViewPath(), directory, false)
+            || !directoryExists(directory)) {
+            SendMessage("Error: The Default View you have specified is invalid or does not exist. "
+                        "To rectify go to Tools->Options.");
+            return {};
+        }
+    } else {
+        if (!TryExpandExpression("View Context Path", m_viewContextPath, directory, false)
+            || !directoryExists(directory)) {
+            SendMessage("Error: The View Context Path you have specified is invalid or does not exist.");
+            return {};
+        }
+    }
+    SendMessage("Starting Directory: " + directory);
+    return directory;
+}
+
+void TClearCaseBaseAction::BeforeExecute(ICommandLineBuilder& builder)
+{
+    TWFExecuteAbstractAction::BeforeExecute(builder);
+    SendMessage("Command Line: " + builder.GetCommandLineText());
+}
+
+bool TClearCaseBaseAction::GetActionDoesNotUseViewContext()
+{
+    if (IgnoreViewContext)
+        return true;
+    const bool contextMissing = m_useDefaultViewContext ? optionsDefaultViewPath().empty() : m_viewContextPath.empty();
+    if (!contextMissing)
+        return false;
+    if (!m_viewPathNames.empty() && m_extendedPathNames.empty())
+        return true;
+    return !m_objectSelectors.empty();
+}
+
+// --- Building blocks ------------------------------------------------------------------
+
+bool TClearCaseBaseAction::AddComment(ICommandLineBuilder& builder)
+{
+    std::string comment;
+    if (!TryExpandExpression("Comment", m_comment, comment, false))
+        return false;
+    // The stored flag decides, not the NoComment property (which reads true for an empty comment).
+    if (!m_noComment && !comment.empty())
+        addPlain(builder, "-c \"" + comment + "\"");
+    else
+        addPlain(builder, "-nc");
+    return true;
+}
+
+bool TClearCaseBaseAction::AddPathNames(ICommandLineBuilder& builder)
+{
+    const std::vector<std::string>& pathNames = GetPathNames();
+    if (pathNames.empty()) {
+        SendMessage("Action Failed: No pathnames specified to act on.");
+        return false;
+    }
+    for (const auto& pathName : pathNames) {
+        std::string expanded;
+        if (!TryExpandExpression("Pathname", pathName, expanded, true))
+            return false;
+        addPlain(builder, "\"" + expanded + "\"");
+    }
+    return true;
+}
+
+bool TClearCaseBaseAction::AddObjectSelectors(ICommandLineBuilder& builder)
+{
+    if (m_objectSelectors.empty()) {
+        SendMessage("Action Failed: No object selectors have been specified.");
+        return false;
+    }
+    for (const auto& selector : m_objectSelectors) {
+        std::string expanded;
+        if (!TryExpandExpression("Object Selector", selector, expanded, true))
+            return false;
+        addPlain(builder, quotedIfBlank(expanded));
+    }
+    return true;
+}
+
+bool TClearCaseBaseAction::AddLabelTypeName(ICommandLineBuilder& builder)
+{
+    std::string name;
+    std::string vob;
+    if (!TryExpandExpression("Label Type Name", m_labelTypeName, name, true))
+        return false;
+    if (!TryExpandExpression("VOB Selector", m_vobSelector, vob, true))
+        return false;
+    std::string text = name;
+    if (!m_vobSelector.empty())
+        text += "@" + vob;
+    addPlain(builder, "lbtype:" + quotedIfBlank(text));
+    return true;
+}
+
+bool TClearCaseBaseAction::AddVersionSelector(ICommandLineBuilder& builder)
+{
+    if (!m_useVersionSelector || m_versionSelector.empty())
+        return true;
+    std::string selector;
+    if (!TryExpandExpression("Version Selector", m_versionSelector, selector, false))
+        return false;
+    builder.AddArgument("-version", selector, akSwitchWithValue);
+    return true;
+}

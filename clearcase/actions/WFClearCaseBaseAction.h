@@ -1,0 +1,114 @@
+#pragma once
+
+#include "WFAction.h"
+#include "WFCommandLine.h"
+
+#include <string>
+#include <vector>
+
+/// Time stamp given to the files an update loads (used by the update action).
+enum TCCTimeStampBehaviour : int { tbDefault = 0, tbCurrent = 1, tbCheckin = 2 };
+/// Member names of TCCTimeStampBehaviour, in value order, as persisted.
+const std::vector<std::string>& timeStampBehaviourMembers();
+
+/// A list as one storage string: every entry followed by CR LF, the last one included.
+std::string joinStorageLines(const std::vector<std::string>& entries);
+/// The entries of a storage string: lines split at CR LF, CR or LF; a line break at the very
+/// end adds no entry, every other line (empty ones included) is one entry.
+std::vector<std::string> splitStorageLines(const std::string& text);
+
+/// The text enclosed in double quotes when it contains a blank; unchanged otherwise.
+std::string quotedIfBlank(const std::string& text);
+
+/// Base of every ClearCase action: runs cleartool with the sub-command of the concrete action
+/// in the view named by the view context, and offers the shared command-line building blocks.
+class TClearCaseBaseAction : public TWFExecuteAbstractAction {
+public:
+    TClearCaseBaseAction();
+    ~TClearCaseBaseAction() override;
+
+    // Host operations.
+    bool Validate(IWFActionValidationError& errors) override;
+    std::string GetQuickHelpFilename() const override;
+    int GetHelpTopicID() const override;
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+    std::string GetExecutable() override;
+    /// The view directory (logged as "Starting Directory: "), or the host's default folder for
+    /// an action that needs no view; empty, with an error logged, when the view is missing.
+    std::string GetStartingDir(const std::string& executable) override;
+    void BeforeExecute(ICommandLineBuilder& builder) override;
+
+    // Slots added after the host's.
+    virtual bool GetActionDoesNotUseViewContext();
+    /// The cleartool sub-command.
+    virtual std::string GetCommand() = 0;
+    /// "-c" with the quoted comment, or "-nc".
+    virtual bool AddComment(ICommandLineBuilder& builder);
+    /// Every path name, quoted; false with a message for an empty list.
+    virtual bool AddPathNames(ICommandLineBuilder& builder);
+    /// "lbtype:" and the label type name, with "@" and the VOB when one is set.
+    virtual bool AddLabelTypeName(ICommandLineBuilder& builder);
+    /// "-version" and the selector, only when UseVersionSelector is set and a selector stored.
+    virtual bool AddVersionSelector(ICommandLineBuilder& builder);
+    /// Every object selector, quoted when it holds a blank; false with a message for none.
+    virtual bool AddObjectSelectors(ICommandLineBuilder& builder);
+
+    /// The view path names followed by the extended ("@@") ones, rebuilt on each call.
+    const std::vector<std::string>& GetPathNames();
+
+    // Accessors of the shared properties.
+    std::string GetComment() const { return m_comment; }
+    void SetComment(const std::string& value) { m_comment = value; }
+    /// True when NoComment is set or the comment is empty.
+    bool GetNoComment() const { return m_noComment || m_comment.empty(); }
+    void SetNoComment(bool value) { m_noComment = value; }
+    std::string GetPathNameStorageString();
+    void SetPathNameStorageString(const std::string& value);
+    std::string GetObjectsStorageString() const;
+    void SetObjectsStorageString(const std::string& value);
+    std::string GetViewContextPath() const { return m_viewContextPath; }
+    void SetViewContextPath(const std::string& value) { m_viewContextPath = value; }
+    bool GetUseDefaultViewContext() const { return m_useDefaultViewContext; }
+    void SetUseDefaultViewContext(bool value) { m_useDefaultViewContext = value; }
+    std::string GetVOBSelector() const { return m_vobSelector; }
+    void SetVOBSelector(const std::string& value) { m_vobSelector = value; }
+    std::string GetLabelTypeName() const { return m_labelTypeName; }
+    void SetLabelTypeName(const std::string& value) { m_labelTypeName = value; }
+    std::string GetVersionSelector() const { return m_versionSelector; }
+    void SetVersionSelector(const std::string& value) { m_versionSelector = value; }
+    bool GetUseVersionSelector() const { return m_useVersionSelector; }
+    void SetUseVersionSelector(bool value) { m_useVersionSelector = value; }
+
+protected:
+    // Each concrete class publishes exactly its own properties, in its persistence order.
+    void PublishComment();
+    void PublishNoComment();
+    void PublishPathNameStorageString();
+    void PublishObjectsStorageString();
+    void PublishViewContextPath();
+    void PublishUseDefaultViewContext();
+    void PublishVOBSelector();
+    void PublishLabelTypeName();
+    void PublishVersionSelector();
+    void PublishUseVersionSelector();
+
+    /// Appends one plain argument (kind 2), written unchanged.
+    static void addPlain(ICommandLineBuilder& builder, const std::string& text);
+
+    /// Forces the action to run outside any view; no action of the package sets it.
+    bool IgnoreViewContext = false;
+
+private:
+    bool m_noComment = false;
+    std::string m_comment;
+    std::string m_vobSelector;
+    std::string m_viewContextPath;
+    bool m_useDefaultViewContext = false;
+    std::vector<std::string> m_viewPathNames;
+    std::vector<std::string> m_extendedPathNames;
+    std::vector<std::string> m_objectSelectors;
+    std::string m_labelTypeName;
+    std::string m_versionSelector;
+    std::vector<std::string> m_combinedPathNames;
+    bool m_useVersionSelector = false;
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "WFClearCaseBaseAction.h"
+
+#include <string>
+#include <vector>
+
+/// Base of the actions that name UCM activities or components: an activity list (whose first
+/// entry is ActivityName), a component list and the flag for the view's current activity.
+class TClearCaseUCMAction : public TClearCaseBaseAction {
+public:
+    TClearCaseUCMAction();
+    ~TClearCaseUCMAction() override;
+
+    /// "-cact" for the current activity or an empty list; otherwise "activity:" + the first
+    /// entry (with "@" + VOB when set), expanded, quoted when it holds a blank.
+    virtual bool AddActivityName(ICommandLineBuilder& builder);
+    /// "-cact", or every entry as "activity:" + entry, comma-separated, in one argument.
+    virtual bool AddActivitySelectors(ICommandLineBuilder& builder);
+    /// Every component, comma-separated, in one argument; false with a message for none.
+    virtual bool AddComponentSelector(ICommandLineBuilder& builder);
+
+    /// The first entry of the activity list, or empty.
+    std::string GetActivityName() const;
+    /// Replaces the activity list by the one entry.
+    void SetActivityName(const std::string& value);
+    bool GetUseCurrentActivity() const { return m_useCurrentActivity; }
+    void SetUseCurrentActivity(bool value) { m_useCurrentActivity = value; }
+    std::string GetActivitySelectorStorageString() const { return joinStorageLines(m_activities); }
+    void SetActivitySelectorStorageString(const std::string& value) { m_activities = splitStorageLines(value); }
+    std::string GetComponentSelectorStorageString() const { return joinStorageLines(m_components); }
+    void SetComponentSelectorStorageString(const std::string& value) { m_components = splitStorageLines(value); }
+
+protected:
+    void PublishActivityName();
+    void PublishUseCurrentActivity();
+    void PublishActivitySelectorStorageString();
+    void PublishComponentSelectorStorageString();
+
+private:
+    std::vector<std::string> m_activities;
+    bool m_useCurrentActivity = false;
+    std::vector<std::string> m_components;
+};

@@ -1,0 +1,17 @@
+#include "WFClearCaseUnCheckOutAction.h"
+
+TClearCaseUnCheckOutAction::TClearCaseUnCheckOutAction()
+{
+    PublishBoolean("Keep", [this] { return m_keep; }, [this](bool v) { m_keep = v; });
+    PublishPathNameStorageString();
+    PublishViewContextPath();
+    PublishUseDefaultViewContext();
+}
+
+bool TClearCaseUnCheckOutAction::GetCommandLine(ICommandLineBuilder& builder)
+{
+    const bool result = TClearCaseBaseAction::GetCommandLine(builder);
+    addPlain(builder, m_keep ? "-keep" : "-rm");
+    const bool pathNames = AddPathNames(builder);
+    return result && pathNames;
+}
