@@ -1,0 +1,163 @@
+#include "BuildRunner.h"
+
+#include "ConsoleLog.h"
+
+#include "WFProject.h"
+#include "WFServices.h"
+
+#include <chrono>
+#include <ostream>
+
+namespace {
+
+class TCollectedErrors final : public IWFActionValidationError {
+public:
+    void AddError(const std::string& location, const std::string& message) override
+    {
+        lines.push_back(location.empty() ? message : location + ": " + message);
+    }
+    std::vector<std::string> lines;
+};
+
+std::string failureReason(const TCustomWFAction& action)
+{
+    const auto* execute = dynamic_cast<const TWFExecuteAbstractAction*>(&action);
+    if (execute && !execute->GetFailureReason().empty())
+        return execute->GetFailureReason();
+    return "the action reported failure";
+}
+
+bool wasTerminated(const TCustomWFAction& action)
+{
+    const auto* execute = dynamic_cast<const TWFExecuteAbstractAction*>(&action);
+    return execute && execute->WasTerminated();
+}
+
+std::string plural(std::size_t count, const char* word)
+{
+    return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
+}
+
+} // namespace
+
+std::string actionTitle(const TCustomWFAction& action)
+{
+    const auto* entry = WFActionServices().Find(action.GetActionTypeID());
+    const std::string name = entry ? entry->displayName : action.GetActionName();
+    const std::string description = action.GetDescription();
+    return description.empty() ? name : name + ": " + description;
+}
+
+std::vector<std::string> validateAction(TCustomWFAction& action, bool& ok)
+{
+    TCollectedErrors errors;
+    ok = action.Validate(errors) && errors.lines.empty();
+    if (!ok && errors.lines.empty())
+        errors.lines.push_back("the action is not valid (no reason given)");
+    return errors.lines;
+}
+
+TBuildRunner::TBuildRunner(TConsoleLog& log, std::ostream& out, std::ostream& err) : m_log(log), m_out(out), m_err(err) {}
+
+void TBuildRunner::Interrupt()
+{
+    // The flag first: either the loop sees it before starting an action, or the action is
+    // already current here and is told to stop.
+    m_interrupted = true;
+    std::lock_guard lock(m_currentMutex);
+    if (m_current)
+        m_current->TerminateAction();
+}
+
+int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const TRunSettings& settings)
+{
+    using Clock = std::chrono::steady_clock;
+    m_cases.clear();
+    TWFActionHost host;
+    host.log = &m_log;
+    host.variables = &variables;
+    host.defaultStartingDir = settings.projectDirectory;
+    host.dryRun = settings.dryRun;
+    host.timeoutSeconds = settings.timeoutSeconds;
+
+    const std::size_t total = project.actions.size();
+    std::size_t ran = 0;
+    std::size_t disabled = 0;
+    int status = 0;
+    for (std::size_t index = 0; index < total; ++index) {
+        TCustomWFAction& action = *project.actions[index];
+        const std::size_t number = index + 1;
+        const std::string title = actionTitle(action);
+        TJUnitCase result{title, action.GetActionTypeID(), 0, TJUnitCase::Outcome::Skipped, {}, {}};
+        if (!action.GetEnabled()) {
+            ++disabled;
+            m_out << consoleHeader(number, total, title) << " (disabled)" << std::endl;
+            result.message = "disabled";
+            m_cases.push_back(std::move(result));
+            continue;
+        }
+        if (status != 0 || m_interrupted) {
+            result.message = m_interrupted ? "not run: the build was interrupted" : "not run: an earlier action failed";
+            m_cases.push_back(std::move(result));
+            continue;
+        }
+
+        m_log.BeginAction(number, total, title);
+        action.SetHost(&host);
+        {
+            std::lock_guard lock(m_currentMutex);
+            m_current = &action;
+        }
+        const auto started = Clock::now();
+        bool ok = false;
+        std::string reason;
+        if (!m_interrupted) {
+            const auto errors = validateAction(action, ok);
+            for (const auto& line : errors)
+                m_log.Line(IWFLogSink::Stream::Message, line);
+            if (!ok)
+                reason = "validation failed";
+        }
+        if (ok && !m_interrupted) {
+            ok = action.Execute();
+            if (!ok)
+                reason = failureReason(action);
+        }
+        {
+            std::lock_guard lock(m_currentMutex);
+            m_current = nullptr;
+        }
+        action.SetHost(nullptr);
+        ++ran;
+        result.seconds = std::chrono::duration<double>(Clock::now() - started).count();
+
+        if (m_interrupted && (!ok || wasTerminated(action))) {
+            status = 130;
+            result.outcome = TJUnitCase::Outcome::Failed;
+            result.message = "interrupted";
+            result.log = m_log.ActionText();
+            m_err << "Interrupted: action " << number << " (" << title << ") was stopped." << std::endl;
+        } else if (!ok) {
+            status = 1;
+            result.outcome = TJUnitCase::Outcome::Failed;
+            result.message = reason;
+            result.log = m_log.ActionText();
+            m_err << "Action " << number << " (" << title << ") failed: " << reason << std::endl;
+        } else {
+            result.outcome = TJUnitCase::Outcome::Passed;
+        }
+        m_cases.push_back(std::move(result));
+    }
+    if (status == 0 && m_interrupted) {
+        status = 130;
+        m_err << "Interrupted: no further action was started." << std::endl;
+    }
+    if (status == 0) {
+        m_out << (settings.dryRun ? "Dry run succeeded: " : "Build succeeded: ") << plural(ran, "action")
+              << (settings.dryRun ? " prepared" : " run");
+        if (disabled)
+            m_out << ", " << disabled << " disabled";
+        m_out << "." << std::endl;
+    }
+    return status;
+}

@@ -1,0 +1,119 @@
+#include "JUnitReport.h"
+
+#include <cstdio>
+
+namespace {
+
+constexpr const char* kReplacement = "\xEF\xBF\xBD";
+
+/// Length of the valid UTF-8 sequence at text[i], or 0.
+std::size_t utf8SequenceLength(const std::string& text, std::size_t i)
+{
+    const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
+    const unsigned char lead = byte(i);
+    std::size_t length = 0;
+    unsigned int lowest = 0;
+    if (lead < 0x80)
+        return 1;
+    if ((lead & 0xE0) == 0xC0)
+        length = 2, lowest = 0x80;
+    else if ((lead & 0xF0) == 0xE0)
+        length = 3, lowest = 0x800;
+    else if ((lead & 0xF8) == 0xF0)
+        length = 4, lowest = 0x10000;
+    else
+        return 0;
+    if (i + length > text.size())
+        return 0;
+    unsigned int code = lead & (0x7F >> length);
+    for (std::size_t k = 1; k < length; ++k) {
+        if ((byte(i + k) & 0xC0) != 0x80)
+            return 0;
+        code = (code << 6) | (byte(i + k) & 0x3F);
+    }
+    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+    const bool notCharacter = code == 0xFFFE || code == 0xFFFF;
+    if (code < lowest || code > 0x10FFFF || surrogate || notCharacter)
+        return 0;
+    return length;
+}
+
+std::string escape(const std::string& text, bool attribute)
+{
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const char c = text[i];
+        const std::size_t length = utf8SequenceLength(text, i);
+        if (length == 0) {
+            out += kReplacement;
+            ++i;
+            continue;
+        }
+        if (length > 1) {
+            out.append(text, i, length);
+            i += length;
+            continue;
+        }
+        ++i;
+        switch (c) {
+        case '&': out += "&amp;"; break;
+        case '<': out += "&lt;"; break;
+        case '>': out += "&gt;"; break;
+        case '"': out += attribute ? "&quot;" : "\""; break;
+        case '\n': out += attribute ? "&#10;" : "\n"; break;
+        case '\r': out += "&#13;"; break;
+        case '\t': out += attribute ? "&#9;" : "\t"; break;
+        default:
+            if (static_cast<unsigned char>(c) < 0x20)
+                out += kReplacement;
+            else
+                out += c;
+        }
+    }
+    return out;
+}
+
+std::string seconds(double value)
+{
+    char buffer[32];
+    std::snprintf(buffer, sizeof buffer, "%.3f", value < 0 ? 0.0 : value);
+    return buffer;
+}
+
+} // namespace
+
+std::string renderJUnitReport(const std::string& suiteName, const std::vector<TJUnitCase>& cases)
+{
+    std::size_t failures = 0;
+    std::size_t skipped = 0;
+    double total = 0;
+    for (const auto& c : cases) {
+        failures += c.outcome == TJUnitCase::Outcome::Failed;
+        skipped += c.outcome == TJUnitCase::Outcome::Skipped;
+        total += c.seconds;
+    }
+    const std::string counts = " tests=\"" + std::to_string(cases.size()) + "\" failures=\"" + std::to_string(failures)
+        + "\" errors=\"0\" skipped=\"" + std::to_string(skipped) + "\" time=\"" + seconds(total) + "\"";
+    std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    xml += "<testsuites name=\"wfbuild\"" + counts + ">\n";
+    xml += "  <testsuite name=\"" + escape(suiteName, true) + "\"" + counts + ">\n";
+    for (const auto& c : cases) {
+        xml += "    <testcase name=\"" + escape(c.name, true) + "\" classname=\"" + escape(c.className, true)
+            + "\" time=\"" + seconds(c.seconds) + "\"";
+        switch (c.outcome) {
+        case TJUnitCase::Outcome::Passed:
+            xml += "/>\n";
+            break;
+        case TJUnitCase::Outcome::Skipped:
+            xml += ">\n      <skipped message=\"" + escape(c.message, true) + "\"/>\n    </testcase>\n";
+            break;
+        case TJUnitCase::Outcome::Failed:
+            xml += ">\n      <failure message=\"" + escape(c.message, true) + "\" type=\"ActionFailed\">"
+                + escape(c.log, false) + "</failure>\n    </testcase>\n";
+            break;
+        }
+    }
+    xml += "  </testsuite>\n</testsuites>\n";
+    return xml;
+}

@@ -1,0 +1,284 @@
+#include "RunnerCommands.h"
+
+#include "BuildRunner.h"
+#include "ConsoleLog.h"
+#include "Interrupts.h"
+#include "RunnerCommandLine.h"
+#include "RunnerPlugins.h"
+
+#include "WFFiles.h"
+#include "WFIniFile.h"
+#include "WFProject.h"
+#include "WFServices.h"
+#include "WFVariables.h"
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <ostream>
+
+namespace {
+
+/// Collects the keys an options object writes, to tell a mistyped key from a real one.
+class TKeyCollector final : public IWFOptionsWriter {
+public:
+    void WriteString(const std::string& name, const std::string& /*value*/) override { keys.push_back(name); }
+    std::vector<std::string> keys;
+};
+
+class TCommandContext {
+public:
+    TCommandContext(const TRunnerArguments& arguments, std::ostream& out, std::ostream& err)
+        : args(arguments), out(out), err(err)
+    {
+    }
+
+    int fail(const std::string& message, int status = kExitUsage) const
+    {
+        err << "wfbuild: " << message << std::endl;
+        return status;
+    }
+
+    bool loadPlugins() const
+    {
+        std::string error;
+        if (loadRunnerPlugins(!args.noDefaultPlugins, args.plugins, error))
+            return true;
+        fail(error);
+        return false;
+    }
+
+    void useConfigDirectory() const
+    {
+        if (!args.configDir.empty())
+            SetWFConfigDirectory(args.configDir);
+    }
+
+    /// Loads options.ini into the options the plug-ins registered.
+    bool loadOptions() const
+    {
+        useConfigDirectory();
+        std::string error;
+        if (WFOptionsServices().Load(GetWFOptionsFileName(), error))
+            return true;
+        fail("cannot read the options: " + error);
+        return false;
+    }
+
+    /// Reads the project, printing every diagnostic; false on errors. hadWarnings tells whether any were printed.
+    bool readProject(TWFProject& project, bool* hadWarnings = nullptr) const
+    {
+        std::vector<TWFProjectDiagnostic> diagnostics;
+        const bool ok = ReadProjectFile(args.project, project, diagnostics);
+        for (const auto& diagnostic : diagnostics)
+            err << diagnostic.ToString() << std::endl;
+        if (hadWarnings)
+            *hadWarnings = std::any_of(diagnostics.begin(), diagnostics.end(), [](const auto& d) { return !d.isError; });
+        if (!ok)
+            fail("the project " + args.project + " could not be read; nothing was done.");
+        return ok;
+    }
+
+    void defineVariables(const TWFProject& project, TWFBuildVariables& variables) const
+    {
+        project.DefineVariables(variables);
+        for (const auto& [name, value] : args.variables)
+            variables.Set(name, TWFVariant(value));
+    }
+
+    std::string projectDirectory() const
+    {
+        return std::filesystem::absolute(args.project).lexically_normal().parent_path().string();
+    }
+
+    const TRunnerArguments& args;
+    std::ostream& out;
+    std::ostream& err;
+};
+
+int commandRun(const TCommandContext& c)
+{
+    if (!c.loadPlugins() || !c.loadOptions())
+        return kExitUsage;
+    TWFProject project;
+    if (!c.readProject(project))
+        return kExitUsage;
+    TConsoleLog log(c.out, c.err);
+    if (std::string error; !c.args.logFile.empty() && !log.OpenLogFile(c.args.logFile, error))
+        return c.fail(error);
+    TWFBuildVariables variables;
+    c.defineVariables(project, variables);
+
+    TRunSettings settings;
+    settings.projectDirectory = c.projectDirectory();
+    settings.dryRun = c.args.dryRun;
+    settings.timeoutSeconds = c.args.timeoutSeconds.value_or(project.timeoutSeconds);
+
+    TBuildRunner runner(log, c.out, c.err);
+    int status = 0;
+    {
+        TInterruptWatcher watcher([&runner](int) { runner.Interrupt(); });
+        status = runner.Run(project, variables, settings);
+    }
+    if (!c.args.junitFile.empty()) {
+        const std::string suite = std::filesystem::path(c.args.project).filename().string();
+        std::string error;
+        if (!writeFileAtomically(c.args.junitFile, renderJUnitReport(suite, runner.Cases()), error)) {
+            c.fail("cannot write the JUnit report: " + error);
+            if (status == kExitSuccess)
+                status = kExitUsage;
+        }
+    }
+    if (c.args.printVariables)
+        c.out << variables.ToJson() << std::endl;
+    return status;
+}
+
+int commandValidate(const TCommandContext& c)
+{
+    if (!c.loadPlugins() || !c.loadOptions())
+        return kExitUsage;
+    TWFProject project;
+    if (!c.readProject(project))
+        return kExitUsage;
+    TWFBuildVariables variables;
+    c.defineVariables(project, variables);
+    TConsoleLog log(c.out, c.err);
+    TWFActionHost host;
+    host.log = &log;
+    host.variables = &variables;
+    host.defaultStartingDir = c.projectDirectory();
+
+    std::size_t checked = 0;
+    std::size_t invalid = 0;
+    for (std::size_t index = 0; index < project.actions.size(); ++index) {
+        TCustomWFAction& action = *project.actions[index];
+        if (!action.GetEnabled())
+            continue;
+        ++checked;
+        action.SetHost(&host);
+        bool ok = false;
+        const auto errors = validateAction(action, ok);
+        action.SetHost(nullptr);
+        if (ok)
+            continue;
+        ++invalid;
+        for (const auto& line : errors)
+            c.out << "Action " << index + 1 << " (" << actionTitle(action) << "): " << line << std::endl;
+    }
+    if (invalid) {
+        c.out << c.args.project << ": " << invalid << " of " << checked << " enabled actions are not valid." << std::endl;
+        return kExitFailed;
+    }
+    c.out << c.args.project << ": all " << checked << " enabled actions are valid." << std::endl;
+    return kExitSuccess;
+}
+
+int commandResave(const TCommandContext& c)
+{
+    if (!c.loadPlugins())
+        return kExitUsage;
+    TWFProject project;
+    bool hadWarnings = false;
+    if (!c.readProject(project, &hadWarnings))
+        return kExitUsage;
+    if (hadWarnings && !c.args.dropUnknown)
+        return c.fail("resaving would lose what the warnings above name; nothing was written"
+                      " (--drop-unknown accepts the loss).");
+    const std::string target = c.args.outputFile.empty() ? c.args.project : c.args.outputFile;
+    std::string error;
+    if (!WriteProjectFile(target, project, error))
+        return c.fail(error);
+    c.out << "Wrote " << target << std::endl;
+    return kExitSuccess;
+}
+
+int commandActions(const TCommandContext& c)
+{
+    if (!c.loadPlugins())
+        return kExitUsage;
+    for (const auto& entry : WFActionServices().Catalogue())
+        c.out << entry.typeId << '\t' << entry.displayName << '\t' << entry.category << '\n';
+    c.out.flush();
+    return kExitSuccess;
+}
+
+int commandOptionsSet(const TCommandContext& c)
+{
+    const std::string& section = c.args.optionsSection;
+    const std::string& key = c.args.optionsKey;
+    const auto all = WFOptionsServices().AllOptions();
+    const auto owner = std::find_if(all.begin(), all.end(), [&](auto* o) { return o->GetOptionKey() == section; });
+    if (owner == all.end()) {
+        c.err << "wfbuild: warning: no loaded plug-in reads section [" << section << "]" << std::endl;
+    } else {
+        TKeyCollector collector;
+        (*owner)->SaveOptions(collector);
+        if (std::find(collector.keys.begin(), collector.keys.end(), key) == collector.keys.end()) {
+            std::string known;
+            for (const auto& name : collector.keys)
+                known += (known.empty() ? "" : ", ") + name;
+            c.err << "wfbuild: warning: section [" << section << "] has no key \"" << key << "\" (its keys: " << known
+                  << ")" << std::endl;
+        }
+    }
+    const std::string path = GetWFOptionsFileName();
+    const std::string folder = parentDirectory(path);
+    if (!makeDirectories(folder))
+        return c.fail("cannot create the configuration folder \"" + folder + "\"; nothing was written.");
+    std::string error;
+    if (!TWFIniFile(path).WriteString(section, key, c.args.optionsValue, &error))
+        return c.fail(error.empty() ? "cannot write \"" + path + "\"" : error);
+    c.out << "Set " << section << "." << key << " in " << path << std::endl;
+    return kExitSuccess;
+}
+
+int commandOptions(const TCommandContext& c)
+{
+    if (!c.loadPlugins() || !c.loadOptions())
+        return kExitUsage;
+    if (c.args.optionsVerb == "set")
+        return commandOptionsSet(c);
+    for (const auto* options : WFOptionsServices().AllOptions())
+        for (const auto& property : options->Properties())
+            c.out << options->GetOptionKey() << '.' << property.name << '=' << options->GetPropertyText(property.name)
+                  << '\n';
+    c.out.flush();
+    return kExitSuccess;
+}
+
+} // namespace
+
+int runWfbuild(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err)
+{
+    TRunnerArguments args;
+    std::string error;
+    if (!parseRunnerCommandLine(arguments, args, error)) {
+        err << "wfbuild: " << error << "\n" << runnerUsageHint(args.command) << std::endl;
+        return kExitUsage;
+    }
+    const TCommandContext context(args, out, err);
+    try {
+        switch (args.command) {
+        case TRunnerCommand::Help:
+            out << runnerHelpText(args.helpTopic) << std::flush;
+            return kExitSuccess;
+        case TRunnerCommand::Version:
+            out << "wfbuild " << WF_VERSION << std::endl;
+            return kExitSuccess;
+        case TRunnerCommand::Run:
+            return commandRun(context);
+        case TRunnerCommand::Validate:
+            return commandValidate(context);
+        case TRunnerCommand::Resave:
+            return commandResave(context);
+        case TRunnerCommand::Actions:
+            return commandActions(context);
+        case TRunnerCommand::Options:
+            return commandOptions(context);
+        }
+    } catch (const std::exception& e) {
+        return context.fail(std::string("unexpected error: ") + e.what());
+    }
+    return kExitUsage;
+}
