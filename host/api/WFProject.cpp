@@ -8,6 +8,7 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <charconv>
 
 std::string TWFProjectDiagnostic::ToString() const
@@ -96,7 +97,7 @@ struct TReader {
 
     void error(const std::string& message)
     {
-        diagnostics.push_back({file, xml.lineNumber(), xml.columnNumber(), message, true});
+        diagnostics.push_back({file, std::max<qint64>(1, xml.lineNumber()), std::max<qint64>(1, xml.columnNumber()), message, true});
         failed = true;
     }
     void warning(const std::string& message)
@@ -201,6 +202,10 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
     project = TWFProject();
     TReader r{QXmlStreamReader(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()))), fileName,
               diagnostics};
+    if (text.find_first_not_of(" \t\r\n") == std::string::npos) {
+        r.error("the file is empty (a project needs a <wfproject> element)");
+        return false;
+    }
     if (!r.xml.readNextStartElement()) {
         if (!r.xml.hasError())
             r.error("the file holds no project (no <wfproject> element)");
