@@ -84,7 +84,7 @@ Stmt::~Stmt()
     sqlite3_finalize(m_stmt);
 }
 
-void Stmt::bind(int index, std::int64_t value)
+void Stmt::bindInteger(int index, std::int64_t value)
 {
     check(sqlite3_bind_int64(m_stmt, index, value), m_db);
 }

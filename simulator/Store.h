@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
@@ -28,9 +29,12 @@ public:
     Stmt& operator=(const Stmt&) = delete;
     ~Stmt();
 
-    void bind(int index, std::int64_t value);
-    void bind(int index, int value) { bind(index, static_cast<std::int64_t>(value)); }
-    void bind(int index, bool value) { bind(index, static_cast<std::int64_t>(value)); }
+    void bindInteger(int index, std::int64_t value);
+    template <std::integral T>
+    void bind(int index, T value)
+    {
+        bindInteger(index, static_cast<std::int64_t>(value));
+    }
     void bind(int index, std::string_view value);
     void bind(int index, const std::string& value) { bind(index, std::string_view(value)); }
     void bind(int index, const char* value) { bind(index, std::string_view(value)); }

@@ -1,0 +1,461 @@
+#include "CmdElement.h"
+
+#include "ConfigSpec.h"
+#include "SnapshotView.h"
+
+#include <iostream>
+
+namespace ccsim {
+
+namespace {
+
+struct ElementInView {
+    Target target;
+    Id element = 0;
+    fs::path file;
+};
+
+/// The element a pathname names in the current view, or a failure ending with `unable`.
+ElementInView elementInView(Session& s, const std::string& pname, const std::string& unable)
+{
+    const View& view = s.requireView();
+    Target t = s.resolve(pname);
+    if (!t.element || !t.inView) {
+        std::error_code ec;
+        if (!fs::exists(t.abs, ec))
+            fail(message(Msg::NoSuchFile, {pname}), unable);
+        fail(message(Msg::NotVobObject, {pname}), unable);
+    }
+    return ElementInView{t, *t.element, viewFile(view, t.vob->tag, t.vobPath)};
+}
+
+std::vector<ObjectRef> elementLocks(Session& s, Id element, const std::string& name)
+{
+    const Id vob = vobOfElement(s.store, element);
+    return {ObjectRef{"vob", vob, "versioned object base", *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), vob},
+            ObjectRef{"element", element, "element", name, vob}};
+}
+
+void printActivity(Session& s, std::optional<Id> activity)
+{
+    if (!activity)
+        return;
+    Stmt q = s.store.query("SELECT a.name, v.tag, a.headline FROM activities a JOIN vobs v ON v.id=a.vob_id WHERE a.id=?",
+                           *activity);
+    if (q.step()) {
+        s.print(message(Msg::AttachedActivities));
+        s.print(message(Msg::AttachedActivity, {q.text(0), q.text(1), q.text(2)}));
+    }
+}
+
+struct CheckoutRequest {
+    bool reserved = true;
+    bool anyVersion = false;
+    std::optional<std::string> branch;
+    std::optional<std::string> out;
+    bool ndata = false;
+    std::string comment;
+};
+
+void checkOut(Session& s, const std::string& pname, const CheckoutRequest& req)
+{
+    const std::string unable = message(Msg::UnableToCheckOut, {pname});
+    ElementInView e = elementInView(s, pname, unable);
+    const View& view = *s.view();
+    auto activity = requireActivity(s, view, unable);
+    if (checkoutIn(s.store, e.element, view.id))
+        fail(message(Msg::AlreadyCheckedOut, {pname, view.tag}), unable);
+
+    Id version = 0;
+    if (req.branch) {
+        std::string path = *req.branch;
+        if (const size_t at = path.find("@@"); at != std::string::npos)
+            path = path.substr(at + 2);
+        auto branch = branchByPath(s.store, e.element, path);
+        if (!branch)
+            fail(message(Msg::BranchNotFound, {*req.branch, pname}), unable);
+        version = *latestOnBranch(s.store, *branch);
+    } else if (e.target.extended) {
+        auto v = versionByExtension(s.store, e.element, e.target.extension);
+        if (!v)
+            fail(message(Msg::NotVobObject, {pname}), unable);
+        version = *v;
+    } else {
+        auto sel = viewVersion(s, view, e.element);
+        if (!sel)
+            fail(message(Msg::NotVobObject, {pname}), unable);
+        version = sel->version;
+    }
+    const VersionInfo info = versionInfo(s.store, version);
+    if (!req.anyVersion && latestOnBranch(s.store, info.branch) != version)
+        fail(message(Msg::NotLatestVersion, {info.extension()}), unable);
+    if (req.reserved) {
+        auto holder = s.store.scalar("SELECT view_id FROM checkouts WHERE element_id=? AND branch_id=? AND reserved=1",
+                                     e.element, info.branch);
+        if (holder)
+            fail(message(Msg::AlreadyCheckedOut, {pname, viewTag(s.store, *holder)}), unable);
+    }
+    try {
+        checkUnlocked(s, elementLocks(s, e.element, pname), "checkout");
+    } catch (Failure& f) {
+        f.lines.push_back(unable);
+        throw;
+    }
+    s.store.run("INSERT INTO checkouts(element_id, view_id, branch_id, pred_id, reserved, created, user, comment, activity_id) "
+                "VALUES(?,?,?,?,?,?,?,?,?)",
+                e.element, view.id, info.branch, version, req.reserved, s.env.now, s.env.user, req.comment, activity);
+    if (!isDirectory(s.store, e.element)) {
+        std::error_code ec;
+        if (req.out) {
+            writeViewFile(s.resolve(*req.out).abs, versionData(s.store, version), true);
+        } else if (!req.ndata) {
+            const bool keepHijack = fs::exists(e.file, ec) && isHijacked(s, view, e.element, e.file);
+            if (keepHijack)
+                fs::permissions(e.file, fs::perms(0644), ec);
+            else
+                writeViewFile(e.file, versionData(s.store, version), true);
+        }
+    }
+    s.print(message(Msg::CheckedOut, {pname, info.extension()}));
+    printActivity(s, activity);
+}
+
+struct CheckinRequest {
+    std::optional<std::string> comment;
+    bool identical = false;
+    bool keep = false;
+};
+
+void checkIn(Session& s, const std::string& pname, Id element, const fs::path& file, const CheckinRequest& req)
+{
+    const std::string unable = message(Msg::UnableToCheckIn, {pname});
+    const View& view = s.requireView();
+    auto co = checkoutIn(s.store, element, view.id);
+    if (!co)
+        fail(message(Msg::NoBranchCheckedOut, {view.tag}), message(Msg::UnableToFindCheckedOut, {pname}));
+    const bool dir = isDirectory(s.store, element);
+    const auto latest = latestOnBranch(s.store, co->branch);
+    if (latest != co->pred)
+        fail(message(Msg::NotPredecessor, {versionInfo(s.store, co->pred).branchPath}), unable);
+    if (!co->reserved) {
+        auto holder = s.store.scalar(
+            "SELECT view_id FROM checkouts WHERE element_id=? AND branch_id=? AND reserved=1 AND view_id<>?", element,
+            co->branch, view.id);
+        if (holder)
+            fail(message(Msg::ReservedElsewhere, {pname, viewTag(s.store, *holder)}), unable);
+    }
+    std::string data;
+    if (!dir) {
+        std::error_code ec;
+        if (!fs::exists(file, ec))
+            fail(message(Msg::NoSuchFile, {pname}), unable);
+        data = readFile(file);
+        if (!req.identical && versionInfo(s.store, co->pred).number > 0 && data == versionData(s.store, co->pred))
+            fail(message(Msg::IdenticalData), unable);
+    }
+    try {
+        checkUnlocked(s, elementLocks(s, element, pname), "checkin");
+    } catch (Failure& f) {
+        f.lines.push_back(unable);
+        throw;
+    }
+    const Id version = createVersion(s, element, co->branch, data, req.comment.value_or(co->comment), co->pred);
+    s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
+    if (co->activity)
+        s.store.run("INSERT OR IGNORE INTO changeset(activity_id, version_id) VALUES(?,?)", *co->activity, version);
+    s.store.run("INSERT OR REPLACE INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element, version);
+    if (!dir) {
+        if (req.keep) {
+            const fs::path keep = keepName(file);
+            std::error_code ec;
+            fs::copy_file(file, keep, ec);
+            fs::permissions(keep, fs::perms(0644), ec);
+            s.print(message(Msg::PrivateSaved, {pname, s.display(keep)}));
+        }
+        std::error_code ec;
+        fs::permissions(file, fs::perms(0444), ec);
+    }
+    s.print(message(Msg::CheckedIn, {pname, versionInfo(s.store, version).extension()}));
+}
+
+/// The check-outs of this view attached to the activity an operand names ("-cact" or a selector).
+std::vector<Checkout> activityCheckouts(Session& s, const std::string& selector)
+{
+    const View& view = s.requireView();
+    Id activity = 0;
+    if (selector == "-cact") {
+        if (!view.activity)
+            fail(message(Msg::NoCurrentActivity, {view.tag}));
+        activity = *view.activity;
+    } else {
+        Selector sel = parseSelector(selector);
+        const Vob vob = ucmVob(s, sel.vob);
+        auto id = findUcm(s.store, "activities", vob.id, sel.name);
+        if (!id)
+            fail(message(Msg::ObjectNotFound, {"activity", selector}));
+        activity = *id;
+    }
+    std::vector<Checkout> out;
+    for (const Checkout& c : checkoutsWhere(s.store, "activity_id=?", activity)) {
+        if (c.view == view.id)
+            out.push_back(c);
+    }
+    return out;
+}
+
+fs::path checkoutFile(Session& s, const View& view, Id element)
+{
+    const Id vob = vobOfElement(s.store, element);
+    return viewFile(view, *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), elementPath(s.store, element));
+}
+
+std::vector<std::string> withCact(Session& s, const ParsedArgs& args)
+{
+    std::vector<std::string> ops = args.operands();
+    if (args.has("cact"))
+        ops.insert(ops.begin(), "-cact");
+    if (ops.empty())
+        requireOperands(args);
+    (void)s;
+    return ops;
+}
+
+bool isActivityOperand(const std::string& op)
+{
+    return op == "-cact" || op.starts_with("activity:");
+}
+
+struct MakeRequest {
+    bool dir = false;
+    std::string eltype;
+    std::string mode; ///< "co", "nco" or "ci"
+    bool mkpath = false;
+    std::string comment;
+};
+
+Id makeElement(Session& s, const std::string& pname, const MakeRequest& req);
+
+/// The directory element holding `t`, checked out (or made, with -mkpath) in the current view.
+Id parentFor(Session& s, const Target& t, const std::string& unable, const MakeRequest& req)
+{
+    const View& view = *s.view();
+    const fs::path parentAbs = t.abs.parent_path();
+    const std::string parentName = s.display(parentAbs);
+    Target parent = s.resolve(parentAbs.string());
+    if (!parent.vob || !parent.inView)
+        fail(message(Msg::NotVobObject, {parentName}), unable);
+    if (!parent.element) {
+        if (!req.mkpath)
+            fail(message(Msg::NoSuchFile, {parentName}), unable);
+        MakeRequest dirReq{true, "directory", "co", true, req.comment};
+        return makeElement(s, parentName, dirReq);
+    }
+    if (!checkoutIn(s.store, *parent.element, view.id)) {
+        if (!req.mkpath)
+            fail(message(Msg::DirNotCheckedOut, {parentName}), unable);
+        checkOut(s, parentName, CheckoutRequest{true, false, std::nullopt, std::nullopt, false, req.comment});
+    }
+    return *parent.element;
+}
+
+Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
+{
+    const std::string unable = req.dir ? message(Msg::UnableToCreateDirectory, {pname})
+                                       : message(Msg::UnableToCreateElement, {pname});
+    const View& view = s.requireView();
+    Target t = s.resolve(pname);
+    if (!t.vob || !t.inView || t.vobPath.empty())
+        fail(message(Msg::NotVobObject, {pname}), unable);
+    const std::string name = t.abs.filename().string();
+    if (t.element)
+        fail(message(Msg::EntryExists, {name}), unable);
+    std::error_code ec;
+    if (req.dir && fs::exists(t.abs, ec))
+        fail(message(Msg::EntryExists, {name}), unable);
+    auto activity = requireActivity(s, view, unable);
+    const Id parent = parentFor(s, t, unable, req);
+    std::string data;
+    if (!req.dir && fs::is_regular_file(t.abs, ec))
+        data = readFile(t.abs);
+    std::string eltype = req.eltype;
+    if (eltype.empty())
+        eltype = data.find('\0') != std::string::npos ? "compressed_file" : "text_file";
+    if (!findType(s.store, t.vob->id, "eltype", eltype))
+        fail(message(Msg::ElementTypeNotFound, {eltype}), unable);
+    try {
+        checkUnlocked(s, elementLocks(s, parent, s.display(t.abs.parent_path())), "make element");
+    } catch (Failure& f) {
+        f.lines.push_back(unable);
+        throw;
+    }
+    const Id element = createElement(s, t.vob->id, parent, name, eltype, req.dir, req.comment);
+    const Id branch = *branchByPath(s.store, element, "/main");
+    const Id v0 = *latestOnBranch(s.store, branch);
+    s.store.run("INSERT OR REPLACE INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element, v0);
+    s.print(req.dir ? message(Msg::CreatedDirElement, {pname}) : message(Msg::CreatedElement, {pname, eltype}));
+    if (req.dir)
+        fs::create_directories(t.abs, ec);
+    if (req.mode == "nco") {
+        if (!req.dir) {
+            if (!data.empty()) {
+                const fs::path keep = keepName(t.abs);
+                fs::rename(t.abs, keep, ec);
+                s.print(message(Msg::PrivateSaved, {pname, s.display(keep)}));
+            }
+            writeViewFile(t.abs, "", false);
+        }
+        return element;
+    }
+    s.store.run("INSERT INTO checkouts(element_id, view_id, branch_id, pred_id, reserved, created, user, comment, activity_id) "
+                "VALUES(?,?,?,?,1,?,?,?,?)",
+                element, view.id, branch, v0, s.env.now, s.env.user, req.comment, activity);
+    if (!req.dir)
+        writeViewFile(t.abs, data, true);
+    s.print(message(Msg::CheckedOut, {pname, "/main/0"}));
+    if (req.mode == "ci")
+        checkIn(s, pname, element, t.abs, CheckinRequest{req.comment, true, false});
+    return element;
+}
+
+} // namespace
+
+std::optional<Id> requireActivity(Session& s, const View& view, std::string_view unable)
+{
+    if (!view.stream)
+        return std::nullopt;
+    if (!view.activity)
+        fail(message(Msg::NoCurrentActivity, {view.tag}), std::string(unable));
+    return view.activity;
+}
+
+void cmdCheckout(Session& s, const ParsedArgs& args)
+{
+    requireOperands(args);
+    if (args.has("reserved") && args.has("unreserved"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-reserved", "-unreserved"})};
+    if (args.has("out") && args.has("ndata"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-out", "-ndata"})};
+    CheckoutRequest req;
+    req.reserved = !args.has("unreserved");
+    req.anyVersion = args.has("version");
+    req.branch = args.value("branch");
+    req.out = args.value("out");
+    req.ndata = args.has("ndata");
+    req.comment = commentOf(s, args);
+    s.requireView();
+    s.forEach(args.operands(), [&](const std::string& pname) { checkOut(s, pname, req); });
+}
+
+void cmdCheckin(Session& s, const ParsedArgs& args)
+{
+    if (args.has("keep") && args.has("rm"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-keep", "-rm"})};
+    const auto ops = withCact(s, args);
+    CheckinRequest req;
+    if (args.has("comment") || args.has("ncomment") || args.has("cfile"))
+        req.comment = commentOf(s, args);
+    req.identical = args.has("identical");
+    req.keep = args.has("keep");
+    const View& view = s.requireView();
+    for (const std::string& op : ops) {
+        if (!isActivityOperand(op)) {
+            s.guarded([&] {
+                ElementInView e = elementInView(s, op, message(Msg::UnableToCheckIn, {op}));
+                checkIn(s, op, e.element, e.file, req);
+            });
+            continue;
+        }
+        std::vector<Checkout> cos;
+        if (!s.guarded([&] { cos = activityCheckouts(s, op); }))
+            continue;
+        for (const Checkout& c : cos) {
+            const fs::path file = checkoutFile(s, view, c.element);
+            s.guarded([&] { checkIn(s, s.display(file), c.element, file, req); });
+        }
+    }
+}
+
+void cmdUncheckout(Session& s, const ParsedArgs& args)
+{
+    if (args.has("keep") && args.has("rm"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-keep", "-rm"})};
+    const auto ops = withCact(s, args);
+    const View& view = s.requireView();
+    auto undo = [&](const std::string& pname, Id element, const fs::path& file) {
+        const std::string unable = message(Msg::UnableToUncheckout, {pname});
+        auto co = checkoutIn(s.store, element, view.id);
+        if (!co)
+            fail(message(Msg::NotCheckedOut, {pname}), unable);
+        try {
+            checkUnlocked(s, elementLocks(s, element, pname), "uncheckout");
+        } catch (Failure& f) {
+            f.lines.push_back(unable);
+            throw;
+        }
+        s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
+        s.store.run("INSERT OR REPLACE INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element,
+                    co->pred);
+        std::error_code ec;
+        if (!isDirectory(s.store, element)) {
+            bool keep = args.has("keep");
+            if (!keep && !args.has("rm")) {
+                s.out << message(Msg::SaveQuestion, {pname}) << std::flush;
+                std::string answer;
+                std::getline(s.in, answer);
+                keep = answer.empty() || answer[0] == 'y' || answer[0] == 'Y';
+            }
+            if (keep && fs::exists(file, ec)) {
+                const fs::path kept = keepName(file);
+                fs::rename(file, kept, ec);
+                fs::permissions(kept, fs::perms(0644), ec);
+                s.print(message(Msg::PrivateSaved, {pname, s.display(kept)}));
+            }
+            writeViewFile(file, versionData(s.store, co->pred), false);
+        }
+        s.print(message(Msg::CheckoutCancelled, {pname}));
+    };
+    for (const std::string& op : ops) {
+        if (!isActivityOperand(op)) {
+            s.guarded([&] {
+                ElementInView e = elementInView(s, op, message(Msg::UnableToUncheckout, {op}));
+                undo(op, e.element, e.file);
+            });
+            continue;
+        }
+        std::vector<Checkout> cos;
+        if (!s.guarded([&] { cos = activityCheckouts(s, op); }))
+            continue;
+        for (const Checkout& c : cos) {
+            const fs::path file = checkoutFile(s, view, c.element);
+            s.guarded([&] { undo(s.display(file), c.element, file); });
+        }
+    }
+}
+
+void cmdMkelem(Session& s, const ParsedArgs& args)
+{
+    requireOperands(args);
+    if (args.has("nco") && args.has("ci"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-nco", "-ci"})};
+    if (args.has("master") && s.env.lt)
+        fail(message(Msg::LtUnsupported, {"Mastership (-master)"}));
+    MakeRequest req;
+    req.eltype = args.value("eltype").value_or("");
+    req.mode = args.has("nco") ? "nco" : args.has("ci") ? "ci" : "co";
+    req.mkpath = args.has("mkpath");
+    req.comment = commentOf(s, args);
+    if (req.eltype == "directory")
+        req.dir = true;
+    s.requireView();
+    s.forEach(args.operands(), [&](const std::string& pname) { makeElement(s, pname, req); });
+}
+
+void cmdMkdir(Session& s, const ParsedArgs& args)
+{
+    requireOperands(args);
+    MakeRequest req{true, "directory", args.has("nco") ? "nco" : "co", false, commentOf(s, args)};
+    s.requireView();
+    s.forEach(args.operands(), [&](const std::string& pname) { makeElement(s, pname, req); });
+}
+
+} // namespace ccsim

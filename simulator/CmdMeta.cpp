@@ -1,0 +1,374 @@
+#include "CmdMeta.h"
+
+#include "ConfigSpec.h"
+#include "Model.h"
+
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+
+namespace ccsim {
+
+namespace {
+
+/// Creates or (with -replace) redefines one type; `define` writes the kind's own columns.
+template <class Define>
+void makeTypes(Session& s, const ParsedArgs& args, std::string_view kind, Define define)
+{
+    requireOperands(args);
+    if (args.has("global") && args.has("ordinary"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-global", "-ordinary"})};
+    const std::string word = typeKindWord(kind);
+    const std::string comment = commentOf(s, args);
+    s.forEach(args.operands(), [&](const std::string& op) {
+        Selector sel = parseSelector(op);
+        if (!sel.kind.empty() && sel.kind != kind)
+            fail(message(Msg::NotVobObject, {op}), message(Msg::UnableToCreateType, {word, op}));
+        const Vob vob = sel.vob.empty() ? s.currentVob() : s.vobFor(sel.vob);
+        const std::string unable = message(Msg::UnableToCreateType, {word, sel.name});
+        auto existing = findType(s.store, vob.id, kind, sel.name);
+        if (existing && !args.has("replace"))
+            fail(message(Msg::NameExists, {sel.name}), unable);
+        std::vector<ObjectRef> locks{{"vob", vob.id, "versioned object base", vob.tag, vob.id}};
+        if (existing)
+            locks.push_back({"type", *existing, word, sel.name, vob.id});
+        try {
+            checkUnlocked(s, locks, existing ? "modify type" : "make type");
+        } catch (Failure& f) {
+            f.lines.push_back(unable);
+            throw;
+        }
+        Id id = existing.value_or(0);
+        if (!existing)
+            id = s.store.run("INSERT INTO types(vob_id, kind, name, created, user, grp) VALUES(?,?,?,?,?,?)", vob.id, kind,
+                             sel.name, s.env.now, s.env.user, s.env.group);
+        s.store.run("UPDATE types SET comment=?, global=?, per_branch=? WHERE id=?", comment, args.has("global"),
+                    args.has("pbranch"), id);
+        define(id, unable);
+        s.print(message(existing ? Msg::ReplacedType : Msg::CreatedType, {word, sel.name}));
+    });
+}
+
+/// The stored form of an attribute value of `vtype`, or nullopt when it does not parse.
+std::optional<std::string> normalizeValue(const std::string& vtype, const std::string& text, Time now)
+{
+    if (vtype == "string") {
+        if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
+            return text;
+        return std::nullopt;
+    }
+    if (vtype == "integer") {
+        errno = 0;
+        char* end = nullptr;
+        const long long v = std::strtoll(text.c_str(), &end, 0);
+        if (text.empty() || *end || errno)
+            return std::nullopt;
+        return std::to_string(v);
+    }
+    if (vtype == "real") {
+        char* end = nullptr;
+        std::strtod(text.c_str(), &end);
+        if (text.empty() || *end)
+            return std::nullopt;
+        return text;
+    }
+    if (vtype == "time") {
+        auto t = parseDateTime(text, now);
+        if (!t)
+            return std::nullopt;
+        return formatLong(*t);
+    }
+    return text;
+}
+
+/// A comparable number for range checks (integer, real, time).
+double numeric(const std::string& vtype, const std::string& text, Time now)
+{
+    if (vtype == "time")
+        return static_cast<double>(parseDateTime(text, now).value_or(0));
+    return std::strtod(text.c_str(), nullptr);
+}
+
+bool inRange(Session& s, Id type, const std::string& vtype, const std::string& value)
+{
+    if (vtype == "string" || vtype == "opaque")
+        return true;
+    Stmt q = s.store.query("SELECT lo, lo_incl, hi, hi_incl FROM types WHERE id=?", type);
+    q.step();
+    const double v = numeric(vtype, value, s.env.now);
+    if (!q.isNull(0)) {
+        const double lo = numeric(vtype, q.text(0), s.env.now);
+        if (q.integer(1) ? v < lo : v <= lo)
+            return false;
+    }
+    if (!q.isNull(2)) {
+        const double hi = numeric(vtype, q.text(2), s.env.now);
+        if (q.integer(3) ? v > hi : v >= hi)
+            return false;
+    }
+    return true;
+}
+
+struct Labelled {
+    std::string name; ///< pathname for messages
+    Id element = 0;
+    Id version = 0;
+};
+
+/// The versions a pathname operand stands for: itself, plus with -recurse everything below a directory.
+std::vector<Labelled> versionsFor(Session& s, const std::string& op, const std::optional<std::string>& version,
+                                  bool recurse, const std::string& unable)
+{
+    Target t = s.resolve(op);
+    ObjectRef o;
+    try {
+        o = resolvePathObject(s, t, version);
+    } catch (Failure& f) {
+        f.lines.push_back(unable);
+        throw;
+    }
+    if (o.kind != "version")
+        fail(message(Msg::NotVobObject, {op}), unable);
+    std::vector<Labelled> out{{op, *t.element, o.id}};
+    if (recurse && isDirectory(s.store, *t.element) && s.view()) {
+        for (size_t i = 0; i < out.size(); ++i) {
+            if (!isDirectory(s.store, out[i].element))
+                continue;
+            Stmt q = s.store.query("SELECT id, name FROM elements WHERE parent_id=? ORDER BY name", out[i].element);
+            std::vector<std::pair<Id, std::string>> kids;
+            while (q.step())
+                kids.emplace_back(q.integer(0), q.text(1));
+            for (auto& [kid, name] : kids) {
+                auto sel = viewVersion(s, *s.view(), kid);
+                if (sel)
+                    out.push_back({out[i].name + "/" + name, kid, sel->version});
+            }
+        }
+    }
+    return out;
+}
+
+void lockOrUnlock(Session& s, const ParsedArgs& args, bool lock)
+{
+    requireOperands(args);
+    if (args.has("nusers") && args.has("obsolete"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-nusers", "-obsolete"})};
+    const std::string comment = commentOf(s, args);
+    s.forEach(args.operands(), [&](const std::string& op) {
+        ObjectRef o;
+        Selector sel = parseSelector(op);
+        if (args.has("pname") || sel.kind.empty()) {
+            Target t = s.resolve(op);
+            if (!t.extended && t.element)
+                o = ObjectRef{"element", *t.element, "element", op, t.vob->id};
+            else
+                o = resolvePathObject(s, t, args.value("version"));
+        } else {
+            o = resolveObject(s, op);
+        }
+        const bool locked = isLocked(s.store, o.kind, o.id);
+        if (lock) {
+            if (locked && !args.has("replace"))
+                fail(message(Msg::AlreadyLocked), message(Msg::UnableToLock, {o.kindWord, o.name}));
+            s.store.run("INSERT OR REPLACE INTO locks(obj_kind, obj_id, nusers, obsolete, created, user, comment) "
+                        "VALUES(?,?,?,?,?,?,?)",
+                        o.kind, o.id, args.value("nusers"), args.has("obsolete"), s.env.now, s.env.user, comment);
+            s.print(message(Msg::Locked, {o.kindWord, o.name}));
+        } else {
+            if (!locked)
+                fail(message(Msg::NotLocked), message(Msg::UnableToUnlock, {o.kindWord, o.name}));
+            s.store.run("DELETE FROM locks WHERE obj_kind=? AND obj_id=?", o.kind, o.id);
+            s.print(message(Msg::Unlocked, {o.kindWord, o.name}));
+        }
+    });
+}
+
+} // namespace
+
+void cmdMklbtype(Session& s, const ParsedArgs& args)
+{
+    makeTypes(s, args, "lbtype", [](Id, const std::string&) {});
+}
+
+void cmdMkbrtype(Session& s, const ParsedArgs& args)
+{
+    makeTypes(s, args, "brtype", [](Id, const std::string&) {});
+}
+
+void cmdMkattype(Session& s, const ParsedArgs& args)
+{
+    const std::string vtype = args.value("vtype").value_or("string");
+    if (vtype != "string" && vtype != "integer" && vtype != "real" && vtype != "time" && vtype != "opaque")
+        throw UsageError{message(Msg::BadBound, {"-vtype", vtype, "keyword"})};
+    if (args.has("gt") && args.has("ge"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-gt", "-ge"})};
+    if (args.has("lt") && args.has("le"))
+        throw UsageError{message(Msg::ConflictingOptions, {"-lt", "-le"})};
+    const int constraints = args.has("vpelement") + args.has("vpbranch") + args.has("vpversion");
+    if (constraints > 1)
+        throw UsageError{message(Msg::ConflictingOptions, {"-vpelement", "-vpversion"})};
+    auto bound = [&](const char* a, const char* b) -> std::pair<std::optional<std::string>, bool> {
+        std::optional<std::string> text = args.has(a) ? args.value(a) : args.value(b);
+        if (!text)
+            return {std::nullopt, false};
+        if (vtype == "string" || vtype == "opaque" || !normalizeValue(vtype, *text, s.env.now))
+            fail(message(Msg::BadBound, {std::string("-") + (args.has(a) ? a : b), *text, vtype}));
+        return {text, args.has(b)};
+    };
+    const auto [lo, loIncl] = bound("gt", "ge");
+    const auto [hi, hiIncl] = bound("lt", "le");
+    std::optional<std::string> def;
+    if (auto d = args.value("default")) {
+        def = normalizeValue(vtype, *d, s.env.now);
+        if (!def)
+            fail(message(Msg::AttributeValueType, {*d, vtype}));
+    }
+    const std::optional<std::string> attach = args.has("vpelement") ? std::optional<std::string>("element")
+                                            : args.has("vpbranch")   ? std::optional<std::string>("branch")
+                                            : args.has("vpversion")  ? std::optional<std::string>("version")
+                                                                     : std::nullopt;
+    makeTypes(s, args, "attype", [&](Id id, const std::string& unable) {
+        s.store.run("UPDATE types SET vtype=?, attach=?, lo=?, lo_incl=?, hi=?, hi_incl=?, defval=? WHERE id=?", vtype,
+                    attach, lo, loIncl, hi, hiIncl, def, id);
+        if (def && !inRange(s, id, vtype, *def))
+            fail(message(Msg::AttributeValueRange, {*def, *s.store.scalarText("SELECT name FROM types WHERE id=?", id)}),
+                 unable);
+    });
+}
+
+void cmdMklabel(Session& s, const ParsedArgs& args)
+{
+    if (args.operands().size() < 2)
+        throw UsageError{message(Msg::MissingOperand)};
+    Selector sel = parseSelector(args.operands()[0]);
+    if (!sel.kind.empty() && sel.kind != "lbtype")
+        fail(message(Msg::LabelTypeNotFound, {args.operands()[0]}));
+    std::optional<Vob> typeVob;
+    if (!sel.vob.empty())
+        typeVob = s.vobFor(sel.vob);
+    const std::vector<std::string> paths(args.operands().begin() + 1, args.operands().end());
+    s.forEach(paths, [&](const std::string& op) {
+        const std::string unable = message(Msg::UnableToCreateLabel, {sel.name, op});
+        for (const Labelled& l : versionsFor(s, op, args.value("version"), args.has("recurse"), unable)) {
+            s.guarded([&] {
+                const Id vob = vobOfElement(s.store, l.element);
+                const std::string ext = versionInfo(s.store, l.version).extension();
+                const std::string unableOne = message(Msg::UnableToCreateLabel, {sel.name, l.name});
+                auto type = findType(s.store, vob, "lbtype", sel.name);
+                if (!type || (typeVob && typeVob->id != vob))
+                    fail(message(Msg::LabelTypeNotFound, {sel.name}), unableOne);
+                try {
+                    checkUnlocked(s,
+                                  {{"vob", vob, "versioned object base", *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), vob},
+                                   {"type", *type, "label type", sel.name, vob},
+                                   {"element", l.element, "element", l.name, vob}},
+                                  "make label");
+                } catch (Failure& f) {
+                    f.lines.push_back(unableOne);
+                    throw;
+                }
+                auto current = s.store.scalar("SELECT version_id FROM labels WHERE type_id=? AND element_id=?", *type,
+                                              l.element);
+                if (current && !args.has("replace"))
+                    fail(message(*current == l.version ? Msg::LabelOnVersion : Msg::LabelOnElement, {sel.name}),
+                         unableOne);
+                if (current)
+                    s.store.run("DELETE FROM labels WHERE type_id=? AND element_id=?", *type, l.element);
+                s.store.run("INSERT INTO labels(type_id, version_id, element_id, created, user) VALUES(?,?,?,?,?)", *type,
+                            l.version, l.element, s.env.now, s.env.user);
+                addEvent(s, l.element, "label", ext, commentOf(s, args));
+                if (current && *current != l.version)
+                    s.print(message(Msg::MovedLabel,
+                                    {sel.name, l.name, versionInfo(s.store, *current).extension(), ext}));
+                else
+                    s.print(message(Msg::CreatedLabel, {sel.name, l.name, ext}));
+            });
+        }
+    });
+}
+
+void cmdMkattr(Session& s, const ParsedArgs& args)
+{
+    const bool useDefault = args.has("default");
+    const size_t first = useDefault ? 1 : 2;
+    if (args.operands().size() <= first)
+        throw UsageError{message(Msg::MissingOperand)};
+    const Selector typeSel = parseSelector(args.operands()[0]);
+    const std::optional<std::string> value = useDefault ? std::nullopt : std::optional(args.operands()[1]);
+    const std::vector<std::string> targets(args.operands().begin() + static_cast<long>(first), args.operands().end());
+    s.forEach(targets, [&](const std::string& op) {
+        const std::string unable = message(Msg::UnableToCreateAttribute, {typeSel.name, op});
+        std::vector<ObjectRef> objects;
+        if (args.has("pname") || parseSelector(op).kind.empty()) {
+            for (const Labelled& l : versionsFor(s, op, args.value("version"), args.has("recurse"), unable)) {
+                Target t = s.resolve(l.name);
+                ObjectRef o = resolvePathObject(s, t, args.value("version"));
+                objects.push_back(o);
+            }
+        } else {
+            try {
+                objects.push_back(resolveObject(s, op));
+            } catch (Failure& f) {
+                f.lines.push_back(unable);
+                throw;
+            }
+            objects.back().name = op;
+        }
+        for (const ObjectRef& o : objects) {
+            s.guarded([&] {
+                const std::string unableOne = message(Msg::UnableToCreateAttribute, {typeSel.name, o.name});
+                const Id vob = typeSel.vob.empty() ? o.vob : s.vobFor(typeSel.vob).id;
+                auto type = findType(s.store, vob, "attype", typeSel.name);
+                if (!type)
+                    fail(message(Msg::AttributeTypeNotFound, {typeSel.name}), unableOne);
+                Stmt q = s.store.query("SELECT vtype, attach, defval FROM types WHERE id=?", *type);
+                q.step();
+                const std::string vtype = q.isNull(0) ? "string" : q.text(0);
+                if (!q.isNull(1) && q.text(1) != o.kind)
+                    fail(message(Msg::AttributeNotAllowed, {typeSel.name, q.text(1)}), unableOne);
+                std::optional<std::string> stored;
+                if (useDefault) {
+                    if (q.isNull(2))
+                        fail(message(Msg::AttributeValueType, {"-default", vtype}), unableOne);
+                    stored = q.text(2);
+                } else {
+                    stored = normalizeValue(vtype, *value, s.env.now);
+                    if (!stored)
+                        fail(message(Msg::AttributeValueType, {*value, vtype}), unableOne);
+                }
+                if (!inRange(s, *type, vtype, vtype == "time" ? *value : *stored))
+                    fail(message(Msg::AttributeValueRange, {*value, typeSel.name}), unableOne);
+                try {
+                    checkUnlocked(s,
+                                  {{"vob", vob, "versioned object base", *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), vob},
+                                   {"type", *type, "attribute type", typeSel.name, vob},
+                                   o},
+                                  "make attribute");
+                } catch (Failure& f) {
+                    f.lines.push_back(unableOne);
+                    throw;
+                }
+                const bool exists = s.store.scalar("SELECT 1 FROM attrs WHERE obj_kind=? AND obj_id=? AND type_id=?", o.kind,
+                                                   o.id, *type)
+                                        .has_value();
+                if (exists && !args.has("replace"))
+                    fail(message(Msg::AttributeExists, {typeSel.name, o.name}), unableOne);
+                s.store.run("INSERT OR REPLACE INTO attrs(obj_kind, obj_id, type_id, value) VALUES(?,?,?,?)", o.kind, o.id,
+                            *type, *stored);
+                s.print(message(exists ? Msg::ReplacedAttribute : Msg::CreatedAttribute, {typeSel.name, o.name}));
+            });
+        }
+    });
+}
+
+void cmdLock(Session& s, const ParsedArgs& args)
+{
+    lockOrUnlock(s, args, true);
+}
+
+void cmdUnlock(Session& s, const ParsedArgs& args)
+{
+    lockOrUnlock(s, args, false);
+}
+
+} // namespace ccsim

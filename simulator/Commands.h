@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Options.h"
+#include "Session.h"
+
+#include <iosfwd>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ccsim {
+
+/// Raised by a handler when the command line itself is wrong: the cause, then the usage block.
+struct UsageError {
+    std::string cause;
+};
+
+using Handler = void (*)(Session&, const ParsedArgs&);
+
+/// One row of the command table.
+struct Command {
+    std::string_view name;
+    std::string_view aliases; ///< blank-separated short names
+    std::span<const OptionSpec> options;
+    std::string_view usage;
+    Handler handler;
+};
+
+std::span<const Command> commands();
+const Command* findCommand(std::string_view name);
+
+/// The whole program: argv without the program name. Returns the exit status.
+int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std::ostream& out, std::ostream& err,
+                 std::istream& in);
+
+/// The comment of -c / -cfile, empty for -nc or none.
+std::string commentOf(Session& s, const ParsedArgs& args);
+/// Fails with the usage block unless there is at least one operand.
+void requireOperands(const ParsedArgs& args);
+
+} // namespace ccsim
