@@ -1,0 +1,210 @@
+#include "FakeCleartool.h"
+
+#include "WFClearCaseOptions.h"
+#include "WFFiles.h"
+#include "WFServices.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// Discovery tries the standard install folder before PATH; a machine that has one cannot
+/// show what PATH alone finds.
+bool standardInstallPresent()
+{
+    return fileExists("/opt/rational/clearcase/bin/" + cleartoolExecutableName());
+}
+
+struct PathCase {
+    std::string name;
+    std::string stored; // "$T" is the temporary folder
+    std::string expected;
+};
+
+void PrintTo(const PathCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class CleartoolPathTest : public testing::TestWithParam<PathCase> {};
+
+TEST_P(CleartoolPathTest, AFolderGetsTheExecutableAppended)
+{
+    wftest::TempDir temp;
+    temp.write("tools/cleartool.real", "");
+    auto expand = [&](std::string text) {
+        if (const auto at = text.find("$T"); at != std::string::npos)
+            text.replace(at, 2, temp.path());
+        return text;
+    };
+    TWFClearCaseOptions options;
+    options.SetClearToolPath(expand(GetParam().stored));
+    EXPECT_EQ(options.GetCleartoolPath(), expand(GetParam().expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Paths, CleartoolPathTest,
+    testing::Values(PathCase{"Folder", "$T/tools", "$T/tools/" + cleartoolExecutableName()},
+                    PathCase{"FolderWithDelimiter", "$T/tools/", "$T/tools/" + cleartoolExecutableName()},
+                    PathCase{"File", "$T/tools/cleartool.real", "$T/tools/cleartool.real"},
+                    PathCase{"Nothing", "$T/missing", "$T/missing"}),
+    [](const testing::TestParamInfo<PathCase>& info) { return info.param.name; });
+
+TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStored)
+{
+    if (standardInstallPresent())
+        GTEST_SKIP() << "a cleartool is installed in the standard folder";
+    wftest::TempDir temp;
+    std::filesystem::create_directories(temp.file("empty"));
+    const std::string first = wftest::installFakeProgram(temp.file("first"), cleartoolExecutableName());
+    wftest::installFakeProgram(temp.file("second"), cleartoolExecutableName());
+    wftest::ScopedEnv path("PATH", temp.file("missing") + ":" + temp.file("empty") + "::" + temp.file("first") + ":" +
+                                       temp.file("second"));
+
+    TWFClearCaseOptions options;
+    EXPECT_FALSE(options.IsModified());
+    EXPECT_EQ(options.GetCleartoolPath(), first);
+    EXPECT_TRUE(options.IsModified());
+}
+
+TEST(CleartoolDiscoveryTest, NothingFoundLeavesThePathEmpty)
+{
+    if (standardInstallPresent())
+        GTEST_SKIP() << "a cleartool is installed in the standard folder";
+    wftest::TempDir temp;
+    wftest::ScopedEnv path("PATH", temp.path());
+    EXPECT_EQ(defaultClearToolPath(), "");
+    TWFClearCaseOptions options;
+    EXPECT_EQ(options.GetCleartoolPath(), "");
+}
+
+/// What the store holds before and after a load and a save, with the edition on the way.
+struct StoreCase {
+    std::string name;
+    std::string before; // empty: no store file
+    TClearCaseType loadedType;
+    bool loadedDetection;
+    std::string after;
+};
+
+void PrintTo(const StoreCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class OptionsStoreTest : public testing::TestWithParam<StoreCase> {};
+
+TEST_P(OptionsStoreTest, LoadThenSaveWritesTheStore)
+{
+    wftest::TempDir temp;
+    wftest::ScopedEnv path("PATH", temp.path());
+    const std::string store = temp.file("options.ini");
+    if (!GetParam().before.empty())
+        temp.write("options.ini", GetParam().before);
+    WFOptionsServices().Clear();
+    RegisterOptions();
+    std::string error;
+    ASSERT_TRUE(WFOptionsServices().Load(store, error)) << error;
+
+    IWFClearCaseOptions* options = ClearCaseOptions();
+    ASSERT_NE(options, nullptr);
+    EXPECT_EQ(options->GetTestForClearCaseType(), GetParam().loadedDetection);
+    if (!GetParam().loadedDetection) {
+        EXPECT_EQ(options->GetClearCaseType(), GetParam().loadedType);
+    }
+
+    ASSERT_TRUE(WFOptionsServices().Save(store, error)) << error;
+    EXPECT_EQ(wftest::readFile(store), GetParam().after);
+    WFOptionsServices().Clear();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Stores, OptionsStoreTest,
+    testing::Values(
+        StoreCase{"FreshStoreDetects", "", ccUnknown, true,
+                  "[ClearCase]\nCleartoolPath=\nDefaultView=\nInstallationType=Auto\n"},
+        StoreCase{"Lt", "[ClearCase]\nCleartoolPath=/cc/bin\nDefaultView=/views/dev\nInstallationType=ClearCaseLT\n", ccLT,
+                  false, "[ClearCase]\nCleartoolPath=/cc/bin\nDefaultView=/views/dev\nInstallationType=ClearCaseLT\n"},
+        StoreCase{"Full", "[ClearCase]\nInstallationType=ClearCase\n", ccFull, false,
+                  "[ClearCase]\nInstallationType=ClearCase\nCleartoolPath=\nDefaultView=\n"},
+        StoreCase{"UnknownKeepsTheStoredValue", "[ClearCase]\nInstallationType=Manual\n", ccUnknown, false,
+                  "[ClearCase]\nInstallationType=Manual\nCleartoolPath=\nDefaultView=\n"},
+        StoreCase{"ValuesAreCaseSensitive", "[ClearCase]\nInstallationType=auto\n", ccUnknown, false,
+                  "[ClearCase]\nInstallationType=auto\nCleartoolPath=\nDefaultView=\n"},
+        StoreCase{"OtherSectionsStay", "[Other]\nx=1\n\n[ClearCase]\nInstallationType=Auto\n", ccUnknown, true,
+                  "[Other]\nx=1\n\n[ClearCase]\nInstallationType=Auto\nCleartoolPath=\nDefaultView=\n"}),
+    [](const testing::TestParamInfo<StoreCase>& info) { return info.param.name; });
+
+TEST(OptionsStoreTest, EmptyStoredPathIsDiscoveredOnLoadAndSavedAsFound)
+{
+    if (standardInstallPresent())
+        GTEST_SKIP() << "a cleartool is installed in the standard folder";
+    wftest::TempDir temp;
+    const std::string found = wftest::installFakeProgram(temp.file("bin"), cleartoolExecutableName());
+    wftest::ScopedEnv path("PATH", temp.file("bin"));
+    const std::string store = temp.write("options.ini", "[ClearCase]\nCleartoolPath=\nInstallationType=ClearCase\n");
+    WFOptionsServices().Clear();
+    RegisterOptions();
+    std::string error;
+    ASSERT_TRUE(WFOptionsServices().Load(store, error)) << error;
+    ASSERT_TRUE(WFOptionsServices().Save(store, error)) << error;
+    EXPECT_EQ(wftest::readFile(store), "[ClearCase]\nCleartoolPath=" + found + "\nInstallationType=ClearCase\nDefaultView=\n");
+    WFOptionsServices().Clear();
+}
+
+TEST(OptionsScriptingTest, ScriptsReadTheLiveOptions)
+{
+    wftest::FakeCleartool cleartool;
+    cleartool.options().SetDefaultViewPath("/views/dev");
+    cleartool.options().SetClearCaseType(ccLT);
+    std::string text, error;
+    ASSERT_TRUE(WFScriptingServices().Evaluate("ClearCaseOptions", "DefaultViewPath", text, error)) << error;
+    EXPECT_EQ(text, "/views/dev");
+    ASSERT_TRUE(WFScriptingServices().Evaluate("ClearCaseOptions", "ClearCaseType", text, error)) << error;
+    EXPECT_EQ(text, "ccLT");
+    ASSERT_TRUE(WFScriptingServices().Evaluate("ClearCaseOptions", "CleartoolPath", text, error)) << error;
+    EXPECT_EQ(text, cleartool.program());
+}
+
+/// Edition detection: how often cleartool runs across repeated asks.
+struct DetectionCase {
+    std::string name;
+    bool detect;
+    std::string version;
+    TClearCaseType expected;
+    std::size_t runs; // after three asks
+};
+
+void PrintTo(const DetectionCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class DetectionTest : public testing::TestWithParam<DetectionCase> {};
+
+TEST_P(DetectionTest, RunsUntilItSucceedsOnce)
+{
+    wftest::FakeCleartool cleartool;
+    cleartool.respond("-version", GetParam().version);
+    cleartool.options().SetClearCaseType(ccFull);
+    cleartool.options().SetTestForClearCaseType(GetParam().detect);
+
+    for (int ask = 0; ask < 3; ++ask)
+        EXPECT_EQ(cleartool.options().GetClearCaseType(), GetParam().expected) << "ask " << ask;
+    EXPECT_EQ(cleartool.calls().size(), GetParam().runs);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Detection, DetectionTest,
+    testing::Values(DetectionCase{"Off", false, "Rational ClearCase LT\n", ccFull, 0},
+                    DetectionCase{"LtOnce", true, "Rational ClearCase LT\n", ccLT, 1},
+                    DetectionCase{"FullOnce", true, "Rational ClearCase\n", ccFull, 1},
+                    DetectionCase{"UnknownRetried", true, "nothing useful\n", ccUnknown, 3}),
+    [](const testing::TestParamInfo<DetectionCase>& info) { return info.param.name; });
+
+} // namespace

@@ -1,0 +1,271 @@
+#include "FakeCleartool.h"
+
+#include "WFClearCaseUtils.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Response {
+    std::string arguments;
+    std::string output;
+    int exitCode = 0;
+};
+
+/// `calls` name the working directory as "TOOL" (the folder of cleartool) or "VIEW".
+struct QueryCase {
+    std::string name;
+    std::function<std::string(const std::string& view)> query;
+    std::vector<Response> responses;
+    std::vector<std::string> calls;
+    std::string expected;
+};
+
+void PrintTo(const QueryCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class QueryTest : public testing::TestWithParam<QueryCase> {};
+
+TEST_P(QueryTest, RunsCleartoolAndShapesItsOutput)
+{
+    const QueryCase& row = GetParam();
+    wftest::FakeCleartool cleartool;
+    const std::string view = cleartool.temp().path() + "/my view";
+    std::filesystem::create_directories(view);
+    for (const auto& response : row.responses)
+        cleartool.respond(response.arguments, response.output, response.exitCode);
+
+    EXPECT_EQ(row.query(view), row.expected);
+
+    std::vector<std::string> expectedCalls;
+    for (std::string call : row.calls) {
+        const std::string directory = call.rfind("VIEW|", 0) == 0 ? view : cleartool.folder();
+        expectedCalls.push_back(directory + call.substr(call.find('|')));
+    }
+    EXPECT_EQ(cleartool.calls(), expectedCalls);
+}
+
+const std::string kStream = "stream \"dev\"\n"
+                            "  owner: builder\n"
+                            "  contains activities:\n"
+                            "    fix_crash@\\pvob\n"
+                            "   Add_feature@\\pvob\n"
+                            "  baselines:\n"
+                            "    late@\\pvob\n";
+
+INSTANTIATE_TEST_SUITE_P(
+    Queries, QueryTest,
+    testing::Values(
+        QueryCase{"VobNamesSortedIgnoringCase", [](const std::string&) { return CCGetVOBNames(); },
+                  {{"lsvob -short", "\\vobs\\beta\n\\vobs\\Alpha\n\\vobs\\alpha2\n"}},
+                  {"TOOL|lsvob -short"},
+                  "\\vobs\\Alpha\r\n\\vobs\\alpha2\r\n\\vobs\\beta\r\n"},
+        QueryCase{"NonZeroExitGivesNothing", [](const std::string&) { return CCGetVOBNames(); },
+                  {{"lsvob -short", "\\vobs\\beta\n", 1}},
+                  {"TOOL|lsvob -short"},
+                  ""},
+        QueryCase{"LabelTypesUnsortedLockedStripped", [](const std::string&) { return CCGetLabelNames("\\vobs\\src"); },
+                  {{"lstype -short -kind lbtype -invob \\vobs\\src", "REL2 (locked)\nREL1\nREL3 (locked)\n"}},
+                  {"TOOL|lstype -short -kind lbtype -invob \\vobs\\src"},
+                  "REL2\r\nREL1\r\nREL3\r\n"},
+        QueryCase{"AttributeTypeKind", [](const std::string&) { return CCGetTypeNames("attype", "\\v"); },
+                  {{"lstype -short -kind attype -invob \\v", "Status\nOwner\n"}},
+                  {"TOOL|lstype -short -kind attype -invob \\v"},
+                  "Status\r\nOwner\r\n"},
+        QueryCase{"KindVobIgnoresTheVob", [](const std::string&) { return CCGetTypeNames("vob", "\\ignored"); },
+                  {{"lsvob -short", "\\b\n\\a (locked)\n"}},
+                  {"TOOL|lsvob -short"},
+                  "\\a\r\n\\b\r\n"},
+        QueryCase{"KindActivity", [](const std::string&) { return CCGetTypeNames("activity", "\\pvob"); },
+                  {{"lsactivity -short -invob \\pvob", "z_act\nA_act (locked)\n"}},
+                  {"TOOL|lsactivity -short -invob \\pvob"},
+                  "A_act\r\nz_act\r\n"},
+        QueryCase{"KindComponent", [](const std::string&) { return CCGetTypeNames("component", "\\pvob"); },
+                  {{"lscomp -short -invob \\pvob", "gui\ncore\n"}},
+                  {"TOOL|lscomp -short -invob \\pvob"},
+                  "core\r\ngui\r\n"},
+        QueryCase{"KindFolder", [](const std::string&) { return CCGetTypeNames("folder", "\\pvob"); },
+                  {{"lsfolder -short -invob \\pvob", "RootFolder\n"}},
+                  {"TOOL|lsfolder -short -invob \\pvob"},
+                  "RootFolder\r\n"},
+        QueryCase{"KindStream", [](const std::string&) { return CCGetTypeNames("stream", "\\pvob"); },
+                  {{"lsstream -short -invob \\pvob", "main_int\ndev\n"}},
+                  {"TOOL|lsstream -short -invob \\pvob"},
+                  "dev\r\nmain_int\r\n"},
+        QueryCase{"KindsCompareCaseSensitively", [](const std::string&) { return CCGetTypeNames("Stream", "\\pvob"); },
+                  {},
+                  {},
+                  ""},
+        QueryCase{"StoragePools", [](const std::string&) { return CCGetStoragePoolsForVOB("\\v"); },
+                  {{"lspool -short -invob \\v", "sdft\ncdft\nddft\n"}},
+                  {"TOOL|lspool -short -invob \\v"},
+                  "cdft\r\nddft\r\nsdft\r\n"},
+        QueryCase{"ComponentsForViewRunInTheView", [](const std::string& view) { return CCGetUCMComponentsForView(view); },
+                  {{"lscomp -short", "b\na\n"}},
+                  {"VIEW|lscomp -short"},
+                  "a\r\nb\r\n"},
+        QueryCase{"ActivitiesOfTheViewStreamEndAtTheFirstLineWithoutAt",
+                  [](const std::string& view) { return CCGetUCMActivities(view); },
+                  {{"lsstream -long -cview", kStream}},
+                  {"VIEW|lsstream -long -cview"},
+                  "Add_feature@\\pvob\r\nfix_crash@\\pvob\r\n"},
+        QueryCase{"ActivitiesWithoutSection", [](const std::string& view) { return CCGetUCMActivities(view); },
+                  {{"lsstream -long -cview", "stream \"dev\"\n  owner: builder\n"}},
+                  {"VIEW|lsstream -long -cview"},
+                  ""},
+        QueryCase{"HistoryQuotesTheElementAndKeepsFirstOccurrences",
+                  [](const std::string& view) { return CCGetHistory("src/my file.c", view); },
+                  {{"lshistory -short src/my file.c",
+                    "src/my file.c@@/main/2\n\nsrc/my file.c@@/main/1\nSRC/my file.c@@/main/2\nsrc/my file.c@@/main/0\n"}},
+                  {"VIEW|lshistory -short src/my file.c"},
+                  "src/my file.c@@/main/2\r\nsrc/my file.c@@/main/1\r\nsrc/my file.c@@/main/0\r\n"},
+        QueryCase{"LsRecursesInTheDirectoryUnsorted", [](const std::string& view) { return CCGetLS(view); },
+                  {{"ls -recurse -short", "b.c\na.c\n"}},
+                  {"VIEW|ls -recurse -short"},
+                  "b.c\r\na.c\r\n"},
+        QueryCase{"DescribePassesTheObjectUnchanged", [](const std::string&) { return CCDescribeObject("lbtype:REL1@\\vobs\\src"); },
+                  {{"describe lbtype:REL1@\\vobs\\src", "label type \"REL1\"\n  owner: builder\n"}},
+                  {"TOOL|describe lbtype:REL1@\\vobs\\src"},
+                  "label type \"REL1\"\r\n  owner: builder\r\n"},
+        QueryCase{"AttributeValueType", [](const std::string&) { return CCGetAttributeType("Status"); },
+                  {{"describe attype:Status", "attribute type \"Status\"\n  scope: this VOB\n  value type: string\n  owner: x\n"}},
+                  {"TOOL|describe attype:Status"},
+                  "string"},
+        QueryCase{"AttributeValueTypeMissing", [](const std::string&) { return CCGetAttributeType("Status"); },
+                  {{"describe attype:Status", "attribute type \"Status\"\n"}},
+                  {"TOOL|describe attype:Status"},
+                  ""},
+        QueryCase{"AllTypeNamesStopAtTheFirstVobWithout",
+                  [](const std::string&) { return CCGetAllTypeNames("lbtype"); },
+                  {{"lsvob -short", "\\a\n\\b\n\\c\n"},
+                   {"lstype -short -kind lbtype -invob \\a", "REL2\nREL1 (locked)\n"},
+                   {"lstype -short -kind lbtype -invob \\b", ""},
+                   {"lstype -short -kind lbtype -invob \\c", "REL9\n"}},
+                  {"TOOL|lsvob -short", "TOOL|lstype -short -kind lbtype -invob \\a", "TOOL|lstype -short -kind lbtype -invob \\b"},
+                  "REL1\r\nREL2\r\n"},
+        QueryCase{"AllTypeNamesMergeIgnoringCase",
+                  [](const std::string&) { return CCGetAllTypeNames("lbtype"); },
+                  {{"lsvob -short", "\\a\n\\b\n"},
+                   {"lstype -short -kind lbtype -invob \\a", "REL1\nrel3\n"},
+                   {"lstype -short -kind lbtype -invob \\b", "Rel1\nREL2\n"}},
+                  {"TOOL|lsvob -short", "TOOL|lstype -short -kind lbtype -invob \\a", "TOOL|lstype -short -kind lbtype -invob \\b"},
+                  "REL1\r\nREL2\r\nrel3\r\n"},
+        QueryCase{"AllComponentsSkipVobsWithoutAndKeepVobOrder",
+                  [](const std::string&) { return CCGetAllUCMComponents(); },
+                  {{"lsvob -short", "\\b\n\\a\n\\c\n"},
+                   {"lscomp -short -invob \\a", "zed\ncore\n"},
+                   {"lscomp -short -invob \\b", ""},
+                   {"lscomp -short -invob \\c", "core\n"}},
+                  {"TOOL|lsvob -short", "TOOL|lscomp -short -invob \\a", "TOOL|lscomp -short -invob \\b",
+                   "TOOL|lscomp -short -invob \\c"},
+                  "core@\\a\r\nzed@\\a\r\ncore@\\c\r\n"}),
+    [](const testing::TestParamInfo<QueryCase>& info) { return info.param.name; });
+
+TEST(QueryResultTest, UnknownKindAndMissingVobsLeaveTheResultAsPassed)
+{
+    wftest::FakeCleartool cleartool;
+    cleartool.respond("lsvob -short", "");
+
+    std::string result = "kept\r\n";
+    CCGetTypeNames("branch", "\\v", result);
+    EXPECT_EQ(result, "kept\r\n");
+    CCGetAllTypeNames("lbtype", result);
+    EXPECT_EQ(result, "kept\r\n");
+    CCGetAllUCMComponents(result);
+    EXPECT_EQ(result, "kept\r\n");
+    EXPECT_EQ(cleartool.calls().size(), 2u);
+}
+
+TEST(QueryResultTest, NoCleartoolRunsNothing)
+{
+    wftest::FakeCleartool cleartool;
+    const std::vector<std::function<std::string()>> queries = {
+        [] { return CCGetCleartoolOutput("lsvob", "", "", true); },
+        [] { return CCGetVOBNames(); },
+        [] { return CCGetLabelNames("\\v"); },
+        [] { return CCGetAllTypeNames("lbtype"); },
+        [] { return CCGetAllUCMComponents(); },
+        [] { return CCGetUCMActivities("."); },
+        [] { return CCGetHistory("a.c", "."); },
+        [] { return CCGetAttributeType("Status"); },
+    };
+    for (const std::string& missing : {cleartool.temp().file("nowhere/cleartool"), cleartool.temp().path() + "/"}) {
+        cleartool.options().SetClearToolPath(missing);
+        for (const auto& query : queries)
+            EXPECT_EQ(query(), "") << missing;
+    }
+    EXPECT_TRUE(cleartool.calls().empty());
+}
+
+struct ParseCase {
+    std::string name;
+    std::function<std::string(const std::string&)> parse;
+    std::string text;
+    std::string expected;
+};
+
+void PrintTo(const ParseCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class DescriptionParseTest : public testing::TestWithParam<ParseCase> {};
+
+TEST_P(DescriptionParseTest, ReadsTheTextAsCleartoolPrintsIt)
+{
+    EXPECT_EQ(GetParam().parse(GetParam().text), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Descriptions, DescriptionParseTest,
+    testing::Values(
+        ParseCase{"ValueTypeLastLineWithoutBreak", valueTypeFromDescription, "attribute type \"S\"\r\n  value type: string", ""},
+        ParseCase{"ValueTypeBareMarker", valueTypeFromDescription, "  value type:\r\n", ""},
+        ParseCase{"ValueTypeFirstMatchWins", valueTypeFromDescription, "value type: integer\r\nvalue type: real\r\n", "integer"},
+        ParseCase{"ValueTypeIsCaseSensitive", valueTypeFromDescription, "Value Type: integer\r\n", ""},
+        ParseCase{"ActivitiesHeaderLast", activitiesFromStreamDescription, "  contains activities:\r\n", ""},
+        ParseCase{"ActivitiesAfterTheFirstHeaderOnly", activitiesFromStreamDescription,
+                  "contains activities:\r\n  b@\\p\r\nnone\r\ncontains activities:\r\n  a@\\p\r\n", "b@\\p\r\n"}),
+    [](const testing::TestParamInfo<ParseCase>& info) { return info.param.name; });
+
+struct VersionCase {
+    std::string name;
+    std::string output;
+    int exitCode;
+    TClearCaseType expected;
+};
+
+void PrintTo(const VersionCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class InstalledTypeTest : public testing::TestWithParam<VersionCase> {};
+
+TEST_P(InstalledTypeTest, ReadsTheEditionFromTheVersionText)
+{
+    wftest::FakeCleartool cleartool;
+    cleartool.respond("-version", GetParam().output, GetParam().exitCode);
+
+    EXPECT_EQ(CCGetClearCaseInstalledType(), GetParam().expected);
+    EXPECT_EQ(cleartool.calls(), std::vector<std::string>{cleartool.folder() + "|-version"});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Editions, InstalledTypeTest,
+    testing::Values(VersionCase{"Lt", "ClearCase version 7.0\nRational ClearCase LT 7.0.1 (Wed Jan 1)\n", 0, ccLT},
+                    VersionCase{"Full", "Rational ClearCase 7.0.1 (Wed Jan 1)\ncleartool 7.0.1\n", 0, ccFull},
+                    VersionCase{"CaseSensitive", "rational clearcase lt 7.0\n", 0, ccUnknown},
+                    VersionCase{"FailedRun", "Rational ClearCase LT 7.0\n", 2, ccUnknown},
+                    VersionCase{"SomethingElse", "cleartool: Error: unknown\n", 0, ccUnknown}),
+    [](const testing::TestParamInfo<VersionCase>& info) { return info.param.name; });
+
+} // namespace
