@@ -1,0 +1,169 @@
+#include "WFBasicActions.h"
+
+#include "WFFiles.h"
+#include "WFServices.h"
+
+namespace {
+
+constexpr const char* kCategory = "Basic";
+
+} // namespace
+
+TWFLogMessageAction::TWFLogMessageAction()
+{
+    PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
+}
+
+bool TWFLogMessageAction::Validate(IWFActionValidationError& /*errors*/)
+{
+    return true;
+}
+
+bool TWFLogMessageAction::Execute()
+{
+    std::string expanded;
+    if (!TryExpandExpression("Text", m_text, expanded, false))
+        return false;
+    std::size_t start = 0;
+    while (start <= expanded.size()) {
+        auto end = expanded.find('\n', start);
+        if (end == std::string::npos)
+            end = expanded.size();
+        std::string line = expanded.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        if (end < expanded.size() || !line.empty() || start == 0)
+            SendMessage(line);
+        start = end + 1;
+    }
+    return true;
+}
+
+TWFSetVariableAction::TWFSetVariableAction()
+{
+    PublishString("VariableName", [this] { return m_variableName; }, [this](const std::string& v) { m_variableName = v; });
+    PublishString("Value", [this] { return m_value; }, [this](const std::string& v) { m_value = v; });
+}
+
+bool TWFSetVariableAction::Validate(IWFActionValidationError& errors)
+{
+    if (!m_variableName.empty())
+        return true;
+    errors.AddError("Set Variable", "No variable name has been given.");
+    return false;
+}
+
+bool TWFSetVariableAction::Execute()
+{
+    std::string expanded;
+    if (!TryExpandExpression("Value", m_value, expanded, false))
+        return false;
+    SetVariable(m_variableName, TWFVariant(expanded));
+    SendMessage("Set variable " + m_variableName + " to \"" + expanded + "\"");
+    return true;
+}
+
+TWFWriteTextFileAction::TWFWriteTextFileAction()
+{
+    PublishString("FileName", [this] { return m_fileName; }, [this](const std::string& v) { m_fileName = v; });
+    PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
+    PublishBoolean("Append", [this] { return m_append; }, [this](bool v) { m_append = v; });
+}
+
+bool TWFWriteTextFileAction::Validate(IWFActionValidationError& errors)
+{
+    if (!m_fileName.empty())
+        return true;
+    errors.AddError("Write Text File", "No file name has been given.");
+    return false;
+}
+
+bool TWFWriteTextFileAction::Execute()
+{
+    std::string fileName;
+    std::string text;
+    if (!TryExpandExpression("File Name", m_fileName, fileName, true) || !TryExpandExpression("Text", m_text, text, false))
+        return false;
+    const TWFActionHost* host = GetHost();
+    if (!fileName.empty() && fileName.front() != '/' && host && !host->defaultStartingDir.empty())
+        fileName = host->defaultStartingDir + "/" + fileName;
+    std::string bytes;
+    std::string error;
+    if (m_append && fileExists(fileName) && !readWholeFile(fileName, bytes, error)) {
+        SendMessage("Action Failed: " + error + ".");
+        return false;
+    }
+    bytes += text;
+    const std::string folder = parentDirectory(fileName);
+    if (!directoryExists(folder) && !makeDirectories(folder)) {
+        SendMessage("Action Failed: cannot create the folder \"" + folder + "\" for \"" + fileName + "\".");
+        return false;
+    }
+    if (!writeFileAtomically(fileName, bytes, error)) {
+        SendMessage("Action Failed: " + error + ".");
+        return false;
+    }
+    SendMessage((m_append ? "Appended " : "Wrote ") + std::to_string(text.size()) + " bytes to \"" + fileName + "\"");
+    return true;
+}
+
+TWFRunProgramAction::TWFRunProgramAction()
+{
+    LogOutput = true;
+    UseExitCode = true;
+    PublishString("Program", [this] { return m_program; }, [this](const std::string& v) { m_program = v; });
+    PublishString("Arguments", [this] { return m_arguments; }, [this](const std::string& v) { m_arguments = v; });
+    PublishString("WorkingDirectory", [this] { return m_workingDirectory; }, [this](const std::string& v) { m_workingDirectory = v; });
+}
+
+bool TWFRunProgramAction::Validate(IWFActionValidationError& errors)
+{
+    if (!m_program.empty())
+        return true;
+    errors.AddError("Run Program", "No program has been given.");
+    return false;
+}
+
+std::string TWFRunProgramAction::GetExecutable()
+{
+    // The host asks for the program first; a failed expansion fails the command line next.
+    m_programExpanded = TryExpandExpression("Program", m_program, m_expandedProgram, true);
+    return m_expandedProgram;
+}
+
+bool TWFRunProgramAction::GetCommandLine(ICommandLineBuilder& builder)
+{
+    std::string arguments;
+    if (!m_programExpanded || !TryExpandExpression("Arguments", m_arguments, arguments, false))
+        return false;
+    if (!arguments.empty())
+        builder.AddArgument(arguments, "", akPlain);
+    return true;
+}
+
+std::string TWFRunProgramAction::GetStartingDir(const std::string& executable)
+{
+    std::string directory;
+    if (m_workingDirectory.empty() || !TryExpandExpression("Working Directory", m_workingDirectory, directory, true))
+        return TWFExecuteAbstractAction::GetStartingDir(executable);
+    const TWFActionHost* host = GetHost();
+    if (directory.front() != '/' && host && !host->defaultStartingDir.empty())
+        directory = host->defaultStartingDir + "/" + directory;
+    return directory;
+}
+
+void TWFRunProgramAction::BeforeExecute(ICommandLineBuilder& builder)
+{
+    TWFExecuteAbstractAction::BeforeExecute(builder);
+    SendMessage("Command Line: " + m_expandedProgram + (builder.GetCommandLineText().empty() ? "" : " ")
+                + builder.GetCommandLineText());
+}
+
+void RegisterBasicActions()
+{
+    auto& services = WFActionServices();
+    services.RegisterAction(TWFLogMessageAction::ActionName(), kCategory, WFActionClassOf<TWFLogMessageAction>("TWFLogMessageAction"), "WF_LOGMESSAGE");
+    services.RegisterAction(TWFSetVariableAction::ActionName(), kCategory, WFActionClassOf<TWFSetVariableAction>("TWFSetVariableAction"), "WF_SETVARIABLE");
+    services.RegisterAction(TWFWriteTextFileAction::ActionName(), kCategory, WFActionClassOf<TWFWriteTextFileAction>("TWFWriteTextFileAction"), "WF_WRITETEXTFILE");
+    services.RegisterAction(TWFRunProgramAction::ActionName(), kCategory, WFActionClassOf<TWFRunProgramAction>("TWFRunProgramAction"), "WF_RUNPROGRAM");
+}
