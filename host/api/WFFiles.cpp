@@ -1,32 +1,51 @@
 #include "WFFiles.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
-
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <sstream>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 bool writeFileAtomically(const std::string& path, std::string_view bytes, std::string& error)
 {
-    QSaveFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::WriteOnly)) {
-        error = "cannot write \"" + path + "\": " + file.errorString().toStdString();
+    // Written by hand: QSaveFile committed a short write (a full disk or file-size limit) as
+    // success, leaving a truncated file in place of the old one.
+    const auto fail = [&](const std::string& what, int code) {
+        error = "cannot write \"" + path + "\": " + what + ": " + std::strerror(code);
         return false;
+    };
+    std::string temporary = path + ".XXXXXX";
+    const int fd = ::mkstemp(temporary.data());
+    if (fd < 0)
+        return fail("cannot create a temporary file beside it", errno);
+    struct stat existing {};
+    const mode_t mode = ::stat(path.c_str(), &existing) == 0 ? (existing.st_mode & 07777) : 0644;
+    ::fchmod(fd, mode);
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0) {
+            const int code = n < 0 ? errno : ENOSPC;
+            ::close(fd);
+            ::unlink(temporary.c_str());
+            return fail("writing failed", code);
+        }
+        done += static_cast<std::size_t>(n);
     }
-    const auto size = static_cast<qint64>(bytes.size());
-    if (file.write(bytes.data(), size) != size) {
-        error = "cannot write \"" + path + "\": " + file.errorString().toStdString();
-        file.cancelWriting();
-        return false;
+    if (::fsync(fd) != 0 || ::close(fd) != 0) {
+        const int code = errno;
+        ::unlink(temporary.c_str());
+        return fail("writing failed", code);
     }
-    if (!file.commit()) {
-        error = "cannot write \"" + path + "\": " + file.errorString().toStdString();
-        return false;
+    if (::rename(temporary.c_str(), path.c_str()) != 0) {
+        const int code = errno;
+        ::unlink(temporary.c_str());
+        return fail("cannot replace it", code);
     }
     return true;
 }

@@ -8,6 +8,9 @@
 
 #include <filesystem>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace {
 
 enum TColour { clRed, clGreen, clBlue };
@@ -164,14 +167,21 @@ TEST_F(Project, FailedWriteLeavesTheOldFile)
     const std::string path = dir.write("p.wfp", "old contents");
     TWFProject project;
     ASSERT_TRUE(read(kProject, project));
-    std::filesystem::permissions(dir.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    // A file-size limit makes the write fail part way, whatever the user's privileges.
+    rlimit previous{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &previous), 0);
+    const auto oldHandler = ::signal(SIGXFSZ, SIG_IGN);
+    rlimit small{64, previous.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
     std::string error;
     const bool written = WriteProjectFile(path, project, error);
-    std::filesystem::permissions(dir.path(), std::filesystem::perms::owner_all);
-    if (written)
-        GTEST_SKIP() << "the folder stayed writable (running with privileges that ignore permissions)";
+    ::setrlimit(RLIMIT_FSIZE, &previous);
+    ::signal(SIGXFSZ, oldHandler);
+    EXPECT_FALSE(written);
     EXPECT_NE(error.find(path), std::string::npos) << error;
     EXPECT_EQ(wftest::readFile(path), "old contents");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), std::filesystem::directory_iterator()), 1)
+        << "no temporary file is left behind";
 }
 
 } // namespace
