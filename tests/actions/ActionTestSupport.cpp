@@ -1,6 +1,14 @@
 #include "ActionTestSupport.h"
 
 #include "WFClearCaseCheckOutAction.h"
+#include "WFClearCaseCheckInGenericAction.h"
+#include "WFClearCaseCheckInPathAction.h"
+#include "WFClearCaseMakeElementAction.h"
+#include "WFClearCaseUpdateAction.h"
+#include "WFClearCaseSetConfigSpecAction.h"
+#include "WFClearCaseGetConfigSpecAction.h"
+#include "WFClearCaseFindCheckoutsAction.h"
+#include "WFClearCaseCleartoolAction.h"
 #include "WFClearCaseUnCheckOutAction.h"
 #include "WFClearCaseOptions.h"
 #include "WFFiles.h"
@@ -28,6 +36,14 @@ const std::map<std::string, Factory>& factories()
     static const std::map<std::string, Factory> table{
         entry<TClearCaseCheckoutAction>("TClearCaseCheckoutAction"),
         entry<TClearCaseUnCheckOutAction>("TClearCaseUnCheckOutAction"),
+        entry<TClearCaseCheckInGenericAction>("TClearCaseCheckInGenericAction"),
+        entry<TClearCaseCheckInPathAction>("TClearCaseCheckInPathAction"),
+        entry<TClearCaseMakeElementAction>("TClearCaseMakeElementAction"),
+        entry<TClearCaseUpdateAction>("TClearCaseUpdateAction"),
+        entry<TClearCaseSetConfigSpecAction>("TClearCaseSetConfigSpecAction"),
+        entry<TClearCaseGetConfigSpecAction>("TClearCaseGetConfigSpecAction"),
+        entry<TClearCaseFindCheckoutsAction>("TClearCaseFindCheckoutsAction"),
+        entry<TClearCaseCleartoolAction>("TClearCaseCleartoolAction"),
     };
     return table;
 }
@@ -74,6 +90,7 @@ ActionEnvironment::ActionEnvironment()
     project = dir.path() + "/project";
     makeDirectories(view);
     makeDirectories(project);
+    dir.write("specs/rel 1.cs", "element * /main/LATEST\n");
     setCleartoolPath(cleartool);
     setDefaultView("");
     options().SetTestForClearCaseType(false);

@@ -21,7 +21,7 @@ std::vector<std::string> actionClassNames();
 
 /// A run-time environment for actions: the real options (registered through RegisterOptions)
 /// pointing at a fake cleartool, a view folder, a project folder as the host's default
-/// directory, a recording log and build variables.
+/// directory, a config spec file `{dir}/specs/rel 1.cs`, a recording log and build variables.
 class ActionEnvironment {
 public:
     ActionEnvironment();

@@ -189,5 +189,119 @@ const std::vector<CommandLineCase> kUnCheckOutCases = {
 };
 INSTANTIATE_TEST_SUITE_P(UnCheckOut, CommandLineTest, testing::ValuesIn(kUnCheckOutCases), caseName);
 
+// Part 3.3.
+const std::vector<CommandLineCase> kCheckInCases = {
+    {"NoCommentTwoPaths", "TClearCaseCheckInPathAction",
+     {{"PathNameStorageString", "a.c\r\nb.c\r\n"}, {"ViewContextPath", "{view}"}, {"NoComment", "True"}},
+     true, "checkin -nc \"a.c\" \"b.c\"", {kInView}},
+    {"EverySwitchKeepWins", "TClearCaseCheckInPathAction",
+     {{"PathNameStorageString", "a.c\r\n"}, {"ViewContextPath", "{view}"}, {"Comment", "fix"}, {"NoWarnings", "True"},
+      {"PreserveTime", "True"}, {"Keep", "True"}, {"Remove", "True"}, {"IdenticalCheckin", "True"}},
+     true, "checkin -c \"fix\" -nwarn -ptime -keep -identical \"a.c\"", {kInView}},
+    {"RemoveAlone", "TClearCaseCheckInPathAction",
+     {{"PathNameStorageString", "a.c\r\n"}, {"ViewContextPath", "{view}"}, {"PreserveTime", "True"}, {"Remove", "True"},
+      {"IdenticalCheckin", "True"}},
+     true, "checkin -nc -ptime -rm -identical \"a.c\"", {kInView}},
+    {"FailedCommentIsIgnored", "TClearCaseCheckInPathAction",
+     {{"PathNameStorageString", "a.c\r\n"}, {"ViewContextPath", "{view}"}, {"Comment", "%NOPE%"}, {"NoWarnings", "True"}},
+     true, "checkin -nwarn \"a.c\"", {kInView, kNopeComment}},
+    {"NoPathNames", "TClearCaseCheckInPathAction", {{"ViewContextPath", "{view}"}},
+     false, "checkin -nc", {kInView, kNoPaths}},
+    {"FailedBaseStepStillAddsPathNames", "TClearCaseCheckInPathAction",
+     {{"PathNameStorageString", "a.c\r\n"}, {"ViewContextPath", "{dir}/nowhere"}, {"Keep", "True"}},
+     false, "checkin \"a.c\"", {kNoView}},
+    {"GenericPartAlone", "TClearCaseCheckInGenericAction",
+     {{"ViewContextPath", "{view}"}, {"Keep", "True"}},
+     true, "checkin -nc -keep", {kInView}},
+};
+INSTANTIATE_TEST_SUITE_P(CheckIn, CommandLineTest, testing::ValuesIn(kCheckInCases), caseName);
+
+// Part 3.5. The action persists no view context: plain path names run in the project folder.
+const std::vector<CommandLineCase> kMakeElementCases = {
+    {"Defaults", "TClearCaseMakeElementAction", {{"PathNameStorageString", "a.c\r\n"}, {"NoComment", "True"}},
+     true, "mkelem -nc \"a.c\"", {kInProject}},
+    {"CheckedInKeepsTime", "TClearCaseMakeElementAction",
+     {{"PathNameStorageString", "src/new.c\r\n"}, {"Comment", "new"}, {"UseElementType", "True"},
+      {"ElementType", "text_file"}, {"Checkout", "ccCheckedIn"}, {"PreserveTime", "True"}, {"MakePath", "True"}},
+     true, "mkelem -eltype text_file -ci -ptime -mkpath -c \"new\" \"src/new.c\"", {kInProject}},
+    {"EverySwitchWithNoCheckOut", "TClearCaseMakeElementAction",
+     {{"PathNameStorageString", "a.c\r\n"}, {"UseElementType", "True"}, {"ElementType", "binary"},
+      {"Checkout", "ccNoCheckOut"}, {"PreserveTime", "True"}, {"MakePath", "True"}, {"Master", "True"},
+      {"NoWarnings", "True"}},
+     true, "mkelem -eltype binary -nco -mkpath -master -nwarn -nc \"a.c\"", {kInProject}},
+    {"PreserveTimeOnlyWhenCheckedIn", "TClearCaseMakeElementAction",
+     {{"PathNameStorageString", "a.c\r\n"}, {"Checkout", "ccCheckedOut"}, {"PreserveTime", "True"}},
+     true, "mkelem -nc \"a.c\"", {kInProject}},
+    {"ElementTypeOnlyWhenAsked", "TClearCaseMakeElementAction",
+     {{"PathNameStorageString", "a.c\r\n"}, {"ElementType", "text_file"}},
+     true, "mkelem -nc \"a.c\"", {kInProject}},
+    {"EmptyElementTypeIsNotChecked", "TClearCaseMakeElementAction",
+     {{"PathNameStorageString", "a.c\r\n"}, {"UseElementType", "True"}},
+     true, "mkelem -eltype  -nc \"a.c\"", {kInProject}},
+    {"EveryFailureIsReported", "TClearCaseMakeElementAction", {{"Comment", "%NOPE%"}, {"MakePath", "True"}},
+     false, "mkelem -mkpath", {kNoView, kNopeComment, kNoPaths}},
+    {"ExtendedPathNeedsAView", "TClearCaseMakeElementAction", {{"PathNameStorageString", "a.c@@/main/1\r\n"}},
+     false, "mkelem -nc \"a.c@@/main/1\"", {kNoView}},
+};
+INSTANTIATE_TEST_SUITE_P(MakeElement, CommandLineTest, testing::ValuesIn(kMakeElementCases), caseName);
+
+// Part 3.6.
+const std::vector<CommandLineCase> kUpdateCases = {
+    {"DefaultsInDefaultView", "TClearCaseUpdateAction", {{"UseDefaultViewContext", "True"}},
+     true, "update -force -overwrite", {kInView}, "{view}"},
+    {"PretendRenameCheckinTime", "TClearCaseUpdateAction",
+     {{"ViewContextPath", "{view}"}, {"PretendOnly", "True"}, {"HijackMode", "hmRename"}, {"UpdateTimestamp", "tbCheckin"}},
+     true, "update -print -force -rename -ptime", {kInView}},
+    {"NoOverwriteCurrentTime", "TClearCaseUpdateAction",
+     {{"ViewContextPath", "{view}"}, {"HijackMode", "hmNooverwrite"}, {"UpdateTimestamp", "tbCurrent"}},
+     true, "update -force -nooverwrite -ctime", {kInView}},
+    {"NoViewKeepsPrint", "TClearCaseUpdateAction", {{"PretendOnly", "True"}},
+     false, "update -print", {kNoView, "Update failed: No snapshot view specified to update!"}},
+};
+INSTANTIATE_TEST_SUITE_P(Update, CommandLineTest, testing::ValuesIn(kUpdateCases), caseName);
+
+// Part 3.7.
+const std::vector<CommandLineCase> kConfigSpecCases = {
+    {"Current", "TClearCaseSetConfigSpecAction", {{"ViewContextPath", "{view}"}, {"CSFilePath", "%NOPE%"}},
+     true, "setcs -current", {kInView}},
+    {"Default", "TClearCaseSetConfigSpecAction", {{"ViewContextPath", "{view}"}, {"CSpecChoice", "csDefault"}},
+     true, "setcs -default", {kInView}},
+    {"Stream", "TClearCaseSetConfigSpecAction", {{"ViewContextPath", "{view}"}, {"CSpecChoice", "csStream"}},
+     true, "setcs -stream", {kInView}},
+    {"File", "TClearCaseSetConfigSpecAction",
+     {{"ViewContextPath", "{view}"}, {"CSpecChoice", "csFile"}, {"CSFilePath", "%SPECS%/rel 1.cs"}},
+     true, "setcs \"{dir}/specs/rel 1.cs\"", {kInView}, {}, {}, {{"SPECS", "{dir}/specs"}}},
+    {"MissingFile", "TClearCaseSetConfigSpecAction",
+     {{"ViewContextPath", "{view}"}, {"CSpecChoice", "csFile"}, {"CSFilePath", "{dir}/specs/none.cs"}},
+     false, "setcs", {kInView, "Error: The file you have specified for the config spec does not exist."}},
+    {"FileThatFailsToExpand", "TClearCaseSetConfigSpecAction",
+     {{"ViewContextPath", "{view}"}, {"CSpecChoice", "csFile"}, {"CSFilePath", "%NOPE%"}},
+     false, "setcs", {kInView, nope("Config Spec File")}},
+    {"GetIsTheSubCommandAlone", "TClearCaseGetConfigSpecAction",
+     {{"ViewContextPath", "{view}"}, {"OutputToFile", "True"}, {"OutputFilePath", "{dir}/cs.txt"}},
+     true, "catcs", {kInView}},
+};
+INSTANTIATE_TEST_SUITE_P(ConfigSpec, CommandLineTest, testing::ValuesIn(kConfigSpecCases), caseName);
+
+// Parts 3.8 and 3.9.
+const std::vector<CommandLineCase> kListAndGenericCases = {
+    {"FindCheckoutsShortByDefault", "TClearCaseFindCheckoutsAction", {{"ViewContextPath", "{view}"}},
+     true, "lscheckout -short", {kInView}},
+    {"FindCheckoutsLong", "TClearCaseFindCheckoutsAction", {{"ViewContextPath", "{view}"}, {"UseShort", "False"}},
+     true, "lscheckout", {kInView}},
+    {"GenericArguments", "TClearCaseCleartoolAction",
+     {{"ViewContextPath", "{view}"}, {"Command", "lsview"}, {"Arguments", "-short -cview"}},
+     true, "lsview -short -cview", {kInView}},
+    {"GenericQuotingAsTyped", "TClearCaseCleartoolAction",
+     {{"ViewContextPath", "{view}"}, {"Command", "describe"}, {"Arguments", "-long  \"my %WHAT%\""}},
+     true, "describe -long  \"my view\"", {kInView}, {}, {}, {{"WHAT", "view"}}},
+    {"GenericEmptyArguments", "TClearCaseCleartoolAction", {{"ViewContextPath", "{view}"}, {"Command", "lsview"}},
+     true, "lsview ", {kInView}},
+    {"GenericArgumentsFailToExpand", "TClearCaseCleartoolAction",
+     {{"ViewContextPath", "{view}"}, {"Command", "lsview"}, {"Arguments", "%NOPE%"}},
+     false, "lsview", {kInView, nope("Arguments")}},
+};
+INSTANTIATE_TEST_SUITE_P(ListAndGeneric, CommandLineTest, testing::ValuesIn(kListAndGenericCases), caseName);
+
 } // namespace
 } // namespace wftest

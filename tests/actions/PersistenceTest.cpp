@@ -43,6 +43,25 @@ const std::vector<DefaultsCase> kDefaults = {
       "OutExternalPath=", "VersionSelector=", "BranchSelector="}},
     {"TClearCaseUnCheckOutAction",
      {"Keep=False", "PathNameStorageString=", "ViewContextPath=", "UseDefaultViewContext=False"}},
+    {"TClearCaseCheckInGenericAction",
+     {"PathNameStorageString=", "Comment=", "NoComment=True", "ViewContextPath=", "UseDefaultViewContext=False",
+      "NoWarnings=False", "Keep=False", "Remove=False", "PreserveTime=False", "IdenticalCheckin=False"}},
+    {"TClearCaseCheckInPathAction",
+     {"PathNameStorageString=", "Comment=", "NoComment=True", "ViewContextPath=", "UseDefaultViewContext=False",
+      "NoWarnings=False", "Keep=False", "Remove=False", "PreserveTime=False", "IdenticalCheckin=False"}},
+    {"TClearCaseMakeElementAction",
+     {"PathNameStorageString=", "Comment=", "NoComment=True", "Checkout=ccCheckedOut", "UseElementType=False",
+      "ElementType=", "PreserveTime=False", "MakePath=False", "Master=False", "NoWarnings=False"}},
+    {"TClearCaseUpdateAction",
+     {"PretendOnly=False", "UpdateTimestamp=tbDefault", "HijackMode=hmOverwrite", "ViewContextPath=",
+      "UseDefaultViewContext=False"}},
+    {"TClearCaseSetConfigSpecAction",
+     {"ViewContextPath=", "UseDefaultViewContext=False", "CSpecChoice=csCurrent", "CSFilePath="}},
+    {"TClearCaseGetConfigSpecAction",
+     {"ViewContextPath=", "UseDefaultViewContext=False", "OutputToFile=False", "OutputFilePath="}},
+    {"TClearCaseFindCheckoutsAction",
+     {"ViewContextPath=", "UseDefaultViewContext=False", "WriteToVariable=False", "VariableName=", "UseShort=True"}},
+    {"TClearCaseCleartoolAction", {"ViewContextPath=", "UseDefaultViewContext=False", "Arguments=", "Command="}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Actions, PersistedDefaultsTest, testing::ValuesIn(kDefaults),
@@ -124,6 +143,10 @@ TEST_P(EnumerationTest, PersistsByMemberName)
 const std::vector<EnumCase> kEnums = {
     {"TClearCaseCheckoutAction", "DataLocation", {"coView", "coOut", "coNoData"}},
     {"TClearCaseCheckoutAction", "SelectionMode", {"coDefault", "coVersion", "coBranch"}},
+    {"TClearCaseMakeElementAction", "Checkout", {"ccCheckedOut", "ccCheckedIn", "ccNoCheckOut"}},
+    {"TClearCaseUpdateAction", "UpdateTimestamp", {"tbDefault", "tbCurrent", "tbCheckin"}},
+    {"TClearCaseUpdateAction", "HijackMode", {"hmOverwrite", "hmNooverwrite", "hmRename"}},
+    {"TClearCaseSetConfigSpecAction", "CSpecChoice", {"csCurrent", "csDefault", "csFile", "csStream"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Members, EnumerationTest, testing::ValuesIn(kEnums),

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "WFClearCaseBaseAction.h"
+
+#include <string>
+
+/// "ClearCase Run Cleartool (Generic)": any sub-command with the user's own arguments.
+class TClearCaseCleartoolAction : public TClearCaseBaseAction {
+public:
+    TClearCaseCleartoolAction();
+
+    static std::string ActionName() { return "ClearCase Run Cleartool (Generic)"; }
+    std::string GetActionName() const override { return ActionName(); }
+    /// The stored Command, unchecked.
+    std::string GetCommand() override { return m_command; }
+    int GetHelpTopicID() const override { return 4580; }
+    /// Sub-command, then the expanded Arguments as one argument written unchanged.
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+
+    std::string GetArguments() const { return m_arguments; }
+    void SetArguments(const std::string& value) { m_arguments = value; }
+    void SetCommand(const std::string& value) { m_command = value; }
+
+private:
+    std::string m_arguments;
+    std::string m_command;
+};

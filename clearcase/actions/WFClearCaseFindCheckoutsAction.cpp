@@ -1,0 +1,34 @@
+#include "WFClearCaseFindCheckoutsAction.h"
+
+TClearCaseFindCheckoutsAction::TClearCaseFindCheckoutsAction()
+{
+    PublishViewContextPath();
+    PublishUseDefaultViewContext();
+    PublishBoolean("WriteToVariable", [this] { return m_writeToVariable; }, [this](bool v) { m_writeToVariable = v; });
+    PublishString("VariableName", [this] { return m_variableName; }, [this](const std::string& v) { m_variableName = v; });
+    PublishBoolean("UseShort", [this] { return m_useShort; }, [this](bool v) { m_useShort = v; });
+}
+
+bool TClearCaseFindCheckoutsAction::GetCommandLine(ICommandLineBuilder& builder)
+{
+    const bool result = TClearCaseBaseAction::GetCommandLine(builder);
+    if (m_useShort)
+        addPlain(builder, "-short");
+    return result;
+}
+
+void TClearCaseFindCheckoutsAction::BeforeExecute(ICommandLineBuilder& builder)
+{
+    TClearCaseBaseAction::BeforeExecute(builder);
+    if (m_writeToVariable && IsVariableDefined(m_variableName))
+        SetVariable(m_variableName, TWFVariant(std::string()));
+}
+
+void TClearCaseFindCheckoutsAction::OnStdOutData(IWFProcess& process, const std::string& data)
+{
+    TClearCaseBaseAction::OnStdOutData(process, data);
+    // The variant's addition appends in place to the buffer it shares with the stored value,
+    // so a listing that arrives in many chunks is collected in linear time.
+    if (m_writeToVariable && IsVariableDefined(m_variableName))
+        SetVariable(m_variableName, GetVariableValue(m_variableName) + TWFVariant(data));
+}

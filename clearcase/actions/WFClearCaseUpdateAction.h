@@ -1,0 +1,37 @@
+#pragma once
+
+#include "WFClearCaseBaseAction.h"
+
+#include <string>
+#include <vector>
+
+/// What an update does with hijacked files.
+enum TCCHijackMode : int { hmOverwrite = 0, hmNooverwrite = 1, hmRename = 2 };
+const std::vector<std::string>& hijackModeMembers();
+
+/// "ClearCase Update Snapshot View": cleartool update in the view context's directory.
+class TClearCaseUpdateAction : public TClearCaseBaseAction {
+public:
+    TClearCaseUpdateAction();
+
+    static std::string ActionName() { return "ClearCase Update Snapshot View"; }
+    std::string GetActionName() const override { return ActionName(); }
+    std::string GetCommand() override { return "update"; }
+    int GetHelpTopicID() const override { return 4440; }
+    /// The base checks, then an error under "Update Options" when no view is named.
+    bool Validate(IWFActionValidationError& errors) override;
+    /// Sub-command, "-print", then (only with a view) "-force", the hijack and time stamp switches.
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+
+    bool GetPretendOnly() const { return m_pretendOnly; }
+    void SetPretendOnly(bool value) { m_pretendOnly = value; }
+    TCCTimeStampBehaviour GetUpdateTimestamp() const { return m_updateTimestamp; }
+    void SetUpdateTimestamp(TCCTimeStampBehaviour value) { m_updateTimestamp = value; }
+    TCCHijackMode GetHijackMode() const { return m_hijackMode; }
+    void SetHijackMode(TCCHijackMode value) { m_hijackMode = value; }
+
+private:
+    bool m_pretendOnly = false;
+    TCCTimeStampBehaviour m_updateTimestamp = tbDefault;
+    TCCHijackMode m_hijackMode = hmOverwrite;
+};
