@@ -189,12 +189,15 @@ IWFClearCaseOptions* ClearCaseOptions()
     return dynamic_cast<IWFClearCaseOptions*>(options);
 }
 
+TWFOptionsClass ClearCaseOptionsClass()
+{
+    return {"TWFClearCaseOptions", [] { return std::unique_ptr<TWFOptionsObject>(std::make_unique<TWFClearCaseOptions>()); }};
+}
+
 void RegisterOptions()
 {
     WFScriptingServices().RegisterEnumeration("TClearCaseType", {"ccUnknown", "ccLT", "ccFull"});
-    WFOptionsServices().RegisterOptionsClass(
-        {"TWFClearCaseOptions", [] { return std::unique_ptr<TWFOptionsObject>(std::make_unique<TWFClearCaseOptions>()); }},
-        "CC_LOGO");
+    WFOptionsServices().RegisterOptionsClass(ClearCaseOptionsClass(), "CC_LOGO");
     WFScriptingServices().RegisterFunction("ClearCaseOptions", "Variant", {}, [] {
         IWFClearCaseOptions* options = ClearCaseOptions();
         return WFScriptingServices().ObjectToVariant(options ? options->GetImplementation() : nullptr);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "WFOptions.h"
+#include "WFServices.h"
 
 #include <string>
 
@@ -62,6 +63,9 @@ private:
 /// The live options object, found afresh through the host's options services; nullptr when
 /// the host holds none. Callers do not keep the pointer.
 IWFClearCaseOptions* ClearCaseOptions();
+
+/// The options class as registered with the host's options services.
+TWFOptionsClass ClearCaseOptionsClass();
 
 /// Registers the enumeration, the options class and the script function "ClearCaseOptions".
 void RegisterOptions();
