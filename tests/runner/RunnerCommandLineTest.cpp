@@ -1,0 +1,118 @@
+#include "RunnerCommandLine.h"
+#include "RunnerPlugins.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The parsed arguments in one line, so a row states all of them at once.
+std::string describe(const TRunnerArguments& a)
+{
+    std::string text = std::string(runnerCommandName(a.command));
+    if (a.command == TRunnerCommand::Help)
+        text = "help[" + a.helpTopic + "]";
+    if (a.command == TRunnerCommand::Version)
+        text = "version";
+    const auto add = [&](const std::string& field) { text += " " + field; };
+    if (!a.project.empty())
+        add("project=" + a.project);
+    if (!a.configDir.empty())
+        add("config=" + a.configDir);
+    for (const auto& [name, value] : a.variables)
+        add("set:" + name + "=" + value);
+    if (!a.logFile.empty())
+        add("log=" + a.logFile);
+    if (!a.junitFile.empty())
+        add("junit=" + a.junitFile);
+    if (!a.outputFile.empty())
+        add("output=" + a.outputFile);
+    if (a.dryRun)
+        add("dry-run");
+    if (a.printVariables)
+        add("print-variables");
+    if (a.noDefaultPlugins)
+        add("no-default-plugins");
+    if (a.dropUnknown)
+        add("drop-unknown");
+    if (a.timeoutSeconds)
+        add("timeout=" + std::to_string(*a.timeoutSeconds));
+    for (const auto& plugin : a.plugins)
+        add("plugin=" + plugin);
+    if (a.command == TRunnerCommand::Options)
+        add(a.optionsVerb + (a.optionsVerb == "set" ? " [" + a.optionsSection + "][" + a.optionsKey + "]=" + a.optionsValue : ""));
+    return text;
+}
+
+struct ParseCase {
+    std::vector<std::string> arguments;
+    /// describe() of the result, or "error: " and the message.
+    std::string expected;
+};
+
+class ParseRunnerCommandLine : public ::testing::TestWithParam<ParseCase> {};
+
+TEST_P(ParseRunnerCommandLine, Parses)
+{
+    TRunnerArguments result;
+    std::string error;
+    const bool ok = parseRunnerCommandLine(GetParam().arguments, result, error);
+    EXPECT_EQ(ok ? describe(result) : "error: " + error, GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, ParseRunnerCommandLine,
+    ::testing::Values(
+        ParseCase{{"run", "p.wfp"}, "run project=p.wfp"},
+        ParseCase{{"run", "--dry-run", "p.wfp", "--set", "A=1", "--set=B=x=y", "--log", "l", "--junit=j.xml",
+                   "--print-variables", "--timeout", "0", "--plugin", "a.so", "--plugin=b.so", "--config-dir", "c"},
+                  "run project=p.wfp config=c set:A=1 set:B=x=y log=l junit=j.xml dry-run print-variables timeout=0 "
+                  "plugin=a.so plugin=b.so"},
+        ParseCase{{"run", "--", "-odd.wfp"}, "run project=-odd.wfp"},
+        ParseCase{{"run", "p.wfp", "-"}, "error: unexpected argument \"-\""},
+        ParseCase{{"run", "a.wfp", "b.wfp"}, "error: unexpected argument \"b.wfp\""},
+        ParseCase{{"run", "p.wfp", "--timeout", "-1"}, "error: --timeout expects a whole number of seconds, got \"-1\""},
+        ParseCase{{"run", "p.wfp", "--timeout", "5s"}, "error: --timeout expects a whole number of seconds, got \"5s\""},
+        ParseCase{{"run", "p.wfp", "--set", "NOEQUALS"}, "error: --set expects NAME=VALUE, got \"NOEQUALS\""},
+        ParseCase{{"run", "p.wfp", "--dry-run=yes"}, "error: option --dry-run takes no value"},
+        ParseCase{{"run", "p.wfp", "--config-dir="}, "error: --config-dir needs a folder"},
+        ParseCase{{"validate", "p.wfp", "--set", "A=", "--no-default-plugins"}, "validate project=p.wfp set:A= no-default-plugins"},
+        ParseCase{{"validate", "p.wfp", "--log", "x"}, "error: unknown option \"--log\" for \"validate\""},
+        ParseCase{{"resave", "p.wfp", "--output", "o.wfp", "--drop-unknown"}, "resave project=p.wfp output=o.wfp drop-unknown"},
+        ParseCase{{"resave", "p.wfp", "--config-dir", "c"}, "error: unknown option \"--config-dir\" for \"resave\""},
+        ParseCase{{"actions"}, "actions"},
+        ParseCase{{"actions", "extra"}, "error: unexpected argument \"extra\""},
+        ParseCase{{"options"}, "options show"},
+        ParseCase{{"options", "show", "--config-dir", "c"}, "options config=c show"},
+        ParseCase{{"options", "set", "ClearCase.CleartoolPath", "/opt/x y"},
+                  "options set [ClearCase][CleartoolPath]=/opt/x y"},
+        ParseCase{{"options", "set", "A.B.C", ""}, "options set [A][B.C]="},
+        ParseCase{{"options", "set", ".Key", "v"}, "error: options set expects SECTION.KEY, got \".Key\""},
+        ParseCase{{"options", "set", "Section.", "v"}, "error: options set expects SECTION.KEY, got \"Section.\""},
+        ParseCase{{"options", "set", "A.B", "two\nlines"}, "error: an option value must fit on one line"},
+        ParseCase{{"options", "clear"}, "error: options takes \"show\" or \"set\", not \"clear\""},
+        ParseCase{{"options", "show", "more"}, "error: unexpected argument \"more\""},
+        ParseCase{{"help"}, "help[]"},
+        ParseCase{{"help", "resave"}, "help[resave]"},
+        ParseCase{{"resave", "-h"}, "help[resave]"},
+        ParseCase{{"-h"}, "help[]"},
+        ParseCase{{"--version"}, "version"},
+        ParseCase{{"--version", "run"}, "error: unexpected argument \"run\""},
+        ParseCase{{"--verbose"}, "error: unknown option \"--verbose\""},
+        ParseCase{{}, "error: no command given"}));
+
+TEST(RunnerHelp, EveryCommandHasHelpNamingItsUsage)
+{
+    for (const char* command : {"run", "validate", "resave", "actions", "options", "help"})
+        EXPECT_EQ(runnerHelpText(command).rfind(std::string("Usage: wfbuild ") + command, 0), 0u) << command;
+    EXPECT_EQ(runnerHelpText("nonsense"), "");
+}
+
+TEST(RunnerPlugins, FoldersBesideTheProgramAndInTheInstalledLayout)
+{
+    EXPECT_EQ(defaultPluginFolders("/opt/wf/bin"),
+              (std::vector<std::string>{"/opt/wf/bin/plugins", "/opt/wf/lib/wrenfield/plugins"}));
+    EXPECT_EQ(defaultPluginFolders("/build/bin/"),
+              (std::vector<std::string>{"/build/bin/plugins", "/build/lib/wrenfield/plugins"}));
+}
+
+} // namespace

@@ -1,0 +1,572 @@
+// wfbuild driven as a user drives it: the real program, the test package, projects on disk.
+#include "WfbuildProcess.h"
+
+#include "WFTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <thread>
+
+namespace {
+
+using wftest::ProgramRequest;
+using wftest::ProgramRun;
+using wftest::TempDir;
+using Properties = std::vector<std::pair<std::string, std::string>>;
+
+std::string replaceAll(std::string text, const std::string& from, const std::string& to)
+{
+    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+/// One <action> element of the test package.
+std::string action(const std::string& type, const std::string& description, const Properties& properties = {},
+                   bool enabled = true)
+{
+    std::string xml = "    <action type=\"" + type + "\" description=\"" + description + "\" enabled=\""
+        + (enabled ? "True" : "False") + "\">\n";
+    for (const auto& [name, value] : properties)
+        xml += "      <property name=\"" + name + "\">" + value + "</property>\n";
+    return xml + "    </action>\n";
+}
+
+std::string testRun(const std::string& description, const Properties& properties = {}, bool enabled = true)
+{
+    return action("TEST_RUN", description, properties, enabled);
+}
+
+std::string projectXml(const std::string& actions, const std::string& variables = "", const std::string& rootAttributes = "")
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"1\"" + rootAttributes + ">\n  <variables>\n"
+        + variables + "  </variables>\n  <actions>\n" + actions + "  </actions>\n</wfproject>\n";
+}
+
+std::string variable(const std::string& name, const std::string& value)
+{
+    return "    <variable name=\"" + name + "\" type=\"string\" value=\"" + value + "\"/>\n";
+}
+
+class Wfbuild : public ::testing::Test {
+protected:
+    /// Runs wfbuild with the test package only and a configuration folder of the test's own.
+    /// Every program the actions start records its start in record.txt.
+    ProgramRun wfbuild(std::vector<std::string> arguments, ProgramRequest request = {})
+    {
+        request.program = WFBUILD_PATH;
+        request.arguments = std::move(arguments);
+        if (request.arguments.empty() || request.arguments[0] != "help") {
+            request.arguments.insert(request.arguments.end(), {"--no-default-plugins", "--plugin", WF_RUNNER_TEST_PLUGIN});
+        }
+        request.environment.emplace_back("WF_CONFIG_DIR", dir.file("config"));
+        request.environment.emplace_back("WF_FAKE_RECORD", record());
+        return wftest::runProgram(request);
+    }
+    std::string writeProject(const std::string& xml, const std::string& name = "project.wfp")
+    {
+        return dir.write(name, expand(xml));
+    }
+    /// Replaces @DIR@ by the test's folder.
+    std::string expand(const std::string& text) const { return replaceAll(text, "@DIR@", dir.path()); }
+    std::string record() const { return dir.file("record.txt"); }
+    std::size_t programStarts() const { return wftest::readInvocations(record()).size(); }
+
+    TempDir dir;
+};
+
+// ---- Runs: exit status, the plain log whole, how many programs started ----
+
+struct RunCase {
+    std::string name;
+    std::string actions;
+    std::vector<std::string> arguments;
+    int status;
+    std::string log;
+    std::size_t starts;
+    /// A line that standard error must hold; empty: standard error stays empty.
+    std::string errLine;
+    std::string variables = {};
+    std::string rootAttributes = {};
+    std::map<std::string, std::string> files = {};
+};
+
+class WfbuildRun : public Wfbuild, public ::testing::WithParamInterface<RunCase> {};
+
+TEST_P(WfbuildRun, LogStatusAndStarts)
+{
+    const RunCase& c = GetParam();
+    for (const auto& [name, bytes] : c.files)
+        dir.write(name, bytes);
+    const std::string project = writeProject(projectXml(c.actions, c.variables, c.rootAttributes));
+    std::vector<std::string> arguments{"run", project, "--log", dir.file("build.log")};
+    for (const auto& argument : c.arguments)
+        arguments.push_back(expand(argument));
+    const ProgramRun run = wfbuild(arguments);
+
+    EXPECT_EQ(run.status, c.status) << run.out << run.err;
+    EXPECT_EQ(wftest::readFile(dir.file("build.log")), expand(c.log));
+    EXPECT_EQ(programStarts(), c.starts);
+    if (c.errLine.empty())
+        EXPECT_EQ(run.err, "");
+    else
+        EXPECT_NE(run.err.find(expand(c.errLine) + "\n"), std::string::npos) << run.err;
+    EXPECT_LT(run.elapsedMs, 2000);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Runs, WfbuildRun,
+    ::testing::Values(
+        RunCase{"AllSucceed",
+                testRun("first", {{"Arguments", "one &quot;two three&quot;"}, {"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt"}})
+                    + testRun("second", {{"Environment", "WF_FAKE_STDERR=warning: careful"}}),
+                {}, 0, "Command Line: one \"two three\"\nalpha\n\nbeta\nCommand Line: \nwarning: careful\n", 2, "warning: careful",
+                "", "", {{"out.txt", "alpha\r\n\nbeta"}}},
+        RunCase{"FailureStopsTheBuild",
+                testRun("first") + testRun("second", {{"Environment", "WF_FAKE_EXIT=3"}}) + testRun("third"), {}, 1,
+                "Command Line: \nCommand Line: \nAction Failed: the program ended with exit code 3.\n", 2,
+                "Action 2 (Test Run: second) failed: exit code 3"},
+        RunCase{"ValidationErrorsOneLineEachAndNothingStarts",
+                testRun("checked", {{"Program", ""}, {"Mode", "tmFailValidation"}}) + testRun("later"), {}, 1,
+                "Program: No program has been given.\nTest Options: The action was set to fail validation.\n", 0,
+                "Action 1 (Test Run: checked) failed: validation failed"},
+        RunCase{"CommandLineFailureStartsNothing", testRun("broken", {{"Mode", "tmFailCommandLine"}}), {}, 1,
+                "Error: The action was set to fail its command line.\n", 0,
+                "Action 1 (Test Run: broken) failed: the command line could not be built"},
+        RunCase{"DisabledActionsAreSkipped",
+                testRun("off", {{"Environment", "WF_FAKE_EXIT=3"}}, false) + testRun("on", {{"Arguments", "x"}}), {}, 0,
+                "Command Line: x\n", 1, ""},
+        RunCase{"DryRunStartsNothing",
+                testRun("a", {{"Arguments", "x"}}) + testRun("b", {{"Environment", "WF_FAKE_EXIT=3"}}), {"--dry-run"}, 0,
+                "Command Line: x\nCommand Line: \n", 0, ""},
+        RunCase{"SetOverridesAndAddsVariables", testRun("a", {{"Arguments", "%GREETING% %TARGET% %EXTRA%"}}),
+                {"--set", "GREETING=hi there", "--set", "EXTRA=new=1"}, 0, "Command Line: hi there all new=1\n", 1, "",
+                variable("GREETING", "hello") + variable("TARGET", "all")},
+        RunCase{"UndefinedVariableFailsTheAction", testRun("a", {{"Arguments", "%NOPE%"}}), {}, 1,
+                "Error: Could not expand Arguments \"%NOPE%\": \"NOPE\" is neither a build variable nor an environment variable.\n", 0,
+                "Action 1 (Test Run: a) failed: the command line could not be built"},
+        RunCase{"TimeoutStopsTheProgram", testRun("slow", {{"Environment", "WF_FAKE_SLEEP_MS=5000"}}), {"--timeout", "1"},
+                1,
+                "Command Line: \nAction Failed: the program was still running after 1 seconds and was stopped with "
+                "everything it started.\n",
+                1, "Action 1 (Test Run: slow) failed: timed out after 1 s"},
+        RunCase{"ProjectTimeoutApplies", testRun("slow", {{"Environment", "WF_FAKE_SLEEP_MS=5000"}}), {}, 1,
+                "Command Line: \nAction Failed: the program was still running after 1 seconds and was stopped with "
+                "everything it started.\n",
+                1, "Action 1 (Test Run: slow) failed: timed out after 1 s", "", " timeout=\"1\""},
+        RunCase{"MissingProgram", testRun("gone", {{"Program", "@DIR@/missing"}}), {}, 1,
+                "Command Line: \nError: The program \"@DIR@/missing\" could not be started.\nError: Could not start "
+                "\"@DIR@/missing\": No such file or directory.\n",
+                0, "Action 1 (Test Run: gone) failed: Could not start \"@DIR@/missing\": No such file or directory"},
+        RunCase{"OutputInChunksKeepsWholeLines",
+                testRun("chunks", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt&#10;WF_FAKE_CHUNKS=5&#10;"
+                                                   "WF_FAKE_CHUNK_DELAY_MS=20"}}),
+                {}, 0, "Command Line: \nfirst line\nsecond line is longer\nthird\n", 1, "", "", "",
+                {{"out.txt", "first line\nsecond line is longer\nthird"}}},
+        RunCase{"SetVariableFeedsLaterActions",
+                action("TEST_SETVAR", "v", {{"Name", "WHO"}, {"Value", "%TestOptions().Greeting%, %USER_NAME%"}})
+                    + testRun("use", {{"Arguments", "%WHO%"}}),
+                {"--set", "USER_NAME=ann"}, 0, "Set WHO to \"hello, ann\"\nCommand Line: hello, ann\n", 1, ""}),
+    [](const auto& info) { return info.param.name; });
+
+TEST_F(Wfbuild, ConsoleShowsAHeaderPerActionAndProgramErrorsOnStandardError)
+{
+    const std::string project = writeProject(projectXml(
+        testRun("first", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt&#10;WF_FAKE_STDERR=oops"}})
+        + testRun("skipped", {}, false) + testRun("last", {{"Environment", "WF_FAKE_EXIT=2"}})));
+    dir.write("out.txt", "hello\n");
+    const ProgramRun run = wfbuild({"run", project});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "[1/3] Test Run: first\nCommand Line: \nhello\n[2/3] Test Run: skipped (disabled)\n"
+                       "[3/3] Test Run: last\nCommand Line: \nAction Failed: the program ended with exit code 2.\n");
+    EXPECT_EQ(run.err, "oops\nAction 3 (Test Run: last) failed: exit code 2\n");
+}
+
+TEST_F(Wfbuild, PrintVariablesIsTheLastLineAlsoAfterAFailure)
+{
+    for (const bool fail : {false, true}) {
+        SCOPED_TRACE(fail ? "failing run" : "passing run");
+        const std::string project = writeProject(projectXml(
+            action("TEST_SETVAR", "v", {{"Name", "B"}, {"Value", "two\"quoted\""}})
+                + testRun("out", {{"OutputVariable", "OUT"}, {"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt"}})
+                + testRun("end", {{"Environment", fail ? "WF_FAKE_EXIT=1" : ""}})
+                + action("TEST_SETVAR", "never on failure", {{"Name", "Z"}, {"Value", "z"}}),
+            variable("A", "1") + "    <variable name=\"N\" type=\"integer\" value=\"42\"/>\n"));
+        dir.write("out.txt", "line 1\nline 2\n");
+        const ProgramRun run = wfbuild({"run", project, "--print-variables", "--set", "C=%x"});
+        EXPECT_EQ(run.status, fail ? 1 : 0);
+        const std::string json = std::string("{\"A\":\"1\",\"B\":\"two\\\"quoted\\\"\",\"C\":\"%x\",\"N\":42,")
+            + "\"OUT\":\"line 1\\nline 2\"" + (fail ? "" : ",\"Z\":\"z\"") + "}\n";
+        ASSERT_GE(run.out.size(), json.size());
+        EXPECT_EQ(run.out.substr(run.out.size() - json.size()), json);
+        EXPECT_EQ(run.out[run.out.size() - json.size() - 1], '\n');
+    }
+}
+
+TEST_F(Wfbuild, JUnitReportHasOneCasePerAction)
+{
+    const std::string project = writeProject(projectXml(
+        testRun("ok &amp; fine") + testRun("off", {}, false)
+        + testRun("bad", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt&#10;WF_FAKE_EXIT=4"}}) + testRun("after")));
+    dir.write("out.txt", "<tag> & \x01 text\n");
+    const std::string report = dir.file("reports/junit.xml");
+    std::filesystem::create_directories(dir.file("reports"));
+    const ProgramRun run = wfbuild({"run", project, "--junit", report});
+    EXPECT_EQ(run.status, 1);
+    const std::string xml = std::regex_replace(wftest::readFile(report), std::regex("time=\"[0-9.]+\""), "time=\"T\"");
+    EXPECT_EQ(xml, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                   "<testsuites name=\"wfbuild\" tests=\"4\" failures=\"1\" errors=\"0\" skipped=\"2\" time=\"T\">\n"
+                   "  <testsuite name=\"project.wfp\" tests=\"4\" failures=\"1\" errors=\"0\" skipped=\"2\" time=\"T\">\n"
+                   "    <testcase name=\"Test Run: ok &amp; fine\" classname=\"TEST_RUN\" time=\"T\"/>\n"
+                   "    <testcase name=\"Test Run: off\" classname=\"TEST_RUN\" time=\"T\">\n"
+                   "      <skipped message=\"disabled\"/>\n"
+                   "    </testcase>\n"
+                   "    <testcase name=\"Test Run: bad\" classname=\"TEST_RUN\" time=\"T\">\n"
+                   "      <failure message=\"exit code 4\" type=\"ActionFailed\">Command Line: \n"
+                   "&lt;tag&gt; &amp; \xEF\xBF\xBD text\n"
+                   "Action Failed: the program ended with exit code 4.\n"
+                   "</failure>\n"
+                   "    </testcase>\n"
+                   "    <testcase name=\"Test Run: after\" classname=\"TEST_RUN\" time=\"T\">\n"
+                   "      <skipped message=\"not run: an earlier action failed\"/>\n"
+                   "    </testcase>\n"
+                   "  </testsuite>\n"
+                   "</testsuites>\n");
+}
+
+// ---- Interrupts: the program and what it started are gone, nothing further runs ----
+
+class WfbuildInterrupt : public Wfbuild, public ::testing::WithParamInterface<int> {};
+
+TEST_P(WfbuildInterrupt, StopsTheRunningProgramTreeAndExits130)
+{
+    const std::string pidFile = dir.file("child.pid");
+    const std::string project = writeProject(projectXml(
+        testRun("long", {{"Environment", "WF_FAKE_CHILD_PIDFILE=@DIR@/child.pid&#10;WF_FAKE_SLEEP_MS=20000"}})
+        + testRun("never")));
+    ProgramRequest request;
+    request.signalWhenFileReady = pidFile;
+    request.signal = GetParam();
+    const ProgramRun run = wfbuild({"run", project, "--log", dir.file("build.log"), "--junit", dir.file("junit.xml")},
+                                   request);
+
+    EXPECT_EQ(run.status, 130) << run.err;
+    EXPECT_LT(run.elapsedMs, 2000);
+    EXPECT_EQ(programStarts(), 1u);
+    EXPECT_EQ(wftest::readFile(dir.file("build.log")), "Command Line: \nAction Failed: the program was stopped on request.\n");
+    EXPECT_EQ(run.err, "Interrupted: action 1 (Test Run: long) was stopped.\n");
+    EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<failure message=\"interrupted\""), std::string::npos);
+    const int child = std::stoi(wftest::readFile(pidFile));
+    bool gone = false;
+    for (int attempt = 0; attempt < 50 && !(gone = wftest::processGone(child)); ++attempt)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_TRUE(gone) << "the program's child " << child << " still runs";
+    if (!gone)
+        ::kill(child, SIGKILL);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, WfbuildInterrupt, ::testing::Values(SIGINT, SIGTERM),
+                         [](const auto& info) { return info.param == SIGINT ? "SIGINT" : "SIGTERM"; });
+
+// ---- Projects with errors: named with line and column, nothing runs, the file stays ----
+
+struct BadProjectCase {
+    std::string name;
+    std::string text;
+    /// Standard error of `run`, @FILE@ standing for the project's path.
+    std::string err;
+};
+
+class WfbuildBadProject : public Wfbuild, public ::testing::WithParamInterface<BadProjectCase> {};
+
+TEST_P(WfbuildBadProject, RefusedWithPlaceAndLeftUntouched)
+{
+    const BadProjectCase& c = GetParam();
+    const std::string project = writeProject(c.text);
+    const std::string expectedErr = replaceAll(c.err, "@FILE@", project)
+        + "wfbuild: the project " + project + " could not be read; nothing was done.\n";
+    for (const std::string command : {"run", "validate"}) {
+        const ProgramRun run = wfbuild({command, project});
+        EXPECT_EQ(run.status, 2) << command;
+        EXPECT_EQ(run.err, expectedErr) << command;
+    }
+    const ProgramRun resave = wfbuild({"resave", project});
+    EXPECT_EQ(resave.status, 2);
+    EXPECT_EQ(programStarts(), 0u);
+    EXPECT_EQ(wftest::readFile(project), c.text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Projects, WfbuildBadProject,
+    ::testing::Values(
+        BadProjectCase{"MalformedXml", "<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"TEST_RUN\">\n  </actions>\n</wfproject>\n",
+                       "@FILE@:5:12: error: malformed XML: Opening and ending tag mismatch.\n"},
+        BadProjectCase{"UnknownActionType", projectXml(action("TEST_NOPE", "x")),
+                       "@FILE@:6:60: error: unknown action type \"TEST_NOPE\"\n"},
+        BadProjectCase{"BadEnumerationValue", projectXml(testRun("x", {{"Mode", "tmExplode"}})),
+                       "@FILE@:7:28: error: \"tmExplode\" is not a member of property \"Mode\" (expected one of tmRun, "
+                       "tmFailValidation, tmFailCommandLine)\n"},
+        BadProjectCase{"BadBooleanValue", projectXml(testRun("x", {{"Arguments", "a"}, {"LogCommandLine", "yes"}})),
+                       "@FILE@:8:38: error: \"yes\" is not a Boolean (True or False) for property \"LogCommandLine\"\n"},
+        BadProjectCase{"BadEnabledValue",
+                       replaceAll(projectXml(testRun("x")), "enabled=\"True\"", "enabled=\"maybe\""),
+                       "@FILE@:6:60: error: action TEST_RUN: enabled=\"maybe\" is not True or False\n"}),
+    [](const auto& info) { return info.param.name; });
+
+TEST_F(Wfbuild, UnknownPropertyIsAWarningForRunButResaveKeepsTheFile)
+{
+    const std::string text = projectXml(testRun("x", {{"Colour", "blue"}}));
+    const std::string project = writeProject(text);
+    const std::string warning = project + ":7:30: warning: action TEST_RUN does not persist a property \"Colour\"; ignored\n";
+
+    const ProgramRun run = wfbuild({"run", project});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, warning);
+
+    const ProgramRun refused = wfbuild({"resave", project});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.err, warning + "wfbuild: resaving would lose what the warnings above name; nothing was written"
+                                     " (--drop-unknown accepts the loss).\n");
+    EXPECT_EQ(wftest::readFile(project), text);
+
+    const ProgramRun accepted = wfbuild({"resave", project, "--drop-unknown"});
+    EXPECT_EQ(accepted.status, 0);
+    EXPECT_EQ(wftest::readFile(project).find("Colour"), std::string::npos);
+}
+
+// ---- resave ----
+
+const std::string kCanonical =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<wfproject version=\"1\" timeout=\"30\">\n"
+    "  <variables>\n"
+    "    <variable name=\"NAME\" type=\"string\" value=\"Zo\xC3\xAB &amp; &lt;co&gt;\"/>\n"
+    "    <variable name=\"COUNT\" type=\"integer\" value=\"7\"/>\n"
+    "  </variables>\n"
+    "  <actions>\n"
+    "    <action type=\"TEST_RUN\" description=\"\xE6\x97\xA5\xE6\x9C\xAC \xE2\x80\x94 nightly\" enabled=\"True\">\n"
+    "      <property name=\"Program\">/bin/true</property>\n"
+    "      <property name=\"Arguments\">a&#13;&#10;b&#13;c&#10;  d</property>\n"
+    "      <property name=\"Environment\"/>\n"
+    "      <property name=\"Mode\">tmFailCommandLine</property>\n"
+    "      <property name=\"LogCommandLine\">False</property>\n"
+    "      <property name=\"OutputVariable\">&lt;&amp;&gt;&quot;'</property>\n"
+    "    </action>\n"
+    "    <action type=\"TEST_SETVAR\" description=\"\" enabled=\"False\">\n"
+    "      <property name=\"Name\">X</property>\n"
+    "      <property name=\"Value\">tab\there</property>\n"
+    "    </action>\n"
+    "  </actions>\n"
+    "</wfproject>\n";
+
+TEST_F(Wfbuild, ResaveOfACanonicalProjectIsByteForByteTheSame)
+{
+    const std::string project = dir.write("canonical.wfp", kCanonical);
+    const ProgramRun run = wfbuild({"resave", project});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "Wrote " + project + "\n");
+    EXPECT_EQ(wftest::readFile(project), kCanonical);
+}
+
+TEST_F(Wfbuild, ResaveWritesCanonicalFormToOutputAndLeavesTheSource)
+{
+    // Properties out of order, Booleans in any case, defaults omitted.
+    const std::string loose =
+        "<wfproject version=\"1\" timeout=\"30\"><variables>"
+        "<variable name=\"NAME\" value=\"Zo\xC3\xAB &amp; &lt;co>\"/><variable name=\"COUNT\" type=\"integer\" value=\"7\"/>"
+        "</variables><actions>"
+        "<action type=\"TEST_RUN\" description=\"\xE6\x97\xA5\xE6\x9C\xAC \xE2\x80\x94 nightly\">"
+        "<property name=\"OutputVariable\">&lt;&amp;>\"'</property><property name=\"LogCommandLine\">fALSE</property>"
+        "<property name=\"Mode\">tmFailCommandLine</property><property name=\"Program\">/bin/true</property>"
+        "<property name=\"Arguments\">a&#13;&#10;b&#13;c&#10;  d</property></action>"
+        "<action type=\"TEST_SETVAR\" enabled=\"false\"><property name=\"Value\">tab\there</property>"
+        "<property name=\"Name\">X</property></action></actions></wfproject>";
+    const std::string source = dir.write("loose.wfp", loose);
+    const std::string target = dir.file("out.wfp");
+    const ProgramRun run = wfbuild({"resave", source, "--output", target});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(wftest::readFile(target), kCanonical);
+    EXPECT_EQ(wftest::readFile(source), loose);
+}
+
+TEST_F(Wfbuild, ResaveThatCannotWriteLeavesNoTrace)
+{
+    const std::string project = dir.write("canonical.wfp", kCanonical);
+    const ProgramRun run = wfbuild({"resave", project, "--output", dir.file("missing/folder/out.wfp")});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_NE(run.err.find("missing/folder/out.wfp"), std::string::npos) << run.err;
+    EXPECT_FALSE(std::filesystem::exists(dir.file("missing")));
+}
+
+// ---- validate, actions, options ----
+
+TEST_F(Wfbuild, ValidateReportsEveryInvalidEnabledAction)
+{
+    const std::string project = writeProject(projectXml(
+        testRun("good") + testRun("bad", {{"Mode", "tmFailValidation"}, {"Program", ""}})
+        + testRun("off", {{"Mode", "tmFailValidation"}}, false) + action("TEST_SETVAR", "")));
+    const ProgramRun run = wfbuild({"validate", project});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "Action 2 (Test Run: bad): Program: No program has been given.\n"
+                       "Action 2 (Test Run: bad): Test Options: The action was set to fail validation.\n"
+                       "Action 4 (Test Set Variable): Variable: No variable name has been given.\n"
+                       + project + ": 2 of 3 enabled actions are not valid.\n");
+    EXPECT_EQ(programStarts(), 0u);
+
+    const std::string fine = writeProject(projectXml(testRun("good")), "fine.wfp");
+    const ProgramRun ok = wfbuild({"validate", fine});
+    EXPECT_EQ(ok.status, 0);
+    EXPECT_EQ(ok.out, fine + ": all 1 enabled actions are valid.\n");
+}
+
+TEST_F(Wfbuild, ActionsListsTheCatalogueInRegistrationOrder)
+{
+    const ProgramRun run = wfbuild({"actions"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "TEST_RUN\tTest Run\tTesting\nTEST_SETVAR\tTest Set Variable\tTesting\n");
+}
+
+TEST_F(Wfbuild, PluginsInTheInstalledFolderAreLoadedWithoutBeingNamed)
+{
+    ProgramRequest request;
+    request.program = WFBUILD_LAYOUT_PATH;
+    request.arguments = {"actions"};
+    const ProgramRun run = wftest::runProgram(request);
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "TEST_RUN\tTest Run\tTesting\nTEST_SETVAR\tTest Set Variable\tTesting\n");
+}
+
+TEST_F(Wfbuild, OptionsSetWritesTheStoreAndShowReadsItThroughTheOptions)
+{
+    const ProgramRun before = wfbuild({"options"});
+    EXPECT_EQ(before.status, 0);
+    EXPECT_EQ(before.out, "Testing.Greeting=hello\nTesting.Verbose=False\nTesting.Level=lvLow\n");
+
+    const std::string ini = dir.file("config/options.ini");
+    for (const auto& [key, value] : std::vector<std::pair<std::string, std::string>>{
+             {"Testing.Level", "lvHigh"}, {"Testing.Verbose", "true"}, {"Testing.Greeting", "good day = fine"}}) {
+        const ProgramRun set = wfbuild({"options", "set", key, value});
+        EXPECT_EQ(set.status, 0) << set.err;
+        EXPECT_EQ(set.out, "Set " + key + " in " + ini + "\n");
+        EXPECT_EQ(set.err, "");
+    }
+    EXPECT_EQ(wftest::readFile(ini), "[Testing]\nLevel=lvHigh\nVerbose=true\nGreeting=good day = fine\n");
+    const ProgramRun after = wfbuild({"options", "show"});
+    EXPECT_EQ(after.out, "Testing.Greeting=good day = fine\nTesting.Verbose=True\nTesting.Level=lvHigh\n");
+
+    // --config-dir wins over the environment.
+    const ProgramRun elsewhere = wfbuild({"options", "--config-dir", dir.file("other")});
+    EXPECT_EQ(elsewhere.out, before.out);
+}
+
+TEST_F(Wfbuild, OptionsSetWarnsAboutKeysNoPluginReads)
+{
+    const ProgramRun key = wfbuild({"options", "set", "Testing.Colour", "blue"});
+    EXPECT_EQ(key.status, 0);
+    EXPECT_EQ(key.err, "wfbuild: warning: section [Testing] has no key \"Colour\" (its keys: Greeting, Verbose, Level)\n");
+    const ProgramRun section = wfbuild({"options", "set", "Nobody.Colour", "blue"});
+    EXPECT_EQ(section.status, 0);
+    EXPECT_EQ(section.err, "wfbuild: warning: no loaded plug-in reads section [Nobody]\n");
+    EXPECT_EQ(wftest::readFile(dir.file("config/options.ini")), "[Testing]\nColour=blue\n\n[Nobody]\nColour=blue\n");
+}
+
+TEST_F(Wfbuild, OptionsSetThatCannotWriteFailsWithExit2)
+{
+    dir.write("blocker", "a file where a folder should be\n");
+    const ProgramRun run = wfbuild({"options", "set", "Testing.Level", "lvHigh", "--config-dir", dir.file("blocker/config")});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "wfbuild: cannot create the configuration folder \"" + dir.file("blocker/config")
+                           + "\"; nothing was written.\n");
+    EXPECT_EQ(wftest::readFile(dir.file("blocker")), "a file where a folder should be\n");
+}
+
+TEST_F(Wfbuild, RunUsesTheStoredOptions)
+{
+    dir.write("cfg/options.ini", "[Testing]\nGreeting=from the store\n");
+    const std::string project = writeProject(projectXml(testRun("a", {{"Arguments", "%TestOptions().Greeting%"}})));
+    const ProgramRun run = wfbuild({"run", project, "--config-dir", dir.file("cfg"), "--log", dir.file("log")});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(wftest::readFile(dir.file("log")), "Command Line: from the store\n");
+}
+
+TEST_F(Wfbuild, ActionsRunInTheProjectFolder)
+{
+    const std::string project = writeProject(projectXml(testRun("a")), "sub/project.wfp");
+    ProgramRequest request;
+    request.workingDirectory = dir.path();
+    const ProgramRun run = wfbuild({"run", "sub/project.wfp"}, request);
+    EXPECT_EQ(run.status, 0) << run.err;
+    const auto starts = wftest::readInvocations(record());
+    ASSERT_EQ(starts.size(), 1u);
+    EXPECT_EQ(starts[0].cwd, dir.file("sub"));
+}
+
+// ---- usage ----
+
+struct UsageCase {
+    std::string name;
+    std::vector<std::string> arguments;
+    int status;
+    std::string out;
+    std::string err;
+};
+
+class WfbuildUsage : public Wfbuild, public ::testing::WithParamInterface<UsageCase> {};
+
+TEST_P(WfbuildUsage, StatusAndOutput)
+{
+    const UsageCase& c = GetParam();
+    dir.write("fake.so", "");
+    std::vector<std::string> arguments;
+    for (const auto& argument : c.arguments)
+        arguments.push_back(expand(argument));
+    ProgramRequest request;
+    request.program = WFBUILD_PATH;
+    request.arguments = arguments;
+    const ProgramRun run = wftest::runProgram(request);
+    EXPECT_EQ(run.status, c.status);
+    EXPECT_EQ(run.err, expand(c.err));
+    if (c.out.rfind('*', 0) == 0)
+        EXPECT_EQ(run.out.rfind(c.out.substr(1), 0), 0u) << run.out;
+    else
+        EXPECT_EQ(run.out, c.out);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Usage, WfbuildUsage,
+    ::testing::Values(
+        UsageCase{"NoCommand", {}, 2, "", "wfbuild: no command given\nTry 'wfbuild --help'.\n"},
+        UsageCase{"UnknownCommand", {"build"}, 2, "", "wfbuild: unknown command \"build\"\nTry 'wfbuild --help'.\n"},
+        UsageCase{"UnknownOption", {"run", "p.wfp", "--fast"}, 2, "",
+                  "wfbuild: unknown option \"--fast\" for \"run\"\nTry 'wfbuild help run'.\n"},
+        UsageCase{"OptionOfAnotherCommand", {"resave", "p.wfp", "--dry-run"}, 2, "",
+                  "wfbuild: unknown option \"--dry-run\" for \"resave\"\nTry 'wfbuild help resave'.\n"},
+        UsageCase{"MissingProject", {"validate"}, 2, "",
+                  "wfbuild: missing the project file (PROJECT.wfp)\nTry 'wfbuild help validate'.\n"},
+        UsageCase{"MissingValue", {"run", "p.wfp", "--log"}, 2, "",
+                  "wfbuild: option --log needs a value\nTry 'wfbuild help run'.\n"},
+        UsageCase{"BadTimeout", {"run", "p.wfp", "--timeout", "soon"}, 2, "",
+                  "wfbuild: --timeout expects a whole number of seconds, got \"soon\"\nTry 'wfbuild help run'.\n"},
+        UsageCase{"BadSet", {"run", "p.wfp", "--set", "=x"}, 2, "",
+                  "wfbuild: --set expects NAME=VALUE, got \"=x\"\nTry 'wfbuild help run'.\n"},
+        UsageCase{"OptionsSetWithoutValue", {"options", "set", "Testing.Level"}, 2, "",
+                  "wfbuild: missing SECTION.KEY and VALUE after \"options set\"\nTry 'wfbuild help options'.\n"},
+        UsageCase{"PluginThatIsNoLibrary", {"actions", "--plugin", "@DIR@/fake.so"}, 2, "",
+                  "wfbuild: cannot load plug-in \"@DIR@/fake.so\": Cannot load library @DIR@/fake.so: "
+                  "(@DIR@/fake.so: file too short)\n"},
+        UsageCase{"MissingPlugin", {"actions", "--plugin", "@DIR@/none.so"}, 2, "",
+                  "wfbuild: plug-in \"@DIR@/none.so\" does not exist\n"},
+        UsageCase{"Help", {"--help"}, 0, "*Usage: wfbuild COMMAND [OPTIONS]\n", ""},
+        UsageCase{"HelpOfCommand", {"help", "run"}, 0, "*Usage: wfbuild run PROJECT.wfp", ""},
+        UsageCase{"HelpAfterCommand", {"options", "--help"}, 0, "*Usage: wfbuild options", ""},
+        UsageCase{"HelpOfNothing", {"help", "fly"}, 2, "",
+                  "wfbuild: no help on \"fly\": it is not a command\nTry 'wfbuild --help'.\n"},
+        UsageCase{"Version", {"--version"}, 0, "wfbuild " WF_VERSION "\n", ""}),
+    [](const auto& info) { return info.param.name; });
+
+} // namespace

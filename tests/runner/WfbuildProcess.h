@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace wftest {
+
+/// One start of a program under test, with what it printed and how it ended.
+struct ProgramRun {
+    /// The exit code, or 128 + the signal that ended it.
+    int status = -1;
+    std::string out;
+    std::string err;
+    /// Milliseconds from start to end.
+    long long elapsedMs = 0;
+};
+
+struct ProgramRequest {
+    std::string program;
+    std::vector<std::string> arguments;
+    /// Added to (or replacing in) the test's own environment.
+    std::vector<std::pair<std::string, std::string>> environment;
+    std::string workingDirectory;
+    /// When set, the program gets `signal` as soon as this file holds a complete line.
+    std::string signalWhenFileReady;
+    int signal = 0;
+    /// Killed after this long; the run then reports status -1.
+    int deadlineMs = 10000;
+};
+
+/// Starts the program without a shell and waits for its end, collecting both outputs.
+ProgramRun runProgram(const ProgramRequest& request);
+
+/// True when no process with this pid runs any more (a zombie awaiting its reaper counts as gone).
+bool processGone(int pid);
+
+} // namespace wftest
