@@ -32,8 +32,7 @@ ElementInView elementInView(Session& s, const std::string& pname, const std::str
 std::vector<ObjectRef> elementLocks(Session& s, Id element, const std::string& name)
 {
     const Id vob = vobOfElement(s.store, element);
-    return {ObjectRef{"vob", vob, "versioned object base", *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), vob},
-            ObjectRef{"element", element, "element", name, vob}};
+    return {vobRef(s.store, vob), ObjectRef{"element", element, "element", name, vob}};
 }
 
 void printActivity(Session& s, std::optional<Id> activity)
@@ -95,12 +94,7 @@ void checkOut(Session& s, const std::string& pname, const CheckoutRequest& req)
         if (holder)
             fail(message(Msg::AlreadyCheckedOut, {pname, viewTag(s.store, *holder)}), unable);
     }
-    try {
-        checkUnlocked(s, elementLocks(s, e.element, pname), "checkout");
-    } catch (Failure& f) {
-        f.lines.push_back(unable);
-        throw;
-    }
+    checkUnlocked(s, elementLocks(s, e.element, pname), "checkout", unable);
     s.store.run("INSERT INTO checkouts(element_id, view_id, branch_id, pred_id, reserved, created, user, comment, activity_id) "
                 "VALUES(?,?,?,?,?,?,?,?,?)",
                 e.element, view.id, info.branch, version, req.reserved, s.env.now, s.env.user, req.comment, activity);
@@ -153,12 +147,7 @@ void checkIn(Session& s, const std::string& pname, Id element, const fs::path& f
         if (!req.identical && versionInfo(s.store, co->pred).number > 0 && data == versionData(s.store, co->pred))
             fail(message(Msg::IdenticalData), unable);
     }
-    try {
-        checkUnlocked(s, elementLocks(s, element, pname), "checkin");
-    } catch (Failure& f) {
-        f.lines.push_back(unable);
-        throw;
-    }
+    checkUnlocked(s, elementLocks(s, element, pname), "checkin", unable);
     const Id version = createVersion(s, element, co->branch, data, req.comment.value_or(co->comment), co->pred);
     s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
     if (co->activity)
@@ -209,20 +198,43 @@ fs::path checkoutFile(Session& s, const View& view, Id element)
     return viewFile(view, *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), elementPath(s.store, element));
 }
 
-std::vector<std::string> withCact(Session& s, const ParsedArgs& args)
+std::vector<std::string> withCact(const ParsedArgs& args)
 {
     std::vector<std::string> ops = args.operands();
     if (args.has("cact"))
         ops.insert(ops.begin(), "-cact");
     if (ops.empty())
         requireOperands(args);
-    (void)s;
     return ops;
 }
 
 bool isActivityOperand(const std::string& op)
 {
     return op == "-cact" || op.starts_with("activity:");
+}
+
+/// Runs `body` on each pathname operand, and on each check-out of this view that an
+/// activity operand ("-cact" or a selector) holds; every one fails or succeeds alone.
+template <class F>
+void forEachCheckoutOperand(Session& s, const std::vector<std::string>& ops, Msg unable, F body)
+{
+    const View& view = s.requireView();
+    for (const std::string& op : ops) {
+        if (!isActivityOperand(op)) {
+            s.guarded([&] {
+                ElementInView e = elementInView(s, op, message(unable, {op}));
+                body(op, e.element, e.file);
+            });
+            continue;
+        }
+        std::vector<Checkout> cos;
+        if (!s.guarded([&] { cos = activityCheckouts(s, op); }))
+            continue;
+        for (const Checkout& c : cos) {
+            const fs::path file = checkoutFile(s, view, c.element);
+            s.guarded([&] { body(s.display(file), c.element, file); });
+        }
+    }
 }
 
 struct MakeRequest {
@@ -282,12 +294,7 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
         eltype = data.find('\0') != std::string::npos ? "compressed_file" : "text_file";
     if (!findType(s.store, t.vob->id, "eltype", eltype))
         fail(message(Msg::ElementTypeNotFound, {eltype}), unable);
-    try {
-        checkUnlocked(s, elementLocks(s, parent, s.display(t.abs.parent_path())), "make element");
-    } catch (Failure& f) {
-        f.lines.push_back(unable);
-        throw;
-    }
+    checkUnlocked(s, elementLocks(s, parent, s.display(t.abs.parent_path())), "make element", unable);
     const Id element = createElement(s, t.vob->id, parent, name, eltype, req.dir, req.comment);
     const Id branch = *branchByPath(s.store, element, "/main");
     const Id v0 = *latestOnBranch(s.store, branch);
@@ -350,48 +357,30 @@ void cmdCheckin(Session& s, const ParsedArgs& args)
 {
     if (args.has("keep") && args.has("rm"))
         throw UsageError{message(Msg::ConflictingOptions, {"-keep", "-rm"})};
-    const auto ops = withCact(s, args);
+    const auto ops = withCact(args);
     CheckinRequest req;
     if (args.has("comment") || args.has("ncomment") || args.has("cfile"))
         req.comment = commentOf(s, args);
     req.identical = args.has("identical");
     req.keep = args.has("keep");
-    const View& view = s.requireView();
-    for (const std::string& op : ops) {
-        if (!isActivityOperand(op)) {
-            s.guarded([&] {
-                ElementInView e = elementInView(s, op, message(Msg::UnableToCheckIn, {op}));
-                checkIn(s, op, e.element, e.file, req);
-            });
-            continue;
-        }
-        std::vector<Checkout> cos;
-        if (!s.guarded([&] { cos = activityCheckouts(s, op); }))
-            continue;
-        for (const Checkout& c : cos) {
-            const fs::path file = checkoutFile(s, view, c.element);
-            s.guarded([&] { checkIn(s, s.display(file), c.element, file, req); });
-        }
-    }
+    s.requireView();
+    forEachCheckoutOperand(s, ops, Msg::UnableToCheckIn, [&](const std::string& pname, Id element, const fs::path& file) {
+        checkIn(s, pname, element, file, req);
+    });
 }
 
 void cmdUncheckout(Session& s, const ParsedArgs& args)
 {
     if (args.has("keep") && args.has("rm"))
         throw UsageError{message(Msg::ConflictingOptions, {"-keep", "-rm"})};
-    const auto ops = withCact(s, args);
+    const auto ops = withCact(args);
     const View& view = s.requireView();
     auto undo = [&](const std::string& pname, Id element, const fs::path& file) {
         const std::string unable = message(Msg::UnableToUncheckout, {pname});
         auto co = checkoutIn(s.store, element, view.id);
         if (!co)
             fail(message(Msg::NotCheckedOut, {pname}), unable);
-        try {
-            checkUnlocked(s, elementLocks(s, element, pname), "uncheckout");
-        } catch (Failure& f) {
-            f.lines.push_back(unable);
-            throw;
-        }
+        checkUnlocked(s, elementLocks(s, element, pname), "uncheckout", unable);
         s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
         s.store.run("INSERT OR REPLACE INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element,
                     co->pred);
@@ -414,22 +403,7 @@ void cmdUncheckout(Session& s, const ParsedArgs& args)
         }
         s.print(message(Msg::CheckoutCancelled, {pname}));
     };
-    for (const std::string& op : ops) {
-        if (!isActivityOperand(op)) {
-            s.guarded([&] {
-                ElementInView e = elementInView(s, op, message(Msg::UnableToUncheckout, {op}));
-                undo(op, e.element, e.file);
-            });
-            continue;
-        }
-        std::vector<Checkout> cos;
-        if (!s.guarded([&] { cos = activityCheckouts(s, op); }))
-            continue;
-        for (const Checkout& c : cos) {
-            const fs::path file = checkoutFile(s, view, c.element);
-            s.guarded([&] { undo(s.display(file), c.element, file); });
-        }
-    }
+    forEachCheckoutOperand(s, ops, Msg::UnableToUncheckout, undo);
 }
 
 void cmdMkelem(Session& s, const ParsedArgs& args)

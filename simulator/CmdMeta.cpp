@@ -32,12 +32,7 @@ void makeTypes(Session& s, const ParsedArgs& args, std::string_view kind, Define
         std::vector<ObjectRef> locks{{"vob", vob.id, "versioned object base", vob.tag, vob.id}};
         if (existing)
             locks.push_back({"type", *existing, word, sel.name, vob.id});
-        try {
-            checkUnlocked(s, locks, existing ? "modify type" : "make type");
-        } catch (Failure& f) {
-            f.lines.push_back(unable);
-            throw;
-        }
+        checkUnlocked(s, locks, existing ? "modify type" : "make type", unable);
         Id id = existing.value_or(0);
         if (!existing)
             id = s.store.run("INSERT INTO types(vob_id, kind, name, created, user, grp) VALUES(?,?,?,?,?,?)", vob.id, kind,
@@ -257,16 +252,11 @@ void cmdMklabel(Session& s, const ParsedArgs& args)
                 auto type = findType(s.store, vob, "lbtype", sel.name);
                 if (!type || (typeVob && typeVob->id != vob))
                     fail(message(Msg::LabelTypeNotFound, {sel.name}), unableOne);
-                try {
-                    checkUnlocked(s,
-                                  {{"vob", vob, "versioned object base", *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), vob},
+                checkUnlocked(s,
+                                  {vobRef(s.store, vob),
                                    {"type", *type, "label type", sel.name, vob},
                                    {"element", l.element, "element", l.name, vob}},
-                                  "make label");
-                } catch (Failure& f) {
-                    f.lines.push_back(unableOne);
-                    throw;
-                }
+                                  "make label", unableOne);
                 auto current = s.store.scalar("SELECT version_id FROM labels WHERE type_id=? AND element_id=?", *type,
                                               l.element);
                 if (current && !args.has("replace"))
@@ -338,16 +328,11 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
                 }
                 if (!inRange(s, *type, vtype, vtype == "time" ? *value : *stored))
                     fail(message(Msg::AttributeValueRange, {*value, typeSel.name}), unableOne);
-                try {
-                    checkUnlocked(s,
-                                  {{"vob", vob, "versioned object base", *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), vob},
+                checkUnlocked(s,
+                                  {vobRef(s.store, vob),
                                    {"type", *type, "attribute type", typeSel.name, vob},
                                    o},
-                                  "make attribute");
-                } catch (Failure& f) {
-                    f.lines.push_back(unableOne);
-                    throw;
-                }
+                                  "make attribute", unableOne);
                 const bool exists = s.store.scalar("SELECT 1 FROM attrs WHERE obj_kind=? AND obj_id=? AND type_id=?", o.kind,
                                                    o.id, *type)
                                         .has_value();

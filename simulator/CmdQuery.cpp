@@ -23,12 +23,6 @@ std::string stampUser(Session& s, Time t, const std::string& user)
     return pad(formatShort(t, s.env.now), 12) + "   " + pad(user, 10) + " ";
 }
 
-void printNames(Session& s, Stmt q)
-{
-    while (q.step())
-        s.print(q.text(0));
-}
-
 std::string lockSuffix(Store& store, std::string_view kind, Id id)
 {
     return isLocked(store, kind, id) ? " (locked)" : "";
@@ -579,7 +573,7 @@ void cmdLscheckout(Session& s, const ParsedArgs& args)
             const bool direct = below && file.parent_path().string() == root;
             const bool self = f == root;
             const bool recurse = args.has("recurse") || args.has("all") || !scope.vob;
-            if (!(self && (args.has("directory") || !isDirectory(s.store, co->element))) &&
+            if (!(self && (args.has("directory") || recurse || !isDirectory(s.store, co->element))) &&
                 !(args.has("directory") ? false : recurse ? below : direct))
                 continue;
             const std::string shown = s.display(file);

@@ -214,12 +214,7 @@ void cmdMkactivity(Session& s, const ParsedArgs& args)
         if (vob.id != pvob.id)
             fail(message(Msg::NotProjectVob, {vob.tag}), unable);
         requireNewName(s, "activities", "activity", vob, sel.name);
-        try {
-            checkUnlocked(s, {{"stream", *stream, "stream", ucmName(s.store, "streams", *stream), vob.id}}, "make activity");
-        } catch (Failure& f) {
-            f.lines.push_back(unable);
-            throw;
-        }
+        checkUnlocked(s, {{"stream", *stream, "stream", ucmName(s.store, "streams", *stream), vob.id}}, "make activity", unable);
         const std::string headline = args.value("headline").value_or(sel.name);
         const Id id = s.store.run("INSERT INTO activities(vob_id, name, stream_id, headline, created, user, comment) "
                                   "VALUES(?,?,?,?,?,?,?)",

@@ -17,7 +17,6 @@ namespace {
 // Comment switches shared by every command that records a comment.
 #define CCSIM_COMMENT {"comment", 1, true}, {"cfile", 3, true}, {"cquery", 2}, {"cqeach", 3}, {"ncomment", 2}
 
-constexpr OptionSpec kNone[] = {{"", 99}};
 constexpr OptionSpec kShortLong[] = {{"short", 1}, {"long", 1}};
 constexpr OptionSpec kInvob[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true}};
 constexpr OptionSpec kLstype[] = {{"short", 1}, {"long", 1}, {"kind", 1, true}, {"invob", 3, true}, {"obsolete", 3}};
@@ -76,8 +75,6 @@ constexpr OptionSpec kSetactivity[] = {CCSIM_COMMENT, {"view", 4, true}, {"none"
 constexpr OptionSpec kMkbl[] = {CCSIM_COMMENT, {"view", 4, true}, {"component", 4, true}, {"all", 3},
                                 {"activities", 3, true}, {"identical", 3}, {"nlabel", 3}, {"incremental", 3},
                                 {"full", 2}, {"import", 3}};
-
-constexpr const char* kCommentUsage = "[-c comment | -cfile pname | -cq | -cqe | -nc]";
 
 // The registry, alphabetical. Usage blocks follow the reference's layout.
 constexpr Command kCommands[] = {

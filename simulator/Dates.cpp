@@ -193,7 +193,8 @@ std::optional<Time> parseDateTime(std::string_view text, Time now)
     const std::tm base = local(now);
     if (lower(text) == "now")
         return now;
-    if (text.find('-') == std::string_view::npos && text.find(':') != std::string_view::npos) {
+    if (text.find('-') == std::string_view::npos && text.find('.') == std::string_view::npos &&
+        text.find(':') != std::string_view::npos) {
         std::tm tm = base;
         if (!applyTime(text, tm))
             return std::nullopt;

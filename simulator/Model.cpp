@@ -243,6 +243,12 @@ std::string viewTag(Store& store, Id view)
     return store.scalarText("SELECT tag FROM views WHERE id=?", view).value_or("");
 }
 
+ObjectRef vobRef(Store& store, Id vob)
+{
+    return ObjectRef{"vob", vob, "versioned object base", store.scalarText("SELECT tag FROM vobs WHERE id=?", vob).value_or(""),
+                     vob};
+}
+
 bool isLocked(Store& store, std::string_view kind, Id id)
 {
     return store.scalar("SELECT 1 FROM locks WHERE obj_kind=? AND obj_id=?", kind, id).has_value();
@@ -253,7 +259,8 @@ bool isObsolete(Store& store, std::string_view kind, Id id)
     return store.scalar("SELECT obsolete FROM locks WHERE obj_kind=? AND obj_id=?", kind, id).value_or(0) != 0;
 }
 
-void checkUnlocked(Session& s, const std::vector<ObjectRef>& objects, std::string_view operation)
+void checkUnlocked(Session& s, const std::vector<ObjectRef>& objects, std::string_view operation,
+                   const std::string& unable)
 {
     for (const ObjectRef& o : objects) {
         Stmt q = s.store.query("SELECT nusers, obsolete FROM locks WHERE obj_kind=? AND obj_id=?", o.kind, o.id);
@@ -264,8 +271,12 @@ void checkUnlocked(Session& s, const std::vector<ObjectRef>& objects, std::strin
             const std::string list = "," + q.text(0) + ",";
             exempt = list.find("," + s.env.user + ",") != std::string::npos;
         }
-        if (!exempt)
-            throw Failure{{message(Msg::LockPrevents, {o.kindWord, o.name, operation})}};
+        if (!exempt) {
+            Failure f{{message(Msg::LockPrevents, {o.kindWord, o.name, operation})}};
+            if (!unable.empty())
+                f.lines.push_back(unable);
+            throw f;
+        }
     }
 }
 

@@ -68,7 +68,10 @@ struct ObjectRef {
     Id vob = 0;
 };
 /// Fails with "Lock on ... prevents operation" when any of `objects` is locked against the user.
-void checkUnlocked(Session& s, const std::vector<ObjectRef>& objects, std::string_view operation);
+ObjectRef vobRef(Store& store, Id vob);
+/// With `unable`, that line follows the lock message.
+void checkUnlocked(Session& s, const std::vector<ObjectRef>& objects, std::string_view operation,
+                   const std::string& unable = {});
 bool isLocked(Store& store, std::string_view kind, Id id);
 bool isObsolete(Store& store, std::string_view kind, Id id);
 

@@ -13,6 +13,11 @@ struct DateCase {
     const char* expected; ///< formatLong of the result, or nullptr when the input must be refused
 };
 
+void PrintTo(const DateCase& c, std::ostream* os)
+{
+    *os << c.input;
+}
+
 class DateParse : public ::testing::TestWithParam<DateCase> {};
 
 TEST_P(DateParse, ReadsUserForms)
@@ -68,6 +73,12 @@ std::string summarize(const ParseResult& r)
     for (const std::string& op : r.args.operands())
         out += " " + op;
     return out;
+}
+
+void PrintTo(const OptionCase& c, std::ostream* os)
+{
+    for (const std::string& w : c.words)
+        *os << "[" << w << "]";
 }
 
 class OptionParse : public ::testing::TestWithParam<OptionCase> {};
