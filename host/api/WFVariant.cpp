@@ -1,9 +1,87 @@
 #include "WFVariant.h"
 
 #include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
+
+/// Text that only grows. Large buffers live in their own mapping and grow with mremap, which
+/// moves pages instead of copying them: a variable holding a 50 MB listing never needs the old
+/// and the new copy at once.
+class TWFTextBuffer {
+public:
+    explicit TWFTextBuffer(std::string_view text) { append(text); }
+    ~TWFTextBuffer() { release(); }
+    TWFTextBuffer(const TWFTextBuffer&) = delete;
+    TWFTextBuffer& operator=(const TWFTextBuffer&) = delete;
+
+    const char* data() const { return m_data ? m_data : ""; }
+    std::size_t size() const { return m_size; }
+    void append(std::string_view text)
+    {
+        if (text.empty())
+            return;
+        if (m_size + text.size() > m_capacity)
+            grow(m_size + text.size());
+        std::memcpy(m_data + m_size, text.data(), text.size());
+        m_size += text.size();
+    }
+
+private:
+    static constexpr std::size_t kMapThreshold = 1u << 20;
+
+    void grow(std::size_t needed)
+    {
+        std::size_t capacity = m_capacity ? m_capacity : 64;
+        while (capacity < needed)
+            capacity += capacity / 2 + 64;
+#ifdef __linux__
+        if (capacity >= kMapThreshold) {
+            capacity = (capacity + 4095) & ~std::size_t(4095);
+            void* grown = m_mapped ? ::mremap(m_data, m_capacity, capacity, MREMAP_MAYMOVE)
+                                   : ::mmap(nullptr, capacity, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+            if (grown == MAP_FAILED)
+                throw std::bad_alloc();
+            if (!m_mapped && m_data) {
+                std::memcpy(grown, m_data, m_size);
+                std::free(m_data);
+            }
+            m_data = static_cast<char*>(grown);
+            m_capacity = capacity;
+            m_mapped = true;
+            return;
+        }
+#endif
+        void* grown = std::realloc(m_data, capacity);
+        if (!grown)
+            throw std::bad_alloc();
+        m_data = static_cast<char*>(grown);
+        m_capacity = capacity;
+    }
+
+    void release()
+    {
+#ifdef __linux__
+        if (m_mapped) {
+            ::munmap(m_data, m_capacity);
+            return;
+        }
+#endif
+        std::free(m_data);
+    }
+
+    char* m_data = nullptr;
+    std::size_t m_size = 0;
+    std::size_t m_capacity = 0;
+    bool m_mapped = false;
+};
 
 TWFVariant::TWFVariant(std::string_view text)
-    : m_type(Type::String), m_buffer(std::make_shared<std::string>(text)), m_length(text.size())
+    : m_type(Type::String), m_buffer(std::make_shared<TWFTextBuffer>(text)), m_length(text.size())
 {
 }
 

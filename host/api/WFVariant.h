@@ -6,6 +6,7 @@
 #include <string_view>
 
 class TZTXMLObject;
+class TWFTextBuffer;
 
 /// The value of a build variable or script expression: a string, an integer, a Boolean or an
 /// object. Strings share an append-only buffer, so `value + chunk` where `value` ends at the
@@ -41,7 +42,7 @@ public:
 
 private:
     Type m_type = Type::Empty;
-    std::shared_ptr<std::string> m_buffer;
+    std::shared_ptr<TWFTextBuffer> m_buffer;
     std::size_t m_length = 0;
     long long m_integer = 0;
     bool m_boolean = false;

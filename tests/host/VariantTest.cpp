@@ -42,6 +42,22 @@ TEST(Variant, VariableGrownChunkByChunkHoldsEveryByte)
     EXPECT_EQ(variables.Get("OUT").stringView(), expected);
 }
 
+TEST(Variant, LargeValuesKeepEveryByteAcrossBufferMoves)
+{
+    TWFVariant value("");
+    const TWFVariant early = value + TWFVariant("start|");
+    value = early;
+    std::string expected = "start|";
+    for (int i = 0; i < 64; ++i) {
+        const std::string chunk(64 * 1024, static_cast<char>('a' + i % 26));
+        value = value + TWFVariant(chunk);
+        expected += chunk;
+    }
+    EXPECT_EQ(value.stringView().size(), expected.size());
+    EXPECT_TRUE(value.stringView() == expected);
+    EXPECT_EQ(early.toString(), "start|");
+}
+
 TEST(BuildVariables, JsonIsOneLineWithEscapes)
 {
     TWFBuildVariables variables;
