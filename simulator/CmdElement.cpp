@@ -61,7 +61,7 @@ void checkOut(Session& s, const std::string& pname, const CheckoutRequest& req)
     const std::string unable = message(Msg::UnableToCheckOut, {pname});
     ElementInView e = elementInView(s, pname, unable);
     const View& view = *s.view();
-    auto activity = requireActivity(s, view, unable);
+    auto activity = requireActivity(view, unable);
     if (checkoutIn(s.store, e.element, view.id))
         fail(message(Msg::AlreadyCheckedOut, {pname, view.tag}), unable);
 
@@ -284,7 +284,7 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
     std::error_code ec;
     if (req.dir && fs::exists(t.abs, ec))
         fail(message(Msg::EntryExists, {name}), unable);
-    auto activity = requireActivity(s, view, unable);
+    auto activity = requireActivity(view, unable);
     const Id parent = parentFor(s, t, unable, req);
     std::string data;
     if (!req.dir && fs::is_regular_file(t.abs, ec))
@@ -326,7 +326,7 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
 
 } // namespace
 
-std::optional<Id> requireActivity(Session& s, const View& view, std::string_view unable)
+std::optional<Id> requireActivity(const View& view, std::string_view unable)
 {
     if (!view.stream)
         return std::nullopt;

@@ -12,6 +12,6 @@ void cmdMkelem(Session& s, const ParsedArgs& args);
 void cmdMkdir(Session& s, const ParsedArgs& args);
 
 /// Fails unless a UCM view has a current activity; gives that activity.
-std::optional<Id> requireActivity(Session& s, const View& view, std::string_view unable);
+std::optional<Id> requireActivity(const View& view, std::string_view unable);
 
 } // namespace ccsim
