@@ -10,6 +10,7 @@ namespace {
 
 /// Written end of the pipe; read by the signal handler, so a plain atomic int.
 std::atomic<int> g_signalPipe{-1};
+// Zero-initialised: restoring them before they were filled in restores the default.
 struct sigaction g_previousInt {};
 struct sigaction g_previousTerm {};
 
@@ -48,7 +49,8 @@ TInterruptWatcher::TInterruptWatcher(std::function<void(int)> onInterrupt) : m_o
 
 TInterruptWatcher::~TInterruptWatcher()
 {
-    if (m_active) {
+    // Also after a half-done set-up: a handler left without its pipe would swallow Ctrl-C.
+    if (m_pipe[1] >= 0) {
         ::sigaction(SIGINT, &g_previousInt, nullptr);
         ::sigaction(SIGTERM, &g_previousTerm, nullptr);
     }

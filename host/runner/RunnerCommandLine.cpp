@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <functional>
-#include <initializer_list>
 
 namespace {
 
@@ -24,7 +23,7 @@ using TApply = std::function<bool(TRunnerArguments&, const std::string& value, s
 struct TOptionSpec {
     std::string_view name;
     bool takesValue;
-    std::initializer_list<TRunnerCommand> commands;
+    std::vector<TRunnerCommand> commands;
     TApply apply;
 };
 

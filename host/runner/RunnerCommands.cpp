@@ -79,11 +79,16 @@ public:
         return ok;
     }
 
-    void defineVariables(const TWFProject& project, TWFBuildVariables& variables) const
+    /// What run and validate share: the plug-ins, the options, the project and its variables
+    /// with the --set values on top.
+    bool prepareBuild(TWFProject& project, TWFBuildVariables& variables) const
     {
+        if (!loadPlugins() || !loadOptions() || !readProject(project))
+            return false;
         project.DefineVariables(variables);
         for (const auto& [name, value] : args.variables)
             variables.Set(name, TWFVariant(value));
+        return true;
     }
 
     std::string projectDirectory() const
@@ -98,16 +103,13 @@ public:
 
 int commandRun(const TCommandContext& c)
 {
-    if (!c.loadPlugins() || !c.loadOptions())
-        return kExitUsage;
     TWFProject project;
-    if (!c.readProject(project))
+    TWFBuildVariables variables;
+    if (!c.prepareBuild(project, variables))
         return kExitUsage;
     TConsoleLog log(c.out, c.err);
     if (std::string error; !c.args.logFile.empty() && !log.OpenLogFile(c.args.logFile, error))
         return c.fail(error);
-    TWFBuildVariables variables;
-    c.defineVariables(project, variables);
 
     TRunSettings settings;
     settings.projectDirectory = c.projectDirectory();
@@ -136,13 +138,10 @@ int commandRun(const TCommandContext& c)
 
 int commandValidate(const TCommandContext& c)
 {
-    if (!c.loadPlugins() || !c.loadOptions())
-        return kExitUsage;
     TWFProject project;
-    if (!c.readProject(project))
-        return kExitUsage;
     TWFBuildVariables variables;
-    c.defineVariables(project, variables);
+    if (!c.prepareBuild(project, variables))
+        return kExitUsage;
     TConsoleLog log(c.out, c.err);
     TWFActionHost host;
     host.log = &log;
