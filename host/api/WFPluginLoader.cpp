@@ -39,6 +39,9 @@ bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& erro
     }
     // Packages stay loaded for the life of the process: their actions outlive any scope here.
     QLibrary library(QString::fromStdString(canonical));
+    // Binding every symbol now turns a package built against a different runtime into a load
+    // error here, instead of the host dying at the first call of a missing function.
+    library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
     if (!library.load()) {
         error = "cannot load plug-in \"" + path + "\": " + library.errorString().toStdString();
         return false;
