@@ -559,6 +559,9 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"PluginThatIsNoLibrary", {"actions", "--plugin", "@DIR@/fake.so"}, 2, "",
                   "wfbuild: cannot load plug-in \"@DIR@/fake.so\": Cannot load library @DIR@/fake.so: "
                   "(@DIR@/fake.so: file too short)\n"},
+        UsageCase{"PluginWithAMissingSymbol", {"actions", "--plugin", WF_RUNNER_BROKEN_PLUGIN}, 2, "",
+                  "wfbuild: cannot load plug-in \"" WF_RUNNER_BROKEN_PLUGIN "\": Cannot load library " WF_RUNNER_BROKEN_PLUGIN
+                  ": (" WF_RUNNER_BROKEN_PLUGIN ": undefined symbol: _Z25functionNoRuntimeProvidesv)\n"},
         UsageCase{"MissingPlugin", {"actions", "--plugin", "@DIR@/none.so"}, 2, "",
                   "wfbuild: plug-in \"@DIR@/none.so\" does not exist\n"},
         UsageCase{"Help", {"--help"}, 0, "*Usage: wfbuild COMMAND [OPTIONS]\n", ""},
