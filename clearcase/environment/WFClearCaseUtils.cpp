@@ -40,33 +40,6 @@ void sortLines(Lines& lines)
     std::stable_sort(lines.begin(), lines.end(), [](const std::string& a, const std::string& b) { return compareText(a, b) < 0; });
 }
 
-std::string joinLines(const Lines& lines)
-{
-    std::string text;
-    for (const auto& line : lines)
-        text += line + kLineBreak;
-    return text;
-}
-
-/// Splits at CR LF, CR or LF; a final line break does not start another line.
-Lines splitLines(const std::string& text)
-{
-    Lines lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const std::size_t end = text.find_first_of("\r\n", start);
-        if (end == std::string::npos) {
-            lines.push_back(text.substr(start));
-            break;
-        }
-        lines.push_back(text.substr(start, end - start));
-        start = end + 1;
-        if (text[end] == '\r' && start < text.size() && text[start] == '\n')
-            ++start;
-    }
-    return lines;
-}
-
 void replaceAll(std::string& text, const std::string& from, const std::string& to)
 {
     for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
@@ -119,7 +92,7 @@ std::string CCGetCleartoolOutput(const std::string& command, const std::string& 
     try {
         bool succeeded = false;
         const Lines lines = runCleartool(command, arguments, workingDirectory, sort, succeeded);
-        return succeeded ? joinLines(lines) : std::string();
+        return succeeded ? stringListText(lines) : std::string();
     } catch (...) {
         return {};
     }
@@ -161,12 +134,12 @@ std::string CCGetLabelNames(const std::string& vob)
 
 void CCGetAllTypeNames(const std::string& kind, std::string& result)
 {
-    const Lines vobs = splitLines(CCGetVOBNames());
+    const Lines vobs = splitStringListText(CCGetVOBNames());
     if (vobs.empty())
         return;
     Lines names;
     for (const auto& vob : vobs) {
-        const Lines found = splitLines(CCGetTypeNames(kind, vob));
+        const Lines found = splitStringListText(CCGetTypeNames(kind, vob));
         // A VOB without the kind ends the scan; later VOBs are not asked.
         if (found.empty())
             break;
@@ -175,7 +148,7 @@ void CCGetAllTypeNames(const std::string& kind, std::string& result)
                 names.push_back(name);
     }
     sortLines(names);
-    result = joinLines(names);
+    result = stringListText(names);
 }
 
 std::string CCGetAllTypeNames(const std::string& kind)
@@ -207,14 +180,14 @@ std::string CCGetUCMComponentsForView(const std::string& viewPath)
 
 void CCGetAllUCMComponents(std::string& result)
 {
-    const Lines vobs = splitLines(CCGetVOBNames());
+    const Lines vobs = splitStringListText(CCGetVOBNames());
     if (vobs.empty())
         return;
     Lines components;
     for (const auto& vob : vobs)
-        for (const auto& component : splitLines(CCGetUCMComponentsForVOB(vob)))
+        for (const auto& component : splitStringListText(CCGetUCMComponentsForVOB(vob)))
             components.push_back(component + "@" + vob);
-    result = joinLines(components);
+    result = stringListText(components);
 }
 
 std::string CCGetAllUCMComponents()
@@ -242,10 +215,10 @@ std::string CCGetUCMStreamsForVOB(const std::string& vob)
 std::string CCGetHistory(const std::string& element, const std::string& workingDirectory)
 {
     Lines versions;
-    for (const auto& line : splitLines(CCGetCleartoolOutput("lshistory", "-short \"" + element + "\"", workingDirectory, false)))
+    for (const auto& line : splitStringListText(CCGetCleartoolOutput("lshistory", "-short \"" + element + "\"", workingDirectory, false)))
         if (!line.empty() && !containsText(versions, line))
             versions.push_back(line);
-    return joinLines(versions);
+    return stringListText(versions);
 }
 
 std::string CCGetLS(const std::string& directory)
@@ -263,9 +236,35 @@ std::string CCGetAttributeType(const std::string& attributeTypeName)
     return valueTypeFromDescription(CCDescribeObject("attype:" + attributeTypeName));
 }
 
+std::string stringListText(const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (const auto& line : lines)
+        text += line + kLineBreak;
+    return text;
+}
+
+std::vector<std::string> splitStringListText(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        const std::size_t end = text.find_first_of("\r\n", start);
+        if (end == std::string::npos) {
+            lines.push_back(text.substr(start));
+            break;
+        }
+        lines.push_back(text.substr(start, end - start));
+        start = end + 1;
+        if (text[end] == '\r' && start < text.size() && text[start] == '\n')
+            ++start;
+    }
+    return lines;
+}
+
 std::string activitiesFromStreamDescription(const std::string& description)
 {
-    const Lines lines = splitLines(description);
+    const Lines lines = splitStringListText(description);
     auto line = std::find_if(lines.begin(), lines.end(), [](const std::string& l) { return contains(l, "contains activities:"); });
     if (line == lines.end())
         return {};
@@ -273,7 +272,7 @@ std::string activitiesFromStreamDescription(const std::string& description)
     for (++line; line != lines.end() && contains(*line, "@"); ++line)
         activities.push_back(line->substr(std::min(line->find_first_not_of(' '), line->size())));
     sortLines(activities);
-    return joinLines(activities);
+    return stringListText(activities);
 }
 
 std::string valueTypeFromDescription(const std::string& description)
