@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace {
@@ -51,32 +54,26 @@ bool contains(const std::string& text, const char* part)
     return text.find(part) != std::string::npos;
 }
 
-Lines runCleartool(const std::string& command, const std::string& arguments, const std::string& workingDirectory,
-                   bool sort, bool& succeeded)
+/// The output lines of a run that ended by itself with exit code 0; nothing otherwise.
+std::optional<Lines> runCleartool(const std::string& command, const std::string& arguments,
+                                  const std::string& workingDirectory)
 {
-    succeeded = false;
     const std::shared_ptr<IWFProcess> process = CreateWFProcess();
-    if (!process)
-        return {};
     IWFClearCaseOptions* options = ClearCaseOptions();
-    if (!options)
-        return {};
+    if (!process || !options)
+        return std::nullopt;
     const std::string cleartool = options->GetCleartoolPath();
     if (!fileExists(cleartool))
-        return {};
+        return std::nullopt;
     process->SetExecutable(cleartool);
     process->SetParameters(command + " " + arguments);
     process->SetWorkingDirectory(workingDirectory.empty() ? parentDirectory(process->GetExecutable()) : workingDirectory);
     process->SetRunHidden(true);
     process->SetCollectOutput(true);
     process->SetWaitTimeout(kQuerySilenceLimitMs);
-    if (!process->Execute())
-        return {};
-    Lines lines = process->GetOutputLines();
-    if (sort)
-        sortLines(lines);
-    succeeded = process->GetExitCode() == 0 && !process->GetTimedOut();
-    return lines;
+    if (!process->Execute() || process->GetTimedOut() || process->GetExitCode() != 0)
+        return std::nullopt;
+    return process->GetOutputLines();
 }
 
 std::string queryInVob(const char* command, const std::string& vob)
@@ -90,9 +87,12 @@ std::string CCGetCleartoolOutput(const std::string& command, const std::string& 
                                  const std::string& workingDirectory, bool sort)
 {
     try {
-        bool succeeded = false;
-        const Lines lines = runCleartool(command, arguments, workingDirectory, sort, succeeded);
-        return succeeded ? stringListText(lines) : std::string();
+        std::optional<Lines> lines = runCleartool(command, arguments, workingDirectory);
+        if (!lines)
+            return {};
+        if (sort)
+            sortLines(*lines);
+        return stringListText(*lines);
     } catch (...) {
         return {};
     }
