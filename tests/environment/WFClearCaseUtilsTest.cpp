@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <ostream>
@@ -203,6 +204,16 @@ TEST(QueryResultTest, NoCleartoolRunsNothing)
             EXPECT_EQ(query(), "") << missing;
     }
     EXPECT_TRUE(cleartool.calls().empty());
+}
+
+TEST(QueryResultTest, ACleartoolThatFallsSilentIsGivenUp)
+{
+    wftest::FakeCleartool cleartool;
+    cleartool.respond("lsvob -short", "\\vobs\\a\n");
+    wftest::ScopedEnv hang("WF_FAKE_SLEEP_MS", "9000");
+    const auto started = std::chrono::steady_clock::now();
+    EXPECT_EQ(CCGetVOBNames(), "");
+    EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(8));
 }
 
 struct ParseCase {
