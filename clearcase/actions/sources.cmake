@@ -12,4 +12,21 @@ set(WF_CC_ACTIONS_SOURCES ${WF_CC_ACTIONS_SOURCES}
   ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseGetConfigSpecAction.cpp
   ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseFindCheckoutsAction.cpp
   ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseCleartoolAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseMkLbTypeAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseApplyLabelAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseLockGenericAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseLockPathNamesAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseLockObjectsAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseUnlockPathNamesAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseUnlockObjectsAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseBaseAttributeAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseApplyAttributePathNamesAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseApplyAttributeObjectsAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseMakeAttributeTypeAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseSetActivityAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseCheckInActivityAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseUnCheckOutActivityAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseMakeActivityAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseMakeBaselineAction.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/WFClearCaseMakeBaselineFromLabelAction.cpp
 )

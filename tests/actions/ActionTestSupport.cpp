@@ -1,15 +1,31 @@
 #include "ActionTestSupport.h"
 
-#include "WFClearCaseCheckOutAction.h"
+#include "WFClearCaseApplyAttributeObjectsAction.h"
+#include "WFClearCaseApplyAttributePathNamesAction.h"
+#include "WFClearCaseApplyLabelAction.h"
+#include "WFClearCaseCheckInActivityAction.h"
 #include "WFClearCaseCheckInGenericAction.h"
 #include "WFClearCaseCheckInPathAction.h"
-#include "WFClearCaseMakeElementAction.h"
-#include "WFClearCaseUpdateAction.h"
-#include "WFClearCaseSetConfigSpecAction.h"
-#include "WFClearCaseGetConfigSpecAction.h"
-#include "WFClearCaseFindCheckoutsAction.h"
+#include "WFClearCaseCheckOutAction.h"
 #include "WFClearCaseCleartoolAction.h"
+#include "WFClearCaseFindCheckoutsAction.h"
+#include "WFClearCaseGetConfigSpecAction.h"
+#include "WFClearCaseLockGenericAction.h"
+#include "WFClearCaseLockObjectsAction.h"
+#include "WFClearCaseLockPathNamesAction.h"
+#include "WFClearCaseMakeActivityAction.h"
+#include "WFClearCaseMakeAttributeTypeAction.h"
+#include "WFClearCaseMakeBaselineAction.h"
+#include "WFClearCaseMakeBaselineFromLabelAction.h"
+#include "WFClearCaseMakeElementAction.h"
+#include "WFClearCaseMkLbTypeAction.h"
+#include "WFClearCaseSetActivityAction.h"
+#include "WFClearCaseSetConfigSpecAction.h"
 #include "WFClearCaseUnCheckOutAction.h"
+#include "WFClearCaseUnCheckOutActivityAction.h"
+#include "WFClearCaseUnlockObjectsAction.h"
+#include "WFClearCaseUnlockPathNamesAction.h"
+#include "WFClearCaseUpdateAction.h"
 #include "WFClearCaseOptions.h"
 #include "WFFiles.h"
 #include "WFServices.h"
@@ -34,16 +50,32 @@ std::pair<const std::string, Factory> entry(const char* name)
 const std::map<std::string, Factory>& factories()
 {
     static const std::map<std::string, Factory> table{
-        entry<TClearCaseCheckoutAction>("TClearCaseCheckoutAction"),
-        entry<TClearCaseUnCheckOutAction>("TClearCaseUnCheckOutAction"),
-        entry<TClearCaseCheckInGenericAction>("TClearCaseCheckInGenericAction"),
-        entry<TClearCaseCheckInPathAction>("TClearCaseCheckInPathAction"),
-        entry<TClearCaseMakeElementAction>("TClearCaseMakeElementAction"),
         entry<TClearCaseUpdateAction>("TClearCaseUpdateAction"),
-        entry<TClearCaseSetConfigSpecAction>("TClearCaseSetConfigSpecAction"),
-        entry<TClearCaseGetConfigSpecAction>("TClearCaseGetConfigSpecAction"),
+        entry<TClearCaseCheckoutAction>("TClearCaseCheckoutAction"),
+        entry<TClearCaseCheckInPathAction>("TClearCaseCheckInPathAction"),
+        entry<TClearCaseUnCheckOutAction>("TClearCaseUnCheckOutAction"),
         entry<TClearCaseFindCheckoutsAction>("TClearCaseFindCheckoutsAction"),
+        entry<TClearCaseMakeElementAction>("TClearCaseMakeElementAction"),
+        entry<TClearCaseMkLbTypeAction>("TClearCaseMkLbTypeAction"),
+        entry<TClearCaseApplyLabelAction>("TClearCaseApplyLabelAction"),
+        entry<TClearCaseMakeAttributeTypeAction>("TClearCaseMakeAttributeTypeAction"),
+        entry<TClearCaseApplyAttributePathNamesAction>("TClearCaseApplyAttributePathNamesAction"),
+        entry<TClearCaseApplyAttributeObjectsAction>("TClearCaseApplyAttributeObjectsAction"),
+        entry<TClearCaseLockPathNamesAction>("TClearCaseLockPathNamesAction"),
+        entry<TClearCaseUnlockPathNamesAction>("TClearCaseUnlockPathNamesAction"),
+        entry<TClearCaseLockObjectsAction>("TClearCaseLockObjectsAction"),
+        entry<TClearCaseUnlockObjectsAction>("TClearCaseUnlockObjectsAction"),
         entry<TClearCaseCleartoolAction>("TClearCaseCleartoolAction"),
+        entry<TClearCaseGetConfigSpecAction>("TClearCaseGetConfigSpecAction"),
+        entry<TClearCaseSetConfigSpecAction>("TClearCaseSetConfigSpecAction"),
+        entry<TClearCaseMakeActivityAction>("TClearCaseMakeActivityAction"),
+        entry<TClearCaseSetActivityAction>("TClearCaseSetActivityAction"),
+        entry<TClearCaseCheckInActivityAction>("TClearCaseCheckInActivityAction"),
+        entry<TClearCaseUnCheckOutActivityAction>("TClearCaseUnCheckOutActivityAction"),
+        entry<TClearCaseMakeBaselineAction>("TClearCaseMakeBaselineAction"),
+        entry<TClearCaseMakeBaselineFromLabelAction>("TClearCaseMakeBaselineFromLabelAction"),
+        entry<TClearCaseCheckInGenericAction>("TClearCaseCheckInGenericAction"),
+        entry<TClearCaseLockGenericAction>("TClearCaseLockGenericAction"),
     };
     return table;
 }

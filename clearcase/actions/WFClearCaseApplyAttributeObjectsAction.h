@@ -1,0 +1,24 @@
+#pragma once
+
+#include "WFClearCaseBaseAttributeAction.h"
+
+#include <string>
+
+/// "ClearCase Apply Attribute (Objects)": cleartool mkattr on object selectors.
+class TClearCaseApplyAttributeObjectsAction : public TClearCaseBaseAttributeAction {
+public:
+    TClearCaseApplyAttributeObjectsAction();
+
+    static std::string ActionName() { return "ClearCase Apply Attribute (Objects)"; }
+    std::string GetActionName() const override { return ActionName(); }
+    std::string GetCommand() override { return "mkattr"; }
+    int GetHelpTopicID() const override { return 4540; }
+    /// "-replace", comment, attribute and value, object selectors; every step runs.
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+
+    bool GetReplace() const { return m_replace; }
+    void SetReplace(bool value) { m_replace = value; }
+
+private:
+    bool m_replace = false;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "WFClearCaseBaseAttributeAction.h"
+
+#include <string>
+
+/// "ClearCase Apply Attribute (Paths)": cleartool mkattr on path names, taken as they stand
+/// (the action declares that it uses no view context).
+class TClearCaseApplyAttributePathNamesAction : public TClearCaseBaseAttributeAction {
+public:
+    TClearCaseApplyAttributePathNamesAction();
+
+    static std::string ActionName() { return "ClearCase Apply Attribute (Paths)"; }
+    std::string GetActionName() const override { return ActionName(); }
+    std::string GetCommand() override { return "mkattr"; }
+    int GetHelpTopicID() const override { return 4540; }
+    bool GetActionDoesNotUseViewContext() override { return true; }
+    /// "-replace", "-recurse", the version selector, "-pname", comment, attribute and value,
+    /// path names; every step runs and the results are ANDed.
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+
+    bool GetRecurse() const { return m_recurse; }
+    void SetRecurse(bool value) { m_recurse = value; }
+    bool GetReplace() const { return m_replace; }
+    void SetReplace(bool value) { m_replace = value; }
+
+private:
+    bool m_recurse = false;
+    bool m_replace = false;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "WFClearCaseBaseAction.h"
+
+#include <string>
+
+/// "ClearCase Apply Label": cleartool mklabel over a list of path names in a view.
+class TClearCaseApplyLabelAction : public TClearCaseBaseAction {
+public:
+    TClearCaseApplyLabelAction();
+
+    static std::string ActionName() { return "ClearCase Apply Label"; }
+    std::string GetActionName() const override { return ActionName(); }
+    std::string GetCommand() override { return "mklabel"; }
+    int GetHelpTopicID() const override { return 4520; }
+    /// Every step runs; the AND of the base step and the four shared steps.
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+
+    bool GetFollowLinks() const { return m_followLinks; }
+    void SetFollowLinks(bool value) { m_followLinks = value; }
+    bool GetRecurse() const { return m_recurse; }
+    void SetRecurse(bool value) { m_recurse = value; }
+    bool GetReplace() const { return m_replace; }
+    void SetReplace(bool value) { m_replace = value; }
+
+private:
+    bool m_followLinks = false;
+    bool m_recurse = false;
+    bool m_replace = false;
+};

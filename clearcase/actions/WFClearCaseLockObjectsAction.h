@@ -1,0 +1,16 @@
+#pragma once
+
+#include "WFClearCaseLockGenericAction.h"
+
+#include <string>
+
+/// "ClearCase Lock (Objects)": cleartool lock of object selectors.
+class TClearCaseLockObjectsAction : public TClearCaseLockGenericAction {
+public:
+    TClearCaseLockObjectsAction();
+
+    static std::string ActionName() { return "ClearCase Lock (Objects)"; }
+    std::string GetActionName() const override { return ActionName(); }
+    /// The lock options, then the object selectors; every step runs.
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+};

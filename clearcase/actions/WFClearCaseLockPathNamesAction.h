@@ -1,0 +1,16 @@
+#pragma once
+
+#include "WFClearCaseLockGenericAction.h"
+
+#include <string>
+
+/// "ClearCase Lock (Paths)": cleartool lock of path names in a view.
+class TClearCaseLockPathNamesAction : public TClearCaseLockGenericAction {
+public:
+    TClearCaseLockPathNamesAction();
+
+    static std::string ActionName() { return "ClearCase Lock (Paths)"; }
+    std::string GetActionName() const override { return ActionName(); }
+    /// The lock options, "-pname", the path names; every step runs.
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+};

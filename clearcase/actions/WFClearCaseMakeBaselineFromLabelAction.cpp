@@ -1,0 +1,26 @@
+#include "WFClearCaseMakeBaselineFromLabelAction.h"
+
+TClearCaseMakeBaselineFromLabelAction::TClearCaseMakeBaselineFromLabelAction()
+{
+    PublishBoolean("SpecifyComponents", [this] { return m_specifyComponents; },
+                   [this](bool v) { m_specifyComponents = v; });
+    PublishComment();
+    PublishNoComment();
+    PublishViewContextPath();
+    PublishUseDefaultViewContext();
+    PublishComponentSelectorStorageString();
+    PublishLabelTypeName();
+    PublishVOBSelector();
+}
+
+bool TClearCaseMakeBaselineFromLabelAction::GetCommandLine(ICommandLineBuilder& builder)
+{
+    bool result = TClearCaseBaseAction::GetCommandLine(builder);
+    result = AddComment(builder) && result;
+    addPlain(builder, "-import");
+    // An empty component list is logged but does not stop the import.
+    if (m_specifyComponents)
+        AddComponentSelector(builder);
+    result = AddLabelTypeName(builder) && result;
+    return result;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "WFClearCaseUnCheckOutAction.h"
+
+#include <string>
+
+/// "UCM Undo Checkouts for Activity": cleartool uncheckout of the check-outs of the view's
+/// current activity.
+class TClearCaseUnCheckOutActivityAction : public TClearCaseUnCheckOutAction {
+public:
+    TClearCaseUnCheckOutActivityAction();
+
+    static std::string ActionName() { return "UCM Undo Checkouts for Activity"; }
+    std::string GetActionName() const override { return ActionName(); }
+    int GetHelpTopicID() const override { return 4640; }
+    /// The undo-check-out line; after a successful one, an error when no view is named.
+    bool GetCommandLine(ICommandLineBuilder& builder) override;
+    /// "-cact" in place of the path names.
+    bool AddPathNames(ICommandLineBuilder& builder) override;
+};

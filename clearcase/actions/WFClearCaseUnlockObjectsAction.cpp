@@ -1,0 +1,16 @@
+#include "WFClearCaseUnlockObjectsAction.h"
+
+TClearCaseUnlockObjectsAction::TClearCaseUnlockObjectsAction()
+{
+    PublishObjectsStorageString();
+    PublishComment();
+    PublishNoComment();
+}
+
+bool TClearCaseUnlockObjectsAction::GetCommandLine(ICommandLineBuilder& builder)
+{
+    bool result = TClearCaseBaseAction::GetCommandLine(builder);
+    result = AddComment(builder) && result;
+    result = AddObjectSelectors(builder) && result;
+    return result;
+}
