@@ -1,8 +1,7 @@
 // The package's one exported symbol: the host finds WFRegister by this plain name.
-#include "WFClearCaseOptions.h"
+#include "WFClearCaseRegistration.h"
 
 extern "C" __attribute__((visibility("default"))) void WFRegister(bool registerPages)
 {
-    (void)registerPages;
-    RegisterOptions();
+    ClearCaseRegister(registerPages);
 }
