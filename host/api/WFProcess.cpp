@@ -189,7 +189,7 @@ void TPosixProcess::pump(int outFd, int errFd)
     pollfd fds[4];
     bool outOpen = true;
     bool errOpen = true;
-    std::string buffer(64 * 1024, '\0');
+    std::string buffer(256 * 1024, '\0');
     const auto started = Clock::now();
     auto lastOutput = started;
     const int pidFd = static_cast<int>(::syscall(SYS_pidfd_open, m_pid.load(), 0));
@@ -326,6 +326,8 @@ bool TPosixProcess::Execute()
     if (::pipe2(out, O_CLOEXEC) != 0)
         return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
     TFileDescriptor outRead(out[0]), outWrite(out[1]);
+    // A larger pipe lets a program that prints a long listing run ahead of our reads.
+    ::fcntl(out[0], F_SETPIPE_SZ, 1024 * 1024);
     if (::pipe2(err, O_CLOEXEC) != 0)
         return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
     TFileDescriptor errRead(err[0]), errWrite(err[1]);

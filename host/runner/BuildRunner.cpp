@@ -128,6 +128,7 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
             m_current = nullptr;
         }
         action.SetHost(nullptr);
+        m_log.Flush();
         ++ran;
         result.seconds = std::chrono::duration<double>(Clock::now() - started).count();
 

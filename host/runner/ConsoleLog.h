@@ -2,15 +2,17 @@
 
 #include "WFLog.h"
 
+#include <chrono>
 #include <fstream>
 #include <iosfwd>
 #include <string>
 
 /// wfbuild's build log. The console gets a header per action, then its lines: messages and
 /// standard output on standard output, the program's standard error on standard error. The
-/// log file gets every line exactly as sent and nothing else. Both are flushed line by line,
-/// so a build can be watched while it runs. The lines of the current action are also kept
-/// for the report.
+/// log file gets every line exactly as sent and nothing else. Messages are flushed at once and
+/// program output at least every few hundredths of a second, so a build can be watched while it
+/// runs without a write per line of a large listing. The last lines of the current action are
+/// kept for the report: enough to explain a failure, never the whole of a large output.
 class TConsoleLog final : public IWFLogSink {
 public:
     TConsoleLog(std::ostream& out, std::ostream& err);
@@ -20,14 +22,22 @@ public:
     /// Starts the console section of one action and forgets the previous action's lines.
     void BeginAction(std::size_t number, std::size_t total, const std::string& title);
     void Line(Stream stream, std::string_view text) override;
-    /// The lines sent since BeginAction, each ended by a line break.
-    const std::string& ActionText() const { return m_actionText; }
+    /// The lines sent since BeginAction, each ended by a line break; when they exceed the
+    /// report's limit, the last ones after a note of how much was left out.
+    std::string ActionText() const;
+    /// Flushes the console and the log file.
+    void Flush();
 
 private:
     std::ostream& m_out;
     std::ostream& m_err;
     std::ofstream m_file;
+    void keep(std::string_view text);
+    void flushIfDue(bool now);
+
     std::string m_actionText;
+    std::size_t m_droppedBytes = 0;
+    std::chrono::steady_clock::time_point m_lastFlush;
 };
 
 /// The console title of an action: "[3/12] ClearCase Check Out: nightly".
