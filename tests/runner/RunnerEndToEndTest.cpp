@@ -1,5 +1,5 @@
 // wfbuild driven as a user drives it: the real program, the test package, projects on disk.
-#include "WfbuildProcess.h"
+#include "ProgramRun.h"
 
 #include "WFTestSupport.h"
 

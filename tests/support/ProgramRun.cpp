@@ -1,4 +1,4 @@
-#include "WfbuildProcess.h"
+#include "ProgramRun.h"
 
 #include <chrono>
 #include <cstring>
