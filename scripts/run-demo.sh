@@ -1,0 +1,182 @@
+#!/usr/bin/env bash
+# The demo's main job, against an already built tree: a fresh cleartool simulator store with a
+# VOB, a UCM project and a snapshot view, then examples/release.wfp run through wfbuild.
+set -euo pipefail
+
+usage() {
+  cat <<'EOF'
+Usage: bash scripts/run-demo.sh [--build-dir DIR] [--work-dir DIR] [--build-number N] [--setup-only]
+
+Runs the release job of examples/release.wfp with wfbuild against the cleartool simulator.
+Everything lives in the work folder, which is removed and made afresh at each start; your own
+wfbuild configuration and ~/.ccsim are never touched.
+
+  --build-dir DIR     the built tree (default: build)
+  --work-dir DIR      the scratch folder (default: BUILD-DIR/demo)
+  --build-number N    the build number the release job stamps (default: 42)
+  --setup-only        make the store, the views and options.ini, run no project
+                      (what examples/README.md starts from)
+  -h, --help          this text
+
+Exit status: 0 the job succeeded, 1 the job or the fixture failed, 2 usage or missing build.
+EOF
+}
+
+ROOT="$(cd "$(dirname "$0")/.." && pwd)"
+BUILD_DIR="build"
+WORK_DIR=""
+BUILD_NUMBER=42
+SETUP_ONLY=0
+
+while [ $# -gt 0 ]; do
+  case "$1" in
+    --build-dir) [ $# -ge 2 ] || { echo "run-demo: --build-dir needs a folder" >&2; exit 2; }; BUILD_DIR="$2"; shift 2 ;;
+    --work-dir) [ $# -ge 2 ] || { echo "run-demo: --work-dir needs a folder" >&2; exit 2; }; WORK_DIR="$2"; shift 2 ;;
+    --build-number) [ $# -ge 2 ] || { echo "run-demo: --build-number needs a number" >&2; exit 2; }; BUILD_NUMBER="$2"; shift 2 ;;
+    --setup-only) SETUP_ONLY=1; shift ;;
+    -h|--help) usage; exit 0 ;;
+    *) echo "run-demo: unknown argument \"$1\" (see --help)" >&2; exit 2 ;;
+  esac
+done
+
+case "$BUILD_NUMBER" in
+  ''|*[!0-9]*) echo "run-demo: the build number must be a whole number, not \"$BUILD_NUMBER\"" >&2; exit 2 ;;
+esac
+
+cd "$ROOT"
+if [ ! -d "$BUILD_DIR" ]; then
+  echo "run-demo: no build folder \"$BUILD_DIR\"; run bash scripts/demo.sh first" >&2
+  exit 2
+fi
+BUILD_DIR="$(cd "$BUILD_DIR" && pwd)"
+WORK_DIR="${WORK_DIR:-$BUILD_DIR/demo}"
+WFBUILD="$BUILD_DIR/bin/wfbuild"
+CLEARTOOL="$BUILD_DIR/bin/sim/cleartool"
+for needed in "$WFBUILD" "$CLEARTOOL" "$BUILD_DIR/bin/plugins/WF30ClearCase.so" "$BUILD_DIR/bin/plugins/WFBasicActions.so"; do
+  if [ ! -e "$needed" ]; then
+    echo "run-demo: $needed is missing; run bash scripts/demo.sh to build it" >&2
+    exit 2
+  fi
+done
+
+# The scratch folder is ours only if we made it: anything else there is the user's and stays.
+MARKER=".wfbuild-demo"
+if [ -e "$WORK_DIR" ] && [ ! -e "$WORK_DIR/$MARKER" ]; then
+  echo "run-demo: $WORK_DIR exists and was not made by this script; choose another --work-dir" >&2
+  exit 2
+fi
+rm -rf "$WORK_DIR"
+mkdir -p "$WORK_DIR"
+WORK_DIR="$(cd "$WORK_DIR" && pwd)"
+touch "$WORK_DIR/$MARKER"
+
+STORE="$WORK_DIR/store"
+CONFIG="$WORK_DIR/config"
+SETUP_VIEW="$WORK_DIR/views/setup"
+VIEW="$WORK_DIR/views/release_dev"
+SETUP_LOG="$WORK_DIR/setup.log"
+VOB=/vobs/main
+PVOB=/vobs/pvob
+export CCSIM_HOME="$STORE"
+mkdir -p "$STORE" "$CONFIG" "$WORK_DIR/views"
+started=$SECONDS
+
+# Runs the simulator quietly; on failure shows what it said and stops.
+ct() {
+  if ! "$CLEARTOOL" "$@" >>"$SETUP_LOG" 2>&1; then
+    echo "run-demo: cleartool $* failed in $PWD:" >&2
+    tail -n 5 "$SETUP_LOG" >&2
+    exit 1
+  fi
+}
+
+echo "demo: making the VOBs $VOB and $PVOB in $STORE"
+ct mkvob -tag "$VOB" -nc "$STORE/main.vbs"
+ct mkvob -tag "$PVOB" -ucmproject -nc "$STORE/pvob.vbs"
+
+echo "demo: importing a small source tree through the view $SETUP_VIEW"
+ct mkview -snapshot -tag demo_setup "$SETUP_VIEW"
+printf 'element * CHECKEDOUT\nelement * /main/LATEST\nload %s\n' "$VOB" >"$WORK_DIR/setup.cs"
+(
+  cd "$SETUP_VIEW"
+  ct setcs "$WORK_DIR/setup.cs"
+  cd "vobs/main"
+  ct checkout -nc .
+  printf 'VERSION = 1.0\nCFLAGS = -O2 -Wall\n\nhello: src/main.c src/greet.c\n\tcc $(CFLAGS) -DVERSION=\\"$(VERSION)\\" -o $@ $^\n' >Makefile
+  printf 'A small program that greets the user. Built nightly by the release job.\n' >README
+  ct mkelem -nc -ci Makefile README
+  ct mkdir -nc src
+  cd src
+  printf '#include "greet.h"\n#include "version.h"\n\nint main(void)\n{\n    greet(BUILD_NUMBER);\n    return 0;\n}\n' >main.c
+  printf '#include "greet.h"\n#include <stdio.h>\n\nvoid greet(int build)\n{\n    printf("hello from build %%d\\n", build);\n}\n' >greet.c
+  printf '#pragma once\nvoid greet(int build);\n' >greet.h
+  printf '#define BUILD_NUMBER 0\n' >version.h
+  ct mkelem -nc -ci main.c greet.c greet.h version.h
+  ct checkin -nc .
+  cd ..
+  ct checkin -nc .
+)
+
+echo "demo: making the UCM project, its stream release_dev and the view $VIEW"
+ct mkcomp -nc -root "$VOB" "main_comp@$PVOB"
+ct mkproject -nc -in "RootFolder@$PVOB" -modcomp "main_comp@$PVOB" "release_proj@$PVOB"
+ct mkstream -nc -integration -in "release_proj@$PVOB" -baseline "main_comp_INITIAL@$PVOB" "release_proj_int@$PVOB"
+ct mkstream -nc -in "release_proj@$PVOB" -baseline "main_comp_INITIAL@$PVOB" "release_dev@$PVOB"
+ct mkview -snapshot -tag release_dev -stream "release_dev@$PVOB" "$VIEW"
+(cd "$VIEW/vobs/main" && ct mkactivity -nc -headline "Prepare the release" prepare_release)
+
+# A developer carries on after the view was made: the release job's update loads the new
+# version, and its check-out search finds the README still checked out.
+echo "demo: a developer (alice) changes greet.c and leaves README checked out"
+(
+  export USER=alice
+  cd "$SETUP_VIEW/vobs/main/src"
+  ct checkout -nc greet.c
+  sed -i 's/hello from build/hello, world, from build/' greet.c
+  ct checkin -c "Friendlier greeting" greet.c
+  cd ..
+  ct checkout -c "Rewording, not finished" README
+)
+
+printf '[ClearCase]\nCleartoolPath=%s\nInstallationType=Auto\n' "$CLEARTOOL" >"$CONFIG/options.ini"
+
+RUN=("$WFBUILD" run "$ROOT/examples/release.wfp" --config-dir "$CONFIG"
+     --set "VIEW=$VIEW" --set "BUILD=$BUILD_NUMBER")
+
+if [ "$SETUP_ONLY" -eq 1 ]; then
+  cat <<EOF
+demo: the fixture is ready ($((SECONDS - started)) s). To run a project against it:
+  export CCSIM_HOME=$STORE
+  $WFBUILD run PROJECT.wfp --config-dir $CONFIG --set VIEW=$VIEW
+EOF
+  exit 0
+fi
+
+echo "demo: running examples/release.wfp (build $BUILD_NUMBER)"
+echo "      ${RUN[*]}"
+status=0
+(cd "$WORK_DIR" && "${RUN[@]}" --log "$WORK_DIR/release.log" --print-variables) >"$WORK_DIR/release.out" || status=$?
+# The console shows every action's header and output; the variables line is for the summary.
+sed '$d' "$WORK_DIR/release.out"
+if [ "$status" -ne 0 ]; then
+  echo "demo: the release job failed (wfbuild exit status $status); its log is $WORK_DIR/release.log" >&2
+  exit 1
+fi
+
+# The summary reads the simulator's state, so it shows what the job really left behind.
+label_state=$("$CLEARTOOL" lstype -kind lbtype -short -invob "$VOB" | grep -E "^REL_${BUILD_NUMBER}( |$)" || echo "REL_$BUILD_NUMBER is missing")
+attribute=$(cd "$VIEW/vobs/main" && "$CLEARTOOL" describe src/version.h | grep -o 'BuildNumber = .*' || echo "no BuildNumber")
+baselines=$(cd "$VIEW" && "$CLEARTOOL" lsbl -short -stream "release_dev@$PVOB" | paste -sd ' ' -)
+cat <<EOF
+
+Demo finished in $((SECONDS - started)) s, fixture included.
+  view         $VIEW (stream release_dev@$PVOB)
+  label type   $label_state
+  version.h    $attribute
+  baselines    $baselines
+  config spec  $WORK_DIR/release-configspec.txt
+  build log    $WORK_DIR/release.log
+Look around yourself:
+  export CCSIM_HOME=$STORE
+  cd $VIEW/vobs/main && $CLEARTOOL lshistory src/version.h
+EOF
