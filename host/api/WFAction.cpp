@@ -272,6 +272,8 @@ bool TWFExecuteAbstractAction::Execute()
         SendMessage("Action Failed: the program was stopped on request.");
         return false;
     }
+    if (!process->GetErrorText().empty())
+        SendMessage("Error: " + process->GetErrorText() + ".");
     const bool ok = InterpretResult(m_lastExitCode);
     if (ok)
         OnSuccess(m_lastExitCode);

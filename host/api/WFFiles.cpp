@@ -3,9 +3,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <sstream>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -52,18 +51,29 @@ bool writeFileAtomically(const std::string& path, std::string_view bytes, std::s
 
 bool readWholeFile(const std::string& path, std::string& bytes, std::string& error)
 {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) {
         error = "cannot read \"" + path + "\": " + std::strerror(errno);
         return false;
     }
-    std::ostringstream buffer;
-    buffer << in.rdbuf();
-    if (in.bad()) {
-        error = "cannot read \"" + path + "\": " + std::strerror(errno);
-        return false;
+    std::string result;
+    char buffer[64 * 1024];
+    for (;;) {
+        const ssize_t n = ::read(fd, buffer, sizeof buffer);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n < 0) {
+            // A folder opens but does not read: EISDIR names it plainly.
+            error = "cannot read \"" + path + "\": " + std::strerror(errno);
+            ::close(fd);
+            return false;
+        }
+        if (n == 0)
+            break;
+        result.append(buffer, static_cast<std::size_t>(n));
     }
-    bytes = std::move(buffer).str();
+    ::close(fd);
+    bytes = std::move(result);
     return true;
 }
 

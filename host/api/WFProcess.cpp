@@ -307,8 +307,11 @@ int TPosixProcess::reap()
     ::kill(-pid, SIGKILL);
     if (WIFEXITED(status))
         return WEXITSTATUS(status);
-    if (WIFSIGNALED(status))
+    if (WIFSIGNALED(status)) {
+        m_error = "The program was killed by signal " + std::to_string(WTERMSIG(status)) + " ("
+            + ::strsignal(WTERMSIG(status)) + ")";
         return 128 + WTERMSIG(status);
+    }
     return -1;
 }
 

@@ -13,6 +13,7 @@
 //   WF_FAKE_SLEEP_MS=M       sleep before exiting
 //   WF_FAKE_CHILD_PIDFILE=F  start a child that sleeps for a long time; write its pid to F
 //   WF_FAKE_STDIN=1          read standard input to its end first and report what came
+//   WF_FAKE_KILL_SELF=1      die by SIGKILL right after the output, as if killed mid-run
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -126,6 +127,8 @@ int main(int argc, char** argv)
             std::this_thread::sleep_for(std::chrono::milliseconds(delay));
         writeAll(1, output.substr(static_cast<std::size_t>(n) * piece, piece));
     }
+    if (env("WF_FAKE_KILL_SELF") == "1")
+        ::kill(::getpid(), SIGKILL);
     if (const std::string text = env("WF_FAKE_STDERR"); !text.empty())
         writeAll(2, text + "\n");
     if (const std::string sleep = env("WF_FAKE_SLEEP_MS"); !sleep.empty())
