@@ -1,5 +1,5 @@
 // The command line each action builds, with its result and log lines, through the real
-// builder, host, options and expansion. One table per Part; every row names an action class,
+// builder, host, options and expansion. One table per group of actions; every row names an action class,
 // its persisted properties (as text) and what GetCommandLine must produce.
 #include "ActionTestSupport.h"
 
@@ -75,7 +75,7 @@ std::string caseName(const testing::TestParamInfo<CommandLineCase>& info)
     return info.param.name;
 }
 
-// Part 3.1 through the check-out action, and Part 3.2.
+// The base action's building blocks, through the check-out action, and check out.
 const std::vector<CommandLineCase> kCheckOutCases = {
     {"Defaults", "TClearCaseCheckoutAction",
      {{"PathNameStorageString", "a.c\r\n"}, {"ViewContextPath", "{view}"}, {"NoComment", "True"}},
@@ -173,7 +173,7 @@ const std::vector<CommandLineCase> kCheckOutCases = {
 };
 INSTANTIATE_TEST_SUITE_P(CheckOut, CommandLineTest, testing::ValuesIn(kCheckOutCases), caseName);
 
-// Part 3.4.
+// Undo check-out.
 const std::vector<CommandLineCase> kUnCheckOutCases = {
     {"RemovesByDefault", "TClearCaseUnCheckOutAction",
      {{"PathNameStorageString", "src/a.c\r\nsrc/b.c\r\n"}, {"ViewContextPath", "{view}"}},
@@ -189,7 +189,7 @@ const std::vector<CommandLineCase> kUnCheckOutCases = {
 };
 INSTANTIATE_TEST_SUITE_P(UnCheckOut, CommandLineTest, testing::ValuesIn(kUnCheckOutCases), caseName);
 
-// Part 3.3.
+// Check in.
 const std::vector<CommandLineCase> kCheckInCases = {
     {"NoCommentTwoPaths", "TClearCaseCheckInPathAction",
      {{"PathNameStorageString", "a.c\r\nb.c\r\n"}, {"ViewContextPath", "{view}"}, {"NoComment", "True"}},
@@ -216,7 +216,7 @@ const std::vector<CommandLineCase> kCheckInCases = {
 };
 INSTANTIATE_TEST_SUITE_P(CheckIn, CommandLineTest, testing::ValuesIn(kCheckInCases), caseName);
 
-// Part 3.5. The action persists no view context: plain path names run in the project folder.
+// Make element. The action persists no view context: plain path names run in the project folder.
 const std::vector<CommandLineCase> kMakeElementCases = {
     {"Defaults", "TClearCaseMakeElementAction", {{"PathNameStorageString", "a.c\r\n"}, {"NoComment", "True"}},
      true, "mkelem -nc \"a.c\"", {kInProject}},
@@ -245,7 +245,7 @@ const std::vector<CommandLineCase> kMakeElementCases = {
 };
 INSTANTIATE_TEST_SUITE_P(MakeElement, CommandLineTest, testing::ValuesIn(kMakeElementCases), caseName);
 
-// Part 3.6.
+// Update snapshot view.
 const std::vector<CommandLineCase> kUpdateCases = {
     {"DefaultsInDefaultView", "TClearCaseUpdateAction", {{"UseDefaultViewContext", "True"}},
      true, "update -force -overwrite", {kInView}, "{view}"},
@@ -260,7 +260,7 @@ const std::vector<CommandLineCase> kUpdateCases = {
 };
 INSTANTIATE_TEST_SUITE_P(Update, CommandLineTest, testing::ValuesIn(kUpdateCases), caseName);
 
-// Part 3.7.
+// Config spec actions.
 const std::vector<CommandLineCase> kConfigSpecCases = {
     {"Current", "TClearCaseSetConfigSpecAction", {{"ViewContextPath", "{view}"}, {"CSFilePath", "%NOPE%"}},
      true, "setcs -current", {kInView}},
@@ -283,7 +283,7 @@ const std::vector<CommandLineCase> kConfigSpecCases = {
 };
 INSTANTIATE_TEST_SUITE_P(ConfigSpec, CommandLineTest, testing::ValuesIn(kConfigSpecCases), caseName);
 
-// Parts 3.8 and 3.9.
+// Find checkouts and the generic cleartool command.
 const std::vector<CommandLineCase> kListAndGenericCases = {
     {"FindCheckoutsShortByDefault", "TClearCaseFindCheckoutsAction", {{"ViewContextPath", "{view}"}},
      true, "lscheckout -short", {kInView}},
@@ -306,7 +306,7 @@ INSTANTIATE_TEST_SUITE_P(ListAndGeneric, CommandLineTest, testing::ValuesIn(kLis
 constexpr const char* kNoAttribute = "Error: You have not specified an attribute name.";
 constexpr const char* kNoComponents = "Error: No UCM components selected.";
 
-// Part 4.1. No view: the action runs in the project folder.
+// Make label type. No view: the action runs in the project folder.
 const std::vector<CommandLineCase> kMakeLabelTypeCases = {
     {"GlobalAcquireReplace", "TClearCaseMkLbTypeAction",
      {{"MakeGlobal", "True"}, {"Acquire", "True"}, {"Replace", "True"}, {"Comment", "nightly"},
@@ -328,7 +328,7 @@ const std::vector<CommandLineCase> kMakeLabelTypeCases = {
 };
 INSTANTIATE_TEST_SUITE_P(MakeLabelType, CommandLineTest, testing::ValuesIn(kMakeLabelTypeCases), caseName);
 
-// Part 4.2.
+// Apply label.
 const std::vector<CommandLineCase> kApplyLabelCases = {
     {"Plain", "TClearCaseApplyLabelAction",
      {{"ViewContextPath", "{view}"}, {"LabelTypeName", "REL_1"}, {"PathNameStorageString", "a.c\r\n"},
@@ -354,7 +354,7 @@ const std::vector<CommandLineCase> kApplyLabelCases = {
 };
 INSTANTIATE_TEST_SUITE_P(ApplyLabel, CommandLineTest, testing::ValuesIn(kApplyLabelCases), caseName);
 
-// Part 4.3.
+// Lock and unlock.
 const std::vector<CommandLineCase> kLockCases = {
     {"PathsReplace", "TClearCaseLockPathNamesAction",
      {{"ViewContextPath", "{view}"}, {"Replace", "True"}, {"PathNameStorageString", "a.c\r\n"}},
@@ -391,7 +391,7 @@ const std::vector<CommandLineCase> kLockCases = {
 };
 INSTANTIATE_TEST_SUITE_P(Lock, CommandLineTest, testing::ValuesIn(kLockCases), caseName);
 
-// Part 4.4. The path action uses no view context: it runs in the project folder.
+// Apply attribute. The path action uses no view context: it runs in the project folder.
 const std::vector<CommandLineCase> kApplyAttributeCases = {
     {"Paths", "TClearCaseApplyAttributePathNamesAction",
      {{"AttributeName", "BuildNo"}, {"AttributeValue", "42"}, {"PathNameStorageString", "a.c\r\n"}},
@@ -442,7 +442,7 @@ const std::vector<CommandLineCase> kApplyAttributeCases = {
 };
 INSTANTIATE_TEST_SUITE_P(ApplyAttribute, CommandLineTest, testing::ValuesIn(kApplyAttributeCases), caseName);
 
-// Part 4.5. No view: the project folder.
+// Make attribute type. No view: the project folder.
 const std::vector<CommandLineCase> kMakeAttributeTypeCases = {
     {"CrossedBounds", "TClearCaseMakeAttributeTypeAction",
      {{"NewAttributeType", "atInteger"}, {"UseMax", "True"}, {"MaxValue", "0"}, {"UseMin", "True"},
@@ -471,7 +471,7 @@ const std::vector<CommandLineCase> kMakeAttributeTypeCases = {
 };
 INSTANTIATE_TEST_SUITE_P(MakeAttributeType, CommandLineTest, testing::ValuesIn(kMakeAttributeTypeCases), caseName);
 
-// Parts 5.1 and 5.2.
+// The UCM building blocks and the activity actions.
 const std::vector<CommandLineCase> kActivityCases = {
     {"SetQuotesNameWithBlank", "TClearCaseSetActivityAction",
      {{"ViewContextPath", "{view}"}, {"ActivityName", "my act"}, {"VOBSelector", "/vobs/pvob"}},
@@ -514,7 +514,7 @@ const std::vector<CommandLineCase> kActivityCases = {
 };
 INSTANTIATE_TEST_SUITE_P(Activity, CommandLineTest, testing::ValuesIn(kActivityCases), caseName);
 
-// Part 5.3.
+// Make activity.
 const std::vector<CommandLineCase> kMakeActivityCases = {
     {"Full", "TClearCaseMakeActivityAction",
      {{"ViewContextPath", "{view}"}, {"Comment", "new"}, {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"},
@@ -534,7 +534,7 @@ const std::vector<CommandLineCase> kMakeActivityCases = {
 };
 INSTANTIATE_TEST_SUITE_P(MakeActivity, CommandLineTest, testing::ValuesIn(kMakeActivityCases), caseName);
 
-// Part 5.4.
+// Make baseline.
 const std::vector<CommandLineCase> kBaselineCases = {
     {"Defaults", "TClearCaseMakeBaselineAction", {{"ViewContextPath", "{view}"}, {"BaselineRootName", "BL_%N%"}},
      true, "mkbl -nc -all -incremental BL_1", {kInView}, {}, {}, {{"N", "1"}}},

@@ -219,7 +219,7 @@ INSTANTIATE_TEST_SUITE_P(Members, EnumerationTest, testing::ValuesIn(kEnums),
 namespace wftest {
 namespace {
 
-// ActivityName and ActivitySelectorStorageString are two views of one list (Part 5.1).
+// ActivityName and ActivitySelectorStorageString are two views of one list.
 TEST(ActivityList, NameAndStorageStringShareOneList)
 {
     auto action = createAction("TClearCaseMakeBaselineAction");
@@ -256,7 +256,7 @@ TEST_P(IdentityTest, MatchesTheCatalogue)
     EXPECT_EQ(action->GetQuickHelpFilename(), "Plugins\\ClearCase.html");
 }
 
-// Part 1.2's catalogue, in registration order.
+// The catalogue, in registration order.
 const std::vector<IdentityCase> kIdentities = {
     {"TClearCaseUpdateAction", "ClearCase Update Snapshot View", "update", 4440},
     {"TClearCaseCheckoutAction", "ClearCase Check Out", "checkout", 4460},
