@@ -30,30 +30,6 @@ const std::vector<std::string>& timeStampBehaviourMembers()
     return members;
 }
 
-std::string joinStorageLines(const std::vector<std::string>& entries)
-{
-    std::string text;
-    for (const auto& entry : entries)
-        text += entry + "\r\n";
-    return text;
-}
-
-std::vector<std::string> splitStorageLines(const std::string& text)
-{
-    std::vector<std::string> entries;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const std::size_t end = text.find_first_of("\r\n", start);
-        if (end == std::string::npos) {
-            entries.push_back(text.substr(start));
-            break;
-        }
-        entries.push_back(text.substr(start, end - start));
-        start = end + (text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n' ? 2 : 1);
-    }
-    return entries;
-}
-
 std::string quotedIfBlank(const std::string& text)
 {
     return text.find(' ') == std::string::npos ? text : "\"" + text + "\"";
@@ -143,14 +119,14 @@ const std::vector<std::string>& TClearCaseBaseAction::GetPathNames()
 
 std::string TClearCaseBaseAction::GetPathNameStorageString()
 {
-    return joinStorageLines(GetPathNames());
+    return stringListText(GetPathNames());
 }
 
 void TClearCaseBaseAction::SetPathNameStorageString(const std::string& value)
 {
     m_viewPathNames.clear();
     m_extendedPathNames.clear();
-    for (auto& line : splitStorageLines(value)) {
+    for (auto& line : splitStringListText(value)) {
         if (line.find("@@") != std::string::npos)
             m_extendedPathNames.push_back(std::move(line));
         else
@@ -160,12 +136,12 @@ void TClearCaseBaseAction::SetPathNameStorageString(const std::string& value)
 
 std::string TClearCaseBaseAction::GetObjectsStorageString() const
 {
-    return joinStorageLines(m_objectSelectors);
+    return stringListText(m_objectSelectors);
 }
 
 void TClearCaseBaseAction::SetObjectsStorageString(const std::string& value)
 {
-    m_objectSelectors = splitStorageLines(value);
+    m_objectSelectors = splitStringListText(value);
 }
 
 // --- Host operations ------------------------------------------------------------------

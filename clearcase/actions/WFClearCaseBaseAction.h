@@ -1,6 +1,7 @@
 #pragma once
 
 #include "WFAction.h"
+#include "WFClearCaseStringList.h"
 #include "WFCommandLine.h"
 
 #include <string>
@@ -11,11 +12,6 @@ enum TCCTimeStampBehaviour : int { tbDefault = 0, tbCurrent = 1, tbCheckin = 2 }
 /// Member names of TCCTimeStampBehaviour, in value order, as persisted.
 const std::vector<std::string>& timeStampBehaviourMembers();
 
-/// A list as one storage string: every entry followed by CR LF, the last one included.
-std::string joinStorageLines(const std::vector<std::string>& entries);
-/// The entries of a storage string: lines split at CR LF, CR or LF; a line break at the very
-/// end adds no entry, every other line (empty ones included) is one entry.
-std::vector<std::string> splitStorageLines(const std::string& text);
 
 /// The text enclosed in double quotes when it contains a blank; unchanged otherwise.
 std::string quotedIfBlank(const std::string& text);

@@ -26,10 +26,10 @@ public:
     void SetActivityName(const std::string& value);
     bool GetUseCurrentActivity() const { return m_useCurrentActivity; }
     void SetUseCurrentActivity(bool value) { m_useCurrentActivity = value; }
-    std::string GetActivitySelectorStorageString() const { return joinStorageLines(m_activities); }
-    void SetActivitySelectorStorageString(const std::string& value) { m_activities = splitStorageLines(value); }
-    std::string GetComponentSelectorStorageString() const { return joinStorageLines(m_components); }
-    void SetComponentSelectorStorageString(const std::string& value) { m_components = splitStorageLines(value); }
+    std::string GetActivitySelectorStorageString() const { return stringListText(m_activities); }
+    void SetActivitySelectorStorageString(const std::string& value) { m_activities = splitStringListText(value); }
+    std::string GetComponentSelectorStorageString() const { return stringListText(m_components); }
+    void SetComponentSelectorStorageString(const std::string& value) { m_components = splitStringListText(value); }
 
 protected:
     void PublishActivityName();

@@ -236,32 +236,6 @@ std::string CCGetAttributeType(const std::string& attributeTypeName)
     return valueTypeFromDescription(CCDescribeObject("attype:" + attributeTypeName));
 }
 
-std::string stringListText(const std::vector<std::string>& lines)
-{
-    std::string text;
-    for (const auto& line : lines)
-        text += line + kLineBreak;
-    return text;
-}
-
-std::vector<std::string> splitStringListText(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const std::size_t end = text.find_first_of("\r\n", start);
-        if (end == std::string::npos) {
-            lines.push_back(text.substr(start));
-            break;
-        }
-        lines.push_back(text.substr(start, end - start));
-        start = end + 1;
-        if (text[end] == '\r' && start < text.size() && text[start] == '\n')
-            ++start;
-    }
-    return lines;
-}
-
 std::string activitiesFromStreamDescription(const std::string& description)
 {
     const Lines lines = splitStringListText(description);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "WFClearCaseOptions.h"
+#include "WFClearCaseStringList.h"
 
 #include <string>
 #include <vector>
@@ -33,12 +34,6 @@ std::string CCGetHistory(const std::string& element, const std::string& workingD
 std::string CCGetLS(const std::string& directory);
 std::string CCDescribeObject(const std::string& object);
 std::string CCGetAttributeType(const std::string& attributeTypeName);
-
-/// The text form of a string list: every entry followed by CR LF.
-std::string stringListText(const std::vector<std::string>& lines);
-/// The entries of a string list's text, split at CR LF, CR or LF; a final line break does not
-/// start another entry.
-std::vector<std::string> splitStringListText(const std::string& text);
 
 /// The activities listed after "contains activities:" in a stream's long description, up to
 /// the first line without "@", leading blanks removed, sorted.

@@ -73,23 +73,40 @@ std::string& configOverride()
 
 std::vector<std::pair<std::string, std::string>> TWFIniFile::ReadSection(const std::string& section) const
 {
-    std::vector<std::pair<std::string, std::string>> result;
     std::string bytes;
     std::string error;
     if (!readWholeFile(m_path, bytes, error))
-        return result;
-    std::string current;
-    bool inSection = false;
+        return {};
+    for (auto& [name, keys] : parseIniSections(bytes))
+        if (name == section)
+            return keys;
+    return {};
+}
+
+TWFIniSections parseIniSections(const std::string& bytes)
+{
+    TWFIniSections sections;
     for (const auto& line : splitLines(bytes)) {
         std::string name, key, value;
-        if (isSection(line, name)) {
-            inSection = name == section;
-            continue;
-        }
-        if (inSection && isKey(line, key, value))
-            result.emplace_back(key, value);
+        if (isSection(line, name))
+            sections.emplace_back(name, TWFIniKeys{});
+        else if (!sections.empty() && isKey(line, key, value))
+            sections.back().second.emplace_back(key, value);
     }
-    return result;
+    return sections;
+}
+
+std::string formatIniSections(const TWFIniSections& sections)
+{
+    std::string out;
+    for (const auto& [name, keys] : sections) {
+        if (!out.empty())
+            out += "\n";
+        out += "[" + name + "]\n";
+        for (const auto& [key, value] : keys)
+            out += key + "=" + value + "\n";
+    }
+    return out;
 }
 
 std::string TWFIniFile::ReadString(const std::string& section, const std::string& key,

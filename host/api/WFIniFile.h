@@ -21,6 +21,13 @@ private:
     std::string m_path;
 };
 
+using TWFIniKeys = std::vector<std::pair<std::string, std::string>>;
+using TWFIniSections = std::vector<std::pair<std::string, TWFIniKeys>>;
+/// Every section of an INI text with its keys, in file order; comments and blank lines are dropped.
+TWFIniSections parseIniSections(const std::string& bytes);
+/// The INI text of the sections, a blank line between them.
+std::string formatIniSections(const TWFIniSections& sections);
+
 /// The configuration directory: $WF_CONFIG_DIR, else $XDG_CONFIG_HOME/wrenfield, else
 /// ~/.config/wrenfield, unless a host set it with SetWFConfigDirectory.
 std::string WFConfigDirectory();

@@ -100,39 +100,6 @@ private:
     std::vector<std::pair<std::string, std::string>> m_values;
 };
 
-/// Sections of an INI file in order, for rewriting it whole.
-std::vector<std::pair<std::string, std::vector<std::pair<std::string, std::string>>>> readSections(const std::string& bytes)
-{
-    std::vector<std::pair<std::string, std::vector<std::pair<std::string, std::string>>>> sections;
-    std::size_t start = 0;
-    while (start < bytes.size()) {
-        auto nl = bytes.find('\n', start);
-        if (nl == std::string::npos)
-            nl = bytes.size();
-        std::string line = bytes.substr(start, nl - start);
-        start = nl + 1;
-        if (!line.empty() && line.back() == '\r')
-            line.pop_back();
-        const auto first = line.find_first_not_of(" \t");
-        if (first == std::string::npos || line[first] == ';' || line[first] == '#')
-            continue;
-        if (line[first] == '[') {
-            const auto close = line.find(']', first);
-            sections.emplace_back(line.substr(first + 1, close == std::string::npos ? std::string::npos : close - first - 1),
-                                  std::vector<std::pair<std::string, std::string>>{});
-            continue;
-        }
-        const auto eq = line.find('=');
-        if (eq == std::string::npos || sections.empty())
-            continue;
-        std::string key = line.substr(first, eq - first);
-        while (!key.empty() && (key.back() == ' ' || key.back() == '\t'))
-            key.pop_back();
-        sections.back().second.emplace_back(key, line.substr(eq + 1));
-    }
-    return sections;
-}
-
 } // namespace
 
 void TWFOptionsServices::RegisterOptionsClass(const TWFOptionsClass& optionsClass, const std::string& iconResourceName)
@@ -199,7 +166,7 @@ bool TWFOptionsServices::Load(const std::string& iniPath, std::string& error)
     if (fileExists(iniPath) && !readWholeFile(iniPath, bytes, error))
         return false;
     m_loadedFrom = iniPath;
-    const auto sections = readSections(bytes);
+    const auto sections = parseIniSections(bytes);
     for (auto& entry : m_entries) {
         if (!entry.instance)
             continue;
@@ -219,7 +186,7 @@ bool TWFOptionsServices::Save(const std::string& iniPath, std::string& error)
     std::string bytes;
     if (fileExists(iniPath) && !readWholeFile(iniPath, bytes, error))
         return false;
-    auto sections = readSections(bytes);
+    auto sections = parseIniSections(bytes);
     for (auto& entry : m_entries) {
         if (!entry.instance)
             continue;
@@ -233,14 +200,7 @@ bool TWFOptionsServices::Save(const std::string& iniPath, std::string& error)
         entry.instance->SaveOptions(writer);
         found->second = writer.values();
     }
-    std::string out;
-    for (const auto& [name, keys] : sections) {
-        if (!out.empty())
-            out += "\n";
-        out += "[" + name + "]\n";
-        for (const auto& [key, value] : keys)
-            out += key + "=" + value + "\n";
-    }
+    const std::string out = formatIniSections(sections);
     const std::string folder = parentDirectory(iniPath);
     if (!directoryExists(folder) && !makeDirectories(folder)) {
         error = "cannot create the configuration folder \"" + folder + "\"";
