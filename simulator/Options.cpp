@@ -18,8 +18,13 @@ void ParsedArgs::set(std::string name, std::string value)
 
 namespace {
 
+/// The switch a word names: its full name wins over another switch it abbreviates ("-nco" is not "-ncomment").
 const OptionSpec* match(std::string_view word, std::span<const OptionSpec> specs)
 {
+    for (const OptionSpec& spec : specs) {
+        if (spec.name == word)
+            return &spec;
+    }
     for (const OptionSpec& spec : specs) {
         if (word.size() >= spec.minLength && word.size() <= spec.name.size() && spec.name.starts_with(word))
             return &spec;
