@@ -29,10 +29,19 @@ ElementInView elementInView(Session& s, const std::string& pname, const std::str
     return ElementInView{t, *t.element, viewFile(view, t.vob->tag, t.vobPath)};
 }
 
-std::vector<ObjectRef> elementLocks(Session& s, Id element, const std::string& name)
+/// What a change to `element` must find unlocked; with `branch`, that branch and its branch type too.
+std::vector<ObjectRef> elementLocks(Session& s, Id element, const std::string& name, std::optional<Id> branch = {})
 {
     const Id vob = vobOfElement(s.store, element);
-    return {vobRef(s.store, vob), ObjectRef{"element", element, "element", name, vob}};
+    std::vector<ObjectRef> locks{vobRef(s.store, vob), ObjectRef{"element", element, "element", name, vob}};
+    if (branch) {
+        const std::string path = *s.store.scalarText("SELECT path FROM branches WHERE id=?", *branch);
+        const std::string type = path.substr(path.rfind('/') + 1);
+        if (auto id = findType(s.store, vob, "brtype", type))
+            locks.push_back(ObjectRef{"type", *id, "branch type", type, vob});
+        locks.push_back(ObjectRef{"branch", *branch, "branch", name + "@@" + path, vob});
+    }
+    return locks;
 }
 
 void printActivity(Session& s, std::optional<Id> activity)
@@ -94,7 +103,7 @@ void checkOut(Session& s, const std::string& pname, const CheckoutRequest& req)
         if (holder)
             fail(message(Msg::AlreadyCheckedOut, {pname, viewTag(s.store, *holder)}), unable);
     }
-    checkUnlocked(s, elementLocks(s, e.element, pname), "checkout", unable);
+    checkUnlocked(s, elementLocks(s, e.element, pname, info.branch), "checkout", unable);
     s.store.run("INSERT INTO checkouts(element_id, view_id, branch_id, pred_id, reserved, created, user, comment, activity_id) "
                 "VALUES(?,?,?,?,?,?,?,?,?)",
                 e.element, view.id, info.branch, version, req.reserved, s.env.now, s.env.user, req.comment, activity);
@@ -147,7 +156,7 @@ void checkIn(Session& s, const std::string& pname, Id element, const fs::path& f
         if (!req.identical && versionInfo(s.store, co->pred).number > 0 && data == versionData(s.store, co->pred))
             fail(message(Msg::IdenticalData), unable);
     }
-    checkUnlocked(s, elementLocks(s, element, pname), "checkin", unable);
+    checkUnlocked(s, elementLocks(s, element, pname, co->branch), "checkin", unable);
     const Id version = createVersion(s, element, co->branch, data, req.comment.value_or(co->comment), co->pred);
     s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
     if (co->activity)
