@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <sstream>
 
 namespace ccsim {
 
@@ -84,12 +85,15 @@ double numeric(const std::string& vtype, const std::string& text, Time now)
     return std::strtod(text.c_str(), nullptr);
 }
 
-bool inRange(Session& s, Id type, const std::string& vtype, const std::string& value)
+/// Whether a value (as given; `stored` is its stored form) lies within the type's bounds and -enum list.
+bool inRange(Session& s, Id type, const std::string& vtype, const std::string& value, const std::string& stored)
 {
+    Stmt q = s.store.query("SELECT lo, lo_incl, hi, hi_incl, enums FROM types WHERE id=?", type);
+    q.step();
+    if (!q.isNull(4) && ("\n" + q.text(4) + "\n").find("\n" + stored + "\n") == std::string::npos)
+        return false;
     if (vtype == "string" || vtype == "opaque")
         return true;
-    Stmt q = s.store.query("SELECT lo, lo_incl, hi, hi_incl FROM types WHERE id=?", type);
-    q.step();
     const double v = numeric(vtype, value, s.env.now);
     if (!q.isNull(0)) {
         const double lo = numeric(vtype, q.text(0), s.env.now);
@@ -218,14 +222,26 @@ void cmdMkattype(Session& s, const ParsedArgs& args)
         if (!def)
             fail(message(Msg::AttributeValueType, {*d, vtype}));
     }
+    std::optional<std::string> enums;
+    if (auto list = args.value("enum")) {
+        std::string joined;
+        std::string item;
+        for (std::istringstream in(*list); std::getline(in, item, ',');) {
+            auto v = normalizeValue(vtype, item, s.env.now);
+            if (!v)
+                fail(message(Msg::BadBound, {"-enum", item, vtype}));
+            joined += (joined.empty() ? "" : "\n") + *v;
+        }
+        enums = joined;
+    }
     const std::optional<std::string> attach = args.has("vpelement") ? std::optional<std::string>("element")
                                             : args.has("vpbranch")   ? std::optional<std::string>("branch")
                                             : args.has("vpversion")  ? std::optional<std::string>("version")
                                                                      : std::nullopt;
     makeTypes(s, args, "attype", [&](Id id, const std::string& unable) {
-        s.store.run("UPDATE types SET vtype=?, attach=?, lo=?, lo_incl=?, hi=?, hi_incl=?, defval=? WHERE id=?", vtype,
-                    attach, lo, loIncl, hi, hiIncl, def, id);
-        if (def && !inRange(s, id, vtype, *def))
+        s.store.run("UPDATE types SET vtype=?, attach=?, lo=?, lo_incl=?, hi=?, hi_incl=?, defval=?, enums=? WHERE id=?",
+                    vtype, attach, lo, loIncl, hi, hiIncl, def, enums, id);
+        if (def && !inRange(s, id, vtype, *def, *def))
             fail(message(Msg::AttributeValueRange, {*def, *s.store.scalarText("SELECT name FROM types WHERE id=?", id)}),
                  unable);
     });
@@ -289,13 +305,22 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
     s.forEach(targets, [&](const std::string& op) {
         const std::string unable = message(Msg::UnableToCreateAttribute, {typeSel.name, op});
         std::vector<ObjectRef> objects;
-        if (args.has("pname") || parseSelector(op).kind.empty()) {
+        const bool isPath = args.has("pname") || parseSelector(op).kind.empty();
+        if (isPath && !args.has("version") && !args.has("recurse")) {
+            // "a.c@@" and "a.c@@/main" name the element and the branch, which carry attributes of their own.
+            Target t = s.resolve(op);
+            if (t.extended && t.element) {
+                if (auto b = branchByPath(s.store, *t.element, t.extension); b || t.extension.empty())
+                    objects.push_back(resolvePathObject(s, t, std::nullopt));
+            }
+        }
+        if (isPath && objects.empty()) {
             for (const Labelled& l : versionsFor(s, op, args.value("version"), args.has("recurse"), unable)) {
                 Target t = s.resolve(l.name);
                 ObjectRef o = resolvePathObject(s, t, args.value("version"));
                 objects.push_back(o);
             }
-        } else {
+        } else if (!isPath) {
             try {
                 objects.push_back(resolveObject(s, op));
             } catch (Failure& f) {
@@ -326,7 +351,7 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
                     if (!stored)
                         fail(message(Msg::AttributeValueType, {*value, vtype}), unableOne);
                 }
-                if (!inRange(s, *type, vtype, vtype == "time" ? *value : *stored))
+                if (!inRange(s, *type, vtype, vtype == "time" && !useDefault ? *value : *stored, *stored))
                     fail(message(Msg::AttributeValueRange, {*value, typeSel.name}), unableOne);
                 checkUnlocked(s,
                                   {vobRef(s.store, vob),

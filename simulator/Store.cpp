@@ -6,14 +6,14 @@ namespace ccsim {
 
 namespace {
 
-constexpr int kSchemaVersion = 1;
+constexpr int kSchemaVersion = 2;
 
 constexpr std::string_view kSchema = R"SQL(
 CREATE TABLE vobs(id INTEGER PRIMARY KEY, tag TEXT UNIQUE NOT NULL, storage TEXT NOT NULL,
   ucm INTEGER NOT NULL, created INTEGER, user TEXT, grp TEXT, comment TEXT);
 CREATE TABLE types(id INTEGER PRIMARY KEY, vob_id INTEGER NOT NULL, kind TEXT NOT NULL, name TEXT NOT NULL,
   created INTEGER, user TEXT, grp TEXT, comment TEXT, global INTEGER DEFAULT 0, per_branch INTEGER DEFAULT 0,
-  vtype TEXT, attach TEXT, lo TEXT, lo_incl INTEGER, hi TEXT, hi_incl INTEGER, defval TEXT,
+  vtype TEXT, attach TEXT, lo TEXT, lo_incl INTEGER, hi TEXT, hi_incl INTEGER, defval TEXT, enums TEXT,
   UNIQUE(vob_id, kind, name));
 CREATE TABLE elements(id INTEGER PRIMARY KEY, vob_id INTEGER NOT NULL, parent_id INTEGER, name TEXT NOT NULL,
   eltype TEXT NOT NULL, is_dir INTEGER NOT NULL, created INTEGER, user TEXT, comment TEXT);
@@ -145,10 +145,13 @@ Store::Store(const std::string& path)
         exec("PRAGMA journal_mode=WAL");
         exec("BEGIN IMMEDIATE");
         // Another process may have created the schema while we waited for the lock.
-        if (scalar("PRAGMA user_version").value_or(0) < kSchemaVersion) {
+        const std::int64_t found = scalar("PRAGMA user_version").value_or(0);
+        if (found == 0)
             exec(kSchema);
+        else if (found == 1) // stores made before attribute types kept their -enum list
+            exec("ALTER TABLE types ADD COLUMN enums TEXT");
+        if (found < kSchemaVersion)
             exec("PRAGMA user_version=" + std::to_string(kSchemaVersion));
-        }
         exec("COMMIT");
     }
     exec("PRAGMA synchronous=NORMAL");
