@@ -482,8 +482,11 @@ void cmdLsstream(Session& s, const ParsedArgs& args)
             describeStream(s, id);
         else if (args.has("short"))
             s.print(ucmName(s.store, "streams", id));
-        else
-            s.print(stampUser(s, s.env.now, s.env.user) + "stream \"" + ucmName(s.store, "streams", id) + "\"");
+        else {
+            Stmt q = s.store.query("SELECT name, created, user FROM streams WHERE id=?", id);
+            q.step();
+            s.print(stampUser(s, q.integer(1), q.text(2)) + "stream \"" + q.text(0) + "\"");
+        }
     }
 }
 
