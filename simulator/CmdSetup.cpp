@@ -196,6 +196,7 @@ void cmdUpdate(Session& s, const ParsedArgs& args)
     opt.print = args.has("print");
     opt.hijack = args.has("overwrite") ? "overwrite" : args.has("rename") ? "rename" : "nooverwrite";
     opt.ptime = args.has("ptime");
+    opt.log = args.value("log");
     updateView(s, *s.view(), opt);
 }
 

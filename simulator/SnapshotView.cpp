@@ -200,12 +200,15 @@ void updateView(Session& s, const View& view, const UpdateOptions& options)
         for (auto [element, version] : pass.kept)
             s.store.run("INSERT INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element, version);
     }
-    const fs::path logFile = view.root / ("update." + formatStamp(s.env.now) + ".updt");
+    const fs::path logFile =
+        options.log ? s.resolve(*options.log).abs : view.root / ("update." + formatStamp(s.env.now) + ".updt");
     std::ofstream out(logFile);
+    if (!out)
+        fail(message(Msg::CannotOpenFile, {options.log.value_or(logFile.string())}));
     out << "Update of view \"" << view.tag << "\" at " << formatLong(s.env.now) << "\n";
     for (const std::string& line : pass.log)
         out << line << '\n';
-    s.print(message(Msg::LogWritten, {logFile.string()}));
+    s.print(message(Msg::LogWritten, {options.log.value_or(logFile.string())}));
 }
 
 } // namespace ccsim

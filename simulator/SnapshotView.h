@@ -2,6 +2,7 @@
 
 #include "Session.h"
 
+#include <optional>
 #include <string>
 
 namespace ccsim {
@@ -21,6 +22,7 @@ struct UpdateOptions {
     bool print = false;     ///< preview: write the log only
     std::string hijack = "nooverwrite"; ///< overwrite | nooverwrite | rename
     bool ptime = false;
+    std::optional<std::string> log; ///< -log: where the log goes, as the user named it
 };
 
 /// Brings the view's files in line with its config spec, printing progress and writing the update log.
