@@ -284,10 +284,16 @@ void cmdMkbl(Session& s, const ParsedArgs& args)
     const Id pvobId = *s.store.scalar("SELECT vob_id FROM streams WHERE id=?", stream);
     const Vob pvob{pvobId, *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", pvobId), true};
     const std::string comment = commentOf(s, args);
-    const int selections = args.has("all") + args.has("component") + args.has("activities");
-    const int labelling = args.has("nlabel") + args.has("incremental") + args.has("full");
-    if (selections > 1 || labelling > 1)
-        throw UsageError{message(Msg::ConflictingOptions, {"-all", "-component"})};
+    for (const auto& group : {std::vector<std::string>{"component", "all", "activities"},
+                              std::vector<std::string>{"nlabel", "incremental", "full"}}) {
+        std::vector<std::string> given;
+        for (const std::string& name : group) {
+            if (args.has(name))
+                given.push_back("-" + name);
+        }
+        if (given.size() > 1)
+            throw UsageError{message(Msg::ConflictingOptions, {given[0], given[1]})};
+    }
     const std::vector<Id> seen = streamComponents(s.store, stream);
 
     if (args.has("import")) {
