@@ -1,0 +1,487 @@
+// Every ClearCase action run by the real wfbuild against the simulator, judged by the
+// simulator's own listings afterwards, by the build log and by wfbuild's exit status.
+#include "ClearCaseWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+using Properties = std::vector<std::pair<std::string, std::string>>;
+
+/// Something done to the world before the run: a simulator command in a folder (see
+/// ClearCaseWorld::where), or, when `bytes` is set, a file written there.
+struct Before {
+    std::string place;
+    std::vector<std::string> command;
+    std::string bytes = {};
+};
+
+Before write(const std::string& place, const std::string& bytes)
+{
+    return {place, {}, bytes};
+}
+
+struct ActionCase {
+    std::string name;
+    std::string type;
+    Properties properties;
+    std::vector<Before> before;
+    std::vector<e2e::Look> after;
+    /// wfbuild's exit status, and lines the build log must hold (cleartool's own words on failure).
+    int status = 0;
+    std::vector<std::string> logLines = {};
+    std::vector<e2e::SameAs> same = {};
+    /// Where the project file lives (see ClearCaseWorld::where): actions that take no view
+    /// context run in the project's folder.
+    std::string projectPlace = "dir:";
+    /// Set when a known fault elsewhere keeps the case from passing: the reason, naming it.
+    std::string skip = {};
+};
+
+void PrintTo(const ActionCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+std::string xmlEscape(const std::string& text)
+{
+    std::string out;
+    for (const char c : text) {
+        switch (c) {
+        case '&': out += "&amp;"; break;
+        case '<': out += "&lt;"; break;
+        case '>': out += "&gt;"; break;
+        case '\r': out += "&#13;"; break;
+        case '\n': out += "&#10;"; break;
+        default: out += c;
+        }
+    }
+    return out;
+}
+
+std::string replaceAll(std::string text, const std::string& from, const std::string& to)
+{
+    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+std::string projectXml(const std::string& type, const Properties& properties)
+{
+    std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"1\">\n  <variables>\n"
+                      "    <variable name=\"CHECKOUTS\" type=\"string\" value=\"stale\"/>\n  </variables>\n  <actions>\n"
+                      "    <action type=\"" + type + "\" description=\"e2e\" enabled=\"True\">\n";
+    for (const auto& [name, value] : properties)
+        xml += "      <property name=\"" + name + "\">" + xmlEscape(value) + "</property>\n";
+    return xml + "    </action>\n  </actions>\n</wfproject>\n";
+}
+
+class ActionRun : public ::testing::TestWithParam<ActionCase> {};
+
+TEST_P(ActionRun, LeavesTheSimulatorInTheExpectedState)
+{
+    const ActionCase& c = GetParam();
+    if (!c.skip.empty())
+        GTEST_SKIP() << c.skip;
+    e2e::ClearCaseWorld world;
+    for (const Before& step : c.before) {
+        if (step.command.empty())
+            world.write(step.place, step.bytes);
+        else
+            world.mustCleartool(step.command, step.place);
+    }
+    const std::string project = world.where(c.projectPlace) + "/e2e.wfp";
+    std::filesystem::create_directories(std::filesystem::path(project).parent_path());
+    {
+        std::ofstream(project) << projectXml(c.type, c.properties);
+    }
+
+    const wftest::ProgramRun run = world.wfbuild(project, {"--print-variables"});
+    const std::string log = wftest::readFile(world.logFile());
+    EXPECT_EQ(run.status, c.status) << log << run.err;
+    for (const std::string& pattern : c.logLines) {
+        const std::string line = replaceAll(pattern, "%DIR%", world.dir());
+        EXPECT_NE(("\n" + log).find("\n" + line + "\n"), std::string::npos) << "log lacks: " << line << "\n" << log;
+    }
+    if (c.status != 0) {
+        EXPECT_NE(run.err.find("Action 1 ("), std::string::npos) << run.err;
+    }
+
+    e2e::expectLooks(world, c.after);
+    e2e::expectSame(world, c.same, run.out);
+}
+
+std::string caseName(const ::testing::TestParamInfo<ActionCase>& info)
+{
+    return info.param.name;
+}
+
+const std::string kMain = "vobs/main";
+const std::string kSrc = "vobs/main/src";
+
+// ---- Elements and views ----
+
+INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
+    ActionCase{"UpdateLoadsNewVersions", "CC_UPDATE",
+        {{"ViewContextPath", "%VIEW%"}, {"HijackMode", "hmOverwrite"}},
+        {{"setup:" + kSrc, {"checkout", "-nc", "greet.c"}}, write("setup:" + kSrc + "/greet.c", "void greet(int) {}\n"),
+         {"setup:" + kSrc, {"checkin", "-c", "takes a number", "greet.c"}},
+         write(kSrc + "/main.c", "hijacked\n")},
+        {{kSrc, {"ls", "-short", "greet.c", "main.c"}, {"greet.c@@/main/2", "main.c@@/main/1"}, {"hijacked"}},
+         {kSrc + "/greet.c", {}, {"void greet(int) {}\n"}},
+         {kSrc + "/main.c", {}, {"int main(void)"}, {"hijacked"}}},
+        0, {"Command Line: update -force -overwrite", "Loading \"vobs/main/src/greet.c\" (19 bytes)."}},
+    ActionCase{"UpdatePrintOnlyChangesNothing", "CC_UPDATE",
+        {{"ViewContextPath", "%VIEW%"}, {"PretendOnly", "True"}, {"UpdateTimestamp", "tbCheckin"}},
+        {{"setup:" + kSrc, {"checkout", "-nc", "greet.c"}}, write("setup:" + kSrc + "/greet.c", "void greet(int) {}\n"),
+         {"setup:" + kSrc, {"checkin", "-nc", "greet.c"}}},
+        {{kSrc, {"ls", "-short", "greet.c"}, {"greet.c@@/main/1"}},
+         {kSrc + "/greet.c", {}, {"void greet(void) {}\n"}}},
+        0, {"Command Line: update -print -force -overwrite -ptime"}},
+    ActionCase{"CheckOutReservedWithComment", "CC_CHECKOUT",
+        {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "src/main.c\r\n"}, {"Comment", "work on main"},
+         {"NoComment", "False"}},
+        {},
+        {{kSrc, {"lscheckout"}, {"checkout version \"main.c\" from /main/1 (reserved)", "\"work on main\""}}}},
+    ActionCase{"CheckOutUnreservedTwoPaths", "CC_CHECKOUT",
+        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\nvobs/main/src/greet.c\r\n"},
+         {"Unreserved", "True"}},
+        {},
+        {{kSrc, {"lscheckout"}, {"\"main.c\" from /main/1 (unreserved)", "\"greet.c\" from /main/1 (unreserved)"}}},
+        0, {"Command Line: checkout -unreserved -nc -nquery \"vobs/main/src/main.c\" \"vobs/main/src/greet.c\""}},
+    ActionCase{"CheckInMakesAVersionWithItsComment", "CC_CHECKIN",
+        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\n"}, {"Comment", "Returns one"},
+         {"NoComment", "False"}},
+        {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "int main(void) { return 1; }\n")},
+        {{kSrc, {"lshistory", "main.c"}, {"create version \"main.c@@/main/2\"\n  \"Returns one\""}},
+         {kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
+         {kSrc, {"describe", "activity:prepare_release@/vobs/pvob"}, {"main.c@@/main/2"}}}},
+    ActionCase{"CheckInIdenticalKeepsNoCopy", "CC_CHECKIN",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "greet.c\r\n"}, {"IdenticalCheckin", "True"},
+         {"Remove", "True"}},
+        {{kSrc, {"checkout", "-nc", "greet.c"}}},
+        {{kSrc, {"ls", "-short", "greet.c"}, {"greet.c@@/main/2"}}}},
+    ActionCase{"UndoCheckOutKeepsAPrivateCopy", "CC_UNCHECKOUT",
+        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\n"}, {"Keep", "True"}},
+        {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "half done\n")},
+        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
+         {kSrc + "/main.c.keep", {}, {"half done\n"}},
+         {kSrc + "/main.c", {}, {"int main(void)"}}}},
+    ActionCase{"UndoCheckOutRemovesTheChange", "CC_UNCHECKOUT",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\ngreet.c\r\n"}},
+        {{kSrc, {"checkout", "-nc", "main.c", "greet.c"}}, write(kSrc + "/main.c", "half done\n")},
+        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c", "greet.c"}},
+         {kSrc + "/main.c", {}, {"int main(void)"}},
+         {kSrc, {"ls", "-short"}, {}, {".keep"}}},
+        0, {"Command Line: uncheckout -rm \"main.c\" \"greet.c\""}},
+    ActionCase{"FindCheckoutsFillsTheVariable", "CC_FINDCHECKOUTS",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS"}},
+        {{kSrc, {"checkout", "-nc", "main.c"}}, {"setup:" + kSrc, {"checkout", "-nc", "greet.c"}}},
+        {},
+        0, {"Command Line: lscheckout -short"},
+        {{"CHECKOUTS", "", kSrc, {"lscheckout", "-short"}}}},
+    ActionCase{"FindCheckoutsWithNothingCheckedOutEmptiesTheVariable", "CC_FINDCHECKOUTS",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS"}},
+        {},
+        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c"}}},
+        0, {"Command Line: lscheckout -short"}},
+    ActionCase{"MakeElementCheckedIn", "CC_MKELEM",
+        {{"PathNameStorageString", "util.c\r\n"}, {"Checkout", "ccCheckedIn"}, {"UseElementType", "True"},
+         {"ElementType", "text_file"}, {"Comment", "Helpers"}, {"NoComment", "False"}},
+        {{kMain, {"checkout", "-nc", "src"}}, write(kSrc + "/util.c", "int util;\n")},
+        {{kSrc, {"lshistory", "util.c"}, {"create version \"util.c@@/main/1\"", "create file element \"util.c@@\""}},
+         {kSrc, {"describe", "util.c"}, {"element type: text_file"}},
+         {kSrc, {"lscheckout", "-short", "util.c"}, {}, {"util.c"}}},
+        0, {}, {}, kSrc},
+    ActionCase{"MakeElementWithItsPathLeftCheckedOut", "CC_MKELEM",
+        {{"PathNameStorageString", "src/lib/extra.c\r\n"}, {"MakePath", "True"}},
+        {},
+        {{kSrc + "/lib", {"lscheckout"}, {"checkout version \"extra.c\" from /main/0"}},
+         {kSrc, {"describe", "lib@@"}, {"directory element \"lib@@\""}}},
+        0, {"Command Line: mkelem -mkpath -nc \"src/lib/extra.c\""}, {}, kMain},
+    ActionCase{"MakeElementTurnsAPrivateFolderIntoAnElement", "CC_MKELEM",
+        {{"PathNameStorageString", "src/lib/extra.c\r\n"}, {"MakePath", "True"}, {"Checkout", "ccCheckedIn"}},
+        {write(kSrc + "/lib/extra.c", "int extra;\n")},
+        {{kSrc + "/lib", {"lshistory", "extra.c"}, {"create version \"extra.c@@/main/1\""}}},
+        0, {}, {}, kMain,
+        "simulator: mkelem -mkpath refuses a view-private parent folder (Entry named \"lib\" already exists)"},
+    ActionCase{"GetConfigSpecIntoAFile", "CC_GETCONFIGSPEC",
+        {{"ViewContextPath", "%VIEW%"}, {"OutputToFile", "True"}, {"OutputFilePath", "spec.txt"}},
+        {},
+        {},
+        0, {"Command Line: catcs", "load /vobs/main"},
+        {{"", "spec.txt", "", {"catcs"}}}},
+    ActionCase{"SetConfigSpecFromAFile", "CC_SETCONFIGSPEC",
+        {{"ViewContextPath", "%SETUP%"}, {"CSpecChoice", "csFile"}, {"CSFilePath", "%DIR%/rel0.cs"}},
+        {{"setup:" + kMain, {"mklbtype", "-nc", "REL_0"}}, {"setup:" + kSrc, {"mklabel", "-nc", "-version", "/main/0", "REL_0", "main.c"}},
+         write("dir:rel0.cs", "element * CHECKEDOUT\nelement * REL_0\nelement * /main/LATEST\nload /vobs/main\n")},
+        {{"setup:" + kSrc, {"ls", "-short", "main.c", "greet.c"}, {"main.c@@/main/0", "greet.c@@/main/1"}},
+         {"setup:" + kSrc + "/main.c", {}, {}, {"int main"}}},
+        0, {},
+        {{"", "rel0.cs", "setup:", {"catcs"}}}},
+    ActionCase{"SetConfigSpecDefaultUnloadsTheVob", "CC_SETCONFIGSPEC",
+        {{"ViewContextPath", "%SETUP%"}, {"CSpecChoice", "csDefault"}},
+        {},
+        {{"setup:", {"catcs"}, {"element * CHECKEDOUT\nelement * /main/LATEST\n"}, {"load"}}},
+        0, {"Command Line: setcs -default"}},
+    ActionCase{"SetConfigSpecFromTheStream", "CC_SETCONFIGSPEC",
+        {{"ViewContextPath", "%VIEW%"}, {"CSpecChoice", "csStream"}},
+        {},
+        {{"", {"catcs"}, {"identity UCM.Stream oid:release_dev@/vobs/pvob", "load /vobs/main"}}},
+        0, {"Command Line: setcs -stream"}},
+    ActionCase{"GenericCommandPassesItsArgumentsAsTyped", "CC_GENERIC",
+        {{"ViewContextPath", "%VIEW%/vobs/main"}, {"Command", "mkbrtype"}, {"Arguments", "-c \"Maintenance of main\" maint"}},
+        {},
+        {{kMain, {"describe", "brtype:maint@/vobs/main"}, {"branch type \"maint\"", "\"Maintenance of main\""}}},
+        0, {"Command Line: mkbrtype -c \"Maintenance of main\" maint"}}
+), caseName);
+
+// ---- Labels and attributes ----
+
+const Before kMakeRel1{kMain, {"mklbtype", "-nc", "REL_1"}};
+const Before kMakeBuildNumber{kMain, {"mkattype", "-nc", "-vtype", "integer", "BuildNumber"}};
+
+INSTANTIATE_TEST_SUITE_P(Labels, ActionRun, ::testing::Values(
+    ActionCase{"MakeLabelType", "CC_MKLBTYPE",
+        {{"LabelTypeName", "REL_%BUILD%"}, {"VOBSelector", "/vobs/main"}, {"Comment", "First release"}, {"NoComment", "False"}},
+        {},
+        {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_7\n"}},
+         {kMain, {"describe", "lbtype:REL_7@/vobs/main"}, {"\"First release\"", "scope: this VOB (ordinary type)"}}},
+        0, {"Command Line: mklbtype -ordinary -c \"First release\" lbtype:REL_7@/vobs/main"}},
+    ActionCase{"MakeGlobalLabelTypeReplacingOne", "CC_MKLBTYPE",
+        {{"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/main"}, {"MakeGlobal", "True"}, {"Replace", "True"},
+         {"Comment", "Second thoughts"}, {"NoComment", "False"}},
+        {kMakeRel1},
+        {{kMain, {"describe", "lbtype:REL_1@/vobs/main"}, {"\"Second thoughts\"", "(global type)"}}},
+        0, {"Replaced definition of label type \"REL_1\"."}},
+    ActionCase{"ApplyLabelToOneFile", "CC_LABEL",
+        {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "src/main.c\r\n"}, {"LabelTypeName", "REL_1"}},
+        {kMakeRel1},
+        {{kSrc, {"describe", "main.c"}, {"  Labels:\n    REL_1\n"}},
+         {kSrc, {"describe", "greet.c"}, {}, {"REL_1"}}},
+        0, {"Command Line: mklabel -nc lbtype:REL_1 \"src/main.c\"", "Created label \"REL_1\" on \"src/main.c\" version \"/main/1\"."}},
+    ActionCase{"ApplyLabelRecursively", "CC_LABEL",
+        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src\r\n"}, {"LabelTypeName", "REL_1"},
+         {"VOBSelector", "/vobs/main"}, {"Recurse", "True"}},
+        {kMakeRel1},
+        {{kSrc, {"describe", "main.c"}, {"    REL_1\n"}},
+         {kSrc, {"describe", "greet.c"}, {"    REL_1\n"}},
+         {kSrc, {"describe", "version.h"}, {"    REL_1\n"}},
+         {kMain, {"describe", "Makefile"}, {}, {"REL_1"}}}},
+    ActionCase{"ApplyLabelToAChosenVersionThenMoveIt", "CC_LABEL",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\n"}, {"LabelTypeName", "REL_1"},
+         {"Replace", "True"}},
+        {kMakeRel1, {kSrc, {"mklabel", "-nc", "-version", "/main/0", "REL_1", "main.c"}}},
+        {{kSrc, {"describe", "main.c"}, {"    REL_1\n"}},
+         {kSrc, {"describe", "main.c@@/main/0"}, {}, {"REL_1"}}},
+        0, {"Moved label \"REL_1\" on \"main.c\" from version \"/main/0\" to \"/main/1\"."}},
+    ActionCase{"ApplyLabelWithVersionSelector", "CC_LABEL",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\n"}, {"LabelTypeName", "REL_1"},
+         {"UseVersionSelector", "True"}, {"VersionSelector", "/main/0"}},
+        {kMakeRel1},
+        {{kSrc, {"describe", "main.c@@/main/0"}, {"    REL_1\n"}},
+         {kSrc, {"describe", "main.c"}, {}, {"REL_1"}}}},
+    ActionCase{"MakeIntegerAttributeTypeWithBounds", "CC_MKATTRTYPE",
+        {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"NewAttributeType", "atInteger"},
+         {"UseMax", "True"}, {"MaxValue", "0"}, {"UseMin", "True"}, {"MinValue", "1000"}, {"MinInclusive", "True"},
+         {"UseDefaultValue", "True"}, {"DefaultValue", "1"}},
+        {},
+        {{kMain, {"describe", "attype:BuildNumber@/vobs/main"}, {"attribute type \"BuildNumber\"", "value type: integer"}},
+         {kSrc, {"mkattr", "-nc", "BuildNumber", "0", "main.c"}, {"cleartool: Error: "}, {}, 1},
+         {kSrc, {"mkattr", "-nc", "BuildNumber", "1001", "greet.c"}, {"cleartool: Error: "}, {}, 1},
+         {kSrc, {"mkattr", "-nc", "-default", "BuildNumber", "version.h"}, {"Created attribute \"BuildNumber\""}},
+         {kSrc, {"describe", "version.h"}, {"BuildNumber = 1\n"}}},
+        0, {"Command Line: mkattype -ordinary -vtype integer -gt 0 -le 1000 -default 1 -nc BuildNumber@/vobs/main"}},
+    ActionCase{"MakeStringAttributeTypeWithQuotedDefault", "CC_MKATTRTYPE",
+        {{"AttributeName", "Status"}, {"NewAttributeType", "atString"}, {"UseDefaultValue", "True"}, {"DefaultValue", "\\\"untested\\\""},
+         {"Constraints", "lcVPelement"}},
+        {},
+        {{kSrc, {"mkattr", "-nc", "-default", "Status", "main.c@@"}, {}},
+         {kSrc, {"mkattr", "-nc", "-default", "Status", "greet.c"}, {"can only be applied to elements"}, {}, 1},
+         {kSrc, {"describe", "main.c@@"}, {"Status = \"untested\""}}},
+        0, {}, {}, kMain},
+    ActionCase{"ApplyIntegerAttributeToPaths", "CC_APPLYATTR",
+        {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"AttributeValue", "%BUILD%"},
+         {"PathNameStorageString", "/vobs/main/src/main.c\r\n/vobs/main/Makefile\r\n"}},
+        {kMakeBuildNumber},
+        {{kSrc, {"describe", "main.c"}, {"  Attributes:\n    BuildNumber = 7\n"}},
+         {kMain, {"describe", "Makefile"}, {"BuildNumber = 7\n"}},
+         {kSrc, {"describe", "greet.c"}, {}, {"BuildNumber"}}},
+        0, {"Command Line: mkattr -pname -nc BuildNumber@/vobs/main 7 \"/vobs/main/src/main.c\" \"/vobs/main/Makefile\""}},
+    ActionCase{"ApplyStringAttributeReplacingOne", "CC_APPLYATTR",
+        {{"AttributeName", "Status"}, {"AttributeValue", "\"\\\"tested on %BUILD%\\\"\""}, {"Replace", "True"},
+         {"PathNameStorageString", "main.c\r\n"}},
+        {{kMain, {"mkattype", "-nc", "Status"}}, {kSrc, {"mkattr", "-nc", "Status", "\"untested\"", "main.c"}}},
+        {{kSrc, {"describe", "main.c"}, {"Status = \"tested on 7\"\n"}, {"untested"}}},
+        0, {}, {}, kSrc},
+    ActionCase{"ApplyAttributeToObjects", "CC_APPLYATTR_OBJ",
+        {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"AttributeValue", "12"},
+         {"ObjectsStorageString", "lbtype:REL_1@/vobs/main\r\n/vobs/main/src/greet.c@@/main/1\r\n"}},
+        {kMakeRel1, kMakeBuildNumber},
+        {{kMain, {"describe", "lbtype:REL_1@/vobs/main"}, {"BuildNumber = 12"}},
+         {kSrc, {"describe", "greet.c"}, {"BuildNumber = 12"}}},
+        0, {"Command Line: mkattr -nc BuildNumber@/vobs/main 12 lbtype:REL_1@/vobs/main /vobs/main/src/greet.c@@/main/1"}}
+), caseName);
+
+// ---- Locks ----
+
+INSTANTIATE_TEST_SUITE_P(Locks, ActionRun, ::testing::Values(
+    ActionCase{"LockPathExemptingOneUser", "CC_LOCK",
+        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\n"}, {"UseNUsers", "True"},
+         {"NUsersList", "alice"}, {"Comment", "Release freeze"}, {"NoComment", "False"}},
+        {},
+        {{kSrc, {"describe", "main.c@@"}, {"file element \"main.c@@\" (locked)"}},
+         {kSrc, {"checkout", "-nc", "main.c"}, {"cleartool: Error: Lock on"}, {}, 1, "carol"},
+         {kSrc, {"checkout", "-nc", "main.c"}, {"Checked out \"main.c\""}, {}, 0, "alice"}},
+        0, {"Command Line: lock -nusers alice -c \"Release freeze\" -pname \"vobs/main/src/main.c\""}},
+    ActionCase{"UnlockPath", "CC_UNLOCK",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\n"}},
+        {{kSrc, {"lock", "-nc", "main.c"}}},
+        {{kSrc, {"describe", "main.c@@"}, {"file element \"main.c@@\""}, {"(locked)"}},
+         {kSrc, {"checkout", "-nc", "main.c"}, {"Checked out"}}},
+        0, {"Command Line: unlock -nc -pname \"main.c\""}},
+    ActionCase{"LockLabelType", "CC_LOCK_OBJ",
+        {{"ObjectsStorageString", "lbtype:REL_1@/vobs/main\r\n"}},
+        {kMakeRel1},
+        {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_1 (locked)\n"}},
+         {kSrc, {"mklabel", "-nc", "REL_1", "main.c"}, {"prevents operation \"make label\""}, {}, 1}},
+        0, {"Locked label type \"REL_1\"."}},
+    ActionCase{"LockLabelTypeObsoleteReplacingALock", "CC_LOCK_OBJ",
+        {{"ObjectsStorageString", "lbtype:REL_1@/vobs/main\r\n"}, {"Obsolete", "True"}, {"Replace", "True"}},
+        {kMakeRel1, {kMain, {"lock", "-nc", "lbtype:REL_1"}}},
+        {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"LATEST"}, {"REL_1"}},
+         {kMain, {"lstype", "-short", "-obsolete", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_1"}}},
+        0, {"Command Line: lock -replace -obsolete -nc lbtype:REL_1@/vobs/main"}},
+    ActionCase{"UnlockLabelType", "CC_UNLOCK_OBJ",
+        {{"ObjectsStorageString", "lbtype:REL_1@/vobs/main\r\n"}, {"Comment", "thaw"}, {"NoComment", "False"}},
+        {kMakeRel1, {kMain, {"lock", "-nc", "lbtype:REL_1"}}},
+        {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_1\n"}, {"REL_1 (locked)"}},
+         {kSrc, {"mklabel", "-nc", "REL_1", "main.c"}, {"Created label"}}},
+        0, {"Unlocked label type \"REL_1\"."}}
+), caseName);
+
+// ---- UCM ----
+
+INSTANTIATE_TEST_SUITE_P(Ucm, ActionRun, ::testing::Values(
+    ActionCase{"MakeActivityAndMakeItCurrent", "UCM_MAKEACTIVITY",
+        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "fix_%BUILD%"}, {"VOBSelector", "/vobs/pvob"}, {"Headline", "Fix seven"}},
+        {},
+        {{"", {"describe", "activity:fix_7@/vobs/pvob"}, {"title: Fix seven", "stream: release_dev@/vobs/pvob"}},
+         {"", {"lsstream", "-long", "-cview"}, {"    fix_7@/vobs/pvob\n"}},
+         {kSrc, {"checkout", "-nc", "main.c"}, {"activity:fix_7@/vobs/pvob  \"Fix seven\""}}},
+        0, {"Command Line: mkactivity -nc -headline \"Fix seven\" -force activity:fix_7@/vobs/pvob"}},
+    ActionCase{"MakeActivityNamedByClearCaseNotCurrent", "UCM_MAKEACTIVITY",
+        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "ignored"}, {"AutoGenerateName", "True"}, {"DontSetAsCurrent", "True"}},
+        {},
+        {{"", {"lsactivity", "-short", "-cview"}, {"activity130312.102231\n"}, {"ignored"}},
+         {kSrc, {"checkout", "-nc", "main.c"}, {"activity:prepare_release@/vobs/pvob"}}},
+        0, {"Command Line: mkactivity -nc -nset -force"}},
+    ActionCase{"SetCurrentActivity", "UCM_SETACTIVITY",
+        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "other"}, {"VOBSelector", "/vobs/pvob"}},
+        {{"", {"mkactivity", "-nc", "-nset", "-headline", "Other work", "other"}}},
+        {{kSrc, {"checkout", "-nc", "main.c"}, {"activity:other@/vobs/pvob  \"Other work\""}}},
+        0, {"Set activity \"other\" in view \"release_dev\"."}},
+    ActionCase{"ClearCurrentActivity", "UCM_SETACTIVITY",
+        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "prepare_release"}, {"SetActivityToNone", "True"}},
+        {},
+        {{kSrc, {"checkout", "-nc", "main.c"}, {"No current activity set for view \"release_dev\"."}, {}, 1}},
+        0, {"Command Line: setactivity -nc -none"}},
+    ActionCase{"CheckInTheActivity", "UCM_CHECKIN",
+        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "prepare_release"}, {"VOBSelector", "/vobs/pvob"},
+         {"Comment", "Ready"}, {"NoComment", "False"}},
+        {{kSrc, {"checkout", "-nc", "main.c", "greet.c"}}, write(kSrc + "/main.c", "int main(void) { return 2; }\n"),
+         write(kSrc + "/greet.c", "void greet(void) { }\n")},
+        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c", "greet.c"}},
+         {"", {"describe", "activity:prepare_release@/vobs/pvob"}, {"main.c@@/main/2", "greet.c@@/main/2"}},
+         {kSrc, {"lshistory", "greet.c"}, {"create version \"greet.c@@/main/2\"\n  \"Ready\""}}},
+        0, {"Command Line: checkin -c \"Ready\" activity:prepare_release@/vobs/pvob"}},
+    ActionCase{"UndoTheActivitysCheckouts", "UCM_UNCHECKOUT",
+        {{"ViewContextPath", "%VIEW%"}, {"Keep", "True"}},
+        {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "abandoned\n")},
+        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
+         {kSrc + "/main.c.keep", {}, {"abandoned"}}},
+        0, {"Command Line: uncheckout -keep -cact"}},
+    ActionCase{"MakeIncrementalBaseline", "UCM_MAKEBL",
+        {{"ViewContextPath", "%VIEW%"}, {"BaselineRootName", "BL_%BUILD%"}, {"Comment", "Weekly"}, {"NoComment", "False"}},
+        {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "int main(void) { return 3; }\n"),
+         {kSrc, {"checkin", "-nc", "main.c"}}},
+        {{"", {"lsbl", "-short", "-stream", "release_dev@/vobs/pvob"}, {"BL_7\n"}},
+         {"", {"describe", "baseline:BL_7@/vobs/pvob"}, {"\"Weekly\"", "label status: Incrementally Labeled"}},
+         {kSrc, {"describe", "main.c"}, {"    BL_7\n"}},
+         {kSrc, {"describe", "greet.c"}, {}, {"BL_7"}}},
+        0, {"Command Line: mkbl -c \"Weekly\" -all -incremental BL_7"}},
+    ActionCase{"MakeFullBaselineOfAComponent", "UCM_MAKEBL",
+        {{"ViewContextPath", "%VIEW%"}, {"BaselineRootName", "BL_FULL"}, {"SelectionType", "slComponents"},
+         {"ComponentSelectorStorageString", "main_comp@/vobs/pvob\r\n"}, {"SelectIdenticalComponents", "True"},
+         {"Labelling", "lbAll"}},
+        {},
+        {{"", {"lsbl", "-short", "-component", "main_comp@/vobs/pvob"}, {"BL_FULL\n"}},
+         {kSrc, {"describe", "greet.c"}, {"    BL_FULL\n"}}},
+        0, {"Command Line: mkbl -nc -component main_comp@/vobs/pvob -identical -full BL_FULL"}},
+    ActionCase{"MakeUnlabelledBaselineOfActivities", "UCM_MAKEBL",
+        {{"ViewContextPath", "%VIEW%"}, {"BaselineRootName", "BL_NOLABEL"}, {"SelectionType", "slActivities"},
+         {"ActivitySelectorStorageString", "prepare_release@/vobs/pvob\r\n"}, {"Labelling", "lbNone"}},
+        {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "int main(void) { return 4; }\n"),
+         {kSrc, {"checkin", "-nc", "main.c"}}},
+        {{"", {"lsbl", "-short", "-stream", "release_dev@/vobs/pvob"}, {"BL_NOLABEL\n"}},
+         {kSrc, {"describe", "main.c"}, {}, {"BL_NOLABEL"}}},
+        0, {"Command Line: mkbl -nc -activities activity:prepare_release@/vobs/pvob -nlabel BL_NOLABEL"}},
+    ActionCase{"MakeBaselineFromALabel", "UCM_MAKEBL_LABEL",
+        {{"ViewContextPath", "%VIEW%"}, {"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/main"}, {"SpecifyComponents", "True"},
+         {"ComponentSelectorStorageString", "main_comp@/vobs/pvob\r\n"}},
+        {kMakeRel1, {kMain, {"mklabel", "-nc", "-recurse", "REL_1", "."}}},
+        {{"", {"lsbl", "-short", "-component", "main_comp@/vobs/pvob"}, {"REL_1\n"}}},
+        0, {"Command Line: mkbl -nc -import main_comp@/vobs/pvob lbtype:REL_1@/vobs/main"}}
+), caseName);
+
+// ---- What a user meets when things go wrong: cleartool's own words in the log, exit status 1 ----
+
+INSTANTIATE_TEST_SUITE_P(Failures, ActionRun, ::testing::Values(
+    ActionCase{"CheckOutAViewPrivateFile", "CC_CHECKOUT",
+        {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "notes.txt\r\n"}},
+        {write(kMain + "/notes.txt", "mine\n")},
+        {{kMain, {"lscheckout", "-short"}, {}, {"notes.txt"}}},
+        1, {"cleartool: Error: Not a vob object: \"notes.txt\".", "cleartool: Error: Unable to check out \"notes.txt\"."}},
+    ActionCase{"LabelTypeThatExistsWithoutReplace", "CC_MKLBTYPE",
+        {{"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/main"}, {"Comment", "again"}, {"NoComment", "False"}},
+        {kMakeRel1},
+        {{kMain, {"describe", "lbtype:REL_1@/vobs/main"}, {}, {"again"}}},
+        1, {"cleartool: Error: Name \"REL_1\" already exists.", "cleartool: Error: Unable to create label type \"REL_1\"."}},
+    ActionCase{"LabelWithALockedLabelType", "CC_LABEL",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\n"}, {"LabelTypeName", "REL_1"}},
+        {kMakeRel1, {kMain, {"lock", "-nc", "lbtype:REL_1"}}},
+        {{kSrc, {"describe", "main.c"}, {}, {"REL_1"}}},
+        1, {"cleartool: Error: Lock on label type \"REL_1\" prevents operation \"make label\".",
+            "cleartool: Error: Unable to create label \"REL_1\" on \"main.c\"."}},
+    ActionCase{"CheckInALockedElement", "CC_CHECKIN",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\n"}},
+        {{kSrc, {"checkout", "-nc", "main.c"}}, {kSrc, {"lock", "-nc", "main.c"}}},
+        {{kSrc, {"lscheckout", "-short"}, {"main.c"}}},
+        1, {"cleartool: Error: Unable to check in \"main.c\"."}},
+    ActionCase{"UpdateAFolderThatIsNotAView", "CC_UPDATE",
+        {{"ViewContextPath", "%DIR%/config"}},
+        {},
+        {},
+        1, {"cleartool: Error: Unable to find a valid snapshot view path in \"%DIR%/config\"."}},
+    ActionCase{"CheckInUnchangedWithoutIdentical", "CC_CHECKIN",
+        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "greet.c\r\n"}},
+        {{kSrc, {"checkout", "-nc", "greet.c"}}},
+        {{kSrc, {"lscheckout", "-short"}, {"greet.c"}}},
+        1, {"cleartool: Error: By default, won't create version with data identical to predecessor.",
+            "cleartool: Error: Unable to check in \"greet.c\"."}},
+    ActionCase{"SetAnActivityThatDoesNotExist", "UCM_SETACTIVITY",
+        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "nosuch"}, {"VOBSelector", "/vobs/pvob"}},
+        {},
+        {{kSrc, {"checkout", "-nc", "main.c"}, {"activity:prepare_release@/vobs/pvob"}}},
+        1, {"cleartool: Error: activity not found: \"activity:nosuch@/vobs/pvob\"."}},
+    ActionCase{"LabelNothing", "CC_LABEL",
+        {{"ViewContextPath", "%VIEW%"}, {"LabelTypeName", "REL_1"}},
+        {kMakeRel1},
+        {},
+        1, {"Action Failed: No pathnames specified to act on."}}
+), caseName);
+
+} // namespace

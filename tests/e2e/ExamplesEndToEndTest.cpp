@@ -1,0 +1,106 @@
+// The example projects and the demo, run as a user runs them, so that neither can rot.
+#include "ClearCaseWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ExampleCase {
+    std::string project;
+    std::vector<e2e::Look> after;
+    std::vector<e2e::SameAs> same = {};
+};
+
+void PrintTo(const ExampleCase& c, std::ostream* os)
+{
+    *os << c.project;
+}
+
+class Example : public ::testing::TestWithParam<ExampleCase> {};
+
+TEST_P(Example, RunsAgainstTheSimulator)
+{
+    const ExampleCase& c = GetParam();
+    e2e::ClearCaseWorld world;
+    const wftest::ProgramRun run = world.wfbuild(std::string(WF_EXAMPLES_DIR) + "/" + c.project, {"--print-variables"});
+    EXPECT_EQ(run.status, 0) << wftest::readFile(world.logFile()) << run.err;
+    e2e::expectLooks(world, c.after);
+    e2e::expectSame(world, c.same, run.out);
+
+    // Every project can run again on the same store with another build number.
+    const wftest::ProgramRun again = world.wfbuild(std::string(WF_EXAMPLES_DIR) + "/" + c.project, {"--set", "BUILD=8"});
+    EXPECT_EQ(again.status, 0) << wftest::readFile(world.logFile()) << again.err;
+}
+
+const std::string kSrc = "vobs/main/src";
+
+INSTANTIATE_TEST_SUITE_P(Projects, Example, ::testing::Values(
+    ExampleCase{"release.wfp",
+        {{"vobs/main", {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_7 (locked)\n", "REL_7_BL\n"}},
+         {kSrc, {"describe", "version.h"}, {"    REL_7\n", "BuildNumber = 7\n"}},
+         {kSrc + "/version.h", {}, {"#define BUILD_NUMBER 7\n"}},
+         {"vobs/main/Makefile", {}, {"VERSION = 1.0.7\n"}},
+         {"vobs/main", {"lshistory", "Makefile"}, {"create version \"Makefile@@/main/2\"\n  \"Build 7\""}},
+         {"", {"lsbl", "-short", "-stream", "release_dev@/vobs/pvob"}, {"REL_7_BL\n"}}},
+        {{"", "release-configspec.txt", "", {"catcs"}}}},
+    ExampleCase{"elements-and-views.wfp",
+        {{kSrc, {"lshistory", "greet.c"}, {"create version \"greet.c@@/main/2\"\n  \"Build 7 marker\""}},
+         {kSrc + "/greet.c", {}, {"void greet(void) {}\n/* built as 7 */\n"}},
+         {kSrc, {"lscheckout", "-short"}, {}, {"main.c", "greet.c"}}},
+        {{"", "elements-configspec.txt", "", {"catcs"}}}},
+    ExampleCase{"labels-and-attributes.wfp",
+        {{kSrc, {"describe", "main.c"}, {"    NIGHTLY_7\n", "NightlyNumber = 7\n"}},
+         {"vobs/main", {"describe", "lbtype:NIGHTLY_7@/vobs/main"}, {"QAStatus = \"untested\""}},
+         {kSrc, {"mkattr", "-nc", "NightlyNumber", "0", "version.h"}, {"cleartool: Error: "}, {}, 1}}},
+    ExampleCase{"locks.wfp",
+        {{"vobs/main", {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"FROZEN_7\n"}, {"FROZEN_7 (locked)"}},
+         {"vobs/main", {"describe", "Makefile@@"}, {"file element"}, {"(locked)"}}}},
+    ExampleCase{"ucm.wfp",
+        {{"", {"lsbl", "-short", "-component", "main_comp@/vobs/pvob"}, {"BUILD_7\n", "IMPORT_7\n"}},
+         {"", {"describe", "activity:build_7@/vobs/pvob"}, {"version.h@@/main/2"}},
+         {kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
+         {kSrc, {"describe", "version.h"}, {"    BUILD_7\n"}}}}
+), [](const ::testing::TestParamInfo<ExampleCase>& info) {
+    std::string name = fs::path(info.param.project).stem().string();
+    for (char& ch : name)
+        ch = std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
+    return name;
+});
+
+// The demo's main job exactly as scripts/demo.sh runs it after building, in a scratch folder.
+TEST(Demo, RunsTheReleaseJobAndSummarisesIt)
+{
+    wftest::TempDir dir;
+    const std::string work = dir.file("demo");
+    const std::string buildDir = fs::path(e2e::wfbuildPath()).parent_path().parent_path().string();
+    wftest::ProgramRequest request;
+    request.program = "/bin/bash";
+    request.arguments = {std::string(WF_SOURCE_DIR) + "/scripts/run-demo.sh", "--build-dir", buildDir, "--work-dir", work};
+    request.deadlineMs = 60000;
+    const wftest::ProgramRun run = wftest::runProgram(request);
+    ASSERT_EQ(run.status, 0) << run.out << run.err;
+    EXPECT_NE(run.out.find("label type   REL_42 (locked)\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("version.h    BuildNumber = 42\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("baselines    REL_42_BL\n"), std::string::npos) << run.out;
+    // The job ends by showing the changed file's history through the simulator.
+    const std::string log = wftest::readFile(work + "/release.log");
+    EXPECT_NE(log.find("  Labels:\n    REL_42\n"), std::string::npos) << log;
+    EXPECT_NE(log.find("create version \"src/version.h@@/main/2\"\n  \"Build 42\"\n"), std::string::npos) << log;
+    EXPECT_LT(run.elapsedMs, 30000);
+
+    // A second start begins from a clean store, not from the first run's leftovers.
+    const wftest::ProgramRun again = wftest::runProgram(request);
+    EXPECT_EQ(again.status, 0) << again.out << again.err;
+
+    // A folder the script did not make is never removed.
+    request.arguments[4] = dir.path();
+    const wftest::ProgramRun refused = wftest::runProgram(request);
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_TRUE(fs::exists(work + "/release.log"));
+}
+
+} // namespace
