@@ -58,11 +58,7 @@ void printAttributes(Session& s, std::string_view kind, Id id)
 /// The project VOB a UCM listing reads: -invob, else the view's stream's, else the working directory's.
 Vob listingVob(Session& s, const ParsedArgs& args)
 {
-    if (auto v = args.value("invob")) {
-        Vob vob = s.vobFor(*v);
-        return vob;
-    }
-    return ucmVob(s, "");
+    return ucmVob(s, args.value("invob").value_or(""));
 }
 
 void describeStream(Session& s, Id stream)
