@@ -294,15 +294,16 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
     if (req.dir && fs::exists(t.abs, ec))
         fail(message(Msg::EntryExists, {name}), unable);
     auto activity = requireActivity(view, unable);
-    const Id parent = parentFor(s, t, unable, req);
     std::string data;
     if (!req.dir && fs::is_regular_file(t.abs, ec))
         data = readFile(t.abs);
     std::string eltype = req.eltype;
     if (eltype.empty())
         eltype = data.find('\0') != std::string::npos ? "compressed_file" : "text_file";
+    // Before -mkpath makes parent directories: a refusal must leave no directory behind.
     if (!findType(s.store, t.vob->id, "eltype", eltype))
         fail(message(Msg::ElementTypeNotFound, {eltype}), unable);
+    const Id parent = parentFor(s, t, unable, req);
     checkUnlocked(s, elementLocks(s, parent, s.display(t.abs.parent_path())), "make element", unable);
     const Id element = createElement(s, t.vob->id, parent, name, eltype, req.dir, req.comment);
     const Id branch = *branchByPath(s.store, element, "/main");
@@ -331,6 +332,12 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
     if (req.mode == "ci")
         checkIn(s, pname, element, t.abs, CheckinRequest{req.comment, true, false});
     return element;
+}
+
+void refuseMasterInLt(Session& s, const ParsedArgs& args)
+{
+    if (args.has("master") && s.env.lt)
+        fail(message(Msg::LtUnsupported, {"Mastership (-master)"}));
 }
 
 } // namespace
@@ -420,8 +427,7 @@ void cmdMkelem(Session& s, const ParsedArgs& args)
     requireOperands(args);
     if (args.has("nco") && args.has("ci"))
         throw UsageError{message(Msg::ConflictingOptions, {"-nco", "-ci"})};
-    if (args.has("master") && s.env.lt)
-        fail(message(Msg::LtUnsupported, {"Mastership (-master)"}));
+    refuseMasterInLt(s, args);
     MakeRequest req;
     req.eltype = args.value("eltype").value_or("");
     req.mode = args.has("nco") ? "nco" : args.has("ci") ? "ci" : "co";
@@ -436,6 +442,7 @@ void cmdMkelem(Session& s, const ParsedArgs& args)
 void cmdMkdir(Session& s, const ParsedArgs& args)
 {
     requireOperands(args);
+    refuseMasterInLt(s, args);
     MakeRequest req{true, "directory", args.has("nco") ? "nco" : "co", false, commentOf(s, args)};
     s.requireView();
     s.forEach(args.operands(), [&](const std::string& pname) { makeElement(s, pname, req); });
