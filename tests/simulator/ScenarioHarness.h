@@ -1,0 +1,60 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace ccsim::test {
+
+namespace fs = std::filesystem;
+
+struct Result {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+/// One command: where it runs (relative to the scenario root), its argv, and what must come back.
+/// An expected text starting with '~' need only occur in the output; otherwise it must match exactly.
+struct Step {
+    std::string dir;
+    std::vector<std::string> args;
+    int status = 0;
+    std::string out = "~";
+    std::string err = "";
+    std::string user = "";
+};
+
+/// Drives the built cleartool program as a user would, each test with its own store and a fixed clock.
+class Scenario : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Runs one command line in `dir`; safe to call from several threads at once.
+    Result run(const std::string& dir, const std::vector<std::string>& args, const std::string& user = "",
+               const std::string& input = "");
+    void play(const std::vector<Step>& steps);
+
+    void write(const std::string& rel, const std::string& text);
+    std::string read(const std::string& rel) const;
+
+    /// A base VOB with src/a.c at /main/1, a project VOB with a component over the base VOB,
+    /// a project, an integration and a development stream, a plain view "base_v" and a UCM view "dev_v".
+    void fixture();
+
+    /// How listings name the creator `user` on this machine: "builder (builder.users@host)".
+    static std::string creator(const std::string& user = "builder");
+    static std::string groupName();
+
+    /// The store as its own listings show it: VOBs, types, check-outs, histories, UCM objects, views.
+    std::string storeState();
+
+    fs::path root;
+    std::string edition;
+    std::string now = "2013-03-12T10:22:31";
+};
+
+} // namespace ccsim::test

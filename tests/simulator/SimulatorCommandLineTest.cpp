@@ -1,0 +1,333 @@
+// The command line as a whole: abbreviations, unknown switches, missing operands, "--",
+// several operands with one failing, the LT edition, failures that must leave the store
+// as it was, and invocations running at the same time.
+
+#include "ScenarioHarness.h"
+
+#include <algorithm>
+#include <thread>
+
+using namespace ccsim::test;
+
+namespace {
+
+// Every abbreviation the reference lists, each in a command whose output proves the switch took effect.
+TEST_F(Scenario, AbbreviatedSwitches)
+{
+    fixture();
+    const std::string src = "base/vobs/main/src";
+    const std::string dev = "dev/vobs/main/src";
+    play({
+        {src, {"co", "-unr", "-c", "why", "a.c"}, 0, "Checked out \"a.c\" from version \"/main/1\".\n"},
+        {src, {"lsco", "-cvi"}, 0, "~(unreserved)\n  \"why\"\n"},
+        {src, {"unco", "-kee", "a.c"}, 0, "~saved in \"a.c.keep\""},
+        {src, {"co", "-res", "-nq", "-comment", "two", "a.c"}, 0, "~from version \"/main/1\""},
+        {src, {"lsco", "-s"}, 0, "a.c\n"},
+        {src, {"ci", "-ide", "-nwa", "-pti", "-ncomment", "a.c"}, 0, "Checked in \"a.c\" version \"/main/2\".\n"},
+        {src, {"co", "-nc", "-ver", "a.c@@/main/1"}, 0, "~from version \"/main/1\""},
+        {src, {"unco", "-rm", "a.c"}},
+        {src, {"co", "-nc", "-bra", "/main", "-nquery", "-nda", "a.c"}, 0, "~from version \"/main/2\""},
+        {src, {"unco", "-rm", "a.c"}},
+        {src, {"mkelem", "-nc", "-elt", "binary_delta_file", "-mkp", "-ci", "-pti", "-nwa", "new/b.bin"}, 0,
+         "~Created element \"new/b.bin\" (type \"binary_delta_file\").\n"},
+        {"base/vobs/main", {"ls", "-r", "-s", "src/new"}, 0, "src/new/b.bin@@/main/1\n"},
+        {"", {"lstype", "-s", "-kind", "brtype", "-inv", "/vobs/main"}, 0, "main\n"},
+        {src, {"mklbtype", "-nc", "-glo", "-acq", "G"}, 0, "Created label type \"G\".\n"},
+        {src, {"mklbtype", "-nc", "-rep", "-ord", "-pbr", "-sha", "G"}, 0, "Replaced definition of label type \"G\".\n"},
+        {src, {"describe", "-s", "lbtype:G"}, 0, "~(ordinary type)\n  constraint: one version per branch\n"},
+        {"base/vobs/main", {"mklabel", "-nc", "-r", "-fol", "G", "src"}, 0, "~on \"src/a.c\" version \"/main/2\""},
+        {"base/vobs/main", {"mklabel", "-nc", "-rep", "-ver", "/main/1", "G", "src/a.c"}, 0, "~to \"/main/1\""},
+        {src, {"lock", "-nc", "-nus", "alice", "lbtype:G"}, 0, "Locked label type \"G\".\n"},
+        {src, {"lock", "-nc", "-rep", "-obs", "lbtype:G"}, 0, "Locked label type \"G\".\n"},
+        {src, {"lstype", "-short", "-kind", "lbtype"}, 0, "BACKSTOP\nCHECKEDOUT\nLATEST\ncomp_INITIAL\n"},
+        {src, {"lock", "-nc", "-pna", "a.c"}, 0, "Locked element \"a.c\".\n"},
+        {src, {"unlock", "-nc", "-pna", "a.c"}, 0, "Unlocked element \"a.c\".\n"},
+        {src, {"mkattype", "-nc", "-vty", "integer", "-def", "4", "Num"}},
+        {src, {"describe", "attype:Num"}, 0, "~  value type: integer\n  default value: 4\n"},
+        {dev, {"mkactivity", "-nc", "-hea", "Head line", "-nse", "-f", "act1"}, 0, "Created activity \"act1\".\n"},
+        {dev, {"lsactivity", "-l"}, 0, "~  \"Head line\"\n"},
+        {dev, {"setactivity", "act1"}},
+        {"dev", {"update"}, 0, "~Loading \"vobs/main/src/a.c\" (7 bytes).\n"},
+        {dev, {"checkout", "-nc", "a.c"}},
+    });
+    write(dev + "/a.c", "dev change\n");
+    play({
+        {dev, {"checkin", "-nc", "a.c"}},
+        {dev, {"mkbl", "-nc", "-act", "act1@/vobs/pvob", "-inc", "B1"}, 0, "~Begin incrementally labeling"},
+        {dev, {"mkbl", "-nc", "-all", "-ide", "-fu", "B2"}, 0, "~Begin fully labeling baseline \"B2\".\n"},
+        {dev, {"mkbl", "-nc", "-all", "-ide", "-nla", "B3"}, 0, "Created baseline \"B3\" in component \"comp\".\n"},
+        {"", {"lsfolder", "-s", "-inv", "/vobs/pvob"}, 0, "RootFolder\n"},
+    });
+    fs::permissions(root / "dev/vobs/main/src/a.c", fs::perms::owner_write, fs::perm_options::add);
+    write("dev/vobs/main/src/a.c", "hijack\n");
+    play({
+        {"dev", {"update", "-nov", "-cti"}, 0, "~Done loading"},
+        {"dev", {"ls", "-l", "vobs/main/src/a.c"}, 0, "~[hijacked]"},
+        {"dev", {"update", "-ren", "-pti"}, 0, "~Loading \"vobs/main/src/a.c\""},
+        {"dev", {"update", "-f", "-ove"}, 0, "~Done loading"},
+    });
+    EXPECT_EQ(read("dev/vobs/main/src/a.c.keep"), "hijack\n");
+}
+
+struct ShortForm {
+    const char* command;
+    const char* word;
+};
+
+void PrintTo(const ShortForm& c, std::ostream* os)
+{
+    *os << c.command << ' ' << c.word;
+}
+
+// Shorter than the reference allows is not an abbreviation.
+class TooShort : public Scenario, public ::testing::WithParamInterface<ShortForm> {};
+
+TEST_P(TooShort, IsAnUnrecognizedOption)
+{
+    Result r = run("", {GetParam().command, GetParam().word, "x"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(r.err.rfind("cleartool: Error: Unrecognized option \"" + std::string(GetParam().word) + "\"\nUsage: ", 0), 0u)
+        << r.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(Switches, TooShort,
+                         ::testing::Values(ShortForm{"checkout", "-re"}, ShortForm{"checkout", "-un"},
+                                           ShortForm{"checkout", "-n"}, ShortForm{"checkin", "-id"},
+                                           ShortForm{"checkin", "-ke"}, ShortForm{"lstype", "-in"},
+                                           ShortForm{"lsstream", "-cv"}, ShortForm{"mklbtype", "-re"},
+                                           ShortForm{"mklbtype", "-gl"}, ShortForm{"lock", "-ob"},
+                                           ShortForm{"lock", "-nu"}, ShortForm{"lock", "-pn"},
+                                           ShortForm{"mkattype", "-vt"}, ShortForm{"mkactivity", "-he"},
+                                           ShortForm{"mkbl", "-f"}, ShortForm{"mkbl", "-in"},
+                                           ShortForm{"update", "-ov"}, ShortForm{"mkelem", "-mk"},
+                                           ShortForm{"checkout", "-ver x"}));
+
+// Every command: an unknown switch names itself and prints the usage on stderr; -h prints it on stdout.
+class EveryCommand : public Scenario, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(EveryCommand, RefusesUnknownSwitchAndHelpsOnRequest)
+{
+    const std::string usage = "Usage: " + std::string(GetParam());
+    Result bad = run("", {GetParam(), "-bogus", "x"});
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.out, "");
+    EXPECT_EQ(bad.err.rfind("cleartool: Error: Unrecognized option \"-bogus\"\n" + usage, 0), 0u) << bad.err;
+    EXPECT_EQ(bad.err.back(), '\n');
+    Result help = run("", {GetParam(), "-help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_EQ(help.err, "");
+    EXPECT_EQ(help.out.rfind(usage, 0), 0u) << help.out;
+    EXPECT_EQ(bad.err.substr(bad.err.find("Usage: ")), help.out);
+    Result viaHelp = run("", {"help", GetParam()});
+    EXPECT_EQ(viaHelp.out, help.out);
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, EveryCommand,
+                         ::testing::Values("catcs", "checkin", "checkout", "describe", "lock", "ls", "lsactivity",
+                                           "lsbl", "lscheckout", "lscomp", "lsfolder", "lshistory", "lspool",
+                                           "lsproject", "lsstream", "lstype", "lsview", "lsvob", "mkactivity",
+                                           "mkattr", "mkattype", "mkbl", "mkbrtype", "mkcomp", "mkdir", "mkelem",
+                                           "mkfolder", "mklabel", "mklbtype", "mkproject", "mkstream", "mkview",
+                                           "mkvob", "pwv", "rmview", "setactivity", "setcs", "uncheckout",
+                                           "unlock", "update"));
+
+// A command without the operands it needs: a cause line, then its usage, exit 1, nothing on stdout.
+class MissingOperand : public Scenario, public ::testing::WithParamInterface<std::vector<std::string>> {};
+
+TEST_P(MissingOperand, PrintsCauseAndUsage)
+{
+    Result r = run("", GetParam());
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "");
+    const size_t usage = r.err.find("\nUsage: " + GetParam()[0]);
+    ASSERT_NE(usage, std::string::npos) << r.err;
+    EXPECT_EQ(r.err.rfind("cleartool: Error: ", 0), 0u);
+    EXPECT_EQ(std::count(r.err.begin(), r.err.begin() + static_cast<long>(usage), '\n'), 0) << r.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, MissingOperand,
+    ::testing::Values(std::vector<std::string>{"checkout", "-nc"}, std::vector<std::string>{"checkin", "-nc"},
+                      std::vector<std::string>{"uncheckout", "-rm"}, std::vector<std::string>{"mkelem", "-nc"},
+                      std::vector<std::string>{"mkdir", "-nc"}, std::vector<std::string>{"mklabel", "-nc", "REL1"},
+                      std::vector<std::string>{"mkattr", "-nc", "Build", "1"},
+                      std::vector<std::string>{"mkattr", "-default", "Build"}, std::vector<std::string>{"describe"},
+                      std::vector<std::string>{"lock", "-nc"}, std::vector<std::string>{"unlock"},
+                      std::vector<std::string>{"mklbtype", "-nc"}, std::vector<std::string>{"mkattype", "-nc"},
+                      std::vector<std::string>{"mkbrtype"}, std::vector<std::string>{"mkcomp", "-nc", "-nroot"},
+                      std::vector<std::string>{"mkfolder", "-in", "RootFolder"},
+                      std::vector<std::string>{"mkproject", "-in", "RootFolder"},
+                      std::vector<std::string>{"mkstream", "-in", "proj"}, std::vector<std::string>{"mkvob", "-tag", "/v"},
+                      std::vector<std::string>{"mkview", "-snapshot", "-tag", "v"},
+                      std::vector<std::string>{"mklbtype", "-c"}));
+
+TEST_F(Scenario, DoubleDashEndsSwitchesAndOperandsFailAlone)
+{
+    fixture();
+    const std::string src = "base/vobs/main/src";
+    write(src + "/-odd.c", "odd\n");
+    write(src + "/b.c", "b\n");
+    play({
+        {src, {"checkout", "-nc", "."}},
+        {src, {"mkelem", "-nc", "-ci", "--", "-odd.c", "b.c"}, 0, "~Checked in \"-odd.c\" version \"/main/1\".\n"},
+        {src, {"checkin", "-nc", "."}},
+        {src, {"ls", "-short", "--", "-odd.c"}, 0, "-odd.c@@/main/1\n"},
+        {src, {"checkout", "-nc", "-odd.c"}, 1, "", "~Unrecognized option \"-odd.c\"\n"},
+        {src, {"checkout", "-nc", "--", "-odd.c"}, 0, "Checked out \"-odd.c\" from version \"/main/1\".\n"},
+        {src, {"checkout", "-nc", "a.c", "--"}, 1, "Checked out \"a.c\" from version \"/main/1\".\n",
+         "~Unable to check out \"--\".\n"},
+    });
+}
+
+TEST_F(Scenario, SeveralOperandsOneFailing)
+{
+    fixture();
+    const std::string src = "base/vobs/main/src";
+    write(src + "/b.c", "b\n");
+    play({
+        {src, {"checkout", "-nc", "."}},
+        {src, {"mkelem", "-nc", "-ci", "b.c"}},
+        {src, {"checkout", "-nc", "a.c", "gone.c", "b.c"}, 1,
+         "Checked out \"a.c\" from version \"/main/1\".\nChecked out \"b.c\" from version \"/main/1\".\n",
+         "cleartool: Error: Unable to access \"gone.c\": No such file or directory.\n"
+         "cleartool: Error: Unable to check out \"gone.c\".\n"},
+        {src, {"lscheckout", "-short"}, 0, "a.c\nb.c\n"},
+        {src, {"checkin", "-nc", "a.c", "b.c"}, 1, "",
+         "cleartool: Error: By default, won't create version with data identical to predecessor.\n"
+         "cleartool: Error: Unable to check in \"a.c\".\n"
+         "cleartool: Error: By default, won't create version with data identical to predecessor.\n"
+         "cleartool: Error: Unable to check in \"b.c\".\n"},
+        {src, {"uncheckout", "-rm", "b.c", "a.c", "b.c"}, 1,
+         "Checkout cancelled for \"b.c\".\nCheckout cancelled for \"a.c\".\n",
+         "cleartool: Error: Element \"b.c\" is not checked out.\ncleartool: Error: Unable to uncheckout \"b.c\".\n"},
+        {src, {"lscheckout", "-short", "-directory", "."}, 0, ".\n"},
+        {"", {"mklbtype", "-nc", "lbtype:A@/vobs/main", "lbtype:B@/vobs/none", "lbtype:C@/vobs/main"}, 1,
+         "Created label type \"A\".\nCreated label type \"C\".\n",
+         "cleartool: Error: Unable to determine VOB for pathname \"/vobs/none\".\n"},
+    });
+}
+
+TEST_F(Scenario, LtEditionReportsItselfAndRefusesFullFeatures)
+{
+    fixture();
+    edition = "lt";
+    const std::string src = "base/vobs/main/src";
+    play({
+        {"", {"-version"}, 0, "~Rational ClearCase LT"},
+        {"", {"-ver"}, 0, "~Rational ClearCase LT"},
+        {src, {"checkout", "-nc", "a.c@@/main/1"}, 1, "",
+         "cleartool: Error: Version-extended pathname \"a.c@@/main/1\" is not supported by ClearCase LT.\n"},
+        {src, {"lock", "-nc", "a.c@@/main"}, 1, "", "~is not supported by ClearCase LT.\n"},
+        {src, {"mkdir", "-nc", "-master", "d"}, 1, "",
+         "cleartool: Error: Mastership (-master) is not supported by ClearCase LT.\n"},
+        {src, {"checkout", "-nc", "."}},
+        {src, {"mkelem", "-nc", "-master", "b.c"}, 1, "",
+         "cleartool: Error: Mastership (-master) is not supported by ClearCase LT.\n"},
+        {src, {"mkelem", "-nc", "b.c"}, 0, "~Created element \"b.c\""},
+        {src, {"ls", "-short", "b.c"}, 0, "b.c@@/main/CHECKEDOUT\n"},
+    });
+    edition = "";
+    play({{"", {"-version"}, 0, "~Rational ClearCase version"}});
+    Result full = run("", {"-version"});
+    EXPECT_EQ(full.out.find("LT"), std::string::npos);
+}
+
+TEST_F(Scenario, BadClockIsRefused)
+{
+    now = "yesterday-ish";
+    Result r = run("", {"lsvob", "-short"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.err.find("CCSIM_NOW"), std::string::npos) << r.err;
+    now = "1363083751";
+    fixture();
+    play({{"base/vobs/main/src", {"describe", "a.c"}, 0, "~  created 12-Mar-13."}});
+}
+
+/// A command that fails as a whole, and where it runs.
+struct FailingCommand {
+    std::string dir;
+    std::vector<std::string> args;
+};
+
+void PrintTo(const FailingCommand& c, std::ostream* os)
+{
+    for (const std::string& a : c.args)
+        *os << a << ' ';
+}
+
+class FailureChangesNothing : public Scenario, public ::testing::WithParamInterface<FailingCommand> {};
+
+TEST_P(FailureChangesNothing, StoreListsTheSameBeforeAndAfter)
+{
+    fixture();
+    play({
+        {"", {"mklbtype", "-nc", "lbtype:REL1@/vobs/main"}},
+        {"", {"mkattype", "-nc", "-vtype", "integer", "-le", "10", "attype:Build@/vobs/main"}},
+        {"dev/vobs/main", {"mkactivity", "-nc", "-nset", "fix_1"}},
+    });
+    const std::string before = storeState();
+    Result r = run(GetParam().dir, GetParam().args);
+    EXPECT_EQ(r.status, 1) << r.out << r.err;
+    EXPECT_NE(r.err, "");
+    EXPECT_EQ(storeState(), before) << r.out << r.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, FailureChangesNothing,
+    ::testing::Values(
+        FailingCommand{"base/vobs/main/src", {"checkin", "-nc", "a.c"}},
+        FailingCommand{"base/vobs/main/src", {"uncheckout", "-rm", "a.c"}},
+        FailingCommand{"base/vobs/main/src", {"mkelem", "-nc", "new.c"}},
+        FailingCommand{"base/vobs/main/src", {"mkelem", "-nc", "-mkpath", "-eltype", "nosuch", "deep/x.c"}},
+        FailingCommand{"base/vobs/main/src", {"mklabel", "-nc", "NOPE", "a.c"}},
+        FailingCommand{"base/vobs/main/src", {"mkattr", "-nc", "Build", "11", "a.c"}},
+        FailingCommand{"base/vobs/main/src", {"mklbtype", "-nc", "REL1"}},
+        FailingCommand{"base/vobs/main/src", {"mkattype", "-nc", "-vtype", "integer", "-le", "1", "-default", "5", "Big"}},
+        FailingCommand{"", {"unlock", "-nc", "lbtype:REL1@/vobs/main"}},
+        FailingCommand{"dev/vobs/main/src", {"checkout", "-nc", "a.c"}},
+        FailingCommand{"dev/vobs/main", {"mkactivity", "-nc", "fix_1"}},
+        FailingCommand{"dev/vobs/main", {"mkbl", "-nc", "-component", "nope", "X"}},
+        FailingCommand{"base", {"setcs", "missing.cs"}},
+        FailingCommand{"", {"mkview", "-snapshot", "-tag", "base_v", "other"}},
+        FailingCommand{"", {"mkstream", "-nc", "-in", "proj@/vobs/pvob", "dev@/vobs/pvob"}}));
+
+TEST_F(Scenario, ParallelCheckoutsAllSucceed)
+{
+    fixture();
+    const std::string src = "base/vobs/main/src";
+    constexpr int kFiles = 8;
+    std::vector<std::string> mkelem{"mkelem", "-nc", "-ci"};
+    for (int i = 0; i < kFiles; ++i) {
+        write(src + "/f" + std::to_string(i) + ".c", std::to_string(i) + "\n");
+        mkelem.push_back("f" + std::to_string(i) + ".c");
+    }
+    play({{src, {"checkout", "-nc", "."}}, {src, mkelem}, {src, {"checkin", "-nc", "."}}});
+
+    auto together = [&](const std::string& command) {
+        std::vector<Result> results(kFiles);
+        std::vector<std::thread> threads;
+        for (int i = 0; i < kFiles; ++i)
+            threads.emplace_back([&, i] { results[i] = run(src, {command, "-nc", "f" + std::to_string(i) + ".c"}); });
+        for (std::thread& t : threads)
+            t.join();
+        for (int i = 0; i < kFiles; ++i)
+            EXPECT_EQ(results[i].status, 0) << command << " f" << i << ".c: " << results[i].err;
+    };
+    together("checkout");
+    Result listed = run(src, {"lscheckout", "-short"});
+    std::vector<std::string> names;
+    for (size_t start = 0, end; (end = listed.out.find('\n', start)) != std::string::npos; start = end + 1)
+        names.push_back(listed.out.substr(start, end - start));
+    std::sort(names.begin(), names.end());
+    ASSERT_EQ(names.size(), static_cast<size_t>(kFiles)) << listed.out;
+    for (int i = 0; i < kFiles; ++i) {
+        EXPECT_EQ(names[i], "f" + std::to_string(i) + ".c");
+        write(src + "/f" + std::to_string(i) + ".c", "changed " + std::to_string(i) + "\n");
+    }
+    together("checkin");
+    for (int i = 0; i < kFiles; ++i)
+        EXPECT_EQ(run(src, {"ls", "-short", "f" + std::to_string(i) + ".c"}).out, "f" + std::to_string(i) + ".c@@/main/2\n");
+}
+
+} // namespace
