@@ -11,22 +11,25 @@ namespace {
 
 struct ElementInView {
     Target target;
+    View view;
     Id element = 0;
     fs::path file;
 };
 
-/// The element a pathname names in the current view, or a failure ending with `unable`.
+/// The element a pathname names in the view that holds it, or a failure ending with `unable`.
 ElementInView elementInView(Session& s, const std::string& pname, const std::string& unable)
 {
-    const View& view = s.requireView();
     Target t = s.resolve(pname);
-    if (!t.element || !t.inView) {
+    if (!t.element || !t.view) {
         std::error_code ec;
         if (!fs::exists(t.abs, ec))
             fail(message(Msg::NoSuchFile, {pname}), unable);
         fail(message(Msg::NotVobObject, {pname}), unable);
     }
-    return ElementInView{t, *t.element, viewFile(view, t.vob->tag, t.vobPath)};
+    const Id element = *t.element;
+    const fs::path file = viewFile(*t.view, t.vob->tag, t.vobPath);
+    const View view = *t.view;
+    return ElementInView{std::move(t), view, element, file};
 }
 
 /// What a change to `element` must find unlocked; with `branch`, that branch and its branch type too.
@@ -69,7 +72,7 @@ void checkOut(Session& s, const std::string& pname, const CheckoutRequest& req)
 {
     const std::string unable = message(Msg::UnableToCheckOut, {pname});
     ElementInView e = elementInView(s, pname, unable);
-    const View& view = *s.view();
+    const View& view = e.view;
     auto activity = requireActivity(view, unable);
     if (checkoutIn(s.store, e.element, view.id))
         fail(message(Msg::AlreadyCheckedOut, {pname, view.tag}), unable);
@@ -129,10 +132,10 @@ struct CheckinRequest {
     bool keep = false;
 };
 
-void checkIn(Session& s, const std::string& pname, Id element, const fs::path& file, const CheckinRequest& req)
+void checkIn(Session& s, const std::string& pname, const View& view, Id element, const fs::path& file,
+             const CheckinRequest& req)
 {
     const std::string unable = message(Msg::UnableToCheckIn, {pname});
-    const View& view = s.requireView();
     auto co = checkoutIn(s.store, element, view.id);
     if (!co)
         fail(message(Msg::NoBranchCheckedOut, {view.tag}), message(Msg::UnableToFindCheckedOut, {pname}));
@@ -222,26 +225,26 @@ bool isActivityOperand(const std::string& op)
     return op == "-cact" || op.starts_with("activity:");
 }
 
-/// Runs `body` on each pathname operand, and on each check-out of this view that an
-/// activity operand ("-cact" or a selector) holds; every one fails or succeeds alone.
+/// Runs `body` on each pathname operand in the view that holds it, and on each check-out of the
+/// current view that an activity operand ("-cact" or a selector) holds; every one fails or succeeds alone.
 template <class F>
 void forEachCheckoutOperand(Session& s, const std::vector<std::string>& ops, Msg unable, F body)
 {
-    const View& view = s.requireView();
     for (const std::string& op : ops) {
         if (!isActivityOperand(op)) {
             s.guarded([&] {
                 ElementInView e = elementInView(s, op, message(unable, {op}));
-                body(op, e.element, e.file);
+                body(op, e.view, e.element, e.file);
             });
             continue;
         }
         std::vector<Checkout> cos;
         if (!s.guarded([&] { cos = activityCheckouts(s, op); }))
             continue;
+        const View& view = *s.view();
         for (const Checkout& c : cos) {
             const fs::path file = checkoutFile(s, view, c.element);
-            s.guarded([&] { body(s.display(file), c.element, file); });
+            s.guarded([&] { body(s.display(file), view, c.element, file); });
         }
     }
 }
@@ -256,14 +259,14 @@ struct MakeRequest {
 
 Id makeElement(Session& s, const std::string& pname, const MakeRequest& req);
 
-/// The directory element holding `t`, checked out (or made, with -mkpath) in the current view.
+/// The directory element holding `t`, checked out (or made, with -mkpath) in the view holding `t`.
 Id parentFor(Session& s, const Target& t, const std::string& unable, const MakeRequest& req)
 {
-    const View& view = *s.view();
+    const View& view = *t.view;
     const fs::path parentAbs = t.abs.parent_path();
     const std::string parentName = s.display(parentAbs);
     Target parent = s.resolve(parentAbs.string());
-    if (!parent.vob || !parent.inView)
+    if (!parent.vob || !parent.view)
         fail(message(Msg::NotVobObject, {parentName}), unable);
     if (!parent.element) {
         if (!req.mkpath)
@@ -283,10 +286,10 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
 {
     const std::string unable = req.dir ? message(Msg::UnableToCreateDirectory, {pname})
                                        : message(Msg::UnableToCreateElement, {pname});
-    const View& view = s.requireView();
     Target t = s.resolve(pname);
-    if (!t.vob || !t.inView || t.vobPath.empty())
+    if (!t.vob || !t.view || t.vobPath.empty())
         fail(message(Msg::NotVobObject, {pname}), unable);
+    const View& view = *t.view;
     const std::string name = t.abs.filename().string();
     if (t.element)
         fail(message(Msg::EntryExists, {name}), unable);
@@ -330,7 +333,7 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
         writeViewFile(t.abs, data, true);
     s.print(message(Msg::CheckedOut, {pname, "/main/0"}));
     if (req.mode == "ci")
-        checkIn(s, pname, element, t.abs, CheckinRequest{req.comment, true, false});
+        checkIn(s, pname, view, element, t.abs, CheckinRequest{req.comment, true, false});
     return element;
 }
 
@@ -365,7 +368,6 @@ void cmdCheckout(Session& s, const ParsedArgs& args)
     req.out = args.value("out");
     req.ndata = args.has("ndata");
     req.comment = commentOf(s, args);
-    s.requireView();
     s.forEach(args.operands(), [&](const std::string& pname) { checkOut(s, pname, req); });
 }
 
@@ -379,10 +381,10 @@ void cmdCheckin(Session& s, const ParsedArgs& args)
         req.comment = commentOf(s, args);
     req.identical = args.has("identical");
     req.keep = args.has("keep");
-    s.requireView();
-    forEachCheckoutOperand(s, ops, Msg::UnableToCheckIn, [&](const std::string& pname, Id element, const fs::path& file) {
-        checkIn(s, pname, element, file, req);
-    });
+    forEachCheckoutOperand(s, ops, Msg::UnableToCheckIn,
+                           [&](const std::string& pname, const View& view, Id element, const fs::path& file) {
+                               checkIn(s, pname, view, element, file, req);
+                           });
 }
 
 void cmdUncheckout(Session& s, const ParsedArgs& args)
@@ -390,8 +392,7 @@ void cmdUncheckout(Session& s, const ParsedArgs& args)
     if (args.has("keep") && args.has("rm"))
         throw UsageError{message(Msg::ConflictingOptions, {"-keep", "-rm"})};
     const auto ops = withCact(args);
-    const View& view = s.requireView();
-    auto undo = [&](const std::string& pname, Id element, const fs::path& file) {
+    auto undo = [&](const std::string& pname, const View& view, Id element, const fs::path& file) {
         const std::string unable = message(Msg::UnableToUncheckout, {pname});
         auto co = checkoutIn(s.store, element, view.id);
         if (!co)
@@ -435,7 +436,6 @@ void cmdMkelem(Session& s, const ParsedArgs& args)
     req.comment = commentOf(s, args);
     if (req.eltype == "directory")
         req.dir = true;
-    s.requireView();
     s.forEach(args.operands(), [&](const std::string& pname) { makeElement(s, pname, req); });
 }
 
@@ -444,7 +444,6 @@ void cmdMkdir(Session& s, const ParsedArgs& args)
     requireOperands(args);
     refuseMasterInLt(s, args);
     MakeRequest req{true, "directory", args.has("nco") ? "nco" : "co", false, commentOf(s, args)};
-    s.requireView();
     s.forEach(args.operands(), [&](const std::string& pname) { makeElement(s, pname, req); });
 }
 

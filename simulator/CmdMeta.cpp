@@ -129,7 +129,7 @@ std::vector<Labelled> versionsFor(Session& s, const std::string& op, const std::
     if (o.kind != "version")
         fail(message(Msg::NotVobObject, {op}), unable);
     std::vector<Labelled> out{{op, *t.element, o.id}};
-    if (recurse && isDirectory(s.store, *t.element) && s.view()) {
+    if (recurse && isDirectory(s.store, *t.element) && t.view) {
         for (size_t i = 0; i < out.size(); ++i) {
             if (!isDirectory(s.store, out[i].element))
                 continue;
@@ -138,7 +138,7 @@ std::vector<Labelled> versionsFor(Session& s, const std::string& op, const std::
             while (q.step())
                 kids.emplace_back(q.integer(0), q.text(1));
             for (auto& [kid, name] : kids) {
-                auto sel = viewVersion(s, *s.view(), kid);
+                auto sel = viewVersion(s, *t.view, kid);
                 if (sel)
                     out.push_back({out[i].name + "/" + name, kid, sel->version});
             }

@@ -127,8 +127,8 @@ void describeVersion(Session& s, const ObjectRef& o, const Target* t)
 {
     const VersionInfo v = versionInfo(s.store, o.id);
     std::optional<Checkout> co;
-    if (t && !t->extended && s.view())
-        co = checkoutIn(s.store, v.element, s.view()->id);
+    if (t && !t->extended && t->view)
+        co = checkoutIn(s.store, v.element, t->view->id);
     Stmt q = s.store.query("SELECT created, user, comment, pred_id FROM versions WHERE id=?", o.id);
     q.step();
     if (co) {
@@ -287,9 +287,9 @@ void history(Session& s, const std::string& given, Id element, bool shortForm, s
 std::string lsName(Session& s, const fs::path& path, const std::string& shown, bool longForm)
 {
     Target t = s.resolve(path.string());
-    if (!t.element || !t.inView)
+    if (!t.element || !t.view)
         return longForm ? "view private object    " + shown : shown;
-    const View& view = *s.view();
+    const View& view = *t.view;
     std::string ext;
     if (auto co = checkoutIn(s.store, *t.element, view.id)) {
         ext = versionInfo(s.store, co->pred).branchPath + "/CHECKEDOUT";
@@ -316,7 +316,7 @@ void listDir(Session& s, const fs::path& dir, const std::string& prefix, bool re
     std::vector<std::pair<fs::path, std::string>> subdirs;
     for (auto& e : entries) {
         const std::string name = e.path().filename().string();
-        if (s.view() && dir == s.view()->root && (name == "view.dat" || name.starts_with("update.")))
+        if ((name == "view.dat" || name.starts_with("update.")) && fs::is_regular_file(dir / "view.dat", ec))
             continue;
         const std::string shown = prefix.empty() ? name : prefix + "/" + name;
         s.print(lsName(s, e.path(), shown, longForm));
@@ -544,21 +544,20 @@ void cmdLs(Session& s, const ParsedArgs& args)
 
 void cmdLscheckout(Session& s, const ParsedArgs& args)
 {
-    const View* view = s.view() ? &*s.view() : nullptr;
     std::vector<std::string> ops = args.operands();
     if (ops.empty())
         ops.push_back(".");
     s.forEach(ops, [&](const std::string& op) {
         Target scope = s.resolve(op);
-        if (!view || !scope.inView) {
-            if (!scope.vob)
-                fail(message(Msg::NotObjectInVob, {op}));
-        }
+        if (!scope.view && !scope.vob)
+            fail(message(Msg::NotObjectInVob, {op}));
+        const View* view = scope.view ? &*scope.view : nullptr;
+        const View* current = view ? view : s.view() ? &*s.view() : nullptr;
         const std::string root = scope.abs.string();
         Stmt q = s.store.query("SELECT element_id, view_id FROM checkouts ORDER BY id");
         std::vector<Checkout> found;
         while (q.step()) {
-            if (args.has("cview") && (!view || q.integer(1) != view->id))
+            if (args.has("cview") && (!current || q.integer(1) != current->id))
                 continue;
             auto co = checkoutIn(s.store, q.integer(0), q.integer(1));
             if (args.has("me") && co->user != s.env.user)

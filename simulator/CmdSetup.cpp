@@ -12,10 +12,10 @@ namespace {
 
 View viewByTag(Session& s, const std::string& tag)
 {
-    Stmt q = s.store.query("SELECT id, tag, dir, cs, stream_id, activity_id FROM views WHERE tag=?", tag);
-    if (!q.step())
+    auto view = s.viewTagged(tag);
+    if (!view)
         fail(message(Msg::ViewTagNotFound, {tag}));
-    return View{q.integer(0), q.text(1), q.text(2), q.text(3), q.optInteger(4), q.optInteger(5)};
+    return *view;
 }
 
 /// The view named by -tag, else the one around the working directory.

@@ -374,8 +374,8 @@ ObjectRef resolvePathObject(Session& s, const Target& t, const std::optional<std
         return ObjectRef{"version", *v, "version", t.given, vob};
     }
     std::optional<Selection> sel;
-    if (s.view() && t.inView)
-        sel = viewVersion(s, *s.view(), element);
+    if (t.view)
+        sel = viewVersion(s, *t.view, element);
     if (!sel) {
         auto main = branchByPath(s.store, element, "/main");
         sel = Selection{*latestOnBranch(s.store, *main), false};

@@ -61,7 +61,7 @@ Session::Session(Store& s, Environment e, fs::path wd, std::ostream& o, std::ost
     , err(er)
     , in(i)
 {
-    m_view = findView();
+    m_view = viewAt(cwd);
 }
 
 void Session::error(const std::string& text)
@@ -86,9 +86,9 @@ void Session::printLines(const std::vector<std::string>& lines)
         print(line);
 }
 
-std::optional<View> Session::findView()
+std::optional<View> Session::viewAt(const fs::path& path)
 {
-    for (fs::path dir = cwd;; dir = dir.parent_path()) {
+    for (fs::path dir = path;; dir = dir.parent_path()) {
         std::error_code ec;
         if (fs::is_regular_file(dir / "view.dat", ec)) {
             std::ifstream in(dir / "view.dat");
@@ -97,19 +97,23 @@ std::optional<View> Session::findView()
                 if (line.starts_with("tag="))
                     tag = line.substr(4);
             }
-            Stmt s = store.query("SELECT id, tag, dir, cs, stream_id, activity_id FROM views WHERE tag=?", tag);
-            if (!s.step())
-                return std::nullopt;
-            return View{s.integer(0), s.text(1), s.text(2), s.text(3), s.optInteger(4), s.optInteger(5)};
+            // Files live where the marker is, however the store spells the view's directory.
+            auto view = viewTagged(tag);
+            if (view)
+                view->root = dir;
+            return view;
         }
         if (dir == dir.root_path() || dir.empty())
             return std::nullopt;
     }
 }
 
-void Session::reloadView()
+std::optional<View> Session::viewTagged(const std::string& tag)
 {
-    m_view = findView();
+    Stmt s = store.query("SELECT id, tag, dir, cs, stream_id, activity_id FROM views WHERE tag=?", tag);
+    if (!s.step())
+        return std::nullopt;
+    return View{s.integer(0), s.text(1), s.text(2), s.text(3), s.optInteger(4), s.optInteger(5)};
 }
 
 const View& Session::requireView()
@@ -185,14 +189,11 @@ Target Session::resolve(const std::string& given)
     t.abs = s;
 
     std::string inner = s; // the path in VOB-tag space
-    if (m_view) {
-        const std::string root = m_view->root.string();
-        if (s == root || s.starts_with(root + "/")) {
-            t.inView = true;
-            inner = s.substr(root.size());
-            if (inner.empty())
-                inner = "/";
-        }
+    t.view = viewAt(t.abs);
+    if (t.view) {
+        inner = s.substr(t.view->root.string().size());
+        if (inner.empty())
+            inner = "/";
     }
     for (const Vob& v : vobs()) {
         if (inner == v.tag || inner.starts_with(v.tag + "/")) {

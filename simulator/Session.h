@@ -57,7 +57,7 @@ struct Target {
     std::optional<std::int64_t> element;   ///< the element at vobPath, if one exists
     bool extended = false;                 ///< the name carried "@@"
     std::string extension;                 ///< what follows "@@" ("/main/3", "", ...)
-    bool inView = false;                   ///< abs lies inside the current view
+    std::optional<View> view;              ///< the snapshot view whose directory holds abs
 
     std::string elementName() const;       ///< "/vobs/main/src/a.c"
 };
@@ -85,7 +85,9 @@ public:
     const std::optional<View>& view() const { return m_view; }
     /// The current view, or a failure with the "no view info" message.
     const View& requireView();
-    void reloadView();
+    /// The snapshot view whose directory holds `path`: the nearest view.dat marker above it.
+    std::optional<View> viewAt(const fs::path& path);
+    std::optional<View> viewTagged(const std::string& tag);
 
     std::vector<Vob> vobs();
     std::optional<Vob> vobByTag(std::string_view tag);
@@ -124,7 +126,6 @@ public:
     }
 
 private:
-    std::optional<View> findView();
     int m_status = 0;
     std::optional<View> m_view;
     std::optional<std::vector<Vob>> m_vobs;

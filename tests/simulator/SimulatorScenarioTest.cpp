@@ -83,6 +83,49 @@ TEST_F(Scenario, MakeElementRules)
     });
 }
 
+TEST_F(Scenario, PathnamesFindTheirViewFromAnyWorkingDirectory)
+{
+    fixture();
+    const std::string src = (root / "base/vobs/main/src").string();
+    const std::string a = src + "/a.c", b = src + "/b.c", d = src + "/d";
+    write("base/vobs/main/src/b.c", "b\n");
+    const auto checkedOut = [](const std::string& p, const std::string& from) {
+        return "Checked out \"" + p + "\" from version \"" + from + "\".\n";
+    };
+    // Run from the scenario root, which lies in no view, and from inside another view.
+    play({
+        {"", {"checkout", "-nc", "-nquery", a}, 0, checkedOut(a, "/main/1")},
+        {"", {"checkout", "-nc", src}, 0, checkedOut(src, "/main/1")},
+        {"", {"mkelem", "-nc", "-ci", b}, 0,
+         "Created element \"" + b + "\" (type \"text_file\").\n" + checkedOut(b, "/main/0") + "Checked in \"" + b +
+             "\" version \"/main/1\".\n"},
+        {"", {"mkdir", "-nc", d}, 0, "Created directory element \"" + d + "\".\n" + checkedOut(d, "/main/0")},
+        {"", {"uncheckout", "-rm", d}, 0, "Checkout cancelled for \"" + d + "\".\n"},
+        {"", {"checkin", "-nc", "-identical", a, src}, 0,
+         "Checked in \"" + a + "\" version \"/main/2\".\nChecked in \"" + src + "\" version \"/main/2\".\n"},
+        {"", {"mklbtype", "-nc", "REL_42@/vobs/main"}},
+        {"", {"mklabel", "-nc", "REL_42", a}, 0, "Created label \"REL_42\" on \"" + a + "\" version \"/main/2\".\n"},
+        {"", {"mkattype", "-nc", "-vtype", "integer", "BuildNumber@/vobs/main"}},
+        {"", {"mkattr", "-pname", "-nc", "BuildNumber@/vobs/main", "42", a}, 0,
+         "Created attribute \"BuildNumber\" on \"" + a + "@@/main/2\".\n"},
+        {"", {"lock", "-nc", "-pname", a}, 0, "Locked element \"" + a + "\".\n"},
+        {"", {"unlock", "-nc", "-pname", a}, 0, "Unlocked element \"" + a + "\".\n"},
+        {"", {"lshistory", "-short", a}, 0,
+         a + "@@/main/2\n" + a + "@@/main/2\n" + a + "@@/main/1\n" + a + "@@/main/0\n" + a + "@@/main\n" + a + "@@\n"},
+        {"", {"describe", a}, 0, "~version \"" + a + "@@/main/2\"\n"},
+        {"", {"describe", a}, 0, "~  Labels:\n    REL_42\n  Attributes:\n    BuildNumber = 42\n"},
+        {"", {"ls", "-short", src}, 0, a + "@@/main/2\n" + b + "@@/main/1\n" + d + "@@/main/0\n"},
+        {"", {"ls", "-short", "base/vobs/main/src/a.c"}, 0, "base/vobs/main/src/a.c@@/main/2\n"},
+        {"dev/vobs/main", {"checkout", "-nc", a}, 0, checkedOut(a, "/main/2")},
+        {"", {"lscheckout", "-short", a}, 0, "base/vobs/main/src/a.c\n"},
+        {"base", {"lscheckout", "-short", "-recurse"}, 0, "vobs/main/src/a.c\n"},
+        {"dev/vobs/main", {"uncheckout", "-rm", a}, 0, "Checkout cancelled for \"" + a + "\".\n"},
+        {"", {"checkout", "-nc", (root / "cs.txt").string()}, 1, "",
+         "cleartool: Error: Not a vob object: \"" + (root / "cs.txt").string() + "\".\n"
+         "cleartool: Error: Unable to check out \"" + (root / "cs.txt").string() + "\".\n"},
+    });
+}
+
 TEST_F(Scenario, ReservedCheckoutBlocksAnotherView)
 {
     fixture();
