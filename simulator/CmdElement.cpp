@@ -293,8 +293,9 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
     const std::string name = t.abs.filename().string();
     if (t.element)
         fail(message(Msg::EntryExists, {name}), unable);
+    // With -mkpath a view-private directory becomes the element; its contents stay private.
     std::error_code ec;
-    if (req.dir && fs::exists(t.abs, ec))
+    if (req.dir && fs::exists(t.abs, ec) && !(req.mkpath && fs::is_directory(t.abs, ec)))
         fail(message(Msg::EntryExists, {name}), unable);
     auto activity = requireActivity(view, unable);
     std::string data;

@@ -83,6 +83,35 @@ TEST_F(Scenario, MakeElementRules)
     });
 }
 
+TEST_F(Scenario, MakePathTurnsPrivateFoldersIntoElements)
+{
+    fixture();
+    const std::string src = "base/vobs/main/src";
+    fs::create_directories(root / src / "nd2/deep");
+    fs::create_directories(root / src / "nd3");
+    write(src + "/nd2/deep/y.c", "hi\n");
+    write(src + "/nd2/z.c", "private\n");
+    write(src + "/f.txt", "a file\n");
+    play({
+        {src, {"mkelem", "-mkpath", "-nc", "nd2/deep/y.c"}, 0,
+         "Checked out \".\" from version \"/main/1\".\nCreated directory element \"nd2\".\n"
+         "Checked out \"nd2\" from version \"/main/0\".\nCreated directory element \"nd2/deep\".\n"
+         "Checked out \"nd2/deep\" from version \"/main/0\".\n"
+         "Created element \"nd2/deep/y.c\" (type \"text_file\").\nChecked out \"nd2/deep/y.c\" from version \"/main/0\".\n"},
+        {src, {"ls", "-recurse", "-short", "nd2"}, 0,
+         "nd2/deep@@/main/CHECKEDOUT\nnd2/z.c\nnd2/deep/y.c@@/main/CHECKEDOUT\n"},
+        {src, {"lscheckout", "-short", "-recurse"}, 0, ".\nnd2\nnd2/deep\nnd2/deep/y.c\n"},
+        {src, {"mkdir", "-nc", "nd3"}, 1, "",
+         "cleartool: Error: Entry named \"nd3\" already exists.\ncleartool: Error: Unable to create directory \"nd3\".\n"},
+        {src, {"mkelem", "-mkpath", "-nc", "f.txt/x.c"}, 1, "",
+         "cleartool: Error: Entry named \"f.txt\" already exists.\n"
+         "cleartool: Error: Unable to create directory \"f.txt\".\n"},
+        {src, {"ls", "-short", "nd3", "f.txt"}, 0, "f.txt\n"},
+    });
+    EXPECT_EQ(read(src + "/nd2/deep/y.c"), "hi\n");
+    EXPECT_EQ(read(src + "/nd2/z.c"), "private\n");
+}
+
 TEST_F(Scenario, PathnamesFindTheirViewFromAnyWorkingDirectory)
 {
     fixture();
