@@ -282,7 +282,7 @@ void cmdMklabel(Session& s, const ParsedArgs& args)
                     s.store.run("DELETE FROM labels WHERE type_id=? AND element_id=?", *type, l.element);
                 s.store.run("INSERT INTO labels(type_id, version_id, element_id, created, user) VALUES(?,?,?,?,?)", *type,
                             l.version, l.element, s.env.now, s.env.user);
-                addEvent(s, l.element, "label", ext, commentOf(s, args));
+                addEvent(s, l.element, "label", ext, commentOf(s, args), sel.name);
                 if (current && *current != l.version)
                     s.print(message(Msg::MovedLabel,
                                     {sel.name, l.name, versionInfo(s.store, *current).extension(), ext}));

@@ -261,8 +261,8 @@ void describeOne(Session& s, const std::string& operand, const std::optional<std
 /// The events of one element, newest first, as lshistory prints them.
 void history(Session& s, const std::string& given, Id element, bool shortForm, std::optional<Time> since)
 {
-    Stmt q = s.store.query("SELECT kind, vext, created, user, comment FROM events WHERE element_id=? ORDER BY id DESC",
-                           element);
+    Stmt q = s.store.query(
+        "SELECT kind, vext, created, user, comment, label FROM events WHERE element_id=? ORDER BY id DESC", element);
     while (q.step()) {
         if (since && q.integer(2) < *since)
             continue;
@@ -272,12 +272,13 @@ void history(Session& s, const std::string& given, Id element, bool shortForm, s
             continue;
         }
         const std::string kind = q.text(0);
-        std::string what = kind == "element" ? "create " + std::string(isDirectory(s.store, element) ? "directory" : "file") +
-                                                   " element"
-                         : kind == "branch"  ? "create branch"
-                         : kind == "label"   ? "make label"
-                                             : "create version";
-        s.print(stampUser(s, q.integer(2), q.text(3)) + what + " \"" + name + "\"");
+        const std::string what =
+            kind == "label"   ? message(Msg::HistoryLabel, {q.isNull(5) ? "" : q.text(5), name})
+            : kind == "element" ? "create " + std::string(isDirectory(s.store, element) ? "directory" : "file") +
+                                      " element \"" + name + "\""
+            : kind == "branch" ? "create branch \"" + name + "\""
+                               : "create version \"" + name + "\"";
+        s.print(stampUser(s, q.integer(2), q.text(3)) + what);
         if (!q.text(4).empty())
             s.print("  \"" + q.text(4) + "\"");
     }

@@ -79,7 +79,7 @@ void labelVersions(Session& s, Id component, const std::string& label, const std
         s.store.run("DELETE FROM labels WHERE type_id=? AND element_id=?", *type, info.element);
         s.store.run("INSERT INTO labels(type_id, version_id, element_id, created, user) VALUES(?,?,?,?,?)", *type, v,
                     info.element, s.env.now, s.env.user);
-        addEvent(s, info.element, "label", info.extension(), "");
+        addEvent(s, info.element, "label", info.extension(), "", label);
     }
 }
 

@@ -109,6 +109,7 @@ enum class Msg {
     RemovedView,
     CreatedObject,
     SaveQuestion,
+    HistoryLabel,
 };
 
 /// The text of `id` with %1, %2, ... replaced by `args`.

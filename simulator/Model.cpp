@@ -166,10 +166,11 @@ Id vobOfElement(Store& store, Id element)
     return store.scalar("SELECT vob_id FROM elements WHERE id=?", element).value_or(0);
 }
 
-void addEvent(Session& s, Id element, std::string_view kind, const std::string& extension, const std::string& comment)
+void addEvent(Session& s, Id element, std::string_view kind, const std::string& extension, const std::string& comment,
+              const std::string& label)
 {
-    s.store.run("INSERT INTO events(element_id, kind, vext, created, user, comment) VALUES(?,?,?,?,?,?)", element, kind,
-                extension, s.env.now, s.env.user, comment);
+    s.store.run("INSERT INTO events(element_id, kind, vext, created, user, comment, label) VALUES(?,?,?,?,?,?,?)", element,
+                kind, extension, s.env.now, s.env.user, comment, label);
 }
 
 Id createVersion(Session& s, Id element, Id branch, const std::string& data, const std::string& comment, Id pred)

@@ -41,7 +41,9 @@ Id vobOfElement(Store& store, Id element);
 Id createElement(Session& s, Id vob, Id parent, const std::string& name, const std::string& eltype, bool dir,
                  const std::string& comment);
 Id createVersion(Session& s, Id element, Id branch, const std::string& data, const std::string& comment, Id pred);
-void addEvent(Session& s, Id element, std::string_view kind, const std::string& extension, const std::string& comment);
+/// Records what lshistory prints; a label event also names its label.
+void addEvent(Session& s, Id element, std::string_view kind, const std::string& extension, const std::string& comment,
+              const std::string& label = {});
 
 struct Checkout {
     Id id = 0;

@@ -6,7 +6,7 @@ namespace ccsim {
 
 namespace {
 
-constexpr int kSchemaVersion = 2;
+constexpr int kSchemaVersion = 3;
 
 constexpr std::string_view kSchema = R"SQL(
 CREATE TABLE vobs(id INTEGER PRIMARY KEY, tag TEXT UNIQUE NOT NULL, storage TEXT NOT NULL,
@@ -30,7 +30,7 @@ CREATE TABLE attrs(obj_kind TEXT NOT NULL, obj_id INTEGER NOT NULL, type_id INTE
 CREATE TABLE locks(obj_kind TEXT NOT NULL, obj_id INTEGER NOT NULL, nusers TEXT, obsolete INTEGER NOT NULL,
   created INTEGER, user TEXT, comment TEXT, PRIMARY KEY(obj_kind, obj_id));
 CREATE TABLE events(id INTEGER PRIMARY KEY, element_id INTEGER NOT NULL, kind TEXT NOT NULL, vext TEXT NOT NULL,
-  created INTEGER, user TEXT, comment TEXT);
+  created INTEGER, user TEXT, comment TEXT, label TEXT);
 CREATE TABLE views(id INTEGER PRIMARY KEY, tag TEXT UNIQUE NOT NULL, dir TEXT NOT NULL, cs TEXT NOT NULL,
   stream_id INTEGER, activity_id INTEGER, created INTEGER, user TEXT);
 CREATE TABLE checkouts(id INTEGER PRIMARY KEY, element_id INTEGER NOT NULL, view_id INTEGER NOT NULL,
@@ -148,8 +148,10 @@ Store::Store(const std::string& path)
         const std::int64_t found = scalar("PRAGMA user_version").value_or(0);
         if (found == 0)
             exec(kSchema);
-        else if (found == 1) // stores made before attribute types kept their -enum list
+        if (found == 1) // stores made before attribute types kept their -enum list
             exec("ALTER TABLE types ADD COLUMN enums TEXT");
+        if (found == 1 || found == 2) // stores made before label events kept the label's name
+            exec("ALTER TABLE events ADD COLUMN label TEXT");
         if (found < kSchemaVersion)
             exec("PRAGMA user_version=" + std::to_string(kSchemaVersion));
         exec("COMMIT");

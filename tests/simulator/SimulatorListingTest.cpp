@@ -97,6 +97,9 @@ TEST_F(Scenario, HistoryIsNewestFirstWithLabelAndBranchEvents)
         {src, {"lshistory", "a.c"}, 0,
          "~14-Mar.09:00   builder    create version \"a.c@@/main/2\"\n  \"second cut\"\n"
          "12-Mar.10:22   builder    create version \"a.c@@/main/1\"\n"},
+        {src, {"lshistory", "a.c"}, 0, "~14-Mar.09:00   builder    make label \"REL1\" on version \"a.c@@/main/1\"\n"},
+        {"base/vobs/main", {"lshistory", "src/a.c"}, 0,
+         "~14-Mar.09:00   builder    make label \"REL1\" on version \"src/a.c@@/main/1\"\n"},
         {src, {"lshistory", "-short", "a.c", "gone.c"}, 1,
          "a.c@@/main/1\na.c@@/main/2\na.c@@/main/1\na.c@@/main/0\na.c@@/main\na.c@@\n",
          "cleartool: Error: Not an object in a vob: \"gone.c\".\n"},
