@@ -28,11 +28,17 @@ std::string lockSuffix(Store& store, std::string_view kind, Id id)
     return isLocked(store, kind, id) ? " (locked)" : "";
 }
 
-void printCreated(Session& s, Time t, const std::string& user, const std::string& comment)
+/// The creation lines of the object `kind`/`id`, then the users its lock exempts, if any.
+void printCreated(Session& s, std::string_view kind, Id id, Time t, const std::string& user, const std::string& comment)
 {
     s.print("  created " + formatLong(t) + " by " + s.creator(user));
     if (!comment.empty())
         s.print("  \"" + comment + "\"");
+    if (auto users = s.store.scalarText("SELECT nusers FROM locks WHERE obj_kind=? AND obj_id=? AND nusers IS NOT NULL",
+                                        kind, id)) {
+        std::replace(users->begin(), users->end(), ',', ' ');
+        s.print(message(Msg::LockedExceptUsers, {*users}));
+    }
 }
 
 void printOwner(Session& s, const std::string& user)
@@ -69,7 +75,7 @@ void describeStream(Session& s, Id stream)
     q.step();
     const Id project = q.integer(4);
     s.print("stream \"" + q.text(0) + "\"" + lockSuffix(s.store, "stream", stream));
-    printCreated(s, q.integer(1), q.text(2), q.text(3));
+    printCreated(s, "stream", stream, q.integer(1), q.text(2), q.text(3));
     printOwner(s, q.text(2));
     s.print("  project: " + ucmSelector(s.store, "projects", project));
     s.print("  title: " + q.text(0));
@@ -104,7 +110,7 @@ void describeType(Session& s, Id id)
     q.step();
     const std::string kind = q.text(0);
     s.print(typeKindWord(kind) + " \"" + q.text(1) + "\"" + lockSuffix(s.store, "type", id));
-    printCreated(s, q.integer(2), q.text(3), q.text(4));
+    printCreated(s, "type", id, q.integer(2), q.text(3), q.text(4));
     printOwner(s, q.text(3));
     s.print(std::string("  scope: this VOB (") + (q.integer(5) ? "global" : "ordinary") + " type)");
     if (kind == "lbtype")
@@ -134,10 +140,10 @@ void describeVersion(Session& s, const ObjectRef& o, const Target* t)
     if (co) {
         s.print("version \"" + t->given + "@@" + v.branchPath + "/CHECKEDOUT\" from " + v.extension() +
                 (co->reserved ? " (reserved)" : " (unreserved)"));
-        printCreated(s, co->created, co->user, co->comment);
+        printCreated(s, "version", o.id, co->created, co->user, co->comment);
     } else {
         s.print("version \"" + o.name + "\"" + lockSuffix(s.store, "version", o.id));
-        printCreated(s, q.integer(0), q.text(1), q.text(2));
+        printCreated(s, "version", o.id, q.integer(0), q.text(1), q.text(2));
     }
     s.print("  element type: " + elementType(s.store, v.element));
     if (co)
@@ -167,7 +173,7 @@ void describeUcm(Session& s, const ObjectRef& o)
     Stmt q = s.store.query("SELECT name, created, user, comment FROM " + table + " WHERE id=?", o.id);
     q.step();
     s.print(o.kindWord + " \"" + q.text(0) + "\"" + lockSuffix(s.store, o.kind, o.id));
-    printCreated(s, q.integer(1), q.text(2), q.text(3));
+    printCreated(s, o.kind, o.id, q.integer(1), q.text(2), q.text(3));
     printOwner(s, q.text(2));
     if (o.kind == "activity") {
         Stmt a = s.store.query("SELECT stream_id, headline FROM activities WHERE id=?", o.id);
@@ -235,7 +241,7 @@ void describeOne(Session& s, const std::string& operand, const std::optional<std
                     lockSuffix(s.store, "element", o.id));
         else
             s.print("branch \"" + o.name + "\"" + lockSuffix(s.store, "branch", o.id));
-        printCreated(s, q.integer(0), q.text(1), q.text(2));
+        printCreated(s, o.kind, o.id, q.integer(0), q.text(1), q.text(2));
         if (o.kind == "element")
             s.print("  element type: " + elementType(s.store, element));
         else
@@ -247,7 +253,7 @@ void describeOne(Session& s, const std::string& operand, const std::optional<std
         Stmt q = s.store.query("SELECT created, user, comment, storage, ucm FROM vobs WHERE id=?", o.id);
         q.step();
         s.print("versioned object base \"" + o.name + "\"" + lockSuffix(s.store, "vob", o.id));
-        printCreated(s, q.integer(0), q.text(1), q.text(2));
+        printCreated(s, "vob", o.id, q.integer(0), q.text(1), q.text(2));
         s.print("  VOB storage global pathname \"" + q.text(3) + "\"");
         if (q.integer(4))
             s.print("  VOB family feature level: 5 (project VOB)");

@@ -113,9 +113,10 @@ constexpr Row kMessages[] = {
     {Msg::CreatedObject, true, "Created %1 \"%2\"."},
     {Msg::SaveQuestion, true, "Save private copy of \"%1\"?  [yes] "},
     {Msg::HistoryLabel, true, "make label \"%1\" on version \"%2\""},
+    {Msg::LockedExceptUsers, true, "  Locked except for users: %1"},
 };
 
-static_assert(std::size(kMessages) == static_cast<size_t>(Msg::HistoryLabel) + 1, "one row per message");
+static_assert(std::size(kMessages) == static_cast<size_t>(Msg::LockedExceptUsers) + 1, "one row per message");
 
 constexpr bool inOrder()
 {

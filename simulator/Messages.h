@@ -110,6 +110,7 @@ enum class Msg {
     CreatedObject,
     SaveQuestion,
     HistoryLabel,
+    LockedExceptUsers,
 };
 
 /// The text of `id` with %1, %2, ... replaced by `args`.

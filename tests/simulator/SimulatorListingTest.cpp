@@ -136,6 +136,7 @@ TEST_F(Scenario, DescribeShowsTypesVersionsAndLocks)
     const std::string src = "base/vobs/main/src";
     const std::string made = "  created 12-Mar-13.10:22:31 by " + creator() + "\n";
     const std::string owner = "  owner: builder\n  group: " + groupName() + "\n";
+    const std::string except = "  Locked except for users: alice bob\n";
     play({
         {src, {"mkattype", "-nc", "-vtype", "integer", "-ge", "1", "-lt", "10", "-default", "2", "Build"}},
         {src, {"mkattype", "-c", "what it is", "Note"}},
@@ -144,6 +145,7 @@ TEST_F(Scenario, DescribeShowsTypesVersionsAndLocks)
         {src, {"mkattr", "-nc", "Build", "3", "a.c"}},
         {src, {"mkattr", "-nc", "Note", "\"ok\"", "a.c"}},
         {src, {"lock", "-nc", "attype:Build", "a.c"}},
+        {src, {"lock", "-nc", "-nusers", "alice,bob", "lbtype:REL1", "a.c@@/main", "a.c@@/main/1"}},
         {src, {"describe", "attype:Build"}, 0,
          "attribute type \"Build\" (locked)\n" + made + owner +
              "  scope: this VOB (ordinary type)\n  value type: integer\n  lower bound: 1 (inclusive)\n"
@@ -152,20 +154,23 @@ TEST_F(Scenario, DescribeShowsTypesVersionsAndLocks)
          "attribute type \"Note\"\n" + made + "  \"what it is\"\n" + owner +
              "  scope: this VOB (ordinary type)\n  value type: string\n"},
         {src, {"describe", "lbtype:REL1"}, 0,
-         "label type \"REL1\"\n" + made + owner + "  scope: this VOB (ordinary type)\n"
+         "label type \"REL1\" (locked)\n" + made + except + owner + "  scope: this VOB (ordinary type)\n"
              "  constraint: one version per branch\n"},
         {src, {"describe", "a.c"}, 0,
-         "version \"a.c@@/main/1\"\n" + made + "  element type: text_file\n  predecessor version: /main/0\n"
-             "  Labels:\n    REL1\n  Attributes:\n    Build = 3\n    Note = \"ok\"\n"},
+         "version \"a.c@@/main/1\" (locked)\n" + made + except + "  element type: text_file\n"
+             "  predecessor version: /main/0\n  Labels:\n    REL1\n  Attributes:\n    Build = 3\n    Note = \"ok\"\n"},
         {src, {"describe", "a.c@@"}, 0, "file element \"a.c@@\" (locked)\n" + made + "  element type: text_file\n"},
         {src, {"describe", "..@@"}, 0, "~directory element \"..@@\"\n"},
-        {src, {"describe", "a.c@@/main"}, 0, "branch \"a.c@@/main\"\n" + made + "  branch type: main\n"},
+        {src, {"describe", "a.c@@/main"}, 0,
+         "branch \"a.c@@/main\" (locked)\n" + made + except + "  branch type: main\n"},
         {src, {"describe", "-version", "/main/0", "a.c"}, 0, "~version \"a.c@@/main/0\"\n"},
         {src, {"describe", "a.c@@/main/7"}, 1, "", "cleartool: Error: Not a vob object: \"a.c@@/main/7\".\n"},
-        {src, {"describe", "attype:Nope", "lbtype:REL1"}, 1, "~label type \"REL1\"\n",
+        {src, {"describe", "attype:Nope", "lbtype:REL1"}, 1, "~label type \"REL1\" (locked)\n",
          "cleartool: Error: Attribute type not found: \"Nope\".\n"},
         {"", {"lock", "-nc", "vob:/vobs/main"}},
         {"", {"describe", "vob:/vobs/main"}, 0, "~versioned object base \"/vobs/main\" (locked)\n"},
+        {"", {"lock", "-nc", "-nusers", "alice,bob", "stream:dev@/vobs/pvob"}},
+        {"", {"describe", "stream:dev@/vobs/pvob"}, 0, "~stream \"dev\" (locked)\n" + made + except + owner},
         {"", {"describe", "stream:dev@/vobs/pvob"}, 0, "~  default deliver stream: proj_int@/vobs/pvob\n"},
         {"", {"describe", "component:comp@/vobs/pvob"}, 0, "~  root directory: /vobs/main\n"},
         {"", {"describe", "baseline:comp_INITIAL@/vobs/pvob"}, 0, "~  label status: Fully Labeled\n"},
