@@ -193,7 +193,7 @@ std::vector<Checkout> activityCheckouts(Session& s, const std::string& selector)
         const Vob vob = ucmVob(s, sel.vob);
         auto id = findUcm(s.store, "activities", vob.id, sel.name);
         if (!id)
-            fail(message(Msg::ObjectNotFound, {"activity", selector}));
+            fail(message(Msg::ObjectNotFound, {"activity", sel.withoutKind()}));
         activity = *id;
     }
     std::vector<Checkout> out;

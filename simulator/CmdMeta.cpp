@@ -305,6 +305,7 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
     s.forEach(targets, [&](const std::string& op) {
         const std::string unable = message(Msg::UnableToCreateAttribute, {typeSel.name, op});
         std::vector<ObjectRef> objects;
+        std::string selectorShown; ///< messages quote a selector operand as given; locks name the object itself
         const bool isPath = args.has("pname") || parseSelector(op).kind.empty();
         if (isPath && !args.has("version") && !args.has("recurse")) {
             // "a.c@@" and "a.c@@/main" name the element and the branch, which carry attributes of their own.
@@ -327,11 +328,12 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
                 f.lines.push_back(unable);
                 throw;
             }
-            objects.back().name = op;
+            selectorShown = op;
         }
         for (const ObjectRef& o : objects) {
             s.guarded([&] {
-                const std::string unableOne = message(Msg::UnableToCreateAttribute, {typeSel.name, o.name});
+                const std::string& shown = selectorShown.empty() ? o.name : selectorShown;
+                const std::string unableOne = message(Msg::UnableToCreateAttribute, {typeSel.name, shown});
                 const Id vob = typeSel.vob.empty() ? o.vob : s.vobFor(typeSel.vob).id;
                 auto type = findType(s.store, vob, "attype", typeSel.name);
                 if (!type)
@@ -362,10 +364,10 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
                                                    o.id, *type)
                                         .has_value();
                 if (exists && !args.has("replace"))
-                    fail(message(Msg::AttributeExists, {typeSel.name, o.name}), unableOne);
+                    fail(message(Msg::AttributeExists, {typeSel.name, shown}), unableOne);
                 s.store.run("INSERT OR REPLACE INTO attrs(obj_kind, obj_id, type_id, value) VALUES(?,?,?,?)", o.kind, o.id,
                             *type, *stored);
-                s.print(message(exists ? Msg::ReplacedAttribute : Msg::CreatedAttribute, {typeSel.name, o.name}));
+                s.print(message(exists ? Msg::ReplacedAttribute : Msg::CreatedAttribute, {typeSel.name, shown}));
             });
         }
     });

@@ -258,7 +258,7 @@ void cmdSetactivity(Session& s, const ParsedArgs& args)
     const Vob vob = ucmVob(s, sel.vob);
     auto id = findUcm(s.store, "activities", vob.id, sel.name);
     if (!id || s.store.scalar("SELECT stream_id FROM activities WHERE id=?", *id) != view.stream)
-        fail(message(Msg::ObjectNotFound, {"activity", op}));
+        fail(message(Msg::ObjectNotFound, {"activity", sel.withoutKind()}));
     s.store.run("UPDATE views SET activity_id=? WHERE id=?", *id, view.id);
     s.print(message(Msg::SetActivity, {sel.name, view.tag}));
 }

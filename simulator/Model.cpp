@@ -332,7 +332,7 @@ Id requireUcm(Session& s, std::string_view kind, const std::string& text, Vob* v
         *vobOut = vob;
     auto id = findUcm(s.store, kindInfo(kind)->table, vob.id, sel.name);
     if (!id)
-        fail(message(Msg::ObjectNotFound, {kind, text}));
+        fail(message(Msg::ObjectNotFound, {kind, sel.withoutKind()}));
     return *id;
 }
 

@@ -82,6 +82,8 @@ struct Selector {
     std::string kind;
     std::string name;
     std::string vob;
+    /// "name@vob" as given, without the kind: how messages quote the object.
+    std::string withoutKind() const { return vob.empty() ? name : name + "@" + vob; }
 };
 Selector parseSelector(const std::string& text);
 bool isSelectorKind(std::string_view kind);

@@ -183,7 +183,7 @@ TEST_F(Scenario, UcmActivityBaselineAndStreamListing)
         {src, {"mkactivity", "-nc", "-nset", "-force"}, 0, "Created activity \"activity130312.102231\".\n"},
         {src, {"mkactivity", "-nc", "-nset", "-force"}, 0, "Created activity \"activity130312.102231.1\".\n"},
         {src, {"setactivity", "-nc", "activity:nope@/vobs/pvob"}, 1, "",
-         "cleartool: Error: activity not found: \"activity:nope@/vobs/pvob\".\n"},
+         "cleartool: Error: activity not found: \"nope@/vobs/pvob\".\n"},
         {src, {"setactivity", "-nc", "activity:activity130312.102231@/vobs/pvob"}, 0,
          "Set activity \"activity130312.102231\" in view \"dev_v\".\n"},
         {src, {"checkout", "-nc", "a.c"}},

@@ -78,7 +78,7 @@ TEST_F(Scenario, CheckinAndUncheckoutSwitches)
          "~  change set versions:\n    /vobs/main/src/a.c@@/main/2\n    /vobs/main/src@@/main/2\n"
          "    /vobs/main/src/b.c@@/main/1\n"},
         {src, {"checkin", "-nc", "activity:nope@/vobs/pvob"}, 1, "",
-         "cleartool: Error: activity not found: \"activity:nope@/vobs/pvob\".\n"},
+         "cleartool: Error: activity not found: \"nope@/vobs/pvob\".\n"},
         {src, {"checkout", "-nc", "a.c"}},
     });
     EXPECT_EQ(read(src + "/b.c.keep"), "b1\n");
@@ -249,11 +249,21 @@ TEST_F(Scenario, LocksOnPathsAndSelectors)
          "cleartool: Error: Object is not locked.\ncleartool: Error: Unable to unlock version \"a.c@@/main/1\".\n"},
         {"", {"lock", "-nc", "stream:dev@/vobs/pvob", "activity:none@/vobs/pvob", "component:comp@/vobs/pvob"}, 1,
          "Locked stream \"dev\".\nLocked component \"comp\".\n",
-         "cleartool: Error: activity not found: \"activity:none@/vobs/pvob\".\n"},
+         "cleartool: Error: activity not found: \"none@/vobs/pvob\".\n"},
         {"dev/vobs/main", {"mkactivity", "-nc", "blocked"}, 1, "",
          "cleartool: Error: Lock on stream \"dev\" prevents operation \"make activity\".\n"
          "cleartool: Error: Unable to create activity \"blocked\".\n"},
         {"", {"unlock", "-nc", "stream:dev@/vobs/pvob"}, 0, "Unlocked stream \"dev\".\n"},
+        {src, {"mklbtype", "-nc", "REL_42"}},
+        {src, {"mkattype", "-nc", "-vtype", "integer", "BuildNumber"}},
+        {src, {"lock", "-nc", "lbtype:REL_42@/vobs/main"}},
+        {"", {"mkattr", "-nc", "BuildNumber", "42", "lbtype:REL_42@/vobs/main"}, 1, "",
+         "cleartool: Error: Lock on label type \"REL_42\" prevents operation \"make attribute\".\n"
+         "cleartool: Error: Unable to create attribute \"BuildNumber\" on \"lbtype:REL_42@/vobs/main\".\n"},
+        {src, {"setactivity", "activity:nosuch@/vobs/pvob"}, 1, "", "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
+        {"dev", {"setactivity", "activity:nosuch@/vobs/pvob"}, 1, "",
+         "cleartool: Error: activity not found: \"nosuch@/vobs/pvob\".\n"},
+        {"dev", {"checkin", "-nc", "activity:nosuch"}, 1, "", "cleartool: Error: activity not found: \"nosuch\".\n"},
         {"", {"lock", "-nc", "vob:/vobs/main"}},
         {src, {"mklbtype", "-nc", "REL9"}, 1, "",
          "cleartool: Error: Lock on versioned object base \"/vobs/main\" prevents operation \"make type\".\n"
