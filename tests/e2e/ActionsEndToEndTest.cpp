@@ -475,7 +475,7 @@ INSTANTIATE_TEST_SUITE_P(Failures, ActionRun, ::testing::Values(
         {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "nosuch"}, {"VOBSelector", "/vobs/pvob"}},
         {},
         {{kSrc, {"checkout", "-nc", "main.c"}, {"activity:prepare_release@/vobs/pvob"}}},
-        1, {"cleartool: Error: activity not found: \"activity:nosuch@/vobs/pvob\"."}},
+        1, {"cleartool: Error: activity not found: \"nosuch@/vobs/pvob\"."}},
     ActionCase{"LabelNothing", "CC_LABEL",
         {{"ViewContextPath", "%VIEW%"}, {"LabelTypeName", "REL_1"}},
         {kMakeRel1},
