@@ -136,8 +136,9 @@ TEST_P(BadProjects, AreRefusedWithExit2AndLeftUntouched)
         EXPECT_EQ(run.status, 2) << command << ": " << run.err;
         EXPECT_NE(run.err.find(GetParam().expected), std::string::npos) << command << ": " << run.err;
         EXPECT_NE(run.err.find(path), std::string::npos) << command << ": " << run.err;
-        if (GetParam().bytes)
+        if (GetParam().bytes) {
             EXPECT_EQ(wftest::readFile(path), GetParam().bytes) << command;
+        }
     }
 }
 
