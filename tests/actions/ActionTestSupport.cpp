@@ -131,6 +131,14 @@ ActionEnvironment::ActionEnvironment()
     host.defaultStartingDir = project;
 }
 
+void ActionEnvironment::useCleartool(const std::string& choice)
+{
+    if (choice == "-")
+        setCleartoolPath("");
+    else if (!choice.empty())
+        setCleartoolPath(expand(choice));
+}
+
 void ActionEnvironment::setCleartoolPath(const std::string& path)
 {
     options().SetClearToolPath(path);

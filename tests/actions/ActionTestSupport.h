@@ -34,6 +34,9 @@ public:
     std::unique_ptr<TClearCaseBaseAction> create(const std::string& className, const PropertyTexts& properties);
 
     void setCleartoolPath(const std::string& path);
+    /// A table row's choice of cleartool: empty keeps the fake program, "-" stores none at all,
+    /// anything else is expanded and stored.
+    void useCleartool(const std::string& choice);
     void setDefaultView(const std::string& path);
 
     TempDir dir;

@@ -54,10 +54,7 @@ TEST_P(CommandLineTest, BuildsTheCommandLine)
     ActionEnvironment env;
     // No cleartool on the search path when the options hold none.
     ScopedEnv path("PATH", env.project);
-    if (row.cleartool == "-")
-        env.setCleartoolPath("");
-    else if (!row.cleartool.empty())
-        env.setCleartoolPath(env.expand(row.cleartool));
+    env.useCleartool(row.cleartool);
     env.setDefaultView(env.expand(row.defaultView));
     for (const auto& [name, value] : row.variables)
         env.variables.Set(name, TWFVariant(env.expand(value)));

@@ -140,10 +140,7 @@ TEST_P(ValidateTest, ReportsErrors)
     const ValidateCase& row = GetParam();
     ActionEnvironment env;
     ScopedEnv path("PATH", env.project);
-    if (row.cleartool == "-")
-        env.setCleartoolPath("");
-    else if (!row.cleartool.empty())
-        env.setCleartoolPath(env.expand(row.cleartool));
+    env.useCleartool(row.cleartool);
     auto action = env.create(row.className, row.properties);
     RecordingErrors errors;
     EXPECT_EQ(action->Validate(errors), row.result);

@@ -1,5 +1,7 @@
 #include "ClearCaseWorld.h"
 
+#include "WFVariables.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -23,18 +25,9 @@ struct Step {
 
 std::string jsonString(const std::string& text)
 {
-    std::string out = "\"";
-    for (const char c : text) {
-        switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
-        default: out += c;
-        }
-    }
-    return out + "\"";
+    std::string out;
+    appendJsonString(out, text);
+    return out;
 }
 
 std::string lastLine(std::string text)
