@@ -142,6 +142,7 @@ void TWFExecuteAbstractAction::emitLines(std::string& pending, const std::string
         host->log->Line(stream, std::string_view(data).substr(start, end - start));
     }
     pending.assign(data, start, std::string::npos);
+    host->log->Settle();
 }
 
 void TWFExecuteAbstractAction::flushLines()

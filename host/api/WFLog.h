@@ -9,4 +9,7 @@ public:
     virtual ~IWFLogSink() = default;
     /// One log line, without its line break, exactly as sent.
     virtual void Line(Stream stream, std::string_view text) = 0;
+    /// Everything a program printed so far has been handed over: a sink that buffers program
+    /// output may show it now. Called once per chunk of output, not per line.
+    virtual void Settle() {}
 };

@@ -65,7 +65,13 @@ void TConsoleLog::Line(Stream stream, std::string_view text)
     console << text << '\n';
     if (m_file.is_open())
         m_file << text << '\n';
-    flushIfDue(stream != Stream::StdOut);
+    if (stream != Stream::StdOut)
+        flushIfDue(true);
+}
+
+void TConsoleLog::Settle()
+{
+    flushIfDue(false);
 }
 
 void TConsoleLog::flushIfDue(bool now)

@@ -10,8 +10,8 @@
 /// wfbuild's build log. The console gets a header per action, then its lines: messages and
 /// standard output on standard output, the program's standard error on standard error. The
 /// log file gets every line exactly as sent and nothing else. Messages are flushed at once and
-/// program output at least every few hundredths of a second, so a build can be watched while it
-/// runs without a write per line of a large listing. The last lines of the current action are
+/// program output when a chunk of it has been handed over, at most every few hundredths of a
+/// second, so a build can be watched while it runs without a write per line of a large listing. The last lines of the current action are
 /// kept for the report: enough to explain a failure, never the whole of a large output.
 class TConsoleLog final : public IWFLogSink {
 public:
@@ -22,6 +22,7 @@ public:
     /// Starts the console section of one action and forgets the previous action's lines.
     void BeginAction(std::size_t number, std::size_t total, const std::string& title);
     void Line(Stream stream, std::string_view text) override;
+    void Settle() override;
     /// The lines sent since BeginAction, each ended by a line break; when they exceed the
     /// report's limit, the last ones after a note of how much was left out.
     std::string ActionText() const;
