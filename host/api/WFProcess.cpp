@@ -11,7 +11,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
+#include <pthread.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -115,8 +115,28 @@ private:
     std::string m_error;
     std::vector<std::string> m_lines;
     TLineCollector m_collector;
-    TFileDescriptor m_wake[2];
 };
+
+/// The program's path: as given when it names a folder, else the first match on PATH.
+std::string resolveProgram(const std::string& program)
+{
+    if (program.find('/') != std::string::npos)
+        return program;
+    const char* path = std::getenv("PATH");
+    std::string list = path ? path : "/usr/local/bin:/usr/bin:/bin";
+    std::size_t start = 0;
+    while (start <= list.size()) {
+        auto end = list.find(':', start);
+        if (end == std::string::npos)
+            end = list.size();
+        const std::string directory = end > start ? list.substr(start, end - start) : ".";
+        const std::string candidate = directory + "/" + program;
+        if (::access(candidate.c_str(), X_OK) == 0)
+            return candidate;
+        start = end + 1;
+    }
+    return program;
+}
 
 bool TPosixProcess::spawn(int outWrite, int errWrite)
 {
@@ -127,40 +147,56 @@ bool TPosixProcess::spawn(int outWrite, int errWrite)
     for (auto& argument : arguments)
         argv.push_back(argument.data());
     argv.push_back(nullptr);
+    const std::string program = resolveProgram(m_executable);
+    const char* volatile directory = m_directory.empty() ? nullptr : m_directory.c_str();
 
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions, outWrite, 1);
-    posix_spawn_file_actions_adddup2(&actions, errWrite, 2);
-    if (!m_directory.empty())
-        posix_spawn_file_actions_addchdir_np(&actions, m_directory.c_str());
-
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    posix_spawnattr_setpgroup(&attributes, 0);
-    sigset_t defaults;
-    sigemptyset(&defaults);
-    sigaddset(&defaults, SIGINT);
-    sigaddset(&defaults, SIGTERM);
-    sigaddset(&defaults, SIGPIPE);
-    posix_spawnattr_setsigdefault(&attributes, &defaults);
-    sigset_t none;
-    sigemptyset(&none);
-    posix_spawnattr_setsigmask(&attributes, &none);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-
-    pid_t pid = 0;
-    const bool hasSlash = m_executable.find('/') != std::string::npos;
-    const int rc = hasSlash ? posix_spawn(&pid, m_executable.c_str(), &actions, &attributes, argv.data(), environ)
-                            : posix_spawnp(&pid, m_executable.c_str(), &actions, &attributes, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    posix_spawnattr_destroy(&attributes);
-    if (rc != 0) {
+    // vfork and exec by hand: posix_spawn asks and resets every signal handler in the child and
+    // maps a stack for it, which doubled the cost of starting a short program. Everything the
+    // child does is async-signal-safe, with all signals blocked until the handlers that
+    // matter are back to their defaults.
+    sigset_t all;
+    sigset_t previous;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &previous);
+    volatile int childError = 0;
+    volatile bool inDirectory = true;
+    const pid_t pid = ::vfork();
+    if (pid == 0) {
+        ::setpgid(0, 0);
+        struct sigaction defaults {};
+        defaults.sa_handler = SIG_DFL;
+        for (int signal : {SIGINT, SIGTERM, SIGPIPE, SIGHUP, SIGQUIT, SIGCHLD})
+            ::sigaction(signal, &defaults, nullptr);
+        const int input = ::open("/dev/null", O_RDONLY);
+        if (input >= 0 && input != 0) {
+            ::dup2(input, 0);
+            ::close(input);
+        }
+        ::dup2(outWrite, 1);
+        ::dup2(errWrite, 2);
+        if (directory && ::chdir(directory) != 0) {
+            childError = errno;
+            inDirectory = false;
+            ::_exit(127);
+        }
+        ::sigprocmask(SIG_SETMASK, &previous, nullptr);
+        ::execve(program.c_str(), argv.data(), environ);
+        childError = errno;
+        ::_exit(127);
+    }
+    const int forkError = pid < 0 ? errno : 0;
+    pthread_sigmask(SIG_SETMASK, &previous, nullptr);
+    if (pid < 0 || childError != 0) {
+        if (pid > 0) {
+            int status = 0;
+            while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+            }
+        }
+        const int code = pid < 0 ? forkError : childError;
         m_error = "Could not start \"" + m_executable + "\"";
-        if (!m_directory.empty() && ::access(m_directory.c_str(), F_OK) != 0)
+        if (!inDirectory)
             m_error += " in \"" + m_directory + "\"";
-        m_error += std::string(": ") + std::strerror(rc);
+        m_error += std::string(": ") + std::strerror(code);
         return false;
     }
     m_pid = pid;
@@ -178,10 +214,6 @@ void TPosixProcess::Terminate()
 {
     m_terminateRequested = true;
     killGroup(SIGKILL);
-    if (m_wake[1].get() >= 0) {
-        const char byte = 1;
-        [[maybe_unused]] auto written = ::write(m_wake[1].get(), &byte, 1);
-    }
 }
 
 void TPosixProcess::pump(int outFd, int errFd)
@@ -208,8 +240,6 @@ void TPosixProcess::pump(int outFd, int errFd)
             errIndex = count;
             fds[count++] = {errFd, POLLIN, 0};
         }
-        const int wakeIndex = count;
-        fds[count++] = {m_wake[0].get(), POLLIN, 0};
         int pidIndex = -1;
         if (pidFd >= 0 && !exited) {
             pidIndex = count;
@@ -285,10 +315,6 @@ void TPosixProcess::pump(int outFd, int errFd)
         };
         drain(outIndex, outFd, outOpen, false);
         drain(errIndex, errFd, errOpen, true);
-        if (fds[wakeIndex].revents & POLLIN) {
-            char byte;
-            [[maybe_unused]] auto n = ::read(m_wake[0].get(), &byte, 1);
-        }
         if (pidIndex >= 0 && (fds[pidIndex].revents & POLLIN))
             exited = true;
     }
@@ -325,7 +351,6 @@ bool TPosixProcess::Execute()
 
     int out[2];
     int err[2];
-    int wake[2];
     if (::pipe2(out, O_CLOEXEC) != 0)
         return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
     TFileDescriptor outRead(out[0]), outWrite(out[1]);
@@ -334,10 +359,6 @@ bool TPosixProcess::Execute()
     if (::pipe2(err, O_CLOEXEC) != 0)
         return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
     TFileDescriptor errRead(err[0]), errWrite(err[1]);
-    if (::pipe2(wake, O_CLOEXEC | O_NONBLOCK) != 0)
-        return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
-    m_wake[0].reset(wake[0]);
-    m_wake[1].reset(wake[1]);
 
     if (m_terminateRequested) {
         m_terminated = true;
