@@ -221,6 +221,7 @@ void TPosixProcess::pump(int outFd, int errFd)
     pollfd fds[4];
     bool outOpen = true;
     bool errOpen = true;
+    bool grown = false;
     std::string buffer(256 * 1024, '\0');
     const auto started = Clock::now();
     auto lastOutput = started;
@@ -303,6 +304,12 @@ void TPosixProcess::pump(int outFd, int errFd)
                 return;
             }
             lastOutput = Clock::now();
+            // A program that fills the pipe prints a long listing: a larger pipe lets it run
+            // ahead of our reads. Most programs print little, so the pipe grows only then.
+            if (!isErr && !grown && static_cast<std::size_t>(n) >= 64 * 1024) {
+                ::fcntl(fd, F_SETPIPE_SZ, 1024 * 1024);
+                grown = true;
+            }
             const std::string chunk(buffer.data(), static_cast<std::size_t>(n));
             if (!isErr && m_collect)
                 m_collector.add(chunk.data(), chunk.size(), m_lines);
@@ -354,8 +361,6 @@ bool TPosixProcess::Execute()
     if (::pipe2(out, O_CLOEXEC) != 0)
         return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
     TFileDescriptor outRead(out[0]), outWrite(out[1]);
-    // A larger pipe lets a program that prints a long listing run ahead of our reads.
-    ::fcntl(out[0], F_SETPIPE_SZ, 1024 * 1024);
     if (::pipe2(err, O_CLOEXEC) != 0)
         return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
     TFileDescriptor errRead(err[0]), errWrite(err[1]);
