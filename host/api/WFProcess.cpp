@@ -12,7 +12,6 @@
 #include <poll.h>
 #include <signal.h>
 #include <pthread.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -222,11 +221,13 @@ void TPosixProcess::pump(int outFd, int errFd)
     bool outOpen = true;
     bool errOpen = true;
     bool grown = false;
-    std::string buffer(256 * 1024, '\0');
+    // One read buffer per thread: programs are started one after another, and clearing a fresh
+    // buffer for each would cost more than starting a short program.
+    thread_local std::vector<char> buffer(256 * 1024);
     const auto started = Clock::now();
     auto lastOutput = started;
-    const int pidFd = static_cast<int>(::syscall(SYS_pidfd_open, m_pid.load(), 0));
-    TFileDescriptor pidFdGuard(pidFd);
+    // The end of output normally tells that the program ended. Only when something it started
+    // keeps the pipes open is the program itself looked at, a few times a second.
     bool exited = false;
 
     while (outOpen || errOpen) {
@@ -240,11 +241,6 @@ void TPosixProcess::pump(int outFd, int errFd)
         if (errOpen) {
             errIndex = count;
             fds[count++] = {errFd, POLLIN, 0};
-        }
-        int pidIndex = -1;
-        if (pidFd >= 0 && !exited) {
-            pidIndex = count;
-            fds[count++] = {pidFd, POLLIN, 0};
         }
 
         int timeout = -1;
@@ -260,8 +256,7 @@ void TPosixProcess::pump(int outFd, int errFd)
         consider(m_timeLimit, started);
         if (exited)
             timeout = timeout < 0 ? 200 : std::min(timeout, 200);
-        if (pidFd < 0)
-            timeout = timeout < 0 ? 100 : std::min(timeout, 100);
+        timeout = timeout < 0 ? 100 : std::min(timeout, 100);
 
         const int ready = ::poll(fds, static_cast<nfds_t>(count), timeout);
         if (ready < 0 && errno == EINTR)
@@ -286,11 +281,9 @@ void TPosixProcess::pump(int outFd, int errFd)
                 killGroup(SIGKILL);
                 break;
             }
-            if (pidFd < 0) {
-                int status = 0;
-                if (::waitpid(m_pid.load(), &status, WNOHANG | WNOWAIT) > 0)
-                    exited = true;
-            }
+            siginfo_t info{};
+            if (::waitid(P_PID, static_cast<id_t>(m_pid.load()), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid != 0)
+                exited = true;
             continue;
         }
         auto drain = [&](int index, int fd, bool& open, bool isErr) {
@@ -322,8 +315,6 @@ void TPosixProcess::pump(int outFd, int errFd)
         };
         drain(outIndex, outFd, outOpen, false);
         drain(errIndex, errFd, errOpen, true);
-        if (pidIndex >= 0 && (fds[pidIndex].revents & POLLIN))
-            exited = true;
     }
     if (m_collect)
         m_collector.finish(m_lines);
