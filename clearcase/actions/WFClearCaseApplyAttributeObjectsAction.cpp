@@ -1,4 +1,4 @@
-#include "WFClearCaseApplyAttributeObjectsAction.h"
+#include "actions/WFClearCaseApplyAttributeObjectsAction.h"
 
 TClearCaseApplyAttributeObjectsAction::TClearCaseApplyAttributeObjectsAction()
 {

@@ -1,4 +1,4 @@
-#include "WFClearCaseApplyAttributePathNamesAction.h"
+#include "actions/WFClearCaseApplyAttributePathNamesAction.h"
 
 TClearCaseApplyAttributePathNamesAction::TClearCaseApplyAttributePathNamesAction()
 {

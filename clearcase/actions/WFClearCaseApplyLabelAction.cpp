@@ -1,4 +1,4 @@
-#include "WFClearCaseApplyLabelAction.h"
+#include "actions/WFClearCaseApplyLabelAction.h"
 
 TClearCaseApplyLabelAction::TClearCaseApplyLabelAction()
 {

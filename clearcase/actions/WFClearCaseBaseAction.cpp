@@ -1,6 +1,6 @@
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
-#include "WFClearCaseOptions.h"
+#include "environment/WFClearCaseOptions.h"
 #include "WFFiles.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "WFAction.h"
-#include "WFClearCaseStringList.h"
+#include "environment/WFClearCaseStringList.h"
 #include "WFCommandLine.h"
 
 #include <string>

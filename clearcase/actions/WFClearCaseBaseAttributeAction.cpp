@@ -1,4 +1,4 @@
-#include "WFClearCaseBaseAttributeAction.h"
+#include "actions/WFClearCaseBaseAttributeAction.h"
 
 const std::vector<std::string>& attributeTypeMembers()
 {

@@ -1,4 +1,4 @@
-#include "WFClearCaseCheckInGenericAction.h"
+#include "actions/WFClearCaseCheckInGenericAction.h"
 
 TClearCaseCheckInGenericAction::TClearCaseCheckInGenericAction()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseCheckInGenericAction.h"
+#include "actions/WFClearCaseCheckInGenericAction.h"
 
 #include <string>
 

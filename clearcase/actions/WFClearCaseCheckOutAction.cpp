@@ -1,4 +1,4 @@
-#include "WFClearCaseCheckOutAction.h"
+#include "actions/WFClearCaseCheckOutAction.h"
 
 const std::vector<std::string>& dataLocationMembers()
 {

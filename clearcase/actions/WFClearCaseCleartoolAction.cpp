@@ -1,4 +1,4 @@
-#include "WFClearCaseCleartoolAction.h"
+#include "actions/WFClearCaseCleartoolAction.h"
 
 TClearCaseCleartoolAction::TClearCaseCleartoolAction()
 {

@@ -1,4 +1,4 @@
-#include "WFClearCaseFindCheckoutsAction.h"
+#include "actions/WFClearCaseFindCheckoutsAction.h"
 
 TClearCaseFindCheckoutsAction::TClearCaseFindCheckoutsAction()
 {

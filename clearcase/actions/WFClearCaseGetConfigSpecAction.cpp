@@ -1,4 +1,4 @@
-#include "WFClearCaseGetConfigSpecAction.h"
+#include "actions/WFClearCaseGetConfigSpecAction.h"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "WFClearCaseLockGenericAction.h"
+#include "actions/WFClearCaseLockGenericAction.h"
 
 TClearCaseLockGenericAction::TClearCaseLockGenericAction()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseLockGenericAction.h"
+#include "actions/WFClearCaseLockGenericAction.h"
 
 #include <string>
 

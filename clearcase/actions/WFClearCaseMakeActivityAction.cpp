@@ -1,4 +1,4 @@
-#include "WFClearCaseMakeActivityAction.h"
+#include "actions/WFClearCaseMakeActivityAction.h"
 
 TClearCaseMakeActivityAction::TClearCaseMakeActivityAction()
 {

@@ -1,4 +1,4 @@
-#include "WFClearCaseMakeAttributeTypeAction.h"
+#include "actions/WFClearCaseMakeAttributeTypeAction.h"
 
 const std::vector<std::string>& labelConstraintsMembers()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAttributeAction.h"
+#include "actions/WFClearCaseBaseAttributeAction.h"
 
 #include <string>
 #include <vector>

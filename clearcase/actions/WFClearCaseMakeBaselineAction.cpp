@@ -1,4 +1,4 @@
-#include "WFClearCaseMakeBaselineAction.h"
+#include "actions/WFClearCaseMakeBaselineAction.h"
 
 const std::vector<std::string>& selectionTypeMembers()
 {

@@ -1,4 +1,4 @@
-#include "WFClearCaseMakeBaselineFromLabelAction.h"
+#include "actions/WFClearCaseMakeBaselineFromLabelAction.h"
 
 TClearCaseMakeBaselineFromLabelAction::TClearCaseMakeBaselineFromLabelAction()
 {

@@ -1,4 +1,4 @@
-#include "WFClearCaseMakeElementAction.h"
+#include "actions/WFClearCaseMakeElementAction.h"
 
 const std::vector<std::string>& checkOutTypeMembers()
 {

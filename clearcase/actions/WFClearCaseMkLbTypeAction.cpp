@@ -1,4 +1,4 @@
-#include "WFClearCaseMkLbTypeAction.h"
+#include "actions/WFClearCaseMkLbTypeAction.h"
 
 TClearCaseMkLbTypeAction::TClearCaseMkLbTypeAction()
 {

@@ -1,4 +1,4 @@
-#include "WFClearCaseSetActivityAction.h"
+#include "actions/WFClearCaseSetActivityAction.h"
 
 TClearCaseSetActivityAction::TClearCaseSetActivityAction()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseUCMAction.h"
+#include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 

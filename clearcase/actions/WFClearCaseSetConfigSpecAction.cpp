@@ -1,4 +1,4 @@
-#include "WFClearCaseSetConfigSpecAction.h"
+#include "actions/WFClearCaseSetConfigSpecAction.h"
 
 #include "WFFiles.h"
 

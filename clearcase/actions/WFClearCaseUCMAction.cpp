@@ -1,4 +1,4 @@
-#include "WFClearCaseUCMAction.h"
+#include "actions/WFClearCaseUCMAction.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "WFClearCaseUnCheckOutAction.h"
+#include "actions/WFClearCaseUnCheckOutAction.h"
 
 TClearCaseUnCheckOutAction::TClearCaseUnCheckOutAction()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseUnCheckOutAction.h"
+#include "actions/WFClearCaseUnCheckOutAction.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "WFClearCaseUpdateAction.h"
+#include "actions/WFClearCaseUpdateAction.h"
 
 const std::vector<std::string>& hijackModeMembers()
 {

@@ -1,6 +1,6 @@
-#include "WFClearCaseOptions.h"
+#include "environment/WFClearCaseOptions.h"
 
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseUtils.h"
 #include "WFServices.h"
 
 #include <cstdlib>

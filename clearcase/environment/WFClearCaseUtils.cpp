@@ -1,4 +1,4 @@
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseUtils.h"
 
 #include "WFFiles.h"
 #include "WFProcess.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "WFClearCaseOptions.h"
-#include "WFClearCaseStringList.h"
+#include "environment/WFClearCaseOptions.h"
+#include "environment/WFClearCaseStringList.h"
 
 #include <string>
 #include <vector>

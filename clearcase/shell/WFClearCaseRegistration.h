@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseResources.h"
+#include "resources/WFClearCaseResources.h"
 #include "WFServices.h"
 
 #include <string>

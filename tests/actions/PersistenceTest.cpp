@@ -2,7 +2,7 @@
 // (enumerations by member name), the list storage strings, and enumeration member names.
 #include "ActionTestSupport.h"
 
-#include "WFClearCaseUCMAction.h"
+#include "actions/WFClearCaseUCMAction.h"
 #include "WFPersistence.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "FakeCleartool.h"
 
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseUtils.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "ExpectedCatalogue.h"
 
 #include "WFAction.h"
-#include "WFClearCaseRegistration.h"
+#include "shell/WFClearCaseRegistration.h"
 #include "WFServices.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "ExpectedCatalogue.h"
 
-#include "WFClearCaseResources.h"
+#include "resources/WFClearCaseResources.h"
 
 #include <gtest/gtest.h>
 
