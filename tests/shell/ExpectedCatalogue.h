@@ -44,48 +44,4 @@ inline const std::vector<ExpectedAction>& expectedCatalogue()
     return rows;
 }
 
-struct ExpectedPages {
-    std::string className;
-    std::vector<std::string> pages;
-};
-
-/// Every action's pages in tab order, in page-registration order.
-inline const std::vector<ExpectedPages>& expectedPages()
-{
-    static const std::vector<ExpectedPages> rows = {
-        {"TClearCaseUpdateAction", {"TClearCaseUpdateFrame"}},
-        {"TClearCaseCheckoutAction",
-         {"TClearCaseViewPathNameFrame", "TClearCaseExtendedPathNameFrame", "TClearCaseCheckOutFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseCheckInPathAction",
-         {"TClearCaseViewPathNameFrame", "TClearCaseExtendedPathNameFrame", "TClearCaseCheckInFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseUnCheckOutAction", {"TClearCaseViewPathNameFrame", "TClearCaseExtendedPathNameFrame", "TClearCaseUnCheckOutFrame"}},
-        {"TClearCaseUnCheckOutActivityAction", {"TClearCaseUnCheckOutActivityFrame"}},
-        {"TClearCaseCheckInActivityAction", {"TClearCaseActivitySelectorFrame", "TClearCaseCheckInFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseSetActivityAction", {"TClearCaseActivitySelectorFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseMkLbTypeAction", {"TClearCaseMkLbTypeFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseApplyLabelAction",
-         {"TClearCaseViewPathNameFrame", "TClearCaseExtendedPathNameFrame", "TClearCaseApplyLabelFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseLockPathNamesAction",
-         {"TClearCaseViewPathNameFrame", "TClearCaseExtendedPathNameFrame", "TClearCaseLockFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseLockObjectsAction", {"TClearCaseObjectSelectorFrame", "TClearCaseLockFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseUnlockObjectsAction", {"TClearCaseObjectSelectorFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseUnlockPathNamesAction", {"TClearCaseViewPathNameFrame", "TClearCaseExtendedPathNameFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseMakeBaselineAction", {"TClearCaseMakeBaselineFrame", "TClearCaseMakeBaseLineLabelFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseMakeBaselineFromLabelAction", {"TClearCaseMakeBaselineFromLabelFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseCleartoolAction", {"TClearCaseCleartoolFrame"}},
-        {"TClearCaseMakeActivityAction", {"TClearCaseMakeActivityFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseMakeAttributeTypeAction",
-         {"TClearCaseMakeAttributeTypeFrame", "TClearCaseMakeAttributeTypeOptionsFrame", "TClearCaseCommentFrame"}},
-        {"TClearCaseApplyAttributePathNamesAction",
-         {"TClearCaseViewPathNameFrame", "TClearCaseApplyAttributeFrame", "TClearCaseApplyAttributePathNamesFrame"}},
-        {"TClearCaseApplyAttributeObjectsAction",
-         {"TClearCaseObjectSelectorFrame", "TClearCaseApplyAttributeFrame", "TClearCaseApplyAttributeObjectsFrame"}},
-        {"TClearCaseSetConfigSpecAction", {"TClearCaseSetConfigSpecFrame"}},
-        {"TClearCaseGetConfigSpecAction", {"TClearCaseGetConfigSpecFrame"}},
-        {"TClearCaseFindCheckoutsAction", {"TClearCaseFindCheckoutsFrame"}},
-        {"TClearCaseMakeElementAction", {"TClearCaseViewPathNameFrame", "TClearCaseMakeElementFrame", "TClearCaseCommentFrame"}},
-    };
-    return rows;
-}
-
 } // namespace wftest
