@@ -9,10 +9,7 @@ class TClearCaseApplyAttributeObjectsAction : public TClearCaseBaseAttributeActi
 public:
     TClearCaseApplyAttributeObjectsAction();
 
-    static std::string ActionName() { return "ClearCase Apply Attribute (Objects)"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkattr"; }
-    int GetHelpTopicID() const override { return 4540; }
     /// "-replace", comment, attribute and value, object selectors; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 

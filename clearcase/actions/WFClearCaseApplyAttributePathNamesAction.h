@@ -10,10 +10,7 @@ class TClearCaseApplyAttributePathNamesAction : public TClearCaseBaseAttributeAc
 public:
     TClearCaseApplyAttributePathNamesAction();
 
-    static std::string ActionName() { return "ClearCase Apply Attribute (Paths)"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkattr"; }
-    int GetHelpTopicID() const override { return 4540; }
     bool GetActionDoesNotUseViewContext() override { return true; }
     /// "-replace", "-recurse", the version selector, "-pname", comment, attribute and value,
     /// path names; every step runs and the results are ANDed.

@@ -9,10 +9,7 @@ class TClearCaseApplyLabelAction : public TClearCaseBaseAction {
 public:
     TClearCaseApplyLabelAction();
 
-    static std::string ActionName() { return "ClearCase Apply Label"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mklabel"; }
-    int GetHelpTopicID() const override { return 4520; }
     /// Every step runs; the AND of the base step and the four shared steps.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 

@@ -161,12 +161,17 @@ bool TClearCaseBaseAction::Validate(IWFActionValidationError& errors)
 
 std::string TClearCaseBaseAction::GetQuickHelpFilename() const
 {
-    return "Plugins\\ClearCase.html";
+    return kClearCaseHelpFile;
 }
 
 int TClearCaseBaseAction::GetHelpTopicID() const
 {
-    return 4430;
+    return m_identity ? m_identity->helpTopic : 4430;
+}
+
+std::string TClearCaseBaseAction::GetActionName() const
+{
+    return m_identity ? m_identity->displayName : TWFExecuteAbstractAction::GetActionName();
 }
 
 std::string TClearCaseBaseAction::GetExecutable()

@@ -13,6 +13,18 @@ enum TCCTimeStampBehaviour : int { tbDefault = 0, tbCurrent = 1, tbCheckin = 2 }
 const std::vector<std::string>& timeStampBehaviourMembers();
 
 
+/// The help file every action of the package points to.
+inline constexpr const char* kClearCaseHelpFile = "Plugins\\ClearCase.html";
+
+/// What the catalogue says about an action class. The catalogue binds its row to every action
+/// it makes, so names and help topics are written once, in the catalogue.
+struct TClearCaseActionIdentity {
+    const char* typeId;
+    const char* className;
+    const char* displayName;
+    int helpTopic;
+};
+
 /// The text enclosed in double quotes when it contains a blank; unchanged otherwise.
 std::string quotedIfBlank(const std::string& text);
 
@@ -26,7 +38,10 @@ public:
     // Host operations.
     bool Validate(IWFActionValidationError& errors) override;
     std::string GetQuickHelpFilename() const override;
+    /// The catalogue's topic; the package's general topic for an action the catalogue did not make.
     int GetHelpTopicID() const override;
+    /// The catalogue's display name; the host's default for an action the catalogue did not make.
+    std::string GetActionName() const override;
     bool GetCommandLine(ICommandLineBuilder& builder) override;
     std::string GetExecutable() override;
     /// The view directory (logged as "Starting Directory: "), or the host's default folder for
@@ -48,6 +63,9 @@ public:
     virtual bool AddVersionSelector(ICommandLineBuilder& builder);
     /// Every object selector, quoted when it holds a blank; false with a message for none.
     virtual bool AddObjectSelectors(ICommandLineBuilder& builder);
+
+    /// Binds the catalogue row the action was made from; the row outlives the action.
+    void SetIdentity(const TClearCaseActionIdentity& identity) { m_identity = &identity; }
 
     /// The view path names followed by the extended ("@@") ones, rebuilt on each call.
     const std::vector<std::string>& GetPathNames();
@@ -95,6 +113,7 @@ protected:
     bool IgnoreViewContext = false;
 
 private:
+    const TClearCaseActionIdentity* m_identity = nullptr;
     bool m_noComment = false;
     std::string m_comment;
     std::string m_vobSelector;

@@ -17,10 +17,7 @@ class TClearCaseCheckoutAction : public TClearCaseBaseAction {
 public:
     TClearCaseCheckoutAction();
 
-    static std::string ActionName() { return "ClearCase Check Out"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "checkout"; }
-    int GetHelpTopicID() const override { return 4460; }
     /// Every step runs and the results are ANDed, except that a failed expansion of the
     /// external path or the version/branch selector stops at once.
     bool GetCommandLine(ICommandLineBuilder& builder) override;

@@ -9,11 +9,8 @@ class TClearCaseCleartoolAction : public TClearCaseBaseAction {
 public:
     TClearCaseCleartoolAction();
 
-    static std::string ActionName() { return "ClearCase Run Cleartool (Generic)"; }
-    std::string GetActionName() const override { return ActionName(); }
     /// The stored Command, unchecked.
     std::string GetCommand() override { return m_command; }
-    int GetHelpTopicID() const override { return 4580; }
     /// Sub-command, then the expanded Arguments as one argument written unchanged.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 

@@ -10,10 +10,7 @@ class TClearCaseFindCheckoutsAction : public TClearCaseBaseAction {
 public:
     TClearCaseFindCheckoutsAction();
 
-    static std::string ActionName() { return "ClearCase Find Checkouts"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "lscheckout"; }
-    int GetHelpTopicID() const override { return 4490; }
     /// Sub-command, then "-short" when UseShort.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
     /// The base step, then the variable (when defined) emptied.

@@ -11,10 +11,7 @@ public:
     TClearCaseGetConfigSpecAction();
     ~TClearCaseGetConfigSpecAction() override;
 
-    static std::string ActionName() { return "ClearCase Get Config Spec"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "catcs"; }
-    int GetHelpTopicID() const override { return 4590; }
     /// Opens the output file (an existing one without truncating it); a failure is logged
     /// and the command runs without a file.
     void AfterGetCommandLine() override;

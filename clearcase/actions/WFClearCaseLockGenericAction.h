@@ -10,7 +10,6 @@ public:
     TClearCaseLockGenericAction();
 
     std::string GetCommand() override { return "lock"; }
-    int GetHelpTopicID() const override { return 4560; }
     /// Sub-command, "-replace", "-nusers" with its list or else "-obsolete", the comment; the
     /// AND of the base step and the comment.
     bool GetCommandLine(ICommandLineBuilder& builder) override;

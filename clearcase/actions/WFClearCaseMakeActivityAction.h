@@ -9,10 +9,7 @@ class TClearCaseMakeActivityAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeActivityAction();
 
-    static std::string ActionName() { return "UCM Make Activity"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkactivity"; }
-    int GetHelpTopicID() const override { return 4610; }
     /// Sub-command, comment, the quoted headline, "-nset", "-force", the activity operand;
     /// a headline that fails to expand stops at once.
     bool GetCommandLine(ICommandLineBuilder& builder) override;

@@ -14,10 +14,7 @@ class TClearCaseMakeAttributeTypeAction : public TClearCaseBaseAttributeAction {
 public:
     TClearCaseMakeAttributeTypeAction();
 
-    static std::string ActionName() { return "ClearCase Make Attribute Type"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkattype"; }
-    int GetHelpTopicID() const override { return 4530; }
     bool GetActionDoesNotUseViewContext() override { return true; }
     /// The switches, "-vtype" and its keyword, the bounds (MaxValue as the lower bound,
     /// written first; MinValue as the upper), "-default " with its value in one argument,

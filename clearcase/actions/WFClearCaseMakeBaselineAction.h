@@ -17,10 +17,7 @@ class TClearCaseMakeBaselineAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeBaselineAction();
 
-    static std::string ActionName() { return "UCM Make Baseline"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkbl"; }
-    int GetHelpTopicID() const override { return 4650; }
     /// Sub-command, comment, the selection, "-identical", the labelling switch, the root
     /// name; every step runs and the results are ANDed.
     bool GetCommandLine(ICommandLineBuilder& builder) override;

@@ -9,10 +9,7 @@ class TClearCaseMakeBaselineFromLabelAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeBaselineFromLabelAction();
 
-    static std::string ActionName() { return "UCM Make Baseline from Label"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkbl"; }
-    int GetHelpTopicID() const override { return 4660; }
     /// Sub-command, comment, "-import", the component list (whose failure does not fail the
     /// run), the label type operand.
     bool GetCommandLine(ICommandLineBuilder& builder) override;

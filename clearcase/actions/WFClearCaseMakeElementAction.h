@@ -14,10 +14,7 @@ class TClearCaseMakeElementAction : public TClearCaseBaseAction {
 public:
     TClearCaseMakeElementAction();
 
-    static std::string ActionName() { return "ClearCase Make Element"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkelem"; }
-    int GetHelpTopicID() const override { return 4500; }
     /// Every step runs; the AND of the base step, the comment and the path names.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 

@@ -9,10 +9,7 @@ class TClearCaseMkLbTypeAction : public TClearCaseBaseAction {
 public:
     TClearCaseMkLbTypeAction();
 
-    static std::string ActionName() { return "ClearCase Make Label Type"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mklbtype"; }
-    int GetHelpTopicID() const override { return 4510; }
     bool GetActionDoesNotUseViewContext() override { return true; }
     /// Every step runs; a missing label type name or VOB is logged and fails the result.
     bool GetCommandLine(ICommandLineBuilder& builder) override;

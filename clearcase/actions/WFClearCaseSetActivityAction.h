@@ -9,10 +9,7 @@ class TClearCaseSetActivityAction : public TClearCaseUCMAction {
 public:
     TClearCaseSetActivityAction();
 
-    static std::string ActionName() { return "UCM Set Current Activity"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "setactivity"; }
-    int GetHelpTopicID() const override { return 4620; }
     /// Sub-command, comment, then "-none" or the activity operand; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 

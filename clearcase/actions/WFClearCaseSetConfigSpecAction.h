@@ -14,10 +14,7 @@ class TClearCaseSetConfigSpecAction : public TClearCaseBaseAction {
 public:
     TClearCaseSetConfigSpecAction();
 
-    static std::string ActionName() { return "ClearCase Set Config Spec"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "setcs"; }
-    int GetHelpTopicID() const override { return 4600; }
     /// Sub-command, the mode switch, or for csFile the quoted (existing) file.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 

@@ -9,10 +9,7 @@ class TClearCaseUnCheckOutAction : public TClearCaseBaseAction {
 public:
     TClearCaseUnCheckOutAction();
 
-    static std::string ActionName() { return "ClearCase Undo Checkout"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "uncheckout"; }
-    int GetHelpTopicID() const override { return 4480; }
     /// Sub-command, "-keep" or "-rm", the path names; the AND of the base step and the path names.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 

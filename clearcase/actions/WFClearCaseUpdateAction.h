@@ -14,10 +14,7 @@ class TClearCaseUpdateAction : public TClearCaseBaseAction {
 public:
     TClearCaseUpdateAction();
 
-    static std::string ActionName() { return "ClearCase Update Snapshot View"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "update"; }
-    int GetHelpTopicID() const override { return 4440; }
     /// The base checks, then an error under "Update Options" when no view is named.
     bool Validate(IWFActionValidationError& errors) override;
     /// Sub-command, "-print", then (only with a view) "-force", the hijack and time stamp switches.

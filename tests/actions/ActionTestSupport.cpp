@@ -1,84 +1,18 @@
 #include "ActionTestSupport.h"
 
-#include "actions/WFClearCaseApplyAttributeObjectsAction.h"
-#include "actions/WFClearCaseApplyAttributePathNamesAction.h"
-#include "actions/WFClearCaseApplyLabelAction.h"
-#include "actions/WFClearCaseCheckInActivityAction.h"
 #include "actions/WFClearCaseCheckInGenericAction.h"
-#include "actions/WFClearCaseCheckInPathAction.h"
-#include "actions/WFClearCaseCheckOutAction.h"
-#include "actions/WFClearCaseCleartoolAction.h"
-#include "actions/WFClearCaseFindCheckoutsAction.h"
-#include "actions/WFClearCaseGetConfigSpecAction.h"
 #include "actions/WFClearCaseLockGenericAction.h"
-#include "actions/WFClearCaseLockObjectsAction.h"
-#include "actions/WFClearCaseLockPathNamesAction.h"
-#include "actions/WFClearCaseMakeActivityAction.h"
-#include "actions/WFClearCaseMakeAttributeTypeAction.h"
-#include "actions/WFClearCaseMakeBaselineAction.h"
-#include "actions/WFClearCaseMakeBaselineFromLabelAction.h"
-#include "actions/WFClearCaseMakeElementAction.h"
-#include "actions/WFClearCaseMkLbTypeAction.h"
-#include "actions/WFClearCaseSetActivityAction.h"
-#include "actions/WFClearCaseSetConfigSpecAction.h"
-#include "actions/WFClearCaseUnCheckOutAction.h"
-#include "actions/WFClearCaseUnCheckOutActivityAction.h"
-#include "actions/WFClearCaseUnlockObjectsAction.h"
-#include "actions/WFClearCaseUnlockPathNamesAction.h"
-#include "actions/WFClearCaseUpdateAction.h"
 #include "environment/WFClearCaseOptions.h"
 #include "WFFiles.h"
+#include "shell/WFClearCaseRegistration.h"
 #include "WFServices.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <map>
 
 namespace wftest {
 
 namespace {
-
-using Factory = std::function<std::unique_ptr<TClearCaseBaseAction>()>;
-
-template <typename T>
-std::pair<const std::string, Factory> entry(const char* name)
-{
-    return {name, [] { return std::unique_ptr<TClearCaseBaseAction>(std::make_unique<T>()); }};
-}
-
-const std::map<std::string, Factory>& factories()
-{
-    static const std::map<std::string, Factory> table{
-        entry<TClearCaseUpdateAction>("TClearCaseUpdateAction"),
-        entry<TClearCaseCheckoutAction>("TClearCaseCheckoutAction"),
-        entry<TClearCaseCheckInPathAction>("TClearCaseCheckInPathAction"),
-        entry<TClearCaseUnCheckOutAction>("TClearCaseUnCheckOutAction"),
-        entry<TClearCaseFindCheckoutsAction>("TClearCaseFindCheckoutsAction"),
-        entry<TClearCaseMakeElementAction>("TClearCaseMakeElementAction"),
-        entry<TClearCaseMkLbTypeAction>("TClearCaseMkLbTypeAction"),
-        entry<TClearCaseApplyLabelAction>("TClearCaseApplyLabelAction"),
-        entry<TClearCaseMakeAttributeTypeAction>("TClearCaseMakeAttributeTypeAction"),
-        entry<TClearCaseApplyAttributePathNamesAction>("TClearCaseApplyAttributePathNamesAction"),
-        entry<TClearCaseApplyAttributeObjectsAction>("TClearCaseApplyAttributeObjectsAction"),
-        entry<TClearCaseLockPathNamesAction>("TClearCaseLockPathNamesAction"),
-        entry<TClearCaseUnlockPathNamesAction>("TClearCaseUnlockPathNamesAction"),
-        entry<TClearCaseLockObjectsAction>("TClearCaseLockObjectsAction"),
-        entry<TClearCaseUnlockObjectsAction>("TClearCaseUnlockObjectsAction"),
-        entry<TClearCaseCleartoolAction>("TClearCaseCleartoolAction"),
-        entry<TClearCaseGetConfigSpecAction>("TClearCaseGetConfigSpecAction"),
-        entry<TClearCaseSetConfigSpecAction>("TClearCaseSetConfigSpecAction"),
-        entry<TClearCaseMakeActivityAction>("TClearCaseMakeActivityAction"),
-        entry<TClearCaseSetActivityAction>("TClearCaseSetActivityAction"),
-        entry<TClearCaseCheckInActivityAction>("TClearCaseCheckInActivityAction"),
-        entry<TClearCaseUnCheckOutActivityAction>("TClearCaseUnCheckOutActivityAction"),
-        entry<TClearCaseMakeBaselineAction>("TClearCaseMakeBaselineAction"),
-        entry<TClearCaseMakeBaselineFromLabelAction>("TClearCaseMakeBaselineFromLabelAction"),
-        entry<TClearCaseCheckInGenericAction>("TClearCaseCheckInGenericAction"),
-        entry<TClearCaseLockGenericAction>("TClearCaseLockGenericAction"),
-    };
-    return table;
-}
 
 void replaceAll(std::string& text, const std::string& from, const std::string& to)
 {
@@ -103,16 +37,15 @@ IWFClearCaseOptions& options()
 
 std::unique_ptr<TClearCaseBaseAction> createAction(const std::string& className)
 {
-    const auto found = factories().find(className);
-    return found == factories().end() ? nullptr : found->second();
-}
-
-std::vector<std::string> actionClassNames()
-{
-    std::vector<std::string> names;
-    for (const auto& [name, factory] : factories())
-        names.push_back(name);
-    return names;
+    if (const TClearCaseCatalogueRow* row = ClearCaseFindClass(className))
+        return ClearCaseCreateAction(*row);
+    // The two intermediate classes that can stand alone: their parts of the command line and
+    // their properties are tested by themselves.
+    if (className == "TClearCaseCheckInGenericAction")
+        return std::make_unique<TClearCaseCheckInGenericAction>();
+    if (className == "TClearCaseLockGenericAction")
+        return std::make_unique<TClearCaseLockGenericAction>();
+    return nullptr;
 }
 
 ActionEnvironment::ActionEnvironment()
