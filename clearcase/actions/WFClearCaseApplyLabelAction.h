@@ -13,12 +13,6 @@ public:
     /// Every step runs; the AND of the base step and the four shared steps.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetFollowLinks() const { return m_followLinks; }
-    void SetFollowLinks(bool value) { m_followLinks = value; }
-    bool GetRecurse() const { return m_recurse; }
-    void SetRecurse(bool value) { m_recurse = value; }
-    bool GetReplace() const { return m_replace; }
-    void SetReplace(bool value) { m_replace = value; }
 
 private:
     bool m_followLinks = false;

@@ -48,11 +48,18 @@ void TClearCaseBaseAction::addPlain(ICommandLineBuilder& builder, const std::str
     builder.AddArgument(text, std::string(), akPlain);
 }
 
+void TClearCaseBaseAction::addSwitches(ICommandLineBuilder& builder, std::initializer_list<TSwitch> switches)
+{
+    for (const TSwitch& entry : switches)
+        if (entry.on)
+            addPlain(builder, entry.text);
+}
+
 // --- Published properties -------------------------------------------------------------
 
 void TClearCaseBaseAction::PublishComment()
 {
-    PublishString("Comment", [this] { return GetComment(); }, [this](const std::string& v) { SetComment(v); });
+    PublishString("Comment", &m_comment);
 }
 
 void TClearCaseBaseAction::PublishNoComment()
@@ -74,37 +81,32 @@ void TClearCaseBaseAction::PublishObjectsStorageString()
 
 void TClearCaseBaseAction::PublishViewContextPath()
 {
-    PublishString("ViewContextPath", [this] { return GetViewContextPath(); },
-                  [this](const std::string& v) { SetViewContextPath(v); });
+    PublishString("ViewContextPath", &m_viewContextPath);
 }
 
 void TClearCaseBaseAction::PublishUseDefaultViewContext()
 {
-    PublishBoolean("UseDefaultViewContext", [this] { return GetUseDefaultViewContext(); },
-                   [this](bool v) { SetUseDefaultViewContext(v); });
+    PublishBoolean("UseDefaultViewContext", &m_useDefaultViewContext);
 }
 
 void TClearCaseBaseAction::PublishVOBSelector()
 {
-    PublishString("VOBSelector", [this] { return GetVOBSelector(); }, [this](const std::string& v) { SetVOBSelector(v); });
+    PublishString("VOBSelector", &m_vobSelector);
 }
 
 void TClearCaseBaseAction::PublishLabelTypeName()
 {
-    PublishString("LabelTypeName", [this] { return GetLabelTypeName(); },
-                  [this](const std::string& v) { SetLabelTypeName(v); });
+    PublishString("LabelTypeName", &m_labelTypeName);
 }
 
 void TClearCaseBaseAction::PublishVersionSelector()
 {
-    PublishString("VersionSelector", [this] { return GetVersionSelector(); },
-                  [this](const std::string& v) { SetVersionSelector(v); });
+    PublishString("VersionSelector", &m_versionSelector);
 }
 
 void TClearCaseBaseAction::PublishUseVersionSelector()
 {
-    PublishBoolean("UseVersionSelector", [this] { return GetUseVersionSelector(); },
-                   [this](bool v) { SetUseVersionSelector(v); });
+    PublishBoolean("UseVersionSelector", &m_useVersionSelector);
 }
 
 // --- Storage strings ------------------------------------------------------------------

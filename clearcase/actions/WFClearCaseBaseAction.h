@@ -4,6 +4,7 @@
 #include "environment/WFClearCaseStringList.h"
 #include "WFCommandLine.h"
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,6 @@
 enum TCCTimeStampBehaviour : int { tbDefault = 0, tbCurrent = 1, tbCheckin = 2 };
 /// Member names of TCCTimeStampBehaviour, in value order, as persisted.
 const std::vector<std::string>& timeStampBehaviourMembers();
-
 
 /// The help file every action of the package points to.
 inline constexpr const char* kClearCaseHelpFile = "Plugins\\ClearCase.html";
@@ -71,8 +71,6 @@ public:
     const std::vector<std::string>& GetPathNames();
 
     // Accessors of the shared properties.
-    std::string GetComment() const { return m_comment; }
-    void SetComment(const std::string& value) { m_comment = value; }
     /// True when NoComment is set or the comment is empty.
     bool GetNoComment() const { return m_noComment || m_comment.empty(); }
     void SetNoComment(bool value) { m_noComment = value; }
@@ -81,17 +79,11 @@ public:
     std::string GetObjectsStorageString() const;
     void SetObjectsStorageString(const std::string& value);
     std::string GetViewContextPath() const { return m_viewContextPath; }
-    void SetViewContextPath(const std::string& value) { m_viewContextPath = value; }
     bool GetUseDefaultViewContext() const { return m_useDefaultViewContext; }
-    void SetUseDefaultViewContext(bool value) { m_useDefaultViewContext = value; }
     std::string GetVOBSelector() const { return m_vobSelector; }
-    void SetVOBSelector(const std::string& value) { m_vobSelector = value; }
     std::string GetLabelTypeName() const { return m_labelTypeName; }
-    void SetLabelTypeName(const std::string& value) { m_labelTypeName = value; }
     std::string GetVersionSelector() const { return m_versionSelector; }
-    void SetVersionSelector(const std::string& value) { m_versionSelector = value; }
     bool GetUseVersionSelector() const { return m_useVersionSelector; }
-    void SetUseVersionSelector(bool value) { m_useVersionSelector = value; }
 
 protected:
     // Each concrete class publishes exactly its own properties, in its persistence order.
@@ -108,6 +100,14 @@ protected:
 
     /// Appends one plain argument (kind 2), written unchanged.
     static void addPlain(ICommandLineBuilder& builder, const std::string& text);
+
+    /// A switch of the command line and whether its property is set.
+    struct TSwitch {
+        bool on;
+        const char* text;
+    };
+    /// Appends, in table order, the switches whose properties are set.
+    static void addSwitches(ICommandLineBuilder& builder, std::initializer_list<TSwitch> switches);
 
     /// Forces the action to run outside any view; no action of the package sets it.
     bool IgnoreViewContext = false;

@@ -19,25 +19,20 @@ TClearCaseCheckoutAction::TClearCaseCheckoutAction()
     PublishPathNameStorageString();
     PublishViewContextPath();
     PublishUseDefaultViewContext();
-    PublishBoolean("Reserved", [this] { return m_reserved; }, [this](bool v) { m_reserved = v; });
-    PublishBoolean("Unreserved", [this] { return m_unreserved; }, [this](bool v) { m_unreserved = v; });
-    PublishBoolean("PreserveTime", [this] { return m_preserveTime; }, [this](bool v) { m_preserveTime = v; });
+    PublishBoolean("Reserved", &m_reserved);
+    PublishBoolean("Unreserved", &m_unreserved);
+    PublishBoolean("PreserveTime", &m_preserveTime);
     PublishEnum("DataLocation", dataLocationMembers(), &m_dataLocation);
     PublishEnum("SelectionMode", checkOutSelectorMembers(), &m_selectionMode);
-    PublishString("OutExternalPath", [this] { return m_outExternalPath; },
-                  [this](const std::string& v) { m_outExternalPath = v; });
+    PublishString("OutExternalPath", &m_outExternalPath);
     PublishVersionSelector();
-    PublishString("BranchSelector", [this] { return m_branchSelector; },
-                  [this](const std::string& v) { m_branchSelector = v; });
+    PublishString("BranchSelector", &m_branchSelector);
 }
 
 bool TClearCaseCheckoutAction::GetCommandLine(ICommandLineBuilder& builder)
 {
     bool result = TClearCaseBaseAction::GetCommandLine(builder);
-    if (m_reserved)
-        addPlain(builder, "-reserved");
-    if (m_unreserved)
-        addPlain(builder, "-unreserved");
+    addSwitches(builder, {{m_reserved, "-reserved"}, {m_unreserved, "-unreserved"}});
 
     if (m_dataLocation == coOut) {
         std::string outPath;

@@ -43,9 +43,8 @@ TClearCaseGetConfigSpecAction::TClearCaseGetConfigSpecAction()
 {
     PublishViewContextPath();
     PublishUseDefaultViewContext();
-    PublishBoolean("OutputToFile", [this] { return m_outputToFile; }, [this](bool v) { m_outputToFile = v; });
-    PublishString("OutputFilePath", [this] { return m_outputFilePath; },
-                  [this](const std::string& v) { m_outputFilePath = v; });
+    PublishBoolean("OutputToFile", &m_outputToFile);
+    PublishString("OutputFilePath", &m_outputFilePath);
 }
 
 TClearCaseGetConfigSpecAction::~TClearCaseGetConfigSpecAction() = default;

@@ -8,9 +8,9 @@ TClearCaseMakeActivityAction::TClearCaseMakeActivityAction()
     PublishUseDefaultViewContext();
     PublishComment();
     PublishNoComment();
-    PublishBoolean("AutoGenerateName", [this] { return m_autoGenerateName; }, [this](bool v) { m_autoGenerateName = v; });
-    PublishBoolean("DontSetAsCurrent", [this] { return m_dontSetAsCurrent; }, [this](bool v) { m_dontSetAsCurrent = v; });
-    PublishString("Headline", [this] { return m_headline; }, [this](const std::string& v) { m_headline = v; });
+    PublishBoolean("AutoGenerateName", &m_autoGenerateName);
+    PublishBoolean("DontSetAsCurrent", &m_dontSetAsCurrent);
+    PublishString("Headline", &m_headline);
 }
 
 bool TClearCaseMakeActivityAction::GetCommandLine(ICommandLineBuilder& builder)

@@ -2,8 +2,7 @@
 
 TClearCaseMakeBaselineFromLabelAction::TClearCaseMakeBaselineFromLabelAction()
 {
-    PublishBoolean("SpecifyComponents", [this] { return m_specifyComponents; },
-                   [this](bool v) { m_specifyComponents = v; });
+    PublishBoolean("SpecifyComponents", &m_specifyComponents);
     PublishComment();
     PublishNoComment();
     PublishViewContextPath();

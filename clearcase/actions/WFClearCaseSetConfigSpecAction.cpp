@@ -13,7 +13,7 @@ TClearCaseSetConfigSpecAction::TClearCaseSetConfigSpecAction()
     PublishViewContextPath();
     PublishUseDefaultViewContext();
     PublishEnum("CSpecChoice", configSpecTypeMembers(), &m_cspecChoice);
-    PublishString("CSFilePath", [this] { return m_csFilePath; }, [this](const std::string& v) { m_csFilePath = v; });
+    PublishString("CSFilePath", &m_csFilePath);
 }
 
 bool TClearCaseSetConfigSpecAction::GetCommandLine(ICommandLineBuilder& builder)

@@ -26,8 +26,7 @@ void TClearCaseUCMAction::PublishActivityName()
 
 void TClearCaseUCMAction::PublishUseCurrentActivity()
 {
-    PublishBoolean("UseCurrentActivity", [this] { return GetUseCurrentActivity(); },
-                   [this](bool v) { SetUseCurrentActivity(v); });
+    PublishBoolean("UseCurrentActivity", &m_useCurrentActivity);
 }
 
 void TClearCaseUCMAction::PublishActivitySelectorStorageString()

@@ -2,7 +2,7 @@
 
 TClearCaseUnCheckOutAction::TClearCaseUnCheckOutAction()
 {
-    PublishBoolean("Keep", [this] { return m_keep; }, [this](bool v) { m_keep = v; });
+    PublishBoolean("Keep", &m_keep);
     PublishPathNameStorageString();
     PublishViewContextPath();
     PublishUseDefaultViewContext();
