@@ -30,11 +30,6 @@ const std::vector<std::string>& timeStampBehaviourMembers()
     return members;
 }
 
-std::string quotedIfBlank(const std::string& text)
-{
-    return text.find(' ') == std::string::npos ? text : "\"" + text + "\"";
-}
-
 TClearCaseBaseAction::TClearCaseBaseAction()
 {
     LogOutput = true;
@@ -248,7 +243,7 @@ bool TClearCaseBaseAction::AddComment(ICommandLineBuilder& builder)
         return false;
     // The stored flag decides, not the NoComment property (which reads true for an empty comment).
     if (!m_noComment && !comment.empty())
-        addPlain(builder, "-c \"" + comment + "\"");
+        addPlain(builder, "-c " + quoted(comment));
     else
         addPlain(builder, "-nc");
     return true;
@@ -265,7 +260,7 @@ bool TClearCaseBaseAction::AddPathNames(ICommandLineBuilder& builder)
         std::string expanded;
         if (!TryExpandExpression("Pathname", pathName, expanded, true))
             return false;
-        addPlain(builder, "\"" + expanded + "\"");
+        addPlain(builder, quoted(expanded));
     }
     return true;
 }

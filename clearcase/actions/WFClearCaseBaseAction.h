@@ -1,7 +1,7 @@
 #pragma once
 
 #include "WFAction.h"
-#include "environment/WFClearCaseStringList.h"
+#include "environment/WFClearCaseUtils.h"
 #include "WFCommandLine.h"
 
 #include <initializer_list>
@@ -24,9 +24,6 @@ struct TClearCaseActionIdentity {
     const char* displayName;
     int helpTopic;
 };
-
-/// The text enclosed in double quotes when it contains a blank; unchanged otherwise.
-std::string quotedIfBlank(const std::string& text);
 
 /// Base of every ClearCase action: runs cleartool with the sub-command of the concrete action
 /// in the view named by the view context, and offers the shared command-line building blocks.

@@ -38,7 +38,7 @@ bool TClearCaseCheckoutAction::GetCommandLine(ICommandLineBuilder& builder)
         std::string outPath;
         if (!TryExpandExpression("External Pathname", m_outExternalPath, outPath, true))
             return false;
-        addPlain(builder, "-out \"" + outPath + "\"");
+        addPlain(builder, "-out " + quoted(outPath));
     } else if (m_dataLocation == coNoData) {
         addPlain(builder, "-ndata");
     }
@@ -51,7 +51,7 @@ bool TClearCaseCheckoutAction::GetCommandLine(ICommandLineBuilder& builder)
         if (!TryExpandExpression(version ? "Version Selector" : "Branch Selector",
                                  version ? GetVersionSelector() : m_branchSelector, selector, true))
             return false;
-        addPlain(builder, (version ? "-version \"" : "-branch \"") + selector + "\"");
+        addPlain(builder, (version ? "-version " : "-branch ") + quoted(selector));
     }
 
     result = AddComment(builder) && result;

@@ -21,7 +21,7 @@ bool TClearCaseMakeActivityAction::GetCommandLine(ICommandLineBuilder& builder)
         std::string headline;
         if (!TryExpandExpression("Headline", m_headline, headline, true))
             return false;
-        addPlain(builder, "-headline \"" + headline + "\"");
+        addPlain(builder, "-headline " + quoted(headline));
     }
     if (m_dontSetAsCurrent)
         addPlain(builder, "-nset");

@@ -37,7 +37,7 @@ bool TClearCaseSetConfigSpecAction::GetCommandLine(ICommandLineBuilder& builder)
         if (!TryExpandExpression("Config Spec File", m_csFilePath, path, true)) {
             result = false;
         } else if (fileExists(path)) {
-            addPlain(builder, "\"" + path + "\"");
+            addPlain(builder, quoted(path));
         } else {
             SendMessage("Error: The file you have specified for the config spec does not exist.");
             result = false;
