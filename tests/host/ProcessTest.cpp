@@ -152,12 +152,4 @@ TEST(Process, TerminateFromAnotherThreadStopsIt)
     EXPECT_NE(process->GetExitCode(), 0);
 }
 
-TEST(Process, FactoryCanBeReplaced)
-{
-    auto previous = SetWFProcessFactory([] { return std::shared_ptr<IWFProcess>(); });
-    EXPECT_EQ(CreateWFProcess(), nullptr);
-    SetWFProcessFactory(previous);
-    EXPECT_NE(CreateWFProcess(), nullptr);
-}
-
 } // namespace
