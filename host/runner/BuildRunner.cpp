@@ -2,6 +2,7 @@
 
 #include "ConsoleLog.h"
 
+#include "WFInterrupt.h"
 #include "WFProject.h"
 #include "WFServices.h"
 
@@ -64,6 +65,8 @@ void TBuildRunner::Interrupt()
     // The flag first: either the loop sees it before starting an action, or the action is
     // already current here and is told to stop.
     m_interrupted = true;
+    // Also what is not the action's own program: queries, waits for a FIFO.
+    WFRequestStop();
     std::lock_guard lock(m_currentMutex);
     if (m_current)
         m_current->TerminateAction();

@@ -25,6 +25,12 @@ struct ProgramRequest {
     /// When set, the program gets `signal` as soon as this file holds a complete line.
     std::string signalWhenFileReady;
     int signal = 0;
+    /// When positive, the program gets `signal` this many milliseconds after its start.
+    int signalAfterMs = 0;
+    /// Stop reading the program's standard output at once, as a reader that quits does.
+    bool closeStandardOutput = false;
+    /// When positive, the program's file size limit (RLIMIT_FSIZE) in bytes.
+    long fileSizeLimit = 0;
     /// Killed after this long; the run then reports status -1.
     int deadlineMs = 10000;
 };
