@@ -1,5 +1,6 @@
 #include "WFProcess.h"
 
+#include "ProgramRun.h"
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -33,17 +34,6 @@ std::shared_ptr<IWFProcess> makeProcess(const std::string& parameters = "")
     process->SetParameters(parameters);
     process->SetCollectOutput(true);
     return process;
-}
-
-bool processAlive(pid_t pid)
-{
-    // A zombie still answers kill(0); look at its state instead.
-    std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
-    std::string line;
-    if (!std::getline(stat, line))
-        return false;
-    const auto close = line.rfind(')');
-    return close != std::string::npos && close + 2 < line.size() && line[close + 2] != 'Z';
 }
 
 TEST(Process, DeliversOutputInChunksAsItArrives)
@@ -132,9 +122,7 @@ TEST(Process, SilenceBoundKillsTheWholeTree)
     pid_t grandchild = 0;
     std::ifstream(pidFile) >> grandchild;
     ASSERT_GT(grandchild, 0);
-    for (int i = 0; i < 50 && processAlive(grandchild); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_FALSE(processAlive(grandchild));
+    EXPECT_TRUE(wftest::awaitProcessGone(grandchild));
 }
 
 TEST(Process, TerminateFromAnotherThreadStopsIt)
@@ -210,11 +198,7 @@ TEST_P(ProcessEnd, EndsAndLeavesNothingRunning)
     pid_t child = 0;
     std::ifstream(pidFile) >> child;
     ASSERT_GT(child, 0);
-    for (int i = 0; i < 100 && processAlive(child); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_FALSE(processAlive(child)) << "the program's child " << child << " still runs";
-    if (processAlive(child))
-        ::kill(child, SIGKILL);
+    EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -267,12 +267,7 @@ TEST_P(WfbuildInterrupt, StopsTheRunningProgramTreeAndExits130)
     EXPECT_EQ(run.err, "Interrupted: action 1 (Test Run: long) was stopped.\n");
     EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<failure message=\"interrupted\""), std::string::npos);
     const int child = std::stoi(wftest::readFile(pidFile));
-    bool gone = false;
-    for (int attempt = 0; attempt < 50 && !(gone = wftest::processGone(child)); ++attempt)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_TRUE(gone) << "the program's child " << child << " still runs";
-    if (!gone)
-        ::kill(child, SIGKILL);
+    EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, WfbuildInterrupt, ::testing::Values(SIGINT, SIGTERM, SIGHUP),
@@ -309,12 +304,7 @@ TEST_P(WfbuildLostOutput, EndsWithoutBeingKilledAndStopsTheProgramTree)
     EXPECT_NE(run.err.find(c.errLine), std::string::npos) << run.err;
     EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<testcase name=\"Test Run: noisy\""), std::string::npos);
     const int child = std::stoi(wftest::readFile(dir.file("child.pid")));
-    bool gone = false;
-    for (int attempt = 0; attempt < 100 && !(gone = wftest::processGone(child)); ++attempt)
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_TRUE(gone) << "the program's child " << child << " still runs";
-    if (!gone)
-        ::kill(child, SIGKILL);
+    EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -134,4 +134,17 @@ bool processGone(int pid)
     return close != std::string::npos && close + 2 < text.size() && text[close + 2] == 'Z';
 }
 
+bool awaitProcessGone(int pid, int timeoutMs)
+{
+    const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
+    while (!processGone(pid)) {
+        if (std::chrono::steady_clock::now() >= until) {
+            ::kill(pid, SIGKILL);
+            return false;
+        }
+        ::poll(nullptr, 0, 10);
+    }
+    return true;
+}
+
 } // namespace wftest

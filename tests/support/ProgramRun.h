@@ -40,5 +40,8 @@ ProgramRun runProgram(const ProgramRequest& request);
 
 /// True when no process with this pid runs any more (a zombie awaiting its reaper counts as gone).
 bool processGone(int pid);
+/// Waits up to timeoutMs for the process to be gone. When it is not, kills it, so that a failing
+/// test leaves nothing behind, and returns false.
+bool awaitProcessGone(int pid, int timeoutMs = 2000);
 
 } // namespace wftest
