@@ -54,12 +54,15 @@ private:
 };
 
 using Milliseconds = std::chrono::milliseconds;
+using Microseconds = std::chrono::microseconds;
 
 /// How often the run loop looks at the program and at stop requests while output flows.
 constexpr Milliseconds kCheckInterval{100};
 /// How long output is still read after the program ended while something it started holds
 /// the pipes open.
 constexpr Milliseconds kExitGrace{1000};
+/// The first look at the program after its output closed: its end is a few microseconds away.
+constexpr Microseconds kFirstExitStep{50};
 /// How long stopping waits for killed processes to be gone before leaving them to the system.
 constexpr Milliseconds kReapBound{2000};
 
@@ -241,7 +244,7 @@ private:
     Clock::time_point m_started;
     Clock::time_point m_lastOutput;
     Clock::time_point m_nextExitCheck;
-    Milliseconds m_exitCheckStep{1};
+    Microseconds m_exitCheckStep{kFirstExitStep};
     std::optional<Clock::time_point> m_exitedAt;
     bool m_pipeGrown = false;
 };
@@ -338,7 +341,8 @@ TPosixProcess::TState TPosixProcess::checkState(Clock::time_point now, bool outp
         if (::waitid(P_PID, static_cast<id_t>(m_pid), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid != 0)
             m_exitedAt = now;
         // With the pipes closed the end is near: look again soon, then less and less often.
-        m_exitCheckStep = outputOpen ? kCheckInterval : std::min(m_exitCheckStep * 2, kCheckInterval);
+        m_exitCheckStep = outputOpen ? Microseconds(kCheckInterval)
+                                     : std::min<Microseconds>(m_exitCheckStep * 2, kCheckInterval);
         m_nextExitCheck = now + m_exitCheckStep;
     }
     if (m_exitedAt && (!outputOpen || now >= *m_exitedAt + kExitGrace))
@@ -377,9 +381,14 @@ void TPosixProcess::waitForOutput(TStream (&streams)[2], Clock::time_point deadl
         polled[count] = &stream;
         fds[count++] = {stream.fd, POLLIN, 0};
     }
+    if (count == 0) {
+        // Both pipes closed: only the program's end is awaited, often a few microseconds away.
+        std::this_thread::sleep_until(deadline);
+        return;
+    }
     const auto wait = std::chrono::ceil<Milliseconds>(deadline - Clock::now());
     const int timeout = static_cast<int>(std::max<Milliseconds::rep>(wait.count(), 0));
-    if (::poll(count ? fds : nullptr, count, timeout) <= 0)
+    if (::poll(fds, count, timeout) <= 0)
         return;
     for (nfds_t i = 0; i < count; ++i)
         if (fds[i].revents & (POLLIN | POLLHUP | POLLERR))
@@ -397,7 +406,7 @@ void TPosixProcess::drain(TStream& stream)
     if (n <= 0) {
         stream.open = false;
         m_nextExitCheck = Clock::now();
-        m_exitCheckStep = Milliseconds(1);
+        m_exitCheckStep = kFirstExitStep / 2;
         return;
     }
     m_lastOutput = Clock::now();
@@ -426,7 +435,7 @@ void TPosixProcess::deliver(const char* data, std::size_t size, bool isErr)
 void TPosixProcess::pump(TStream (&streams)[2])
 {
     m_started = m_lastOutput = m_nextExitCheck = Clock::now();
-    m_exitCheckStep = Milliseconds(1);
+    m_exitCheckStep = kFirstExitStep / 2;
     m_exitedAt.reset();
     m_pipeGrown = false;
     for (;;) {

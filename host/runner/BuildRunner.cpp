@@ -76,6 +76,10 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
 {
     using Clock = std::chrono::steady_clock;
     m_cases.clear();
+    // A stop request of an earlier run must not stop this one; an interrupt that came before
+    // the start has set m_interrupted, which the loop honours.
+    if (!m_interrupted)
+        WFClearStopRequest();
     TWFActionHost host;
     host.log = &m_log;
     host.variables = &variables;
