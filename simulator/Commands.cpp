@@ -17,62 +17,62 @@ namespace {
 // Comment switches shared by every command that records a comment.
 #define CCSIM_COMMENT {"comment", 1, true}, {"cfile", 3, true}, {"cquery", 2}, {"cqeach", 3}, {"ncomment", 2}
 
-constexpr OptionSpec kShortLong[] = {{"short", 1}, {"long", 1}};
-constexpr OptionSpec kInvob[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true}};
-constexpr OptionSpec kLstype[] = {{"short", 1}, {"long", 1}, {"kind", 1, true}, {"invob", 3, true}, {"obsolete", 3}};
-constexpr OptionSpec kLsstream[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true},
+constexpr OptionRule kShortLong[] = {{"short", 1}, {"long", 1}};
+constexpr OptionRule kInvob[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true}};
+constexpr OptionRule kLstype[] = {{"short", 1}, {"long", 1}, {"kind", 1, true}, {"invob", 3, true}, {"obsolete", 3}};
+constexpr OptionRule kLsstream[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true},
                                     {"view", 4, true}};
-constexpr OptionSpec kLsbl[] = {{"short", 1}, {"long", 1}, {"stream", 3, true}, {"component", 4, true}};
-constexpr OptionSpec kLshistory[] = {{"short", 1}, {"long", 1}, {"all", 3}, {"since", 3, true}, {"recurse", 1},
+constexpr OptionRule kLsbl[] = {{"short", 1}, {"long", 1}, {"stream", 3, true}, {"component", 4, true}};
+constexpr OptionRule kLshistory[] = {{"short", 1}, {"long", 1}, {"all", 3}, {"since", 3, true}, {"recurse", 1},
                                      {"directory", 1}};
-constexpr OptionSpec kLs[] = {{"short", 1}, {"long", 1}, {"recurse", 1}, {"directory", 1}, {"vob_only", 3},
+constexpr OptionRule kLs[] = {{"short", 1}, {"long", 1}, {"recurse", 1}, {"directory", 1}, {"vob_only", 3},
                               {"view_only", 4}};
-constexpr OptionSpec kLscheckout[] = {{"short", 1}, {"long", 1}, {"cview", 3}, {"me", 2}, {"recurse", 1}, {"all", 1},
+constexpr OptionRule kLscheckout[] = {{"short", 1}, {"long", 1}, {"cview", 3}, {"me", 2}, {"recurse", 1}, {"all", 1},
                                       {"directory", 1}};
-constexpr OptionSpec kDescribe[] = {{"short", 1}, {"long", 1}, {"version", 3, true}};
-constexpr OptionSpec kCheckout[] = {{"reserved", 3}, {"unreserved", 3}, {"nmaster", 3}, {"out", 3, true},
+constexpr OptionRule kDescribe[] = {{"short", 1}, {"long", 1}, {"version", 3, true}};
+constexpr OptionRule kCheckout[] = {{"reserved", 3}, {"unreserved", 3}, {"nmaster", 3}, {"out", 3, true},
                                     {"ndata", 3}, {"ptime", 3}, {"nwarn", 3}, CCSIM_COMMENT,
                                     {"query", 1}, {"nquery", 2}, {"usehijack", 3}, {"version", 3},
                                     {"branch", 3, true}};
-constexpr OptionSpec kCheckin[] = {CCSIM_COMMENT, {"nwarn", 3}, {"ptime", 3}, {"keep", 3}, {"rm", 2},
+constexpr OptionRule kCheckin[] = {CCSIM_COMMENT, {"nwarn", 3}, {"ptime", 3}, {"keep", 3}, {"rm", 2},
                                    {"identical", 3}, {"cact", 4}, {"from", 3, true}};
-constexpr OptionSpec kUncheckout[] = {{"keep", 3}, {"rm", 2}, {"cact", 4}, {"cwork", 3}};
-constexpr OptionSpec kMkelem[] = {{"eltype", 3, true}, {"nco", 3}, {"ci", 2}, {"ptime", 3}, {"mkpath", 3},
+constexpr OptionRule kUncheckout[] = {{"keep", 3}, {"rm", 2}, {"cact", 4}, {"cwork", 3}};
+constexpr OptionRule kMkelem[] = {{"eltype", 3, true}, {"nco", 3}, {"ci", 2}, {"ptime", 3}, {"mkpath", 3},
                                   {"master", 3}, {"nwarn", 3}, CCSIM_COMMENT};
-constexpr OptionSpec kMkdir[] = {CCSIM_COMMENT, {"nco", 3}, {"master", 3}};
-constexpr OptionSpec kUpdate[] = {{"print", 2}, {"force", 1}, {"overwrite", 3}, {"noverwrite", 3}, {"rename", 3},
+constexpr OptionRule kMkdir[] = {CCSIM_COMMENT, {"nco", 3}, {"master", 3}};
+constexpr OptionRule kUpdate[] = {{"print", 2}, {"force", 1}, {"overwrite", 3}, {"noverwrite", 3}, {"rename", 3},
                                   {"ctime", 3}, {"ptime", 3}, {"log", 3, true}, {"graphical", 1}};
-constexpr OptionSpec kSetcs[] = {{"tag", 3, true}, {"current", 3}, {"default", 3}, {"stream", 3}, {"force", 1},
+constexpr OptionRule kSetcs[] = {{"tag", 3, true}, {"current", 3}, {"default", 3}, {"stream", 3}, {"force", 1},
                                  {"overwrite", 3}, {"ctime", 3}, {"ptime", 3}};
-constexpr OptionSpec kCatcs[] = {{"tag", 3, true}};
-constexpr OptionSpec kMklbtype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3}, {"pbranch", 3},
+constexpr OptionRule kCatcs[] = {{"tag", 3, true}};
+constexpr OptionRule kMklbtype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3}, {"pbranch", 3},
                                     {"shared", 3}, CCSIM_COMMENT};
-constexpr OptionSpec kMkbrtype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3}, {"pbranch", 3},
+constexpr OptionRule kMkbrtype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3}, {"pbranch", 3},
                                     CCSIM_COMMENT};
-constexpr OptionSpec kMkattype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3},
+constexpr OptionRule kMkattype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3},
                                     {"vpelement", 4}, {"vpbranch", 4}, {"vpversion", 4}, {"shared", 3},
                                     {"vtype", 3, true}, {"gt", 2, true}, {"ge", 2, true}, {"lt", 2, true},
                                     {"le", 2, true}, {"enum", 3, true}, {"default", 3, true}, CCSIM_COMMENT};
-constexpr OptionSpec kMklabel[] = {{"replace", 3}, {"recurse", 1}, {"follow", 3}, {"version", 3, true},
+constexpr OptionRule kMklabel[] = {{"replace", 3}, {"recurse", 1}, {"follow", 3}, {"version", 3, true},
                                    CCSIM_COMMENT};
-constexpr OptionSpec kMkattr[] = {{"replace", 3}, {"recurse", 1}, {"version", 3, true}, {"pname", 3},
+constexpr OptionRule kMkattr[] = {{"replace", 3}, {"recurse", 1}, {"version", 3, true}, {"pname", 3},
                                   {"default", 3}, CCSIM_COMMENT};
-constexpr OptionSpec kLock[] = {{"replace", 3}, {"nusers", 3, true}, {"obsolete", 3}, {"pname", 3}, CCSIM_COMMENT};
-constexpr OptionSpec kUnlock[] = {{"pname", 3}, {"version", 3, true}, CCSIM_COMMENT};
-constexpr OptionSpec kMkvob[] = {{"tag", 3, true}, {"ucmproject", 3}, {"public", 3}, {"password", 3, true},
+constexpr OptionRule kLock[] = {{"replace", 3}, {"nusers", 3, true}, {"obsolete", 3}, {"pname", 3}, CCSIM_COMMENT};
+constexpr OptionRule kUnlock[] = {{"pname", 3}, {"version", 3, true}, CCSIM_COMMENT};
+constexpr OptionRule kMkvob[] = {{"tag", 3, true}, {"ucmproject", 3}, {"public", 3}, {"password", 3, true},
                                  CCSIM_COMMENT};
-constexpr OptionSpec kMkview[] = {{"tag", 3, true}, {"snapshot", 3}, {"stream", 3, true}, {"vws", 3, true}};
-constexpr OptionSpec kRmview[] = {{"tag", 3, true}, {"force", 1}};
-constexpr OptionSpec kLsview[] = {{"short", 1}, {"long", 1}, {"cview", 3}};
-constexpr OptionSpec kPwv[] = {{"short", 1}, {"wdview", 3}, {"setview", 3}};
-constexpr OptionSpec kMkfolder[] = {CCSIM_COMMENT, {"in", 2, true}};
-constexpr OptionSpec kMkproject[] = {CCSIM_COMMENT, {"in", 2, true}, {"modcomp", 3, true}};
-constexpr OptionSpec kMkcomp[] = {CCSIM_COMMENT, {"root", 3, true}, {"nroot", 3}};
-constexpr OptionSpec kMkstream[] = {CCSIM_COMMENT, {"integration", 3}, {"in", 2, true}, {"baseline", 3, true}};
-constexpr OptionSpec kMkactivity[] = {CCSIM_COMMENT, {"headline", 3, true}, {"in", 2, true}, {"nset", 3},
+constexpr OptionRule kMkview[] = {{"tag", 3, true}, {"snapshot", 3}, {"stream", 3, true}, {"vws", 3, true}};
+constexpr OptionRule kRmview[] = {{"tag", 3, true}, {"force", 1}};
+constexpr OptionRule kLsview[] = {{"short", 1}, {"long", 1}, {"cview", 3}};
+constexpr OptionRule kPwv[] = {{"short", 1}, {"wdview", 3}, {"setview", 3}};
+constexpr OptionRule kMkfolder[] = {CCSIM_COMMENT, {"in", 2, true}};
+constexpr OptionRule kMkproject[] = {CCSIM_COMMENT, {"in", 2, true}, {"modcomp", 3, true}};
+constexpr OptionRule kMkcomp[] = {CCSIM_COMMENT, {"root", 3, true}, {"nroot", 3}};
+constexpr OptionRule kMkstream[] = {CCSIM_COMMENT, {"integration", 3}, {"in", 2, true}, {"baseline", 3, true}};
+constexpr OptionRule kMkactivity[] = {CCSIM_COMMENT, {"headline", 3, true}, {"in", 2, true}, {"nset", 3},
                                       {"force", 1}};
-constexpr OptionSpec kSetactivity[] = {CCSIM_COMMENT, {"view", 4, true}, {"none", 3}};
-constexpr OptionSpec kMkbl[] = {CCSIM_COMMENT, {"view", 4, true}, {"component", 4, true}, {"all", 3},
+constexpr OptionRule kSetactivity[] = {CCSIM_COMMENT, {"view", 4, true}, {"none", 3}};
+constexpr OptionRule kMkbl[] = {CCSIM_COMMENT, {"view", 4, true}, {"component", 4, true}, {"all", 3},
                                 {"activities", 3, true}, {"identical", 3}, {"nlabel", 3}, {"incremental", 3},
                                 {"full", 2}, {"import", 3}};
 

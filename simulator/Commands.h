@@ -22,7 +22,7 @@ using Handler = void (*)(Session&, const ParsedArgs&);
 struct Command {
     std::string_view name;
     std::string_view aliases; ///< blank-separated short names
-    std::span<const OptionSpec> options;
+    std::span<const OptionRule> options;
     std::string_view usage;
     Handler handler;
 };
