@@ -113,13 +113,13 @@ void checkOut(Session& s, const std::string& pname, const CheckoutRequest& req)
     if (!isDirectory(s.store, e.element)) {
         std::error_code ec;
         if (req.out) {
-            writeViewFile(s.resolve(*req.out).abs, versionData(s.store, version), true);
+            s.files.write(s.resolve(*req.out).abs, versionData(s.store, version), true);
         } else if (!req.ndata) {
             const bool keepHijack = fs::exists(e.file, ec) && isHijacked(s, view, e.element, e.file);
             if (keepHijack)
-                fs::permissions(e.file, fs::perms(0644), ec);
+                s.files.setWritable(e.file, true);
             else
-                writeViewFile(e.file, versionData(s.store, version), true);
+                s.files.write(e.file, versionData(s.store, version), true);
         }
     }
     s.print(message(Msg::CheckedOut, {pname, info.extension()}));
@@ -152,10 +152,10 @@ void checkIn(Session& s, const std::string& pname, const View& view, Id element,
     }
     std::string data;
     if (!dir) {
-        std::error_code ec;
-        if (!fs::exists(file, ec))
+        auto contents = s.files.contents(file);
+        if (!contents)
             fail(message(Msg::NoSuchFile, {pname}), unable);
-        data = readFile(file);
+        data = std::move(*contents);
         if (!req.identical && versionInfo(s.store, co->pred).number > 0 && data == versionData(s.store, co->pred))
             fail(message(Msg::IdenticalData), unable);
     }
@@ -168,13 +168,10 @@ void checkIn(Session& s, const std::string& pname, const View& view, Id element,
     if (!dir) {
         if (req.keep) {
             const fs::path keep = keepName(file);
-            std::error_code ec;
-            fs::copy_file(file, keep, ec);
-            fs::permissions(keep, fs::perms(0644), ec);
+            s.files.write(keep, data, true);
             s.print(message(Msg::PrivateSaved, {pname, s.display(keep)}));
         }
-        std::error_code ec;
-        fs::permissions(file, fs::perms(0444), ec);
+        s.files.setWritable(file, false);
     }
     s.print(message(Msg::CheckedIn, {pname, versionInfo(s.store, version).extension()}));
 }
@@ -320,10 +317,10 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
         if (!req.dir) {
             if (!data.empty()) {
                 const fs::path keep = keepName(t.abs);
-                fs::rename(t.abs, keep, ec);
+                s.files.moveAside(t.abs, keep);
                 s.print(message(Msg::PrivateSaved, {pname, s.display(keep)}));
             }
-            writeViewFile(t.abs, "", false);
+            s.files.write(t.abs, "", false);
         }
         return element;
     }
@@ -331,7 +328,7 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
                 "VALUES(?,?,?,?,1,?,?,?,?)",
                 element, view.id, branch, v0, s.env.now, s.env.user, req.comment, activity);
     if (!req.dir)
-        writeViewFile(t.abs, data, true);
+        s.files.write(t.abs, data, true);
     s.print(message(Msg::CheckedOut, {pname, "/main/0"}));
     if (req.mode == "ci")
         checkIn(s, pname, view, element, t.abs, CheckinRequest{req.comment, true, false});
@@ -413,11 +410,10 @@ void cmdUncheckout(Session& s, const ParsedArgs& args)
             }
             if (keep && fs::exists(file, ec)) {
                 const fs::path kept = keepName(file);
-                fs::rename(file, kept, ec);
-                fs::permissions(kept, fs::perms(0644), ec);
+                s.files.moveAside(file, kept);
                 s.print(message(Msg::PrivateSaved, {pname, s.display(kept)}));
             }
-            writeViewFile(file, versionData(s.store, co->pred), false);
+            s.files.write(file, versionData(s.store, co->pred), false);
         }
         s.print(message(Msg::CheckoutCancelled, {pname}));
     };

@@ -7,6 +7,8 @@
 #include "CmdUcm.h"
 #include "SnapshotView.h"
 
+#include <csignal>
+#include <cstdlib>
 #include <iostream>
 #include <sstream>
 
@@ -231,6 +233,14 @@ void printVersion(std::ostream& out, bool lt)
            "VOB database schema version: 54\n";
 }
 
+/// Tests stop the program here as a time-out would: $CCSIM_KILL_AT names the step it does not reach.
+void killedAt(std::string_view step)
+{
+    const char* at = std::getenv("CCSIM_KILL_AT");
+    if (at && step == at)
+        std::raise(SIGKILL);
+}
+
 } // namespace
 
 std::span<const Command> commands()
@@ -327,6 +337,7 @@ int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std:
         std::error_code ec;
         fs::create_directories(env.home, ec);
         Store store((env.home / "ccsim.db").string());
+        FileChanges::applyRecorded(store);
         Transaction tx(store);
         Session session(store, env, cwd, out, err, in);
         try {
@@ -340,7 +351,11 @@ int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std:
             err << cmd->usage << '\n';
             return 1;
         }
+        session.files.record(store);
+        killedAt("commit");
         tx.commit();
+        killedAt("files");
+        FileChanges::applyRecorded(store);
         return session.status();
     } catch (const StoreError& e) {
         err << "cleartool: Error: " << message(Msg::StoreFailure, {e.what()}) << '\n';

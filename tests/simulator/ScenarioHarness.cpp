@@ -73,6 +73,7 @@ Result Scenario::run(const std::string& dir, const std::vector<std::string>& arg
     env.push_back("USER=" + (user.empty() ? std::string("builder") : user));
     if (!edition.empty())
         env.push_back("CCSIM_EDITION=" + edition);
+    env.insert(env.end(), environment.begin(), environment.end());
     std::vector<char*> envp;
     for (std::string& e : env)
         envp.push_back(e.data());

@@ -54,6 +54,8 @@ protected:
 
     fs::path root;
     std::string edition;
+    /// Extra NAME=VALUE entries for the program's environment.
+    std::vector<std::string> environment;
     std::string now = "2013-03-12T10:22:31";
 };
 
