@@ -1,10 +1,10 @@
 #include "Commands.h"
 
+#include "CmdDescribe.h"
 #include "CmdElement.h"
 #include "CmdMeta.h"
-#include "CmdQuery.h"
-#include "CmdSetup.h"
 #include "CmdUcm.h"
+#include "CmdView.h"
 #include "SnapshotView.h"
 
 #include <csignal>
@@ -78,6 +78,15 @@ constexpr OptionRule kMkbl[] = {CCSIM_COMMENT, {"view", 4, true}, {"component", 
                                 {"activities", 3, true}, {"identical", 3}, {"nlabel", 3}, {"incremental", 3},
                                 {"full", 2}, {"import", 3}};
 
+constexpr std::string_view kCheckoutExclusive[] = {"reserved unreserved", "out ndata"};
+constexpr std::string_view kKeepOrRemove[] = {"keep rm"};
+constexpr std::string_view kMkelemExclusive[] = {"nco ci"};
+constexpr std::string_view kTypeExclusive[] = {"global ordinary"};
+constexpr std::string_view kMkattypeExclusive[] = {"global ordinary", "gt ge", "lt le", "vpelement vpbranch vpversion"};
+constexpr std::string_view kLockExclusive[] = {"nusers obsolete"};
+constexpr std::string_view kUpdateExclusive[] = {"overwrite noverwrite rename", "ctime ptime"};
+constexpr std::string_view kMkblExclusive[] = {"component all activities", "nlabel incremental full"};
+
 // The registry, alphabetical. Usage blocks follow the reference's layout.
 constexpr Command kCommands[] = {
     {"catcs", "", kCatcs, "Usage: catcs [-tag view-tag]", cmdCatcs},
@@ -85,13 +94,13 @@ constexpr Command kCommands[] = {
      "Usage: checkin | ci [-c comment | -cfile pname | -cq | -cqe | -nc] [-nwarn] [-cr]\n"
      "                    [-ptime] [-keep | -rm] [-from source-pname] [-identical]\n"
      "                    {-cact | activity-selector ... | pname ...}",
-     cmdCheckin},
+     cmdCheckin, kKeepOrRemove},
     {"checkout", "co", kCheckout,
      "Usage: checkout | co [-reserved | -unreserved [-nmaster]] [-out dest-pname | -ndata]\n"
      "                     [-ptime] [-nwarn] [-c comment | -cfile pname | -cq | -cqe | -nc]\n"
      "                     [-query | -nquery | -usehijack] [-version] [-branch branch-pname]\n"
      "                     pname ...",
-     cmdCheckout},
+     cmdCheckout, kCheckoutExclusive},
     {"describe", "desc des", kDescribe, "Usage: describe | desc [-short | -long] [-version version-selector]\n"
                                         "                       {pname ... | object-selector ...}",
      cmdDescribe},
@@ -99,7 +108,7 @@ constexpr Command kCommands[] = {
      "Usage: lock [-replace] [-nusers login-name[,...] | -obsolete]\n"
      "            [-c comment | -cfile pname | -cq | -cqe | -nc]\n"
      "            {-pname pname ... | object-selector ...}",
-     cmdLock},
+     cmdLock, kLockExclusive},
     {"ls", "", kLs, "Usage: ls [-recurse | -directory] [-short | -long] [-vob_only | -view_only] [pname ...]", cmdLs},
     {"lsactivity", "lsact", kInvob, "Usage: lsactivity [-short | -long] [-in stream-selector | -invob vob-selector | -cview]\n"
                                     "                  [activity-selector ...]",
@@ -147,17 +156,17 @@ constexpr Command kCommands[] = {
      "                [-gt low-value | -ge low-value] [-lt high-value | -le high-value]\n"
      "                [-enum value[,...]] [-default default-value]\n"
      "                [-c comment | -cfile pname | -cq | -cqe | -nc] type-selector ...",
-     cmdMkattype},
+     cmdMkattype, kMkattypeExclusive},
     {"mkbl", "", kMkbl,
      "Usage: mkbl [-c comment | -cfile pname | -cq | -cqe | -nc] [-view view-tag]\n"
      "            [-component component-selector[,...] | -all | -activities activity-selector[,...]]\n"
      "            [-identical] [-nlabel | -incremental | -full]\n"
      "            {root-name | -import [component-selector[,...]] lbtype-selector ...}",
-     cmdMkbl},
+     cmdMkbl, kMkblExclusive},
     {"mkbrtype", "", kMkbrtype,
      "Usage: mkbrtype [-replace] [-global [-acquire] | -ordinary] [-pbranch]\n"
      "                [-c comment | -cfile pname | -cq | -cqe | -nc] type-selector ...",
-     cmdMkbrtype},
+     cmdMkbrtype, kTypeExclusive},
     {"mkcomp", "", kMkcomp,
      "Usage: mkcomp [-c comment | -cfile pname | -cq | -cqe | -nc] {-root dir-pname | -nroot}\n"
      "              component-selector",
@@ -167,7 +176,7 @@ constexpr Command kCommands[] = {
     {"mkelem", "", kMkelem,
      "Usage: mkelem [-eltype element-type-name] [-nco | -ci [-ptime]] [-mkpath] [-master]\n"
      "              [-nwarn] [-c comment | -cfile pname | -cq | -cqe | -nc] element-pname ...",
-     cmdMkelem},
+     cmdMkelem, kMkelemExclusive},
     {"mkfolder", "", kMkfolder,
      "Usage: mkfolder [-c comment | -cfile pname | -cq | -cqe | -nc] -in parent-folder-selector\n"
      "                folder-selector ...",
@@ -179,7 +188,7 @@ constexpr Command kCommands[] = {
     {"mklbtype", "", kMklbtype,
      "Usage: mklbtype [-replace] [-global [-acquire] | -ordinary] [-pbranch] [-shared]\n"
      "                [-c comment | -cfile pname | -cq | -cqe | -nc] type-selector ...",
-     cmdMklbtype},
+     cmdMklbtype, kTypeExclusive},
     {"mkproject", "mkproj", kMkproject,
      "Usage: mkproject [-c comment | -cfile pname | -cq | -cqe | -nc] [-modcomp component-selector[,...]]\n"
      "                 -in folder-selector project-selector",
@@ -205,7 +214,7 @@ constexpr Command kCommands[] = {
      "             {-current | -default | -stream | config-spec-pname}",
      cmdSetcs},
     {"uncheckout", "unco", kUncheckout, "Usage: uncheckout | unco [-keep | -rm] [-cwork] {-cact | pname ...}",
-     cmdUncheckout},
+     cmdUncheckout, kKeepOrRemove},
     {"unlock", "", kUnlock,
      "Usage: unlock [-c comment | -cfile pname | -cq | -cqe | -nc] [-version version-selector]\n"
      "              {-pname pname ... | object-selector ...}",
@@ -213,7 +222,7 @@ constexpr Command kCommands[] = {
     {"update", "", kUpdate,
      "Usage: update [-graphical] [-print] [-force] [-overwrite | -noverwrite | -rename]\n"
      "              [-ctime | -ptime] [-log pname] [pname ...]",
-     cmdUpdate},
+     cmdUpdate, kUpdateExclusive},
 };
 
 #undef CCSIM_COMMENT
@@ -260,6 +269,20 @@ const Command* findCommand(std::string_view name)
         }
     }
     return nullptr;
+}
+
+void checkExclusive(const Command& cmd, const ParsedArgs& args)
+{
+    for (std::string_view group : cmd.exclusive) {
+        std::vector<std::string> given;
+        std::istringstream names{std::string(group)};
+        for (std::string name; names >> name;) {
+            if (args.has(name))
+                given.push_back("-" + name);
+        }
+        if (given.size() > 1)
+            throw UsageError{message(Msg::ConflictingOptions, {given[0], given[1]})};
+    }
 }
 
 std::string commentOf(Session& s, const ParsedArgs& args)
@@ -341,6 +364,7 @@ int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std:
         Transaction tx(store);
         Session session(store, env, cwd, out, err, in);
         try {
+            checkExclusive(*cmd, parsed.args);
             cmd->handler(session, parsed.args);
         } catch (const Failure& f) {
             for (const std::string& line : f.lines)

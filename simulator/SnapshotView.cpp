@@ -29,7 +29,7 @@ bool isHijacked(Session& s, const View& view, std::int64_t element, const fs::pa
     std::error_code ec;
     if (!fs::is_regular_file(file, ec) || checkoutIn(s.store, element, view.id))
         return false;
-    auto loaded = s.store.scalar("SELECT version_id FROM loaded WHERE view_id=? AND element_id=?", view.id, element);
+    auto loaded = loadedVersion(s.store, view.id, element);
     if (!loaded)
         return false;
     const auto perms = fs::status(file, ec).permissions();
@@ -81,7 +81,7 @@ struct Pass {
         kept[element] = sel->version;
         ++objects;
         const auto previous =
-            s.store.scalar("SELECT version_id FROM loaded WHERE view_id=? AND element_id=?", view.id, element);
+            loadedVersion(s.store, view.id, element);
         if (dir) {
             std::error_code ec;
             if (!opt.print)
@@ -96,11 +96,7 @@ struct Pass {
         if (!dir && sel->checkedOut)
             return;
         if (dir) {
-            Stmt q = s.store.query("SELECT id, name FROM elements WHERE parent_id=? ORDER BY name", element);
-            std::vector<std::pair<Id, std::string>> children;
-            while (q.step())
-                children.emplace_back(q.integer(0), q.text(1));
-            for (auto& [child, childName] : children)
+            for (auto& [child, childName] : childElements(s.store, element))
                 visit(vob, child, vobPath.empty() ? childName : vobPath + "/" + childName);
         }
     }
@@ -150,7 +146,7 @@ void updateView(Session& s, const View& view, const UpdateOptions& options)
             continue;
         pass.objects = 0;
         pass.bytes = 0;
-        const Id root = *s.store.scalar("SELECT id FROM elements WHERE vob_id=? AND parent_id IS NULL", vob.id);
+        const Id root = vobRoot(s.store, vob.id);
         pass.visit(vob, root, "");
         s.print(message(Msg::DoneLoading, {vob.tag, std::to_string(pass.objects), std::to_string((pass.bytes + 1023) / 1024)}));
     }
@@ -163,7 +159,7 @@ void updateView(Session& s, const View& view, const UpdateOptions& options)
     }
     for (Id element : gone) {
         const Id vob = vobOfElement(s.store, element);
-        const fs::path file = viewFile(view, *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob),
+        const fs::path file = viewFile(view, vobTag(s.store, vob),
                                        elementPath(s.store, element));
         pass.log.push_back(logLine("UnloadDeleted:", pass.rel(file)));
         if (!options.print && !isDirectory(s.store, element))
