@@ -106,55 +106,71 @@ void describeVersion(Session& s, const ObjectRef& o, const Target* t)
     printAttributes(s, "version", o.id);
 }
 
+void describeActivity(Session& s, Id activity)
+{
+    Stmt a = s.store.query("SELECT stream_id, headline FROM activities WHERE id=?", activity);
+    a.step();
+    s.print("  stream: " + ucmSelector(s.store, ObjectKind::Stream, a.integer(0)));
+    s.print("  title: " + a.text(1));
+    s.print("  change set versions:");
+    Stmt cs = s.store.query("SELECT version_id FROM changeset WHERE activity_id=? ORDER BY version_id", activity);
+    while (cs.step()) {
+        const VersionInfo v = versionInfo(s.store, cs.integer(0));
+        const std::string path = elementPath(s.store, v.element);
+        s.print("    " + vobTag(s.store, vobOfElement(s.store, v.element)) + (path.empty() ? "" : "/" + path) + "@@" +
+                v.extension());
+    }
+}
+
+void describeBaseline(Session& s, Id baseline)
+{
+    Stmt b = s.store.query("SELECT component_id, stream_id, kind FROM baselines WHERE id=?", baseline);
+    b.step();
+    if (!b.isNull(1))
+        s.print("  stream: " + ucmSelector(s.store, ObjectKind::Stream, b.integer(1)));
+    s.print("  component: " + ucmSelector(s.store, ObjectKind::Component, b.integer(0)));
+    const std::string kind = b.text(2);
+    s.print(std::string("  label status: ") +
+            (kind == "nlabel" ? "Not Labeled" : kind == "incremental" ? "Incrementally Labeled" : "Fully Labeled"));
+}
+
+void describeProject(Session& s, Id project)
+{
+    if (auto integration = integrationStream(s.store, project))
+        s.print("  integration stream: " + ucmSelector(s.store, ObjectKind::Stream, *integration));
+    s.print("  modifiable components:");
+    Stmt c = s.store.query("SELECT component_id FROM project_comps WHERE project_id=?", project);
+    while (c.step())
+        s.print("    " + ucmSelector(s.store, ObjectKind::Component, c.integer(0)));
+}
+
 void describeUcm(Session& s, const ObjectRef& o)
 {
-    if (o.kind == "stream") {
+    const ObjectKind kind = *objectKind(o.kind);
+    if (kind == ObjectKind::Stream) {
         describeStream(s, o.id);
         return;
     }
-    const UcmRecord r = ucmRecord(s.store, *objectKind(o.kind), o.id);
+    const UcmRecord r = ucmRecord(s.store, kind, o.id);
     s.print(o.kindWord + " \"" + r.name + "\"" + lockSuffix(s.store, o.kind, o.id));
     printCreated(s, o.kind, o.id, r.created, r.user, r.comment);
     printOwner(s, r.user);
-    if (o.kind == "activity") {
-        Stmt a = s.store.query("SELECT stream_id, headline FROM activities WHERE id=?", o.id);
-        a.step();
-        s.print("  stream: " + ucmSelector(s.store, ObjectKind::Stream, a.integer(0)));
-        s.print("  title: " + a.text(1));
-        s.print("  change set versions:");
-        Stmt cs = s.store.query("SELECT version_id FROM changeset WHERE activity_id=? ORDER BY version_id", o.id);
-        while (cs.step()) {
-            const VersionInfo v = versionInfo(s.store, cs.integer(0));
-            const Id vob = vobOfElement(s.store, v.element);
-            const std::string path = elementPath(s.store, v.element);
-            s.print("    " + vobTag(s.store, vob) + (path.empty() ? "" : "/" + path) +
-                    "@@" + v.extension());
-        }
-    } else if (o.kind == "component") {
-        Stmt c = s.store.query("SELECT v.tag, c.root_elem_id FROM components c JOIN vobs v ON v.id=c.root_vob_id "
-                               "WHERE c.id=?",
-                               o.id);
-        if (c.step()) {
-            const std::string path = elementPath(s.store, c.integer(1));
-            s.print("  root directory: " + c.text(0) + (path.empty() ? "" : "/" + path));
-        }
-    } else if (o.kind == "baseline") {
-        Stmt b = s.store.query("SELECT component_id, stream_id, kind FROM baselines WHERE id=?", o.id);
-        b.step();
-        if (!b.isNull(1))
-            s.print("  stream: " + ucmSelector(s.store, ObjectKind::Stream, b.integer(1)));
-        s.print("  component: " + ucmSelector(s.store, ObjectKind::Component, b.integer(0)));
-        const std::string kind = b.text(2);
-        s.print(std::string("  label status: ") +
-                (kind == "nlabel" ? "Not Labeled" : kind == "incremental" ? "Incrementally Labeled" : "Fully Labeled"));
-    } else if (o.kind == "project") {
-        auto integration = integrationStream(s.store, o.id);
-        if (integration)
-            s.print("  integration stream: " + ucmSelector(s.store, ObjectKind::Stream, *integration));
-        s.print("  modifiable components:");
-        Stmt c = s.store.query("SELECT component_id FROM project_comps WHERE project_id=?", o.id);
-        while (c.step())
-            s.print("    " + ucmSelector(s.store, ObjectKind::Component, c.integer(0)));
+    switch (kind) {
+    case ObjectKind::Activity:
+        describeActivity(s, o.id);
+        break;
+    case ObjectKind::Component:
+        if (const std::string root = componentRootPath(s.store, o.id); !root.empty())
+            s.print("  root directory: " + root);
+        break;
+    case ObjectKind::Baseline:
+        describeBaseline(s, o.id);
+        break;
+    case ObjectKind::Project:
+        describeProject(s, o.id);
+        break;
+    default: // a folder prints only what every UCM object does
+        break;
     }
     printAttributes(s, o.kind, o.id);
 }
