@@ -90,40 +90,16 @@ ct() {
   fi
 }
 
-echo "demo: making the VOBs $VOB and $PVOB in $STORE"
-ct mkvob -tag "$VOB" -nc "$STORE/main.vbs"
-ct mkvob -tag "$PVOB" -ucmproject -nc "$STORE/pvob.vbs"
-
-echo "demo: importing a small source tree through the view $SETUP_VIEW"
-ct mkview -snapshot -tag demo_setup "$SETUP_VIEW"
-printf 'element * CHECKEDOUT\nelement * /main/LATEST\nload %s\n' "$VOB" >"$WORK_DIR/setup.cs"
-(
-  cd "$SETUP_VIEW"
-  ct setcs "$WORK_DIR/setup.cs"
-  cd "vobs/main"
-  ct checkout -nc .
-  printf 'VERSION = 1.0\nCFLAGS = -O2 -Wall\n\nhello: src/main.c src/greet.c\n\tcc $(CFLAGS) -DVERSION=\\"$(VERSION)\\" -o $@ $^\n' >Makefile
-  printf 'A small program that greets the user. Built nightly by the release job.\n' >README
-  ct mkelem -nc -ci Makefile README
-  ct mkdir -nc src
-  cd src
-  printf '#include "greet.h"\n#include "version.h"\n\nint main(void)\n{\n    greet(BUILD_NUMBER);\n    return 0;\n}\n' >main.c
-  printf '#include "greet.h"\n#include <stdio.h>\n\nvoid greet(int build)\n{\n    printf("hello from build %%d\\n", build);\n}\n' >greet.c
-  printf '#pragma once\nvoid greet(int build);\n' >greet.h
-  printf '#define BUILD_NUMBER 0\n' >version.h
-  ct mkelem -nc -ci main.c greet.c greet.h version.h
-  ct checkin -nc .
-  cd ..
-  ct checkin -nc .
-)
-
-echo "demo: making the UCM project, its stream release_dev and the view $VIEW"
-ct mkcomp -nc -root "$VOB" "main_comp@$PVOB"
-ct mkproject -nc -in "RootFolder@$PVOB" -modcomp "main_comp@$PVOB" "release_proj@$PVOB"
-ct mkstream -nc -integration -in "release_proj@$PVOB" -baseline "main_comp_INITIAL@$PVOB" "release_proj_int@$PVOB"
-ct mkstream -nc -in "release_proj@$PVOB" -baseline "main_comp_INITIAL@$PVOB" "release_dev@$PVOB"
-ct mkview -snapshot -tag release_dev -stream "release_dev@$PVOB" "$VIEW"
-(cd "$VIEW/vobs/main" && ct mkactivity -nc -headline "Prepare the release" prepare_release)
+# The same world the end-to-end tests start from: tests/fixtures/world/world.steps.
+echo "demo: making the VOBs $VOB and $PVOB, the views $SETUP_VIEW and $VIEW, and the UCM project"
+if ! CLEARTOOL="$CLEARTOOL" bash "$ROOT/tests/fixtures/world/replay.sh" "$ROOT/tests/fixtures/world/world.steps" \
+    WORK="$WORK_DIR" VOB_STORAGE="$STORE" CONFIG_SPEC="$WORK_DIR/setup.cs" TREE="$ROOT/tests/fixtures/world/hello" \
+    SETUP_TAG=setup_v SETUP_VIEW="$SETUP_VIEW" COMP=main_comp PROJECT=release_proj STREAM=release_dev \
+    VIEW_TAG=release_dev VIEW="$VIEW" ACTIVITY=prepare_release >>"$SETUP_LOG" 2>&1; then
+  echo "run-demo: making the fixture failed:" >&2
+  tail -n 5 "$SETUP_LOG" >&2
+  exit 1
+fi
 
 # A developer carries on after the view was made: the release job's update loads the new
 # version, and its check-out search finds the README still checked out.
@@ -132,7 +108,7 @@ echo "demo: a developer (alice) changes greet.c and leaves README checked out"
   export USER=alice
   cd "$SETUP_VIEW/vobs/main/src"
   ct checkout -nc greet.c
-  sed -i 's/hello from build/hello, world, from build/' greet.c
+  printf '#include <stdio.h>\n\nvoid greet(void) { printf("hello, world\\n"); }\n' >greet.c
   ct checkin -c "Friendlier greeting" greet.c
   cd ..
   ct checkout -c "Rewording, not finished" README
