@@ -83,25 +83,39 @@ function(wf_component_of target out)
 endfunction()
 
 # Shared libraries and plug-ins are found rather than listed, so a new one (the design-time library,
-# a package's page library) is installed in the right package as soon as it is built. Test and
-# benchmark targets stay out.
+# a package's page library) is installed in the right package as soon as it is built. What is built
+# into bin/plugins (or a folder below it) goes to the same place under lib/wrenfield/plugins; other
+# shared libraries go to lib/wrenfield. Test and benchmark targets stay out.
 wf_collect_targets(${PROJECT_SOURCE_DIR} wf_all_targets)
 foreach(target IN LISTS wf_all_targets)
   get_target_property(source_dir ${target} SOURCE_DIR)
-  if(source_dir MATCHES "^${PROJECT_SOURCE_DIR}/(tests|bench)(/|$)")
+  get_target_property(type ${target} TYPE)
+  if(source_dir MATCHES "^${PROJECT_SOURCE_DIR}/(tests|bench)(/|$)"
+     OR NOT type MATCHES "^(SHARED|MODULE)_LIBRARY$")
     continue()
   endif()
-  get_target_property(type ${target} TYPE)
   get_target_property(output_dir ${target} LIBRARY_OUTPUT_DIRECTORY)
   wf_component_of(${target} component)
-  if(type STREQUAL "MODULE_LIBRARY" AND output_dir STREQUAL WF_PLUGIN_DIR)
-    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/..")
-    install(TARGETS ${target} LIBRARY DESTINATION ${WF_INSTALL_PLUGIN_DIR} COMPONENT ${component})
+  file(RELATIVE_PATH below_plugins ${WF_PLUGIN_DIR} "${output_dir}")
+  if(output_dir AND NOT below_plugins MATCHES "^\\.\\.")
+    set(destination ${WF_INSTALL_PLUGIN_DIR})
+    if(below_plugins)
+      string(APPEND destination /${below_plugins})
+    endif()
   elseif(type STREQUAL "SHARED_LIBRARY")
-    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
-    install(TARGETS ${target} LIBRARY DESTINATION ${WF_INSTALL_PRIVATE_DIR} COMPONENT ${component}
-            NAMELINK_SKIP)
+    set(destination ${WF_INSTALL_PRIVATE_DIR})
+  else()
+    continue()
   endif()
+  # The run path climbs from the library's folder back to lib/wrenfield.
+  file(RELATIVE_PATH up ${CMAKE_INSTALL_PREFIX}/${destination} ${CMAKE_INSTALL_PREFIX}/${WF_INSTALL_PRIVATE_DIR})
+  string(REGEX REPLACE "/$" "" up "${up}")
+  if(up)
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${up}")
+  else()
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
+  endif()
+  install(TARGETS ${target} LIBRARY DESTINATION ${destination} COMPONENT ${component} NAMELINK_SKIP)
 endforeach()
 
 # Writes PROGRAM's man page from its --help and --version (help2man), gzipped as Debian wants it.

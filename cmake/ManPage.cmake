@@ -53,7 +53,7 @@ set(include_file "${work}/${NAME}.generated.h2m")
 file(WRITE "${include_file}" "${sections}")
 set(page "${work}/${NAME}.1")
 execute_process(
-  COMMAND ${HELP2MAN} --no-info --no-discard-stderr --name=${DESCRIPTION} --section=1
+  COMMAND ${HELP2MAN} --no-info --name=${DESCRIPTION} --section=1
           --include=${include_file} --output=${page} ${PROGRAM}
   RESULT_VARIABLE status ERROR_VARIABLE error)
 if(NOT status EQUAL 0)
