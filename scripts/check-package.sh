@@ -30,6 +30,9 @@ while [ $# -gt 0 ]; do
   esac
 done
 cd "$ROOT"
+for tool in dpkg-deb lintian desktop-file-validate readelf ldd; do
+  command -v "$tool" >/dev/null || { echo "check-package: $tool is missing; run bash scripts/setup.sh" >&2; exit 2; }
+done
 [ -d "$BUILD_DIR" ] || { echo "check-package: no build folder \"$BUILD_DIR\"" >&2; exit 2; }
 BUILD_DIR="$(cd "$BUILD_DIR" && pwd)"
 PACKAGES="${PACKAGES:-$BUILD_DIR/packages}"
@@ -104,6 +107,13 @@ else
   tail -n 20 "$demo_out" >&2
   fail "the demo's release job failed against the unpacked tree"
 fi
+
+# --- the man page documents every command
+page="$PREFIX/share/man/man1/wfbuild.1.gz"
+missing=$(for command in run validate resave actions options; do
+  zcat "$page" 2>/dev/null | grep -qx ".SS $command" || printf '%s ' "$command"
+done)
+if [ -s "$page" ] && [ -z "$missing" ]; then pass "man page wfbuild(1)"; else fail "man page $page is missing or lacks: $missing"; fi
 
 # --- bash completion, sourced from the package; rows: command line (cursor at the end) | expected
 COMPLETION="$WORK/root/usr/share/bash-completion/completions/wfbuild"
