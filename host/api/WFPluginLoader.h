@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <string>
 #include <vector>
 
@@ -10,7 +12,7 @@ inline constexpr const char* kWFRegisterSymbol = "WFRegister";
 /// Loads a package by path, finds its WFRegister and calls it once with RegisterPages.
 /// A package already loaded is not registered twice. False with a reason when the file
 /// cannot be loaded or exports no entry point.
-bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& error);
+WF_API bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& error);
 
 /// The shared libraries in a folder, sorted by name; empty when the folder does not exist.
-std::vector<std::string> WFListPlugins(const std::string& directory);
+WF_API std::vector<std::string> WFListPlugins(const std::string& directory);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -9,7 +11,7 @@ class IWFProcess;
 
 /// Receives a running process's output as it arrives, one chunk per call, on the thread
 /// that called Execute.
-class IWFProcessOutputHandler {
+class WF_API IWFProcessOutputHandler {
 public:
     virtual ~IWFProcessOutputHandler() = default;
     virtual void OnProcessStdOut(IWFProcess& process, const std::string& data) = 0;
@@ -20,7 +22,7 @@ public:
 /// split into arguments with splitCommandLine. Standard input is empty and closed, so a program
 /// that asks a question reads end-of-file instead of waiting for an answer. The program runs in
 /// a process group of its own, so stopping it stops everything it started.
-class IWFProcess {
+class WF_API IWFProcess {
 public:
     virtual ~IWFProcess() = default;
 
@@ -61,7 +63,7 @@ public:
 };
 
 /// A new process object, or nullptr. Tests may replace the factory.
-std::shared_ptr<IWFProcess> CreateWFProcess();
+WF_API std::shared_ptr<IWFProcess> CreateWFProcess();
 using TWFProcessFactory = std::function<std::shared_ptr<IWFProcess>()>;
 /// Replaces the factory; an empty function restores the real runner. Returns the previous one.
-TWFProcessFactory SetWFProcessFactory(TWFProcessFactory factory);
+WF_API TWFProcessFactory SetWFProcessFactory(TWFProcessFactory factory);

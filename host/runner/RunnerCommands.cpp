@@ -117,7 +117,7 @@ int commandRun(const TCommandContext& c)
     settings.timeoutSeconds = c.args.timeoutSeconds.value_or(project.timeoutSeconds);
 
     TBuildRunner runner(log, c.out, c.err);
-    int status = 0;
+    int status = kExitSuccess;
     {
         TInterruptWatcher watcher([&runner](int) { runner.Interrupt(); });
         status = runner.Run(project, variables, settings);
@@ -147,6 +147,7 @@ int commandValidate(const TCommandContext& c)
     host.log = &log;
     host.variables = &variables;
     host.defaultStartingDir = c.projectDirectory();
+    host.functions = WFScriptingServices().Resolver();
 
     std::size_t checked = 0;
     std::size_t invalid = 0;
@@ -222,12 +223,9 @@ int commandOptionsSet(const TCommandContext& c)
         }
     }
     const std::string path = GetWFOptionsFileName();
-    const std::string folder = parentDirectory(path);
-    if (!makeDirectories(folder))
-        return c.fail("cannot create the configuration folder \"" + folder + "\"; nothing was written.");
     std::string error;
     if (!TWFIniFile(path).WriteString(section, key, c.args.optionsValue, &error))
-        return c.fail(error.empty() ? "cannot write \"" + path + "\"" : error);
+        return c.fail(error + "; nothing was written.");
     c.out << "Set " << section << "." << key << " in " << path << std::endl;
     return kExitSuccess;
 }
