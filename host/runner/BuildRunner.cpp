@@ -98,8 +98,10 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
             m_cases.push_back(std::move(result));
             continue;
         }
-        if (status != kExitSuccess || m_interrupted) {
-            result.message = m_interrupted ? "not run: the build was interrupted" : "not run: an earlier action failed";
+        if (status != kExitSuccess || m_interrupted || !m_log.WriteFailure().empty()) {
+            result.message = m_interrupted ? "not run: the build was interrupted"
+                : status != kExitSuccess   ? "not run: an earlier action failed"
+                                           : "not run: the build log could not be written";
             m_cases.push_back(std::move(result));
             continue;
         }
@@ -155,7 +157,7 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         status = kExitInterrupted;
         m_err << "Interrupted: no further action was started." << std::endl;
     }
-    if (status == kExitSuccess) {
+    if (status == kExitSuccess && m_log.WriteFailure().empty()) {
         m_out << (settings.dryRun ? "Dry run succeeded: " : "Build succeeded: ") << plural(ran, "action")
               << (settings.dryRun ? " prepared" : " run");
         if (disabled)

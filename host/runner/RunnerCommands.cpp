@@ -107,6 +107,9 @@ int commandRun(const TCommandContext& c)
     TWFBuildVariables variables;
     if (!c.prepareBuild(project, variables))
         return kExitUsage;
+    for (const auto& [option, path] : {std::pair{"--log", c.args.logFile}, std::pair{"--junit", c.args.junitFile}})
+        if (!path.empty() && sameFile(path, c.args.project))
+            return c.fail(std::string(option) + " " + path + " names the project itself; nothing was run.");
     TConsoleLog log(c.out, c.err);
     if (std::string error; !c.args.logFile.empty() && !log.OpenLogFile(c.args.logFile, error))
         return c.fail(error);
@@ -125,14 +128,18 @@ int commandRun(const TCommandContext& c)
     if (!c.args.junitFile.empty()) {
         const std::string suite = std::filesystem::path(c.args.project).filename().string();
         std::string error;
-        if (!writeFileAtomically(c.args.junitFile, renderJUnitReport(suite, runner.Cases()), error)) {
-            c.fail("cannot write the JUnit report: " + error);
-            if (status == kExitSuccess)
-                status = kExitUsage;
-        }
+        if (!writeFileAtomically(c.args.junitFile, renderJUnitReport(suite, runner.Cases()), error))
+            log.NoteWriteFailure("cannot write the JUnit report: " + error);
     }
     if (c.args.printVariables)
         c.out << variables.ToJson() << std::endl;
+    log.Flush();
+    if (!log.WriteFailure().empty()) {
+        // Whatever the actions did, the record of the run is incomplete: the run cannot pass.
+        c.fail(log.WriteFailure());
+        if (status != kExitInterrupted)
+            status = kExitUsage;
+    }
     return status;
 }
 

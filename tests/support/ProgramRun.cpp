@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -59,6 +60,18 @@ ProgramRun runProgram(const ProgramRequest& request)
     if (pid == 0) {
         ::dup2(out[1], 1);
         ::dup2(err[1], 2);
+        if (!request.stdoutFile.empty()) {
+            const int file = ::open(request.stdoutFile.c_str(), O_WRONLY | O_CLOEXEC);
+            if (file < 0 || ::dup2(file, 1) < 0)
+                ::_exit(125);
+        }
+        if (request.closeStdout)
+            ::close(1);
+        if (request.fileSizeLimit > 0) {
+            ::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit{static_cast<rlim_t>(request.fileSizeLimit), static_cast<rlim_t>(request.fileSizeLimit)};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        }
         if (!request.workingDirectory.empty() && ::chdir(request.workingDirectory.c_str()) != 0)
             ::_exit(126);
         ::execve(argv[0], argv.data(), envp.data());

@@ -25,6 +25,13 @@ struct ProgramRequest {
     /// When set, the program gets `signal` as soon as this file holds a complete line.
     std::string signalWhenFileReady;
     int signal = 0;
+    /// Bytes any file the program writes may grow to (RLIMIT_FSIZE, with SIGXFSZ ignored so
+    /// that a write beyond it fails with EFBIG); 0: no limit.
+    long long fileSizeLimit = 0;
+    /// Standard output goes to this file instead of the collecting pipe (/dev/full: every write fails).
+    std::string stdoutFile;
+    /// Starts the program with standard output closed, as `>&-` does.
+    bool closeStdout = false;
     /// Killed after this long; the run then reports status -1.
     int deadlineMs = 10000;
 };
