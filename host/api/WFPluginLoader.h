@@ -8,6 +8,15 @@
 /// The entry point every package exports under this plain name.
 using TWFRegisterFunction = void (*)(bool registerPages);
 inline constexpr const char* kWFRegisterSymbol = "WFRegister";
+/// Optional: what a host shows for the package in its list of plug-ins.
+using TWFDescriptionFunction = const char* (*)();
+inline constexpr const char* kWFDescriptionSymbol = "WFPackageDescription";
+
+/// A loaded package: its file and the description it gives (empty when it gives none).
+struct WF_API TWFLoadedPlugin {
+    std::string path;
+    std::string description;
+};
 
 /// Loads a package by path, finds its WFRegister and calls it once with RegisterPages.
 /// A package already loaded is not registered twice. False with a reason when the file
@@ -16,3 +25,6 @@ WF_API bool WFLoadPlugin(const std::string& path, bool registerPages, std::strin
 
 /// The shared libraries in a folder, sorted by name; empty when the folder does not exist.
 WF_API std::vector<std::string> WFListPlugins(const std::string& directory);
+
+/// The packages loaded so far, in load order.
+WF_API std::vector<TWFLoadedPlugin> WFLoadedPlugins();

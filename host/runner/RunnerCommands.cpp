@@ -8,6 +8,7 @@
 
 #include "WFFiles.h"
 #include "WFIniFile.h"
+#include "WFPluginLoader.h"
 #include "WFProject.h"
 #include "WFServices.h"
 #include "WFVariables.h"
@@ -210,6 +211,16 @@ int commandActions(const TCommandContext& c)
     return kExitSuccess;
 }
 
+int commandPlugins(const TCommandContext& c)
+{
+    if (!c.loadPlugins())
+        return kExitUsage;
+    for (const auto& plugin : WFLoadedPlugins())
+        c.out << plugin.path << '\t' << plugin.description << '\n';
+    c.out.flush();
+    return kExitSuccess;
+}
+
 int commandOptionsSet(const TCommandContext& c)
 {
     const std::string& section = c.args.optionsSection;
@@ -278,6 +289,8 @@ int runWfbuild(const std::vector<std::string>& arguments, std::ostream& out, std
             return commandResave(context);
         case TRunnerCommand::Actions:
             return commandActions(context);
+        case TRunnerCommand::Plugins:
+            return commandPlugins(context);
         case TRunnerCommand::Options:
             return commandOptions(context);
         }

@@ -572,6 +572,15 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"Version", {"--version"}, 0, "wfbuild " WF_VERSION "\n", ""}),
     [](const auto& info) { return info.param.name; });
 
+TEST_F(Wfbuild, PluginsListsEachLoadedPackageWithItsFileAndDescription)
+{
+    const ProgramRun run = wfbuild({"plugins", "--plugin", WF_RUNNER_TEST_PLUGIN});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, std::filesystem::canonical(WF_RUNNER_TEST_PLUGIN).string() + "\tWrenfield 3.x test Support\n")
+        << "a package named twice is loaded and listed once";
+    EXPECT_EQ(run.err, "");
+}
+
 struct WriteFaultCase {
     const char* name;
     /// Extra arguments after "run PROJECT"; @DIR@ is the test's folder.
