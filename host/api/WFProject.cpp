@@ -3,6 +3,7 @@
 #include "WFAction.h"
 #include "WFFiles.h"
 #include "WFServices.h"
+#include "WFUtf8.h"
 #include "WFVariables.h"
 
 #include <QXmlStreamReader>
@@ -194,6 +195,36 @@ void readAction(TReader& r, TWFProject& project)
     project.actions.push_back(std::move(action));
 }
 
+/// The first byte a project may not hold: one that is not UTF-8, or a NUL, which XML forbids.
+/// The XML reader reports both at the wrong place (or as "Unexpected ''"), so they are found
+/// first, with their line and column in characters.
+bool findForbiddenByte(const std::string& text, const std::string& file, std::vector<TWFProjectDiagnostic>& diagnostics)
+{
+    long long line = 1;
+    long long column = 1;
+    for (std::size_t i = 0; i < text.size();) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const std::size_t length = utf8SequenceLength(text, i);
+        std::string problem;
+        if (byte == 0)
+            problem = "a NUL byte (0x00), which a project cannot hold";
+        else if (length == 0)
+            problem = "the byte " + describeByte(byte) + " is not UTF-8 (projects are UTF-8 text)";
+        if (!problem.empty()) {
+            diagnostics.push_back({file, line, column, problem, true});
+            return true;
+        }
+        if (byte == '\n') {
+            ++line;
+            column = 1;
+        } else {
+            ++column;
+        }
+        i += length;
+    }
+    return false;
+}
+
 } // namespace
 
 bool ReadProjectText(const std::string& text, const std::string& fileName, TWFProject& project,
@@ -206,6 +237,8 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
         r.error("the file is empty (a project needs a <wfproject> element)");
         return false;
     }
+    if (findForbiddenByte(text, fileName, diagnostics))
+        return false;
     if (!r.xml.readNextStartElement()) {
         if (!r.xml.hasError())
             r.error("the file holds no project (no <wfproject> element)");

@@ -149,6 +149,36 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"empty", "", "1:1", "the file is empty"}),
     [](const auto& info) { return std::string(info.param.name); });
 
+struct BadByteCase {
+    const char* name;
+    std::string text;
+    const char* diagnostic;
+};
+
+class ProjectBadBytes : public Project, public ::testing::WithParamInterface<BadByteCase> {};
+
+TEST_P(ProjectBadBytes, NameTheByteAndItsTruePlace)
+{
+    TWFProject project;
+    EXPECT_FALSE(read(GetParam().text, project));
+    EXPECT_EQ(firstDiagnostic(), GetParam().diagnostic);
+}
+
+const std::string kHead = "<wfproject>\n<actions>\n<action type=\"T_PROPS\">\n";
+
+INSTANTIATE_TEST_SUITE_P(
+    Refused, ProjectBadBytes,
+    ::testing::Values(
+        BadByteCase{"latin1OnLine4", kHead + "  <property name=\"Name\">caf\xE9</property>\n</action></actions></wfproject>",
+                    "p.wfp:4:28: error: the byte 0xE9 is not UTF-8 (projects are UTF-8 text)"},
+        BadByteCase{"afterWideCharacters", kHead + "\xC3\xA9\xE2\x82\xAC\x80</action></actions></wfproject>",
+                    "p.wfp:4:3: error: the byte 0x80 is not UTF-8 (projects are UTF-8 text)"},
+        BadByteCase{"truncatedSequence", "<wfproject>\xE2\x82</wfproject>",
+                    "p.wfp:1:12: error: the byte 0xE2 is not UTF-8 (projects are UTF-8 text)"},
+        BadByteCase{"nul", kHead + std::string("  <property name=\"N\0ame\"/>", 26) + "</action></actions></wfproject>",
+                    "p.wfp:4:20: error: a NUL byte (0x00), which a project cannot hold"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
 TEST_F(Project, UnknownPropertyIsReportedAndIgnored)
 {
     TWFProject project;
