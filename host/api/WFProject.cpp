@@ -105,6 +105,16 @@ struct TReader {
     {
         diagnostics.push_back({file, xml.lineNumber(), xml.columnNumber(), message, false});
     }
+    /// An attribute the element does not have (a misspelled `enabeld`) would be ignored
+    /// silently and lost by a resave: it is an error at the element's place.
+    void checkAttributes(std::initializer_list<const char*> known)
+    {
+        for (const auto& attribute : xml.attributes()) {
+            const std::string name = attribute.qualifiedName().toString().toStdString();
+            if (std::none_of(known.begin(), known.end(), [&](const char* k) { return name == k; }))
+                error("unknown attribute \"" + name + "\" on <" + xml.name().toString().toStdString() + ">");
+        }
+    }
     std::string attribute(const char* name) const { return xml.attributes().value(name).toString().toStdString(); }
     bool hasAttribute(const char* name) const { return xml.attributes().hasAttribute(name); }
 };
@@ -117,8 +127,12 @@ void readVariables(TReader& r, TWFProject& project)
             r.xml.skipCurrentElement();
             continue;
         }
+        r.checkAttributes({"name", "type", "value"});
         TWFProjectVariable variable;
         variable.name = r.attribute("name");
+        if (std::any_of(project.variables.begin(), project.variables.end(),
+                        [&](const auto& v) { return v.name == variable.name; }))
+            r.error("variable \"" + variable.name + "\" is defined twice");
         if (r.hasAttribute("type"))
             variable.type = r.attribute("type");
         variable.value = r.attribute("value");
@@ -149,6 +163,7 @@ void readAction(TReader& r, TWFProject& project)
     const std::string type = r.attribute("type");
     const long long line = r.xml.lineNumber();
     const long long column = r.xml.columnNumber();
+    r.checkAttributes({"type", "description", "enabled"});
     std::unique_ptr<TCustomWFAction> action = WFActionServices().CreateAction(type);
     if (!action) {
         r.error("unknown action type \"" + type + "\"");
@@ -170,6 +185,7 @@ void readAction(TReader& r, TWFProject& project)
             r.xml.skipCurrentElement();
             continue;
         }
+        r.checkAttributes({"name"});
         const std::string name = r.attribute("name");
         const long long propertyLine = r.xml.lineNumber();
         const long long propertyColumn = r.xml.columnNumber();
@@ -179,6 +195,12 @@ void readAction(TReader& r, TWFProject& project)
         if (!action->FindProperty(name)) {
             r.diagnostics.push_back({r.file, propertyLine, propertyColumn,
                                      "action " + type + " does not persist a property \"" + name + "\"; ignored", false});
+            continue;
+        }
+        if (std::string earlier; properties.ReadValue(name, earlier)) {
+            r.diagnostics.push_back({r.file, propertyLine, propertyColumn,
+                                     "action " + type + ": property \"" + name + "\" is given twice", true});
+            r.failed = true;
             continue;
         }
         properties.values.emplace_back(name, value);
@@ -245,6 +267,7 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
     } else if (r.xml.name() != QLatin1String("wfproject")) {
         r.error("the root element is <" + r.xml.name().toString().toStdString() + ">, not <wfproject>");
     } else {
+        r.checkAttributes({"version", "timeout"});
         if (r.hasAttribute("version") && r.attribute("version") != "1")
             r.error("project format version " + r.attribute("version") + " is not supported (expected 1)");
         if (r.hasAttribute("timeout")) {

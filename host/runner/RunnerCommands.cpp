@@ -193,6 +193,11 @@ int commandResave(const TCommandContext& c)
     if (hadWarnings && !c.args.dropUnknown)
         return c.fail("resaving would lose what the warnings above name; nothing was written"
                       " (--drop-unknown accepts the loss).");
+    // The canonical form has no place for comments; a resave must not drop them unasked.
+    if (std::string text, error; !c.args.dropUnknown && readWholeFile(c.args.project, text, error)
+        && text.find("<!--") != std::string::npos)
+        return c.fail("resaving would lose the XML comments of " + c.args.project + "; nothing was written"
+                      " (--drop-unknown accepts the loss).");
     const std::string target = c.args.outputFile.empty() ? c.args.project : c.args.outputFile;
     std::string error;
     if (!WriteProjectFile(target, project, error))

@@ -146,7 +146,15 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"malformed", "<wfproject>\n  <actions>\n    <action type=\"T_PROPS\">\n  </actions>", "4:", "malformed XML"},
         BadCase{"truncated", "<wfproject><actions><action type=\"T_PR", "1:", "malformed XML"},
         BadCase{"notAProject", "<html/>", "1:", "not <wfproject>"},
-        BadCase{"empty", "", "1:1", "the file is empty"}),
+        BadCase{"empty", "", "1:1", "the file is empty"},
+        BadCase{"duplicateProperty", "<wfproject><actions><action type=\"T_PROPS\">\n<property name=\"Count\">1</property>\n"
+                "<property name=\"Count\">2</property></action></actions></wfproject>", "3:", "property \"Count\" is given twice"},
+        BadCase{"duplicateVariable", "<wfproject><variables>\n<variable name=\"A\" value=\"1\"/>\n  <variable name=\"A\" value=\"2\"/>"
+                "</variables></wfproject>", "3:", "variable \"A\" is defined twice"},
+        BadCase{"misspelledAttribute", "<wfproject><actions>\n\n<action type=\"T_PROPS\" enabeld=\"False\"/></actions></wfproject>",
+                "3:", "unknown attribute \"enabeld\" on <action>"},
+        BadCase{"unknownPropertyAttribute", "<wfproject><actions><action type=\"T_PROPS\">\n<property name=\"Count\" kind=\"x\">1</property>"
+                "</action></actions></wfproject>", "2:", "unknown attribute \"kind\" on <property>"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 struct BadByteCase {

@@ -581,6 +581,19 @@ TEST_F(Wfbuild, PluginsListsEachLoadedPackageWithItsFileAndDescription)
     EXPECT_EQ(run.err, "");
 }
 
+TEST_F(Wfbuild, ResaveRefusesToDropCommentsUnlessTold)
+{
+    const std::string xml = projectXml("    <!-- keep the nightly settings -->\n" + testRun("a"));
+    const std::string project = writeProject(xml);
+    const ProgramRun refused = wfbuild({"resave", project});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.err, "wfbuild: resaving would lose the XML comments of " + project
+                               + "; nothing was written (--drop-unknown accepts the loss).\n");
+    EXPECT_EQ(wftest::readFile(project), expand(xml));
+    EXPECT_EQ(wfbuild({"resave", project, "--drop-unknown"}).status, 0);
+    EXPECT_EQ(wftest::readFile(project).find("<!--"), std::string::npos);
+}
+
 struct WriteFaultCase {
     const char* name;
     /// Extra arguments after "run PROJECT"; @DIR@ is the test's folder.
