@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include <sys/stat.h>
+
 std::string TWFProjectDiagnostic::ToString() const
 {
     std::string text = file;
@@ -306,6 +308,15 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
 
 bool ReadProjectFile(const std::string& path, TWFProject& project, std::vector<TWFProjectDiagnostic>& diagnostics)
 {
+    // The XML reader holds the text and its own copy of every string read; a bound on the
+    // file keeps a stray multi-gigabyte file from taking the machine's memory.
+    if (struct stat info {}; ::stat(path.c_str(), &info) == 0 && info.st_size > kWFProjectSizeLimit) {
+        diagnostics.push_back({path, 0, 0,
+                               "the file is " + std::to_string(info.st_size) + " bytes; projects may hold at most "
+                                   + std::to_string(kWFProjectSizeLimit) + " bytes",
+                               true});
+        return false;
+    }
     std::string bytes;
     std::string error;
     if (!readWholeFile(path, bytes, error)) {

@@ -46,6 +46,9 @@ public:
     void DefineVariables(TWFBuildVariables& target) const;
 };
 
+/// Larger project files are refused before they are read.
+inline constexpr long long kWFProjectSizeLimit = 16LL * 1024 * 1024;
+
 /// Reads a project file, creating its actions through WFActionServices. Returns false when
 /// any error was found; diagnostics then name the file, line and column.
 WF_API bool ReadProjectFile(const std::string& path, TWFProject& project, std::vector<TWFProjectDiagnostic>& diagnostics);

@@ -10,6 +10,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -186,6 +187,19 @@ INSTANTIATE_TEST_SUITE_P(
         BadByteCase{"nul", kHead + std::string("  <property name=\"N\0ame\"/>", 26) + "</action></actions></wfproject>",
                     "p.wfp:4:20: error: a NUL byte (0x00), which a project cannot hold"}),
     [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Project, FilesAboveTheSizeLimitAreRefusedUnread)
+{
+    wftest::TempDir dir;
+    const std::string path = dir.file("huge.wfp");
+    ASSERT_EQ(::truncate(dir.write("huge.wfp", "<wfproject>").c_str(), kWFProjectSizeLimit + 1), 0);
+    TWFProject project;
+    std::vector<TWFProjectDiagnostic> found;
+    EXPECT_FALSE(ReadProjectFile(path, project, found));
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_EQ(found[0].ToString(), path + ": error: the file is " + std::to_string(kWFProjectSizeLimit + 1)
+                                       + " bytes; projects may hold at most " + std::to_string(kWFProjectSizeLimit) + " bytes");
+}
 
 TEST_F(Project, UnknownPropertyIsReportedAndIgnored)
 {
