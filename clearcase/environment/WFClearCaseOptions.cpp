@@ -5,7 +5,24 @@
 #include "WFProcess.h"
 #include "WFServices.h"
 
+#include <unistd.h>
+
 namespace {
+
+/// A relative path is taken from the current folder once, when it is given: the check reads it
+/// from here, while cleartool runs in the view's folder, where the same words name another file.
+/// A bare name that is no file here is left for the PATH search.
+std::string absoluteFromHere(const std::string& path)
+{
+    if (path.empty() || path.front() == '/')
+        return path;
+    if (path.find('/') == std::string::npos && !fileExists(path) && !directoryExists(path))
+        return path;
+    char here[4096];
+    if (!::getcwd(here, sizeof here))
+        return path;
+    return std::string(here) + "/" + path;
+}
 
 #ifdef _WIN32
 constexpr char kPathDelimiter = '\\';
@@ -81,8 +98,9 @@ std::string TWFClearCaseOptions::GetCleartoolPath()
 
 void TWFClearCaseOptions::SetClearToolPath(const std::string& value)
 {
-    if (value != m_cleartoolPath) {
-        m_cleartoolPath = value;
+    const std::string absolute = absoluteFromHere(value);
+    if (absolute != m_cleartoolPath) {
+        m_cleartoolPath = absolute;
         m_modified = true;
     }
 }
@@ -120,7 +138,7 @@ void TWFClearCaseOptions::LoadOptions(IWFOptionsReader& reader)
 {
     m_cleartoolPath.clear();
     m_defaultViewPath.clear();
-    m_cleartoolPath = reader.ReadString("CleartoolPath", "");
+    m_cleartoolPath = absoluteFromHere(reader.ReadString("CleartoolPath", ""));
     if (m_cleartoolPath.empty())
         m_cleartoolPath = defaultClearToolPath();
     m_defaultViewPath = reader.ReadString("DefaultView", "");

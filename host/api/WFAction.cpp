@@ -1,7 +1,6 @@
 #include "WFAction.h"
 
 #include "WFExpression.h"
-#include "WFServices.h"
 
 #include <unistd.h>
 
@@ -29,13 +28,8 @@ bool TCustomWFAction::TryExpandExpression(const std::string& propertyName, const
             return std::nullopt;
         return variables->Get(name).toString();
     };
-    scope.function = [](const std::string& function, const std::string& property,
-                        std::string& error) -> std::optional<std::string> {
-        std::string text;
-        if (!WFScriptingServices().Evaluate(function, property, text, error))
-            return std::nullopt;
-        return text;
-    };
+    if (m_host && m_host->functions)
+        scope.function = m_host->functions;
     std::string error;
     if (!expandExpression(value, scope, expanded, error)) {
         SendMessage("Error: Could not expand " + propertyName + " \"" + value + "\": " + error + ".");

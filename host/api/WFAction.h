@@ -1,6 +1,8 @@
 #pragma once
 
 #include "WFCommandLine.h"
+#include "WFExport.h"
+#include "WFExpression.h"
 #include "WFLineSplitter.h"
 #include "WFLog.h"
 #include "WFPersistence.h"
@@ -14,7 +16,7 @@
 #include <vector>
 
 /// Collects design-time validation errors.
-class IWFActionValidationError {
+class WF_API IWFActionValidationError {
 public:
     virtual ~IWFActionValidationError() = default;
     /// Location names where the user fixes it: "Options" or a property page's caption.
@@ -23,7 +25,7 @@ public:
 
 /// What a host gives the actions it runs: the log, the build variables, the default working
 /// directory and the run settings. One per run; actions never own it.
-class TWFActionHost {
+class WF_API TWFActionHost {
 public:
     IWFLogSink* log = nullptr;
     TWFBuildVariables* variables = nullptr;
@@ -33,6 +35,8 @@ public:
     bool dryRun = false;
     /// Longest a process may run, in seconds (at most kWFMaxTimeLimitSeconds); 0: no bound.
     std::int64_t timeoutSeconds = 0;
+    /// Resolves `%Name().Property%` in expressions; without one, every function is unknown.
+    TWFFunctionResolver functions;
 
     void SendLine(IWFLogSink::Stream stream, std::string_view text) const
     {
@@ -42,7 +46,7 @@ public:
 };
 
 /// Any action: identity, description, persisted properties and the host's services.
-class TCustomWFAction : public TZTXMLObject {
+class WF_API TCustomWFAction : public TZTXMLObject {
 public:
     TCustomWFAction();
     ~TCustomWFAction() override;
@@ -90,7 +94,7 @@ private:
 };
 
 /// An action that runs an external program: the run-time sequence of the host.
-class TWFExecuteAbstractAction : public TCustomWFAction, private IWFProcessOutputHandler {
+class WF_API TWFExecuteAbstractAction : public TCustomWFAction, private IWFProcessOutputHandler {
 public:
     TWFExecuteAbstractAction();
     ~TWFExecuteAbstractAction() override;

@@ -1,12 +1,19 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <string>
 
 class TCustomWFAction;
 
+/// A property page class, by name. The design-time part of a host turns names into frames.
+struct WF_API TWFPageClass {
+    std::string className;
+};
+
 /// A property page as the host drives it. The design-time part of the host derives its
 /// frames (widgets) from this; the contract itself knows no toolkit.
-class IWFActionPage {
+class WF_API IWFActionPage {
 public:
     virtual ~IWFActionPage() = default;
     /// Owner is the host's container widget, passed opaquely.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,7 +16,7 @@ enum : int {
 };
 
 /// One argument of a command line, as added.
-class IArgument {
+class WF_API IArgument {
 public:
     virtual ~IArgument() = default;
     virtual std::string GetText() const = 0;
@@ -23,7 +25,7 @@ public:
 };
 
 /// Collects a program's command line argument by argument.
-class ICommandLineBuilder {
+class WF_API ICommandLineBuilder {
 public:
     virtual ~ICommandLineBuilder() = default;
     /// The command line so far: the arguments in the order added, joined by one blank.
@@ -31,7 +33,7 @@ public:
     virtual std::shared_ptr<IArgument> AddArgument(const std::string& text, const std::string& value, int kind) = 0;
 };
 
-class TCommandLineBuilder final : public ICommandLineBuilder {
+class WF_API TCommandLineBuilder final : public ICommandLineBuilder {
 public:
     std::string GetCommandLineText() const override;
     std::shared_ptr<IArgument> AddArgument(const std::string& text, const std::string& value, int kind) override;
@@ -47,8 +49,8 @@ private:
 /// are literal unless they precede a quote (2n backslashes + quote: n backslashes and a
 /// quote toggle; 2n+1: n backslashes and a literal quote). Inside quotes, "" is a literal
 /// quote. An empty quoted pair is an empty argument.
-std::vector<std::string> splitCommandLine(std::string_view text);
+WF_API std::vector<std::string> splitCommandLine(std::string_view text);
 
 /// The inverse for display and for passing argv through a shell-free launcher on Windows:
 /// quotes an argument only when it needs it, so splitCommandLine(joinCommandLine(a)) == a.
-std::string joinCommandLine(const std::vector<std::string>& arguments);
+WF_API std::string joinCommandLine(const std::vector<std::string>& arguments);

@@ -71,42 +71,114 @@ std::string& configOverride()
 
 } // namespace
 
-std::vector<std::pair<std::string, std::string>> TWFIniFile::ReadSection(const std::string& section) const
+TWFIniDocument::TWFIniDocument(const std::string& bytes) : m_lines(splitLines(bytes)) {}
+
+TWFIniKeys TWFIniDocument::Section(const std::string& section) const
+{
+    TWFIniKeys keys;
+    bool inSection = false;
+    bool seen = false;
+    for (const auto& line : m_lines) {
+        std::string name, key, value;
+        if (isSection(line, name)) {
+            if (seen)
+                break;
+            inSection = seen = name == section;
+        } else if (inSection && isKey(line, key, value)) {
+            keys.emplace_back(key, value);
+        }
+    }
+    return keys;
+}
+
+void TWFIniDocument::Set(const std::string& section, const std::string& key, const std::string& value)
+{
+    const std::string entry = key + "=" + value;
+    bool inSection = false;
+    long sectionEnd = -1;
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        std::string name, k, v;
+        if (isSection(m_lines[i], name)) {
+            if (inSection)
+                break;
+            inSection = name == section;
+            if (inSection)
+                sectionEnd = static_cast<long>(i) + 1;
+            continue;
+        }
+        if (!inSection)
+            continue;
+        if (isKey(m_lines[i], k, v) && k == key) {
+            m_lines[i] = entry;
+            return;
+        }
+        // New keys go after the section's last line that is not blank.
+        if (!trim(m_lines[i]).empty())
+            sectionEnd = static_cast<long>(i) + 1;
+    }
+    if (sectionEnd >= 0) {
+        m_lines.insert(m_lines.begin() + sectionEnd, entry);
+        return;
+    }
+    if (!m_lines.empty() && !trim(m_lines.back()).empty())
+        m_lines.emplace_back();
+    m_lines.push_back("[" + section + "]");
+    m_lines.push_back(entry);
+}
+
+std::string TWFIniDocument::Text() const
+{
+    std::string out;
+    for (const auto& line : m_lines)
+        out += line + "\n";
+    return out;
+}
+
+bool checkIniEntry(const std::string& section, const std::string& key, const std::string& value, std::string& error)
+{
+    const auto breaks = [](const std::string& text) { return text.find_first_of("\r\n") != std::string::npos; };
+    if (section.empty() || breaks(section) || section.find(']') != std::string::npos)
+        error = "the section name \"" + section + "\" cannot be stored (it is empty or holds a line break or ']')";
+    else if (trim(key).empty() || key != trim(key) || breaks(key) || key.find('=') != std::string::npos
+             || key.front() == ';' || key.front() == '#' || key.front() == '[')
+        error = "the key \"" + key + "\" cannot be stored (it is empty, holds a line break or '=', has blanks around it"
+                " or starts like a comment or section)";
+    else if (breaks(value))
+        error = "the value of " + section + "." + key + " holds a line break, which an INI value cannot hold";
+    else
+        return true;
+    return false;
+}
+
+bool updateIniFile(const std::string& path, const std::function<bool(TWFIniDocument&, std::string&)>& change,
+                   std::string& error)
+{
+    // Both INI files of the host live in the configuration folder.
+    if (const std::string folder = parentDirectory(resolveLinks(path)); !makeDirectories(folder)) {
+        error = "cannot create the configuration folder \"" + folder + "\"";
+        return false;
+    }
+    const TWFFileLock lock(path);
+    if (!lock.locked()) {
+        error = lock.error();
+        return false;
+    }
+    std::string bytes;
+    if (fileExists(path) && !readWholeFile(path, bytes, error))
+        return false;
+    TWFIniDocument document(bytes);
+    if (!change(document, error))
+        return false;
+    return writeFileCreatingFolder(path, document.Text(), error);
+}
+
+TWFIniKeys TWFIniFile::ReadSection(const std::string& section) const
 {
     std::string bytes;
     std::string error;
     if (!readWholeFile(m_path, bytes, error))
         return {};
-    for (auto& [name, keys] : parseIniSections(bytes))
-        if (name == section)
-            return keys;
-    return {};
-}
-
-TWFIniSections parseIniSections(const std::string& bytes)
-{
-    TWFIniSections sections;
-    for (const auto& line : splitLines(bytes)) {
-        std::string name, key, value;
-        if (isSection(line, name))
-            sections.emplace_back(name, TWFIniKeys{});
-        else if (!sections.empty() && isKey(line, key, value))
-            sections.back().second.emplace_back(key, value);
-    }
-    return sections;
-}
-
-std::string formatIniSections(const TWFIniSections& sections)
-{
-    std::string out;
-    for (const auto& [name, keys] : sections) {
-        if (!out.empty())
-            out += "\n";
-        out += "[" + name + "]\n";
-        for (const auto& [key, value] : keys)
-            out += key + "=" + value + "\n";
-    }
-    return out;
+    return TWFIniDocument(bytes).Section(section);
 }
 
 std::string TWFIniFile::ReadString(const std::string& section, const std::string& key,
@@ -121,63 +193,15 @@ std::string TWFIniFile::ReadString(const std::string& section, const std::string
 bool TWFIniFile::WriteString(const std::string& section, const std::string& key, const std::string& value,
                              std::string* error)
 {
-    std::string bytes;
-    std::string readError;
-    if (fileExists(m_path) && !readWholeFile(m_path, bytes, readError)) {
-        if (error)
-            *error = readError;
-        return false;
-    }
-    std::vector<std::string> lines = splitLines(bytes);
-    const std::string entry = key + "=" + value;
-    bool inSection = false;
-    long sectionEnd = -1;
-    bool written = false;
-    for (std::size_t i = 0; i < lines.size() && !written; ++i) {
-        std::string name, k, v;
-        if (isSection(lines[i], name)) {
-            if (inSection)
-                break;
-            inSection = name == section;
-            if (inSection)
-                sectionEnd = static_cast<long>(i) + 1;
-            continue;
-        }
-        if (!inSection)
-            continue;
-        if (isKey(lines[i], k, v) && k == key) {
-            lines[i] = entry;
-            written = true;
-        } else if (!trim(lines[i]).empty()) {
-            sectionEnd = static_cast<long>(i) + 1;
-        }
-    }
-    if (!written) {
-        if (sectionEnd >= 0) {
-            lines.insert(lines.begin() + sectionEnd, entry);
-        } else {
-            if (!lines.empty() && !trim(lines.back()).empty())
-                lines.emplace_back();
-            lines.push_back("[" + section + "]");
-            lines.push_back(entry);
-        }
-    }
-    std::string out;
-    for (const auto& line : lines)
-        out += line + "\n";
-    std::string writeError;
-    const std::string folder = parentDirectory(m_path);
-    if (!directoryExists(folder) && !makeDirectories(folder)) {
-        if (error)
-            *error = "cannot create the folder \"" + folder + "\" for \"" + m_path + "\"";
-        return false;
-    }
-    if (!writeFileAtomically(m_path, out, writeError)) {
-        if (error)
-            *error = writeError;
-        return false;
-    }
-    return true;
+    std::string reason;
+    const bool ok = checkIniEntry(section, key, value, reason)
+        && updateIniFile(m_path, [&](TWFIniDocument& document, std::string&) {
+               document.Set(section, key, value);
+               return true;
+           }, reason);
+    if (!ok && error)
+        *error = reason;
+    return ok;
 }
 
 std::string WFConfigDirectory()

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <string_view>
 
 /// Where the build log goes. The host's runner, the designer and tests each supply one.
-class IWFLogSink {
+class WF_API IWFLogSink {
 public:
     enum class Stream { Message, StdOut, StdErr };
     virtual ~IWFLogSink() = default;

@@ -1,16 +1,17 @@
 #pragma once
 
+#include "WFExport.h"
 #include "WFPersistence.h"
 
 #include <string>
 
-class IWFOptionsReader {
+class WF_API IWFOptionsReader {
 public:
     virtual ~IWFOptionsReader() = default;
     virtual std::string ReadString(const std::string& name, const std::string& defaultValue) = 0;
 };
 
-class IWFOptionsWriter {
+class WF_API IWFOptionsWriter {
 public:
     virtual ~IWFOptionsWriter() = default;
     virtual void WriteString(const std::string& name, const std::string& value) = 0;
@@ -18,7 +19,7 @@ public:
 
 /// Base of a package's options: loaded from and saved to the host's store, one section per
 /// option key, and published to scripts through its properties.
-class TWFOptionsObject : public TZTXMLObject {
+class WF_API TWFOptionsObject : public TZTXMLObject {
 public:
     virtual void SaveOptions(IWFOptionsWriter& writer) = 0;
     virtual void LoadOptions(IWFOptionsReader& reader) = 0;

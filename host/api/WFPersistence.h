@@ -1,5 +1,6 @@
 #pragma once
 
+#include "WFExport.h"
 #include "WFVariant.h"
 
 #include <functional>
@@ -11,7 +12,7 @@ enum class TWFPropertyType { String, Boolean, Integer, Enumeration };
 
 /// One persisted property: its storage name, type and accessors. Enumerations are held
 /// as their ordinal and persisted by member name.
-struct TWFPropertyInfo {
+struct WF_API TWFPropertyInfo {
     std::string name;
     TWFPropertyType type = TWFPropertyType::String;
     std::vector<std::string> enumMembers;
@@ -21,27 +22,27 @@ struct TWFPropertyInfo {
 
 /// Reads persisted properties by name. Booleans and enumerations come back in their stored
 /// text form; the object converts them.
-class IZTXMLReader {
+class WF_API IZTXMLReader {
 public:
     virtual ~IZTXMLReader() = default;
     /// The stored text of a property, or false when the store does not hold it.
     virtual bool ReadValue(const std::string& name, std::string& value) const = 0;
 };
 
-class IZTXMLWriter {
+class WF_API IZTXMLWriter {
 public:
     virtual ~IZTXMLWriter() = default;
     virtual void WriteValue(const std::string& name, const std::string& value) = 0;
 };
 
 /// Why a stored property could not be applied.
-struct TWFPropertyError {
+struct WF_API TWFPropertyError {
     std::string property;
     std::string message;
 };
 
 /// Persistence root: a registry of named, typed properties in declaration order.
-class TZTXMLObject {
+class WF_API TZTXMLObject {
 public:
     TZTXMLObject() = default;
     virtual ~TZTXMLObject() = default;
@@ -108,4 +109,4 @@ private:
 };
 
 /// Parses a persisted Boolean ("True"/"False", any case).
-bool parseBooleanText(const std::string& text, bool& value);
+WF_API bool parseBooleanText(const std::string& text, bool& value);

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <mutex>
-#include <set>
 
 namespace {
 
@@ -16,10 +15,16 @@ std::mutex& loadedMutex()
     return mutex;
 }
 
-std::set<std::string>& loaded()
+std::vector<TWFLoadedPlugin>& loaded()
 {
-    static std::set<std::string> paths;
-    return paths;
+    static std::vector<TWFLoadedPlugin> plugins;
+    return plugins;
+}
+
+bool isLoaded(const std::string& canonical)
+{
+    const auto& plugins = loaded();
+    return std::any_of(plugins.begin(), plugins.end(), [&](const auto& p) { return p.path == canonical; });
 }
 
 } // namespace
@@ -34,7 +39,7 @@ bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& erro
     const std::string canonical = info.canonicalFilePath().toStdString();
     {
         std::lock_guard lock(loadedMutex());
-        if (loaded().count(canonical))
+        if (isLoaded(canonical))
             return true;
     }
     // Packages stay loaded for the life of the process: their actions outlive any scope here.
@@ -51,12 +56,20 @@ bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& erro
         error = "plug-in \"" + path + "\" exports no " + kWFRegisterSymbol + " entry point";
         return false;
     }
+    const auto describe = reinterpret_cast<TWFDescriptionFunction>(library.resolve(kWFDescriptionSymbol));
+    const char* description = describe ? describe() : nullptr;
     {
         std::lock_guard lock(loadedMutex());
-        loaded().insert(canonical);
+        loaded().push_back({canonical, description ? description : ""});
     }
     entry(registerPages);
     return true;
+}
+
+std::vector<TWFLoadedPlugin> WFLoadedPlugins()
+{
+    std::lock_guard lock(loadedMutex());
+    return loaded();
 }
 
 std::vector<std::string> WFListPlugins(const std::string& directory)

@@ -1,16 +1,30 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <string>
 #include <vector>
 
 /// The entry point every package exports under this plain name.
 using TWFRegisterFunction = void (*)(bool registerPages);
 inline constexpr const char* kWFRegisterSymbol = "WFRegister";
+/// Optional: what a host shows for the package in its list of plug-ins.
+using TWFDescriptionFunction = const char* (*)();
+inline constexpr const char* kWFDescriptionSymbol = "WFPackageDescription";
+
+/// A loaded package: its file and the description it gives (empty when it gives none).
+struct WF_API TWFLoadedPlugin {
+    std::string path;
+    std::string description;
+};
 
 /// Loads a package by path, finds its WFRegister and calls it once with RegisterPages.
 /// A package already loaded is not registered twice. False with a reason when the file
 /// cannot be loaded or exports no entry point.
-bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& error);
+WF_API bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& error);
 
 /// The shared libraries in a folder, sorted by name; empty when the folder does not exist.
-std::vector<std::string> WFListPlugins(const std::string& directory);
+WF_API std::vector<std::string> WFListPlugins(const std::string& directory);
+
+/// The packages loaded so far, in load order.
+WF_API std::vector<TWFLoadedPlugin> WFLoadedPlugins();

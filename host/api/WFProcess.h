@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -11,7 +13,7 @@ class IWFProcess;
 
 /// Receives a running process's output as it arrives, one chunk per call, on the thread
 /// that called Execute.
-class IWFProcessOutputHandler {
+class WF_API IWFProcessOutputHandler {
 public:
     virtual ~IWFProcessOutputHandler() = default;
     virtual void OnProcessStdOut(IWFProcess& process, const std::string& data) = 0;
@@ -25,7 +27,7 @@ public:
 /// also what left its process group: the host adopts the processes the program leaves behind
 /// (Linux child subreaper) and stops them. Output is read until the program has ended and its
 /// pipes are closed, or for at most a second after its end while something it left holds them.
-class IWFProcess {
+class WF_API IWFProcess {
 public:
     virtual ~IWFProcess() = default;
 
@@ -67,19 +69,19 @@ public:
 };
 
 /// A new process object, or nullptr. Tests may replace the factory.
-std::shared_ptr<IWFProcess> CreateWFProcess();
+WF_API std::shared_ptr<IWFProcess> CreateWFProcess();
 using TWFProcessFactory = std::function<std::shared_ptr<IWFProcess>()>;
 /// Replaces the factory; an empty function restores the real runner. Returns the previous one.
-TWFProcessFactory SetWFProcessFactory(TWFProcessFactory factory);
+WF_API TWFProcessFactory SetWFProcessFactory(TWFProcessFactory factory);
 
 /// The longest time limit a host accepts, in seconds (30 days): more is a typing error, and
 /// would overflow the clocks it is added to.
 constexpr std::int64_t kWFMaxTimeLimitSeconds = 30LL * 24 * 60 * 60;
 enum class TWFTimeLimitParse { Ok, NotSeconds, TooLong };
 /// Reads a time limit given in whole seconds, 0 meaning none.
-TWFTimeLimitParse parseTimeLimitSeconds(std::string_view text, std::int64_t& seconds);
+WF_API TWFTimeLimitParse parseTimeLimitSeconds(std::string_view text, std::int64_t& seconds);
 
 /// The first file named name in a folder of PATH that may be executed; empty when none.
 /// Empty entries of PATH are skipped: a build host does not run programs from wherever it
 /// happens to be.
-std::string findProgramOnPath(const std::string& name);
+WF_API std::string findProgramOnPath(const std::string& name);

@@ -3,6 +3,7 @@
 #include "WFAction.h"
 #include "WFFiles.h"
 #include "WFServices.h"
+#include "WFUtf8.h"
 #include "WFVariables.h"
 
 #include <QXmlStreamReader>
@@ -10,6 +11,8 @@
 
 #include <algorithm>
 #include <charconv>
+
+#include <sys/stat.h>
 
 std::string TWFProjectDiagnostic::ToString() const
 {
@@ -104,6 +107,16 @@ struct TReader {
     {
         diagnostics.push_back({file, xml.lineNumber(), xml.columnNumber(), message, false});
     }
+    /// An attribute the element does not have (a misspelled `enabeld`) would be ignored
+    /// silently and lost by a resave: it is an error at the element's place.
+    void checkAttributes(std::initializer_list<const char*> known)
+    {
+        for (const auto& attribute : xml.attributes()) {
+            const std::string name = attribute.qualifiedName().toString().toStdString();
+            if (std::none_of(known.begin(), known.end(), [&](const char* k) { return name == k; }))
+                error("unknown attribute \"" + name + "\" on <" + xml.name().toString().toStdString() + ">");
+        }
+    }
     std::string attribute(const char* name) const { return xml.attributes().value(name).toString().toStdString(); }
     bool hasAttribute(const char* name) const { return xml.attributes().hasAttribute(name); }
 };
@@ -116,8 +129,12 @@ void readVariables(TReader& r, TWFProject& project)
             r.xml.skipCurrentElement();
             continue;
         }
+        r.checkAttributes({"name", "type", "value"});
         TWFProjectVariable variable;
         variable.name = r.attribute("name");
+        if (std::any_of(project.variables.begin(), project.variables.end(),
+                        [&](const auto& v) { return v.name == variable.name; }))
+            r.error("variable \"" + variable.name + "\" is defined twice");
         if (r.hasAttribute("type"))
             variable.type = r.attribute("type");
         variable.value = r.attribute("value");
@@ -148,6 +165,7 @@ void readAction(TReader& r, TWFProject& project)
     const std::string type = r.attribute("type");
     const long long line = r.xml.lineNumber();
     const long long column = r.xml.columnNumber();
+    r.checkAttributes({"type", "description", "enabled"});
     std::unique_ptr<TCustomWFAction> action = WFActionServices().CreateAction(type);
     if (!action) {
         r.error("unknown action type \"" + type + "\"");
@@ -169,6 +187,7 @@ void readAction(TReader& r, TWFProject& project)
             r.xml.skipCurrentElement();
             continue;
         }
+        r.checkAttributes({"name"});
         const std::string name = r.attribute("name");
         const long long propertyLine = r.xml.lineNumber();
         const long long propertyColumn = r.xml.columnNumber();
@@ -178,6 +197,12 @@ void readAction(TReader& r, TWFProject& project)
         if (!action->FindProperty(name)) {
             r.diagnostics.push_back({r.file, propertyLine, propertyColumn,
                                      "action " + type + " does not persist a property \"" + name + "\"; ignored", false});
+            continue;
+        }
+        if (std::string earlier; properties.ReadValue(name, earlier)) {
+            r.diagnostics.push_back({r.file, propertyLine, propertyColumn,
+                                     "action " + type + ": property \"" + name + "\" is given twice", true});
+            r.failed = true;
             continue;
         }
         properties.values.emplace_back(name, value);
@@ -194,6 +219,36 @@ void readAction(TReader& r, TWFProject& project)
     project.actions.push_back(std::move(action));
 }
 
+/// The first byte a project may not hold: one that is not UTF-8, or a NUL, which XML forbids.
+/// The XML reader reports both at the wrong place (or as "Unexpected ''"), so they are found
+/// first, with their line and column in characters.
+bool findForbiddenByte(const std::string& text, const std::string& file, std::vector<TWFProjectDiagnostic>& diagnostics)
+{
+    long long line = 1;
+    long long column = 1;
+    for (std::size_t i = 0; i < text.size();) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const std::size_t length = utf8SequenceLength(text, i);
+        std::string problem;
+        if (byte == 0)
+            problem = "a NUL byte (0x00), which a project cannot hold";
+        else if (length == 0)
+            problem = "the byte " + describeByte(byte) + " is not UTF-8 (projects are UTF-8 text)";
+        if (!problem.empty()) {
+            diagnostics.push_back({file, line, column, problem, true});
+            return true;
+        }
+        if (byte == '\n') {
+            ++line;
+            column = 1;
+        } else {
+            ++column;
+        }
+        i += length;
+    }
+    return false;
+}
+
 } // namespace
 
 bool ReadProjectText(const std::string& text, const std::string& fileName, TWFProject& project,
@@ -206,12 +261,15 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
         r.error("the file is empty (a project needs a <wfproject> element)");
         return false;
     }
+    if (findForbiddenByte(text, fileName, diagnostics))
+        return false;
     if (!r.xml.readNextStartElement()) {
         if (!r.xml.hasError())
             r.error("the file holds no project (no <wfproject> element)");
     } else if (r.xml.name() != QLatin1String("wfproject")) {
         r.error("the root element is <" + r.xml.name().toString().toStdString() + ">, not <wfproject>");
     } else {
+        r.checkAttributes({"version", "timeout"});
         if (r.hasAttribute("version") && r.attribute("version") != "1")
             r.error("project format version " + r.attribute("version") + " is not supported (expected 1)");
         if (r.hasAttribute("timeout")) {
@@ -253,6 +311,15 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
 
 bool ReadProjectFile(const std::string& path, TWFProject& project, std::vector<TWFProjectDiagnostic>& diagnostics)
 {
+    // The XML reader holds the text and its own copy of every string read; a bound on the
+    // file keeps a stray multi-gigabyte file from taking the machine's memory.
+    if (struct stat info {}; ::stat(path.c_str(), &info) == 0 && info.st_size > kWFProjectSizeLimit) {
+        diagnostics.push_back({path, 0, 0,
+                               "the file is " + std::to_string(info.st_size) + " bytes; projects may hold at most "
+                                   + std::to_string(kWFProjectSizeLimit) + " bytes",
+                               true});
+        return false;
+    }
     std::string bytes;
     std::string error;
     if (!readWholeFile(path, bytes, error)) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "WFExport.h"
 #include "WFVariant.h"
 
 #include <cstdint>
@@ -10,7 +11,7 @@
 class TCustomWFAction;
 class TWFBuildVariables;
 
-struct TWFProjectVariable {
+struct WF_API TWFProjectVariable {
     std::string name;
     /// "string", "integer" or "boolean".
     std::string type = "string";
@@ -18,7 +19,7 @@ struct TWFProjectVariable {
 };
 
 /// A problem found in a project file, with its place (line and column from 1; 0 when unknown).
-struct TWFProjectDiagnostic {
+struct WF_API TWFProjectDiagnostic {
     std::string file;
     long long line = 0;
     long long column = 0;
@@ -30,7 +31,7 @@ struct TWFProjectDiagnostic {
 };
 
 /// A build project: its variables, settings and actions in order.
-class TWFProject {
+class WF_API TWFProject {
 public:
     TWFProject();
     ~TWFProject();
@@ -46,12 +47,15 @@ public:
     void DefineVariables(TWFBuildVariables& target) const;
 };
 
+/// Larger project files are refused before they are read.
+inline constexpr long long kWFProjectSizeLimit = 16LL * 1024 * 1024;
+
 /// Reads a project file, creating its actions through WFActionServices. Returns false when
 /// any error was found; diagnostics then name the file, line and column.
-bool ReadProjectFile(const std::string& path, TWFProject& project, std::vector<TWFProjectDiagnostic>& diagnostics);
-bool ReadProjectText(const std::string& text, const std::string& fileName, TWFProject& project,
+WF_API bool ReadProjectFile(const std::string& path, TWFProject& project, std::vector<TWFProjectDiagnostic>& diagnostics);
+WF_API bool ReadProjectText(const std::string& text, const std::string& fileName, TWFProject& project,
                      std::vector<TWFProjectDiagnostic>& diagnostics);
 /// The project in canonical form: properties in each action's persistence order.
-std::string WriteProjectText(const TWFProject& project);
+WF_API std::string WriteProjectText(const TWFProject& project);
 /// Writes the project atomically; false with a reason, the old file left intact.
-bool WriteProjectFile(const std::string& path, const TWFProject& project, std::string& error);
+WF_API bool WriteProjectFile(const std::string& path, const TWFProject& project, std::string& error);

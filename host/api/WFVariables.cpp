@@ -1,5 +1,7 @@
 #include "WFVariables.h"
 
+#include "WFUtf8.h"
+
 #include <cstdio>
 
 TWFVariant TWFBuildVariables::Get(const std::string& name) const
@@ -11,8 +13,21 @@ TWFVariant TWFBuildVariables::Get(const std::string& name) const
 void appendJsonString(std::string& out, std::string_view text)
 {
     out += '"';
-    for (const char c : text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
         const auto u = static_cast<unsigned char>(c);
+        if (u >= 0x80) {
+            // JSON is UTF-8: a byte that starts no character (a Latin-1 file name) becomes
+            // U+FFFD, as in the JUnit report, rather than making the whole line unreadable.
+            const std::size_t length = utf8SequenceLength(text, i);
+            if (length == 0) {
+                out += "\\ufffd";
+            } else {
+                out.append(text.substr(i, length));
+                i += length - 1;
+            }
+            continue;
+        }
         switch (c) {
         case '"': out += "\\\""; break;
         case '\\': out += "\\\\"; break;

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "WFExport.h"
 #include "WFVariant.h"
 
 #include <map>
 #include <string>
 
 /// The build variables of one run, by name (case-sensitive).
-class TWFBuildVariables {
+class WF_API TWFBuildVariables {
 public:
     bool IsDefined(const std::string& name) const { return m_values.count(name) != 0; }
     TWFVariant Get(const std::string& name) const;
@@ -22,4 +23,4 @@ private:
 };
 
 /// Appends text to a JSON string literal, quotes included.
-void appendJsonString(std::string& out, std::string_view text);
+WF_API void appendJsonString(std::string& out, std::string_view text);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -11,7 +13,7 @@ class TWFTextBuffer;
 /// The value of a build variable or script expression: a string, an integer, a Boolean or an
 /// object. Strings share an append-only buffer, so `value + chunk` where `value` ends at the
 /// buffer's end appends in place: a variable grown chunk by chunk costs linear time overall.
-class TWFVariant {
+class WF_API TWFVariant {
 public:
     enum class Type { Empty, String, Integer, Boolean, Object };
 
@@ -37,8 +39,8 @@ public:
 
     /// Variant addition: integer + integer adds, Boolean + Boolean is a logical or,
     /// anything else concatenates the text forms.
-    friend TWFVariant operator+(const TWFVariant& left, const TWFVariant& right);
-    friend bool operator==(const TWFVariant& left, const TWFVariant& right);
+    friend WF_API TWFVariant operator+(const TWFVariant& left, const TWFVariant& right);
+    friend WF_API bool operator==(const TWFVariant& left, const TWFVariant& right);
 
 private:
     Type m_type = Type::Empty;

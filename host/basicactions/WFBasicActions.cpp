@@ -94,12 +94,7 @@ bool TWFWriteTextFileAction::Execute()
         return false;
     }
     bytes += text;
-    const std::string folder = parentDirectory(fileName);
-    if (!directoryExists(folder) && !makeDirectories(folder)) {
-        SendMessage("Action Failed: cannot create the folder \"" + folder + "\" for \"" + fileName + "\".");
-        return false;
-    }
-    if (!writeFileAtomically(fileName, bytes, error)) {
+    if (!writeFileCreatingFolder(fileName, bytes, error)) {
         SendMessage("Action Failed: " + error + ".");
         return false;
     }

@@ -1,6 +1,7 @@
 #include "BuildRunner.h"
 
 #include "ConsoleLog.h"
+#include "ExitStatus.h"
 
 #include "WFInterrupt.h"
 #include "WFProject.h"
@@ -86,11 +87,12 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
     host.defaultStartingDir = settings.projectDirectory;
     host.dryRun = settings.dryRun;
     host.timeoutSeconds = settings.timeoutSeconds;
+    host.functions = WFScriptingServices().Resolver();
 
     const std::size_t total = project.actions.size();
     std::size_t ran = 0;
     std::size_t disabled = 0;
-    int status = 0;
+    int status = kExitSuccess;
     for (std::size_t index = 0; index < total; ++index) {
         TCustomWFAction& action = *project.actions[index];
         const std::size_t number = index + 1;
@@ -103,8 +105,10 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
             m_cases.push_back(std::move(result));
             continue;
         }
-        if (status != 0 || m_interrupted) {
-            result.message = m_interrupted ? "not run: the build was interrupted" : "not run: an earlier action failed";
+        if (status != kExitSuccess || m_interrupted || !m_log.WriteFailure().empty()) {
+            result.message = m_interrupted ? "not run: the build was interrupted"
+                : status != kExitSuccess   ? "not run: an earlier action failed"
+                                           : "not run: the build log could not be written";
             m_cases.push_back(std::move(result));
             continue;
         }
@@ -140,13 +144,13 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         result.seconds = std::chrono::duration<double>(Clock::now() - started).count();
 
         if (m_interrupted && (!ok || wasTerminated(action))) {
-            status = 130;
+            status = kExitInterrupted;
             result.outcome = TJUnitCase::Outcome::Failed;
             result.message = "interrupted";
             result.log = m_log.ActionText();
             m_err << "Interrupted: action " << number << " (" << title << ") was stopped." << std::endl;
         } else if (!ok) {
-            status = 1;
+            status = kExitFailed;
             result.outcome = TJUnitCase::Outcome::Failed;
             result.message = reason;
             result.log = m_log.ActionText();
@@ -156,11 +160,11 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         }
         m_cases.push_back(std::move(result));
     }
-    if (status == 0 && m_interrupted) {
-        status = 130;
+    if (status == kExitSuccess && m_interrupted) {
+        status = kExitInterrupted;
         m_err << "Interrupted: no further action was started." << std::endl;
     }
-    if (status == 0) {
+    if (status == kExitSuccess && m_log.WriteFailure().empty()) {
         m_out << (settings.dryRun ? "Dry run succeeded: " : "Build succeeded: ") << plural(ran, "action")
               << (settings.dryRun ? " prepared" : " run");
         if (disabled)

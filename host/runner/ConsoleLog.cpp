@@ -4,16 +4,32 @@
 #include <cstring>
 #include <ostream>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 TConsoleLog::TConsoleLog(std::ostream& out, std::ostream& err) : m_out(out), m_err(err) {}
+
+TConsoleLog::~TConsoleLog()
+{
+    if (m_fd >= 0)
+        ::close(m_fd);
+}
 
 bool TConsoleLog::OpenLogFile(const std::string& path, std::string& error)
 {
-    m_file.open(path, std::ios::binary | std::ios::trunc);
-    if (!m_file) {
+    m_fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    if (m_fd < 0) {
         error = "cannot write the log file \"" + path + "\": " + std::strerror(errno);
         return false;
     }
+    m_path = path;
     return true;
+}
+
+void TConsoleLog::NoteWriteFailure(const std::string& reason)
+{
+    if (m_writeFailure.empty())
+        m_writeFailure = reason;
 }
 
 std::string consoleHeader(std::size_t number, std::size_t total, const std::string& title)
@@ -63,8 +79,13 @@ void TConsoleLog::Line(Stream stream, std::string_view text)
     keep(text);
     std::ostream& console = stream == Stream::StdErr ? m_err : m_out;
     console << text << '\n';
-    if (m_file.is_open())
-        m_file << text << '\n';
+    if (m_fd >= 0) {
+        m_pending.append(text);
+        m_pending += '\n';
+        // Large listings go out in blocks, not a write per line.
+        if (m_pending.size() >= 64 * 1024)
+            flushFile();
+    }
     if (stream != Stream::StdOut)
         flushIfDue(true);
 }
@@ -87,6 +108,33 @@ void TConsoleLog::Flush()
 {
     m_out.flush();
     m_err.flush();
-    if (m_file.is_open())
-        m_file.flush();
+    checkConsole();
+    flushFile();
+}
+
+void TConsoleLog::checkConsole()
+{
+    if (!m_out.good())
+        NoteWriteFailure("cannot write to standard output");
+    else if (!m_err.good())
+        NoteWriteFailure("cannot write to standard error");
+}
+
+void TConsoleLog::flushFile()
+{
+    std::size_t done = 0;
+    while (m_fd >= 0 && done < m_pending.size()) {
+        const ssize_t n = ::write(m_fd, m_pending.data() + done, m_pending.size() - done);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0) {
+            NoteWriteFailure("cannot write the log file \"" + m_path + "\": " + std::strerror(n < 0 ? errno : ENOSPC));
+            // Nothing more goes to a file that lost lines: its end would claim more than it holds.
+            ::close(m_fd);
+            m_fd = -1;
+            break;
+        }
+        done += static_cast<std::size_t>(n);
+    }
+    m_pending.clear();
 }

@@ -3,7 +3,6 @@
 #include "WFLog.h"
 
 #include <chrono>
-#include <fstream>
 #include <iosfwd>
 #include <string>
 
@@ -17,7 +16,12 @@ class TConsoleLog final : public IWFLogSink {
 public:
     TConsoleLog(std::ostream& out, std::ostream& err);
 
-    /// Opens (truncates) the plain log file; false with a reason.
+    ~TConsoleLog() override;
+    TConsoleLog(const TConsoleLog&) = delete;
+    TConsoleLog& operator=(const TConsoleLog&) = delete;
+
+    /// Opens (truncates) the plain log file, close-on-exec so that no program inherits it;
+    /// false with a reason.
     bool OpenLogFile(const std::string& path, std::string& error);
     /// Starts the console section of one action and forgets the previous action's lines.
     void BeginAction(std::size_t number, std::size_t total, const std::string& title);
@@ -28,13 +32,24 @@ public:
     std::string ActionText() const;
     /// Flushes the console and the log file.
     void Flush();
+    /// The first write to the console or the log file that failed (a full disk, a closed
+    /// pipe), or empty. A log that lost lines must not let the run claim success.
+    const std::string& WriteFailure() const { return m_writeFailure; }
+    /// Records a failure found outside the log (the JUnit report, the variables line).
+    void NoteWriteFailure(const std::string& reason);
 
 private:
-    std::ostream& m_out;
-    std::ostream& m_err;
-    std::ofstream m_file;
     void keep(std::string_view text);
     void flushIfDue(bool now);
+    void flushFile();
+    void checkConsole();
+
+    std::ostream& m_out;
+    std::ostream& m_err;
+    int m_fd = -1;
+    std::string m_path;
+    std::string m_pending;
+    std::string m_writeFailure;
 
     std::string m_actionText;
     std::size_t m_droppedBytes = 0;

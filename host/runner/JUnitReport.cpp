@@ -1,41 +1,21 @@
 #include "JUnitReport.h"
 
+#include "WFUtf8.h"
+
 #include <cstdio>
 
 namespace {
 
 constexpr const char* kReplacement = "\xEF\xBF\xBD";
 
-/// Length of the valid UTF-8 sequence at text[i], or 0.
-std::size_t utf8SequenceLength(const std::string& text, std::size_t i)
+/// Length of the character at text[i] as XML may hold it, or 0: U+FFFE and U+FFFF are
+/// well-formed UTF-8 but no XML character.
+std::size_t xmlCharacterLength(const std::string& text, std::size_t i)
 {
-    const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
-    const unsigned char lead = byte(i);
-    std::size_t length = 0;
-    unsigned int lowest = 0;
-    if (lead < 0x80)
-        return 1;
-    if ((lead & 0xE0) == 0xC0)
-        length = 2, lowest = 0x80;
-    else if ((lead & 0xF0) == 0xE0)
-        length = 3, lowest = 0x800;
-    else if ((lead & 0xF8) == 0xF0)
-        length = 4, lowest = 0x10000;
-    else
-        return 0;
-    if (i + length > text.size())
-        return 0;
-    unsigned int code = lead & (0x7F >> length);
-    for (std::size_t k = 1; k < length; ++k) {
-        if ((byte(i + k) & 0xC0) != 0x80)
-            return 0;
-        code = (code << 6) | (byte(i + k) & 0x3F);
-    }
-    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-    const bool notCharacter = code == 0xFFFE || code == 0xFFFF;
-    if (code < lowest || code > 0x10FFFF || surrogate || notCharacter)
-        return 0;
-    return length;
+    const std::size_t length = utf8SequenceLength(text, i);
+    const bool notCharacter = length == 3 && text.compare(i, 2, "\xEF\xBF") == 0
+        && (static_cast<unsigned char>(text[i + 2]) & 0xFE) == 0xBE;
+    return notCharacter ? 0 : length;
 }
 
 std::string escape(const std::string& text, bool attribute)
@@ -44,7 +24,7 @@ std::string escape(const std::string& text, bool attribute)
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
         const char c = text[i];
-        const std::size_t length = utf8SequenceLength(text, i);
+        const std::size_t length = xmlCharacterLength(text, i);
         if (length == 0) {
             out += kReplacement;
             ++i;

@@ -15,7 +15,8 @@ struct TCommandName {
 constexpr TCommandName kCommands[] = {
     {"run", TRunnerCommand::Run},         {"validate", TRunnerCommand::Validate},
     {"resave", TRunnerCommand::Resave},   {"actions", TRunnerCommand::Actions},
-    {"options", TRunnerCommand::Options}, {"help", TRunnerCommand::Help},
+    {"options", TRunnerCommand::Options}, {"plugins", TRunnerCommand::Plugins},
+    {"help", TRunnerCommand::Help},
 };
 
 using TApply = std::function<bool(TRunnerArguments&, const std::string& value, std::string& error)>;
@@ -75,9 +76,9 @@ const std::vector<TOptionSpec>& optionTable()
          [](TRunnerArguments& a, const std::string& v, std::string&) { return a.outputFile = v, true; }},
         {"--drop-unknown", false, {C::Resave},
          [](TRunnerArguments& a, const std::string&, std::string&) { return a.dropUnknown = true, true; }},
-        {"--plugin", true, {C::Run, C::Validate, C::Resave, C::Actions, C::Options},
+        {"--plugin", true, {C::Run, C::Validate, C::Resave, C::Actions, C::Plugins, C::Options},
          [](TRunnerArguments& a, const std::string& v, std::string&) { return a.plugins.push_back(v), true; }},
-        {"--no-default-plugins", false, {C::Run, C::Validate, C::Resave, C::Actions, C::Options},
+        {"--no-default-plugins", false, {C::Run, C::Validate, C::Resave, C::Actions, C::Plugins, C::Options},
          [](TRunnerArguments& a, const std::string&, std::string&) { return a.noDefaultPlugins = true, true; }},
     };
     return table;
@@ -101,6 +102,7 @@ bool takesPositionals(TRunnerArguments& a, const std::vector<std::string>& words
         a.project = words[0];
         return true;
     case TRunnerCommand::Actions:
+    case TRunnerCommand::Plugins:
     case TRunnerCommand::Version:
         return expectCount(0, 0, "");
     case TRunnerCommand::Help:
@@ -232,6 +234,7 @@ std::string runnerHelpText(std::string_view topic)
                "  validate PROJECT.wfp   check every enabled action without running anything\n"
                "  resave PROJECT.wfp     write the project back in canonical form\n"
                "  actions                list the action types the plug-ins provide\n"
+               "  plugins                list the loaded plug-ins with their descriptions\n"
                "  options                show or change the stored options\n"
                "  help [COMMAND]         show this help, or the help of a command\n"
                "\n"
@@ -294,6 +297,14 @@ std::string runnerHelpText(std::string_view topic)
                "\n"
                "Lists the action types of the loaded plug-ins in registration order, one per\n"
                "line: type ID, display name and category, separated by tabs.\n"
+               "\n"
+               "Options:\n"
+               + pluginOptions;
+    if (topic == "plugins")
+        return "Usage: wfbuild plugins [OPTIONS]\n"
+               "\n"
+               "Lists the loaded plug-ins in load order, one per line: the plug-in's file and\n"
+               "the description it gives (empty when it gives none), separated by a tab.\n"
                "\n"
                "Options:\n"
                + pluginOptions;

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-enum class TRunnerCommand { Help, Version, Run, Validate, Resave, Actions, Options };
+enum class TRunnerCommand { Help, Version, Run, Validate, Resave, Actions, Plugins, Options };
 
 /// Everything the wfbuild command line can say, parsed and checked.
 struct TRunnerArguments {

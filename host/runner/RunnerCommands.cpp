@@ -8,6 +8,7 @@
 
 #include "WFFiles.h"
 #include "WFIniFile.h"
+#include "WFPluginLoader.h"
 #include "WFProject.h"
 #include "WFServices.h"
 #include "WFVariables.h"
@@ -107,6 +108,9 @@ int commandRun(const TCommandContext& c)
     TWFBuildVariables variables;
     if (!c.prepareBuild(project, variables))
         return kExitUsage;
+    for (const auto& [option, path] : {std::pair{"--log", c.args.logFile}, std::pair{"--junit", c.args.junitFile}})
+        if (!path.empty() && sameFile(path, c.args.project))
+            return c.fail(std::string(option) + " " + path + " names the project itself; nothing was run.");
     TConsoleLog log(c.out, c.err);
     if (std::string error; !c.args.logFile.empty() && !log.OpenLogFile(c.args.logFile, error))
         return c.fail(error);
@@ -117,7 +121,7 @@ int commandRun(const TCommandContext& c)
     settings.timeoutSeconds = c.args.timeoutSeconds.value_or(project.timeoutSeconds);
 
     TBuildRunner runner(log, c.out, c.err);
-    int status = 0;
+    int status = kExitSuccess;
     {
         TInterruptWatcher watcher([&runner](int) { runner.Interrupt(); });
         status = runner.Run(project, variables, settings);
@@ -125,14 +129,18 @@ int commandRun(const TCommandContext& c)
     if (!c.args.junitFile.empty()) {
         const std::string suite = std::filesystem::path(c.args.project).filename().string();
         std::string error;
-        if (!writeFileAtomically(c.args.junitFile, renderJUnitReport(suite, runner.Cases()), error)) {
-            c.fail("cannot write the JUnit report: " + error);
-            if (status == kExitSuccess)
-                status = kExitUsage;
-        }
+        if (!writeFileAtomically(c.args.junitFile, renderJUnitReport(suite, runner.Cases()), error))
+            log.NoteWriteFailure("cannot write the JUnit report: " + error);
     }
     if (c.args.printVariables)
         c.out << variables.ToJson() << std::endl;
+    log.Flush();
+    if (!log.WriteFailure().empty()) {
+        // Whatever the actions did, the record of the run is incomplete: the run cannot pass.
+        c.fail(log.WriteFailure());
+        if (status != kExitInterrupted)
+            status = kExitUsage;
+    }
     return status;
 }
 
@@ -147,6 +155,7 @@ int commandValidate(const TCommandContext& c)
     host.log = &log;
     host.variables = &variables;
     host.defaultStartingDir = c.projectDirectory();
+    host.functions = WFScriptingServices().Resolver();
 
     std::size_t checked = 0;
     std::size_t invalid = 0;
@@ -184,6 +193,11 @@ int commandResave(const TCommandContext& c)
     if (hadWarnings && !c.args.dropUnknown)
         return c.fail("resaving would lose what the warnings above name; nothing was written"
                       " (--drop-unknown accepts the loss).");
+    // The canonical form has no place for comments; a resave must not drop them unasked.
+    if (std::string text, error; !c.args.dropUnknown && readWholeFile(c.args.project, text, error)
+        && text.find("<!--") != std::string::npos)
+        return c.fail("resaving would lose the XML comments of " + c.args.project + "; nothing was written"
+                      " (--drop-unknown accepts the loss).");
     const std::string target = c.args.outputFile.empty() ? c.args.project : c.args.outputFile;
     std::string error;
     if (!WriteProjectFile(target, project, error))
@@ -198,6 +212,16 @@ int commandActions(const TCommandContext& c)
         return kExitUsage;
     for (const auto& entry : WFActionServices().Catalogue())
         c.out << entry.typeId << '\t' << entry.displayName << '\t' << entry.category << '\n';
+    c.out.flush();
+    return kExitSuccess;
+}
+
+int commandPlugins(const TCommandContext& c)
+{
+    if (!c.loadPlugins())
+        return kExitUsage;
+    for (const auto& plugin : WFLoadedPlugins())
+        c.out << plugin.path << '\t' << plugin.description << '\n';
     c.out.flush();
     return kExitSuccess;
 }
@@ -222,12 +246,9 @@ int commandOptionsSet(const TCommandContext& c)
         }
     }
     const std::string path = GetWFOptionsFileName();
-    const std::string folder = parentDirectory(path);
-    if (!makeDirectories(folder))
-        return c.fail("cannot create the configuration folder \"" + folder + "\"; nothing was written.");
     std::string error;
     if (!TWFIniFile(path).WriteString(section, key, c.args.optionsValue, &error))
-        return c.fail(error.empty() ? "cannot write \"" + path + "\"" : error);
+        return c.fail(error + "; nothing was written.");
     c.out << "Set " << section << "." << key << " in " << path << std::endl;
     return kExitSuccess;
 }
@@ -273,6 +294,8 @@ int runWfbuild(const std::vector<std::string>& arguments, std::ostream& out, std
             return commandResave(context);
         case TRunnerCommand::Actions:
             return commandActions(context);
+        case TRunnerCommand::Plugins:
+            return commandPlugins(context);
         case TRunnerCommand::Options:
             return commandOptions(context);
         }

@@ -1,11 +1,33 @@
 #include "RunnerCommands.h"
 
+#include <cerrno>
 #include <iostream>
 
+#include <fcntl.h>
 #include <signal.h>
+#include <unistd.h>
+
+namespace {
+
+/// A caller that closed a standard descriptor (`>&-`) would have the next file opened take
+/// its number: the log file would become standard output and receive every line twice. Each
+/// missing one is filled with /dev/null before anything is opened.
+void ensureStandardDescriptors()
+{
+    for (int fd = 0; fd <= 2; ++fd) {
+        if (::fcntl(fd, F_GETFD) != -1 || errno != EBADF)
+            continue;
+        // open() returns the lowest free number, which is this one.
+        if (::open("/dev/null", fd == 0 ? O_RDONLY : O_WRONLY) != fd)
+            ::_exit(kExitUsage);
+    }
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
+    ensureStandardDescriptors();
     // A reader of our output that goes away, or a log that reaches the file size limit, must
     // not kill wfbuild with its programs still running: the write fails and is reported.
     ::signal(SIGPIPE, SIG_IGN);

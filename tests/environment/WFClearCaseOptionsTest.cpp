@@ -42,9 +42,14 @@ TEST_P(CleartoolPathTest, AFolderGetsTheExecutableAppended)
             text.replace(at, 2, temp.path());
         return text;
     };
+    // Relative paths are read from the current folder; cleartool later runs elsewhere.
+    const auto previous = std::filesystem::current_path();
+    std::filesystem::current_path(temp.path());
     TWFClearCaseOptions options;
     options.SetClearToolPath(expand(GetParam().stored));
+    std::filesystem::current_path(temp.file("tools"));
     EXPECT_EQ(options.GetCleartoolPath(), expand(GetParam().expected));
+    std::filesystem::current_path(previous);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -52,7 +57,11 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(PathCase{"Folder", "$T/tools", "$T/tools/" + cleartoolExecutableName()},
                     PathCase{"FolderWithDelimiter", "$T/tools/", "$T/tools/" + cleartoolExecutableName()},
                     PathCase{"File", "$T/tools/cleartool.real", "$T/tools/cleartool.real"},
-                    PathCase{"Nothing", "$T/missing", "$T/missing"}),
+                    PathCase{"Nothing", "$T/missing", "$T/missing"},
+                    PathCase{"RelativeFile", "tools/cleartool.real", "$T/tools/cleartool.real"},
+                    PathCase{"RelativeFolder", "tools", "$T/tools/" + cleartoolExecutableName()},
+                    PathCase{"RelativeMissing", "bin/cleartool", "$T/bin/cleartool"},
+                    PathCase{"BareNameForThePathSearch", "cleartool", "cleartool"}),
     [](const testing::TestParamInfo<PathCase>& info) { return info.param.name; });
 
 TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStored)

@@ -10,6 +10,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -146,8 +147,59 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"malformed", "<wfproject>\n  <actions>\n    <action type=\"T_PROPS\">\n  </actions>", "4:", "malformed XML"},
         BadCase{"truncated", "<wfproject><actions><action type=\"T_PR", "1:", "malformed XML"},
         BadCase{"notAProject", "<html/>", "1:", "not <wfproject>"},
-        BadCase{"empty", "", "1:1", "the file is empty"}),
+        BadCase{"empty", "", "1:1", "the file is empty"},
+        BadCase{"duplicateProperty", "<wfproject><actions><action type=\"T_PROPS\">\n<property name=\"Count\">1</property>\n"
+                "<property name=\"Count\">2</property></action></actions></wfproject>", "3:", "property \"Count\" is given twice"},
+        BadCase{"duplicateVariable", "<wfproject><variables>\n<variable name=\"A\" value=\"1\"/>\n  <variable name=\"A\" value=\"2\"/>"
+                "</variables></wfproject>", "3:", "variable \"A\" is defined twice"},
+        BadCase{"misspelledAttribute", "<wfproject><actions>\n\n<action type=\"T_PROPS\" enabeld=\"False\"/></actions></wfproject>",
+                "3:", "unknown attribute \"enabeld\" on <action>"},
+        BadCase{"unknownPropertyAttribute", "<wfproject><actions><action type=\"T_PROPS\">\n<property name=\"Count\" kind=\"x\">1</property>"
+                "</action></actions></wfproject>", "2:", "unknown attribute \"kind\" on <property>"}),
     [](const auto& info) { return std::string(info.param.name); });
+
+struct BadByteCase {
+    const char* name;
+    std::string text;
+    const char* diagnostic;
+};
+
+class ProjectBadBytes : public Project, public ::testing::WithParamInterface<BadByteCase> {};
+
+TEST_P(ProjectBadBytes, NameTheByteAndItsTruePlace)
+{
+    TWFProject project;
+    EXPECT_FALSE(read(GetParam().text, project));
+    EXPECT_EQ(firstDiagnostic(), GetParam().diagnostic);
+}
+
+const std::string kHead = "<wfproject>\n<actions>\n<action type=\"T_PROPS\">\n";
+
+INSTANTIATE_TEST_SUITE_P(
+    Refused, ProjectBadBytes,
+    ::testing::Values(
+        BadByteCase{"latin1OnLine4", kHead + "  <property name=\"Name\">caf\xE9</property>\n</action></actions></wfproject>",
+                    "p.wfp:4:28: error: the byte 0xE9 is not UTF-8 (projects are UTF-8 text)"},
+        BadByteCase{"afterWideCharacters", kHead + "\xC3\xA9\xE2\x82\xAC\x80</action></actions></wfproject>",
+                    "p.wfp:4:3: error: the byte 0x80 is not UTF-8 (projects are UTF-8 text)"},
+        BadByteCase{"truncatedSequence", "<wfproject>\xE2\x82</wfproject>",
+                    "p.wfp:1:12: error: the byte 0xE2 is not UTF-8 (projects are UTF-8 text)"},
+        BadByteCase{"nul", kHead + std::string("  <property name=\"N\0ame\"/>", 26) + "</action></actions></wfproject>",
+                    "p.wfp:4:20: error: a NUL byte (0x00), which a project cannot hold"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Project, FilesAboveTheSizeLimitAreRefusedUnread)
+{
+    wftest::TempDir dir;
+    const std::string path = dir.file("huge.wfp");
+    ASSERT_EQ(::truncate(dir.write("huge.wfp", "<wfproject>").c_str(), kWFProjectSizeLimit + 1), 0);
+    TWFProject project;
+    std::vector<TWFProjectDiagnostic> found;
+    EXPECT_FALSE(ReadProjectFile(path, project, found));
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_EQ(found[0].ToString(), path + ": error: the file is " + std::to_string(kWFProjectSizeLimit + 1)
+                                       + " bytes; projects may hold at most " + std::to_string(kWFProjectSizeLimit) + " bytes");
+}
 
 TEST_F(Project, UnknownPropertyIsReportedAndIgnored)
 {

@@ -3,7 +3,16 @@
 
 #include "WFTestSupport.h"
 
+#include "WFFiles.h"
+
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -86,6 +95,113 @@ TEST(OptionsServices, LoadSaveKeepsForeignSectionsAndUnwrittenKeys)
     EXPECT_EQ(wftest::readFile(ini), "[Foreign]\nX=1\n\n[Demo]\nPath=/b\nMode=fast\nExtra=kept\n");
     EXPECT_EQ(WFOptionsServices().FindOptions("Tests", "Other"), nullptr);
     WFOptionsServices().Clear();
+}
+
+TEST(OptionsServices, SaveKeepsCommentsAndRefusesKeysTheFileCannotHold)
+{
+    wftest::TempDir dir;
+    const std::string text = "; written by hand\n[Demo]\n# the tool\nPath=/a\n\n; other tools\n[Foreign]\nX=1\n";
+    const std::string ini = dir.write("options.ini", text);
+    WFOptionsServices().Clear();
+    WFOptionsServices().RegisterOptionsClass({"TDemoOptions", [] { return std::unique_ptr<TWFOptionsObject>(new TDemoOptions); }}, "");
+    std::string error;
+    ASSERT_TRUE(WFOptionsServices().Load(ini, error)) << error;
+    auto* options = dynamic_cast<TDemoOptions*>(WFOptionsServices().FindOptions("Tests", "Demo"));
+    ASSERT_NE(options, nullptr);
+    options->path = "/b";
+    ASSERT_TRUE(WFOptionsServices().Save(ini, error)) << error;
+    EXPECT_EQ(wftest::readFile(ini), "; written by hand\n[Demo]\n# the tool\nPath=/b\n\n; other tools\n[Foreign]\nX=1\n");
+    options->path = "/c\nMode=injected";
+    EXPECT_FALSE(WFOptionsServices().Save(ini, error));
+    EXPECT_NE(error.find("line break"), std::string::npos) << error;
+    EXPECT_EQ(wftest::readFile(ini), "; written by hand\n[Demo]\n# the tool\nPath=/b\n\n; other tools\n[Foreign]\nX=1\n");
+    WFOptionsServices().Clear();
+}
+
+struct IniEntryCase {
+    const char* name;
+    const char* section;
+    const char* key;
+    const char* value;
+    bool stored;
+};
+
+class IniEntries : public testing::TestWithParam<IniEntryCase> {};
+
+TEST_P(IniEntries, OnlyEntriesThatReadBackUnchangedAreWritten)
+{
+    const auto& row = GetParam();
+    wftest::TempDir dir;
+    const std::string path = dir.write("user.ini", "[S]\nK=old\n");
+    std::string error;
+    EXPECT_EQ(TWFIniFile(path).WriteString(row.section, row.key, row.value, &error), row.stored) << error;
+    if (row.stored) {
+        EXPECT_EQ(TWFIniFile(path).ReadString(row.section, row.key, "absent"), row.value);
+    } else {
+        EXPECT_FALSE(error.empty());
+        EXPECT_EQ(wftest::readFile(path), "[S]\nK=old\n");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(IniFile, IniEntries,
+    testing::Values(IniEntryCase{"plain", "S", "K", "new", true},
+                    IniEntryCase{"valueWithEquals", "S", "K", "a=b", true},
+                    IniEntryCase{"keyWithEquals", "S", "K=x", "v", false},
+                    IniEntryCase{"keyWithLineFeed", "S", "K\nX", "v", false},
+                    IniEntryCase{"keyWithCarriageReturn", "S", "K\r", "v", false},
+                    IniEntryCase{"emptyKey", "S", "", "v", false},
+                    IniEntryCase{"commentKey", "S", ";K", "v", false},
+                    IniEntryCase{"valueWithLineFeed", "S", "K", "a\n[T]", false},
+                    IniEntryCase{"sectionWithBracket", "S]x", "K", "v", false},
+                    IniEntryCase{"sectionWithLineFeed", "S\nT", "K", "v", false}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(IniFile, ConcurrentWritersOnDifferentKeysAllKeepTheirChange)
+{
+    wftest::TempDir dir;
+    const std::string path = dir.file("cfg/options.ini");
+    constexpr int kWriters = 20;
+    std::vector<pid_t> children;
+    for (int i = 0; i < kWriters; ++i) {
+        const pid_t pid = ::fork();
+        ASSERT_GE(pid, 0);
+        if (pid == 0) {
+            const bool ok = TWFIniFile(path).WriteString("S", "K" + std::to_string(i), std::to_string(i));
+            ::_exit(ok ? 0 : 1);
+        }
+        children.push_back(pid);
+    }
+    for (const pid_t pid : children) {
+        int status = 0;
+        ASSERT_EQ(::waitpid(pid, &status, 0), pid);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    const TWFIniFile ini(path);
+    for (int i = 0; i < kWriters; ++i)
+        EXPECT_EQ(ini.ReadString("S", "K" + std::to_string(i), "lost"), std::to_string(i)) << "K" << i;
+}
+
+TEST(AtomicWrite, WritesThroughLinksAndRefusesReadOnlyFiles)
+{
+    wftest::TempDir dir;
+    const std::string target = dir.write("real/project.wfp", "old\n");
+    ASSERT_EQ(::symlink("real/project.wfp", dir.file("link.wfp").c_str()), 0);
+    ASSERT_EQ(::symlink("link.wfp", dir.file("chain.wfp").c_str()), 0);
+    std::string error;
+    ASSERT_TRUE(writeFileAtomically(dir.file("chain.wfp"), "new\n", error)) << error;
+    struct stat info {};
+    ASSERT_EQ(::lstat(dir.file("chain.wfp").c_str(), &info), 0);
+    EXPECT_TRUE(S_ISLNK(info.st_mode));
+    ASSERT_EQ(::lstat(dir.file("link.wfp").c_str(), &info), 0);
+    EXPECT_TRUE(S_ISLNK(info.st_mode));
+    EXPECT_EQ(wftest::readFile(target), "new\n");
+    EXPECT_TRUE(sameFile(dir.file("chain.wfp"), target));
+
+    ASSERT_EQ(::chmod(target.c_str(), 0444), 0);
+    EXPECT_FALSE(writeFileAtomically(dir.file("link.wfp"), "newer\n", error));
+    EXPECT_NE(error.find("read-only"), std::string::npos) << error;
+    EXPECT_EQ(wftest::readFile(target), "new\n");
+    ::chmod(target.c_str(), 0644);
 }
 
 TEST(ScriptingServices, FunctionsReachObjectProperties)

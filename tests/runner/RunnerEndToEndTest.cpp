@@ -618,4 +618,167 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"Version", {"--version"}, 0, "wfbuild " WF_VERSION "\n", ""}),
     [](const auto& info) { return info.param.name; });
 
+TEST_F(Wfbuild, PluginsListsEachLoadedPackageWithItsFileAndDescription)
+{
+    const ProgramRun run = wfbuild({"plugins", "--plugin", WF_RUNNER_TEST_PLUGIN});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, std::filesystem::canonical(WF_RUNNER_TEST_PLUGIN).string() + "\tWrenfield 3.x test Support\n")
+        << "a package named twice is loaded and listed once";
+    EXPECT_EQ(run.err, "");
+}
+
+TEST_F(Wfbuild, ResaveRefusesToDropCommentsUnlessTold)
+{
+    const std::string xml = projectXml("    <!-- keep the nightly settings -->\n" + testRun("a"));
+    const std::string project = writeProject(xml);
+    const ProgramRun refused = wfbuild({"resave", project});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.err, "wfbuild: resaving would lose the XML comments of " + project
+                               + "; nothing was written (--drop-unknown accepts the loss).\n");
+    EXPECT_EQ(wftest::readFile(project), expand(xml));
+    EXPECT_EQ(wfbuild({"resave", project, "--drop-unknown"}).status, 0);
+    EXPECT_EQ(wftest::readFile(project).find("<!--"), std::string::npos);
+}
+
+struct WriteFaultCase {
+    const char* name;
+    /// Extra arguments after "run PROJECT"; @DIR@ is the test's folder.
+    std::vector<std::string> arguments;
+    long long fileSizeLimit;
+    const char* stdoutFile;
+    const char* reason;
+    /// The JUnit report is written after the summary line, so only the exit status tells.
+    bool summaryBeforeTheFault;
+};
+
+class WfbuildWriteFaults : public Wfbuild, public ::testing::WithParamInterface<WriteFaultCase> {};
+
+TEST_P(WfbuildWriteFaults, AFailedWriteIsReportedAndEndsTheRunWithExit2)
+{
+    const auto& row = GetParam();
+    std::string listing;
+    for (int i = 0; i < 400; ++i)
+        listing += "output line " + std::to_string(i) + " of a listing that fills the log\n";
+    dir.write("out.txt", listing);
+    const std::string project = writeProject(projectXml(
+        testRun("loud", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt"}}) + testRun("second") + testRun("third")));
+    std::vector<std::string> arguments{"run", project};
+    for (const auto& argument : row.arguments)
+        arguments.push_back(expand(argument));
+    ProgramRequest request;
+    request.fileSizeLimit = row.fileSizeLimit;
+    request.stdoutFile = row.stdoutFile;
+    const ProgramRun run = wfbuild(arguments, request);
+    EXPECT_EQ(run.status, 2) << run.err;
+    EXPECT_NE(run.err.find(expand(row.reason)), std::string::npos) << run.err;
+    if (!row.summaryBeforeTheFault) {
+        EXPECT_EQ(run.out.find("Build succeeded"), std::string::npos) << "nothing claims success";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Wfbuild, WfbuildWriteFaults,
+    ::testing::Values(
+        WriteFaultCase{"LogOnAFullDisk", {"--log", "@DIR@/build.log"}, 4096, "",
+                       "wfbuild: cannot write the log file \"@DIR@/build.log\": File too large", false},
+        WriteFaultCase{"JUnitOnAFullDisk", {"--junit", "@DIR@/junit.xml"}, 256, "",
+                       "wfbuild: cannot write the JUnit report: cannot write", true},
+        WriteFaultCase{"ConsoleOnAFullDevice", {}, 0, "/dev/full", "wfbuild: cannot write to standard output", false}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Wfbuild, AFailedLogWriteStartsNoFurtherAction)
+{
+    std::string listing(64 * 1024, 'x');
+    dir.write("out.txt", listing + "\n");
+    const std::string project = writeProject(projectXml(
+        testRun("loud", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt"}}) + testRun("second")));
+    ProgramRequest request;
+    request.fileSizeLimit = 4096;
+    const ProgramRun run = wfbuild({"run", project, "--log", dir.file("build.log")}, request);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(programStarts(), 1u);
+}
+
+TEST_F(Wfbuild, PrintVariablesReplacesBytesThatAreNotUtf8)
+{
+    const std::string project = writeProject(projectXml(testRun("a")));
+    const ProgramRun run = wfbuild({"run", project, "--print-variables", "--set", "F=caf\xE9.c", "--set",
+                                    "G=ok \xC3\xA9 \xC3", "--set", "H=\xED\xA0\x80"});
+    EXPECT_EQ(run.status, 0);
+    const std::string json = "{\"F\":\"caf\\ufffd.c\",\"G\":\"ok \xC3\xA9 \\ufffd\",\"H\":\"\\ufffd\\ufffd\\ufffd\"}\n";
+    ASSERT_GE(run.out.size(), json.size());
+    EXPECT_EQ(run.out.substr(run.out.size() - json.size()), json);
+}
+
+TEST_F(Wfbuild, WithStandardOutputClosedTheLogIsWrittenOnceAndNoProgramInheritsIt)
+{
+    dir.write("out.txt", "from the program\n");
+    const std::string project = writeProject(projectXml(testRun(
+        "a", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt&#10;WF_FAKE_LIST_FDS=@DIR@/fds.txt"}})));
+    // The test runner may itself leak descriptors into wfbuild; only what wfbuild adds counts.
+    ASSERT_EQ(wfbuild({"run", project}).status, 0);
+    const std::string inheritedWithoutLog = wftest::readFile(dir.file("fds.txt"));
+    ProgramRequest request;
+    request.closeStdout = true;
+    const ProgramRun run = wfbuild({"run", project, "--log", dir.file("build.log")}, request);
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(wftest::readFile(dir.file("build.log")), "Command Line: \nfrom the program\n");
+    EXPECT_EQ(wftest::readFile(dir.file("fds.txt")), inheritedWithoutLog) << "descriptors a program inherited";
+}
+
+TEST_F(Wfbuild, OutputPathsThatAreTheProjectAreRefused)
+{
+    const std::string xml = projectXml(testRun("a"));
+    const std::string project = writeProject(xml);
+    std::filesystem::create_symlink(project, dir.file("alias.wfp"));
+    for (const std::string option : {"--log", "--junit"}) {
+        for (const std::string& path : {project, dir.file("alias.wfp")}) {
+            SCOPED_TRACE(option + " " + path);
+            const ProgramRun run = wfbuild({"run", project, option, path});
+            EXPECT_EQ(run.status, 2);
+            EXPECT_EQ(run.err, "wfbuild: " + option + " " + path + " names the project itself; nothing was run.\n");
+            EXPECT_EQ(programStarts(), 0u);
+            EXPECT_EQ(wftest::readFile(project), expand(xml));
+        }
+    }
+}
+
+TEST_F(Wfbuild, ResaveAndOptionsSetWriteThroughLinksAndRefuseReadOnlyFiles)
+{
+    const std::string xml = projectXml(testRun("a"));
+    const std::string real = writeProject(xml, "real.wfp");
+    std::filesystem::create_symlink("real.wfp", dir.file("link.wfp"));
+    const ProgramRun resave = wfbuild({"resave", dir.file("link.wfp")});
+    EXPECT_EQ(resave.status, 0) << resave.err;
+    EXPECT_TRUE(std::filesystem::is_symlink(dir.file("link.wfp")));
+    EXPECT_NE(wftest::readFile(real).find("<property name=\"Program\""), std::string::npos);
+
+    std::filesystem::create_directories(dir.file("store"));
+    dir.write("store/options.ini", "; mine\n[Testing]\nLevel=lvLow\n");
+    std::filesystem::create_directories(dir.file("config"));
+    std::filesystem::create_symlink(dir.file("store/options.ini"), dir.file("config/options.ini"));
+    const ProgramRun set = wfbuild({"options", "set", "Testing.Level", "lvHigh"});
+    EXPECT_EQ(set.status, 0) << set.err;
+    EXPECT_TRUE(std::filesystem::is_symlink(dir.file("config/options.ini")));
+    EXPECT_EQ(wftest::readFile(dir.file("store/options.ini")), "; mine\n[Testing]\nLevel=lvHigh\n");
+
+    const std::string before = wftest::readFile(real);
+    std::filesystem::permissions(real, std::filesystem::perms::owner_read | std::filesystem::perms::group_read
+                                           | std::filesystem::perms::others_read);
+    const ProgramRun readOnly = wfbuild({"resave", real});
+    EXPECT_EQ(readOnly.status, 2);
+    EXPECT_EQ(readOnly.err, "wfbuild: cannot write \"" + real + "\": the file is read-only: Permission denied\n");
+    EXPECT_EQ(wftest::readFile(real), before);
+}
+
+TEST_F(Wfbuild, OptionsSetRefusesKeysTheStoreCannotHold)
+{
+    for (const std::string key : {"Testing.Le=vel", "Testing.Level\nX", "Testing.Lev\rel"}) {
+        SCOPED_TRACE(key);
+        const ProgramRun run = wfbuild({"options", "set", key, "v"});
+        EXPECT_EQ(run.status, 2);
+        EXPECT_NE(run.err.find("cannot be stored"), std::string::npos) << run.err;
+        EXPECT_FALSE(std::filesystem::exists(dir.file("config/options.ini")));
+    }
+}
+
 } // namespace

@@ -207,3 +207,8 @@ extern "C" __attribute__((visibility("default"))) void WFRegister(bool /*registe
     WFActionServices().RegisterAction("Test Set Variable", "Testing",
                                       WFActionClassOf<TTestSetVariableAction>("TTestSetVariableAction"), "TEST_SETVAR");
 }
+
+extern "C" __attribute__((visibility("default"))) const char* WFPackageDescription()
+{
+    return "Wrenfield 3.x test Support";
+}

@@ -37,6 +37,10 @@ TEST(PluginLoadTest, TheBuiltPackageRegistersItselfThroughItsEntryPoint)
     // A second load of the same file registers nothing twice.
     ASSERT_TRUE(WFLoadPlugin(WF_CC_PLUGIN_PATH, true, error)) << error;
     EXPECT_EQ(WFActionServices().Catalogue().size(), expected.size());
+
+    const auto plugins = WFLoadedPlugins();
+    ASSERT_EQ(plugins.size(), 1u);
+    EXPECT_EQ(plugins[0].description, "Wrenfield 3.x clearcase Support");
 }
 
 } // namespace

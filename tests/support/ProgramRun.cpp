@@ -60,6 +60,13 @@ ProgramRun runProgram(const ProgramRequest& request)
     if (pid == 0) {
         ::dup2(out[1], 1);
         ::dup2(err[1], 2);
+        if (!request.stdoutFile.empty()) {
+            const int file = ::open(request.stdoutFile.c_str(), O_WRONLY | O_CLOEXEC);
+            if (file < 0 || ::dup2(file, 1) < 0)
+                ::_exit(125);
+        }
+        if (request.closeStdout)
+            ::close(1);
         if (!request.workingDirectory.empty() && ::chdir(request.workingDirectory.c_str()) != 0)
             ::_exit(126);
         if (request.fileSizeLimit > 0) {

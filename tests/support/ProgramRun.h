@@ -29,8 +29,13 @@ struct ProgramRequest {
     int signalAfterMs = 0;
     /// Stop reading the program's standard output at once, as a reader that quits does.
     bool closeStandardOutput = false;
-    /// When positive, the program's file size limit (RLIMIT_FSIZE) in bytes.
-    long fileSizeLimit = 0;
+    /// Bytes any file the program writes may grow to (RLIMIT_FSIZE; the program's own answer to
+    /// SIGXFSZ decides whether a write beyond it kills it or fails with EFBIG); 0: no limit.
+    long long fileSizeLimit = 0;
+    /// Standard output goes to this file instead of the collecting pipe (/dev/full: every write fails).
+    std::string stdoutFile;
+    /// Starts the program with standard output closed, as `>&-` does.
+    bool closeStdout = false;
     /// Killed after this long; the run then reports status -1.
     int deadlineMs = 10000;
 };

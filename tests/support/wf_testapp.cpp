@@ -19,6 +19,7 @@
 //   WF_FAKE_CLOSE_OUTPUT=1   close standard output and error after the output, before sleeping
 //   WF_FAKE_STDIN=1          read standard input to its end first and report what came
 //   WF_FAKE_KILL_SELF=1      die by SIGKILL right after the output, as if killed mid-run
+//   WF_FAKE_LIST_FDS=FILE    write the numbers of the descriptors it inherited above 2, one a line
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -65,6 +66,13 @@ void writeAll(int fd, const std::string& data)
 
 int main(int argc, char** argv)
 {
+    if (const std::string list = env("WF_FAKE_LIST_FDS"); !list.empty()) {
+        std::string numbers;
+        for (int fd = 3; fd < 1024; ++fd)
+            if (::fcntl(fd, F_GETFD) != -1)
+                numbers += std::to_string(fd) + "\n";
+        std::ofstream(list, std::ios::binary) << numbers;
+    }
     std::string joined;
     for (int i = 1; i < argc; ++i)
         joined += (i > 1 ? " " : "") + std::string(argv[i]);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "WFExport.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// Length of the well-formed UTF-8 sequence at text[i] (1 for ASCII), or 0 when the bytes
+/// there are no character: a stray continuation byte, a truncated or overlong sequence, a
+/// surrogate or a code point beyond U+10FFFF.
+WF_API std::size_t utf8SequenceLength(std::string_view text, std::size_t i);
+
+/// The byte for a message: `0xE9`.
+WF_API std::string describeByte(unsigned char byte);
