@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WFExport.h"
+
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -9,7 +11,7 @@
 /// dropped. A line still without its end after kMaxPendingLine bytes is handed on at that
 /// length and the rest continues as a new line, so a program printing without line breaks
 /// cannot make the host hold its whole output.
-class TWFLineSplitter {
+class WF_API TWFLineSplitter {
 public:
     static constexpr std::size_t kMaxPendingLine = 1024 * 1024;
     using LineFunction = std::function<void(std::string_view line)>;
