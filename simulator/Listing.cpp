@@ -28,8 +28,7 @@ void printCreated(Session& s, std::string_view kind, Id id, Time t, const std::s
     s.print("  created " + formatLong(t) + " by " + s.creator(user));
     if (!comment.empty())
         s.print("  \"" + comment + "\"");
-    if (auto users = s.store.scalarText("SELECT nusers FROM locks WHERE obj_kind=? AND obj_id=? AND nusers IS NOT NULL",
-                                        kind, id)) {
+    if (auto users = lockExemptUsers(s.store, kind, id)) {
         std::replace(users->begin(), users->end(), ',', ' ');
         s.print(message(Msg::LockedExceptUsers, {*users}));
     }
@@ -43,16 +42,11 @@ void printOwner(Session& s, const std::string& user)
 
 void printAttributes(Session& s, std::string_view kind, Id id)
 {
-    Stmt q = s.store.query("SELECT t.name, a.value FROM attrs a JOIN types t ON t.id=a.type_id "
-                           "WHERE a.obj_kind=? AND a.obj_id=? ORDER BY t.name",
-                           kind, id);
-    bool header = false;
-    while (q.step()) {
-        if (!header)
-            s.print("  Attributes:");
-        header = true;
-        s.print("    " + q.text(0) + " = " + q.text(1));
-    }
+    const std::vector<AttributeValue> attributes = attributesOf(s.store, kind, id);
+    if (!attributes.empty())
+        s.print("  Attributes:");
+    for (const AttributeValue& a : attributes)
+        s.print("    " + a.type + " = " + a.value);
 }
 
 Vob listingVob(Session& s, const ParsedArgs& args)

@@ -357,13 +357,38 @@ std::optional<Checkout> checkoutIn(Store& store, Id element, Id view)
     return readCheckout(q);
 }
 
-std::vector<Checkout> checkoutsWhere(Store& store, std::string_view condition, Id arg)
+namespace {
+
+std::vector<Checkout> readCheckouts(Stmt q)
 {
-    Stmt q = store.query(std::string(kCheckoutColumns) + "WHERE " + std::string(condition) + " ORDER BY id", arg);
     std::vector<Checkout> out;
     while (q.step())
         out.push_back(readCheckout(q));
     return out;
+}
+
+} // namespace
+
+std::vector<Checkout> activityCheckouts(Store& store, Id activity)
+{
+    return readCheckouts(store.query(std::string(kCheckoutColumns) + "WHERE activity_id=? ORDER BY id", activity));
+}
+
+std::vector<Checkout> allCheckouts(Store& store)
+{
+    return readCheckouts(store.query(std::string(kCheckoutColumns) + "ORDER BY id"));
+}
+
+std::optional<Id> reservingView(Store& store, Id element, Id branch, std::optional<Id> besides)
+{
+    return store.scalar("SELECT view_id FROM checkouts WHERE element_id=? AND branch_id=? AND reserved=1 "
+                        "AND (? IS NULL OR view_id<>?) ORDER BY id",
+                        element, branch, besides, besides);
+}
+
+void removeCheckout(Store& store, Id checkout)
+{
+    store.run("DELETE FROM checkouts WHERE id=?", checkout);
 }
 
 std::string viewTag(Store& store, Id view)
@@ -466,6 +491,15 @@ Id requireUcm(Session& s, ObjectKind kind, const std::string& text, Vob* vobOut)
 std::string ucmName(Store& store, ObjectKind kind, Id id)
 {
     return store.scalarText("SELECT name FROM " + ucmTable(kind) + " WHERE id=?", id).value_or("");
+}
+
+std::vector<Id> ucmObjectsIn(Store& store, ObjectKind kind, Id vob)
+{
+    std::vector<Id> out;
+    Stmt q = store.query("SELECT id FROM " + ucmTable(kind) + " WHERE vob_id=? ORDER BY name", vob);
+    while (q.step())
+        out.push_back(q.integer(0));
+    return out;
 }
 
 UcmRecord ucmRecord(Store& store, ObjectKind kind, Id id)
