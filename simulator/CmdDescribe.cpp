@@ -13,8 +13,8 @@ void describeStream(Session& s, Id stream)
     const UcmRecord r = ucmRecord(s.store, ObjectKind::Stream, stream);
     const StreamRecord st = streamRecord(s.store, stream);
     const Id project = st.project;
-    s.print("stream \"" + r.name + "\"" + lockSuffix(s.store, "stream", stream));
-    printCreated(s, "stream", stream, r.created, r.user, r.comment);
+    s.print("stream \"" + r.name + "\"" + lockSuffix(s.store, ObjectKind::Stream, stream));
+    printCreated(s, ObjectKind::Stream, stream, r.created, r.user, r.comment);
     printOwner(s, r.user);
     s.print("  project: " + ucmSelector(s.store, ObjectKind::Project, project));
     s.print("  title: " + r.name);
@@ -42,11 +42,12 @@ namespace {
 void describeType(Session& s, Id id)
 {
     const TypeRecord type = typeRecord(s.store, id);
-    s.print(typeKindWord(type.kind) + " \"" + type.name + "\"" + lockSuffix(s.store, "type", id));
-    printCreated(s, "type", id, type.creation.created, type.creation.user, type.creation.comment);
+    const ObjectKind kind = *objectKind(type.kind);
+    s.print(typeKindWord(type.kind) + " \"" + type.name + "\"" + lockSuffix(s.store, kind, id));
+    printCreated(s, kind, id, type.creation.created, type.creation.user, type.creation.comment);
     printOwner(s, type.creation.user);
     s.print(std::string("  scope: this VOB (") + (type.global ? "global" : "ordinary") + " type)");
-    switch (objectKind(type.kind).value_or(ObjectKind::Oid)) {
+    switch (kind) {
     case ObjectKind::LabelType:
     case ObjectKind::BranchType:
         s.print(std::string("  constraint: one version per ") + (type.perBranch ? "branch" : "element"));
@@ -65,7 +66,7 @@ void describeType(Session& s, Id id)
     default: // other types print only their scope
         break;
     }
-    printAttributes(s, "type", id);
+    printAttributes(s, kind, id);
 }
 
 void describeVersion(Session& s, const ObjectRef& o, const Target* t)
@@ -78,10 +79,10 @@ void describeVersion(Session& s, const ObjectRef& o, const Target* t)
     if (co) {
         s.print("version \"" + t->given + "@@" + v.branchPath + "/CHECKEDOUT\" from " + v.extension() +
                 (co->reserved ? " (reserved)" : " (unreserved)"));
-        printCreated(s, "version", o.id, co->created, co->user, co->comment);
+        printCreated(s, ObjectKind::Version, o.id, co->created, co->user, co->comment);
     } else {
-        s.print("version \"" + o.name + "\"" + lockSuffix(s.store, "version", o.id));
-        printCreated(s, "version", o.id, record.creation.created, record.creation.user, record.creation.comment);
+        s.print("version \"" + o.name + "\"" + lockSuffix(s.store, ObjectKind::Version, o.id));
+        printCreated(s, ObjectKind::Version, o.id, record.creation.created, record.creation.user, record.creation.comment);
     }
     s.print("  element type: " + elementType(s.store, v.element));
     if (co)
@@ -93,7 +94,7 @@ void describeVersion(Session& s, const ObjectRef& o, const Target* t)
         s.print("  Labels:");
     for (const std::string& label : labels)
         s.print("    " + label);
-    printAttributes(s, "version", o.id);
+    printAttributes(s, ObjectKind::Version, o.id);
 }
 
 void describeActivity(Session& s, Id activity)
@@ -132,7 +133,7 @@ void describeProject(Session& s, Id project)
 
 void describeUcm(Session& s, const ObjectRef& o)
 {
-    const ObjectKind kind = *objectKind(o.kind);
+    const ObjectKind kind = o.kind;
     if (kind == ObjectKind::Stream) {
         describeStream(s, o.id);
         return;
@@ -172,35 +173,50 @@ void describeOne(Session& s, const std::string& operand, const std::optional<std
     } else {
         o = resolveObject(s, operand);
     }
-    if (o.kind == "version") {
+    switch (o.kind) {
+    case ObjectKind::Version:
         describeVersion(s, o, t ? &*t : nullptr);
-    } else if (o.kind == "element" || o.kind == "branch") {
-        const Id element = o.kind == "element" ? o.id : elementOfBranch(s.store, o.id);
-        const Creation c = o.kind == "element" ? elementCreation(s.store, o.id) : branchCreation(s.store, o.id);
-        if (o.kind == "element")
+        break;
+    case ObjectKind::Element:
+    case ObjectKind::Branch: {
+        const bool isElement = o.kind == ObjectKind::Element;
+        const Id element = isElement ? o.id : elementOfBranch(s.store, o.id);
+        const Creation c = isElement ? elementCreation(s.store, o.id) : branchCreation(s.store, o.id);
+        if (isElement)
             s.print(std::string(isDirectory(s.store, element) ? "directory" : "file") + " element \"" + o.name + "\"" +
-                    lockSuffix(s.store, "element", o.id));
+                    lockSuffix(s.store, ObjectKind::Element, o.id));
         else
-            s.print("branch \"" + o.name + "\"" + lockSuffix(s.store, "branch", o.id));
+            s.print("branch \"" + o.name + "\"" + lockSuffix(s.store, ObjectKind::Branch, o.id));
         printCreated(s, o.kind, o.id, c.created, c.user, c.comment);
-        if (o.kind == "element")
+        if (isElement)
             s.print("  element type: " + elementType(s.store, element));
         else
             s.print("  branch type: main");
         printAttributes(s, o.kind, o.id);
-    } else if (o.kind == "type") {
+        break;
+    }
+    case ObjectKind::LabelType:
+    case ObjectKind::BranchType:
+    case ObjectKind::AttributeType:
+    case ObjectKind::ElementType:
+    case ObjectKind::HyperlinkType:
+    case ObjectKind::TriggerType:
         describeType(s, o.id);
-    } else if (o.kind == "vob") {
+        break;
+    case ObjectKind::Vob: {
         const VobRecord v = vobRecord(s.store, o.id);
-        s.print("versioned object base \"" + o.name + "\"" + lockSuffix(s.store, "vob", o.id));
-        printCreated(s, "vob", o.id, v.creation.created, v.creation.user, v.creation.comment);
+        s.print("versioned object base \"" + o.name + "\"" + lockSuffix(s.store, ObjectKind::Vob, o.id));
+        printCreated(s, ObjectKind::Vob, o.id, v.creation.created, v.creation.user, v.creation.comment);
         s.print("  VOB storage global pathname \"" + v.storage + "\"");
         if (v.ucm)
             s.print("  VOB family feature level: 5 (project VOB)");
         printOwner(s, v.creation.user);
-        printAttributes(s, "vob", o.id);
-    } else {
+        printAttributes(s, ObjectKind::Vob, o.id);
+        break;
+    }
+    default:
         describeUcm(s, o);
+        break;
     }
 }
 

@@ -38,13 +38,13 @@ ElementInView elementInView(Session& s, const std::string& pname, const std::str
 std::vector<ObjectRef> elementLocks(Session& s, Id element, const std::string& name, std::optional<Id> branch = {})
 {
     const Id vob = vobOfElement(s.store, element);
-    std::vector<ObjectRef> locks{vobRef(s.store, vob), ObjectRef{"element", element, "element", name, vob}};
+    std::vector<ObjectRef> locks{vobRef(s.store, vob), ObjectRef{ObjectKind::Element, element, "element", name, vob}};
     if (branch) {
         const std::string path = branchPath(s.store, *branch);
         const std::string type = path.substr(path.rfind('/') + 1);
         if (auto id = findType(s.store, vob, "brtype", type))
-            locks.push_back(ObjectRef{"type", *id, "branch type", type, vob});
-        locks.push_back(ObjectRef{"branch", *branch, "branch", name + "@@" + path, vob});
+            locks.push_back(ObjectRef{ObjectKind::BranchType, *id, "branch type", type, vob});
+        locks.push_back(ObjectRef{ObjectKind::Branch, *branch, "branch", name + "@@" + path, vob});
     }
     return locks;
 }

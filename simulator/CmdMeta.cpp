@@ -30,9 +30,9 @@ void makeTypes(Session& s, const ParsedArgs& args, std::string_view kind, Define
         auto existing = findType(s.store, vob.id, kind, sel.name);
         if (existing && !args.has("replace"))
             fail(message(Msg::NameExists, {sel.name}), unable);
-        std::vector<ObjectRef> locks{{"vob", vob.id, "versioned object base", vob.tag, vob.id}};
+        std::vector<ObjectRef> locks{vobRef(s.store, vob.id)};
         if (existing)
-            locks.push_back({"type", *existing, word, sel.name, vob.id});
+            locks.push_back({*objectKind(kind), *existing, word, sel.name, vob.id});
         checkUnlocked(s, locks, existing ? "modify type" : "make type", unable);
         Id id = existing.value_or(0);
         if (!existing)
@@ -123,7 +123,7 @@ std::vector<Labelled> versionsFor(Session& s, const std::string& op, const std::
         f.lines.push_back(unable);
         throw;
     }
-    if (o.kind != "version")
+    if (o.kind != ObjectKind::Version)
         fail(message(Msg::NotVobObject, {op}), unable);
     std::vector<Labelled> out{{op, *t.element, o.id}};
     if (recurse && isDirectory(s.store, *t.element) && t.view) {
@@ -150,7 +150,7 @@ void lockOrUnlock(Session& s, const ParsedArgs& args, bool lock)
         if (args.has("pname") || sel.kind.empty()) {
             Target t = s.resolve(op);
             if (!t.extended && t.element)
-                o = ObjectRef{"element", *t.element, "element", op, t.vob->id};
+                o = ObjectRef{ObjectKind::Element, *t.element, "element", op, t.vob->id};
             else
                 o = resolvePathObject(s, t, args.value("version"));
         } else {
@@ -251,8 +251,8 @@ void cmdMklabel(Session& s, const ParsedArgs& args)
                     fail(message(Msg::LabelTypeNotFound, {sel.name}), unableOne);
                 checkUnlocked(s,
                                   {vobRef(s.store, vob),
-                                   {"type", *type, "label type", sel.name, vob},
-                                   {"element", l.element, "element", l.name, vob}},
+                                   {ObjectKind::LabelType, *type, "label type", sel.name, vob},
+                                   {ObjectKind::Element, l.element, "element", l.name, vob}},
                                   "make label", unableOne);
                 auto current = labelOfTypeOn(s.store, *type, l.element);
                 if (current && !args.has("replace"))
@@ -317,7 +317,7 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
                     fail(message(Msg::AttributeTypeNotFound, {typeSel.name}), unableOne);
                 const ValueRule rule = typeRecord(s.store, *type).rule;
                 const std::string& vtype = rule.vtype;
-                if (rule.attach && *rule.attach != o.kind)
+                if (rule.attach && *rule.attach != storeKey(o.kind))
                     fail(message(Msg::AttributeNotAllowed, {typeSel.name, *rule.attach}), unableOne);
                 std::optional<std::string> stored;
                 if (useDefault) {
@@ -333,7 +333,7 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
                     fail(message(Msg::AttributeValueRange, {*value, typeSel.name}), unableOne);
                 checkUnlocked(s,
                                   {vobRef(s.store, vob),
-                                   {"type", *type, "attribute type", typeSel.name, vob},
+                                   {ObjectKind::AttributeType, *type, "attribute type", typeSel.name, vob},
                                    o},
                                   "make attribute", unableOne);
                 const bool exists = hasAttribute(s.store, o.kind, o.id, *type);
@@ -363,9 +363,10 @@ void cmdLstype(Session& s, const ParsedArgs& args)
     if (!kind.empty() && (!kind.ends_with("type") || typeKindWord(kind).empty()))
         throw UsageError{message(Msg::NotVobObject, {kind})};
     for (const TypeRecord& type : vobTypes(s.store, vob.id, kind)) {
-        if (isObsolete(s.store, "type", type.id) && !args.has("obsolete"))
+        const ObjectKind typeKind = *objectKind(type.kind);
+        if (isObsolete(s.store, typeKind, type.id) && !args.has("obsolete"))
             continue;
-        const std::string suffix = lockSuffix(s.store, "type", type.id);
+        const std::string suffix = lockSuffix(s.store, typeKind, type.id);
         if (args.has("short")) {
             s.print(type.name + suffix);
             continue;

@@ -193,8 +193,8 @@ void makeComponentBaseline(Session& s, const BaselineStream& target, Id comp,
 {
     const std::string compName = ucmName(s.store, ObjectKind::Component, comp);
     checkUnlocked(s,
-                  {{"component", comp, "component", compName, target.pvob.id},
-                   {"stream", target.stream, "stream", ucmName(s.store, ObjectKind::Stream, target.stream), target.pvob.id}},
+                  {{ObjectKind::Component, comp, "component", compName, target.pvob.id},
+                   {ObjectKind::Stream, target.stream, "stream", ucmName(s.store, ObjectKind::Stream, target.stream), target.pvob.id}},
                   "make baseline");
     const std::vector<Id> changed = changedSinceBaseline(s, comp, target.stream, onlyActivities);
     if (changed.empty() && !identical) {
@@ -340,7 +340,7 @@ void cmdMkactivity(Session& s, const ParsedArgs& args)
         if (vob.id != pvob.id)
             fail(message(Msg::NotProjectVob, {vob.tag}), unable);
         requireNewName(s, ObjectKind::Activity, vob, sel.name);
-        checkUnlocked(s, {{"stream", *stream, "stream", ucmName(s.store, ObjectKind::Stream, *stream), vob.id}}, "make activity", unable);
+        checkUnlocked(s, {{ObjectKind::Stream, *stream, "stream", ucmName(s.store, ObjectKind::Stream, *stream), vob.id}}, "make activity", unable);
         const std::string headline = args.value("headline").value_or(sel.name);
         const Id id = createActivity(s, vob.id, sel.name, *stream, headline, comment);
         s.print(message(Msg::CreatedActivity, {sel.name}));

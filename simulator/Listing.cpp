@@ -18,12 +18,12 @@ std::string stampUser(Session& s, Time t, const std::string& user)
     return pad(formatShort(t, s.env.now), 12) + "   " + pad(user, 10) + " ";
 }
 
-std::string lockSuffix(Store& store, std::string_view kind, Id id)
+std::string lockSuffix(Store& store, ObjectKind kind, Id id)
 {
     return isLocked(store, kind, id) ? " (locked)" : "";
 }
 
-void printCreated(Session& s, std::string_view kind, Id id, Time t, const std::string& user, const std::string& comment)
+void printCreated(Session& s, ObjectKind kind, Id id, Time t, const std::string& user, const std::string& comment)
 {
     s.print("  created " + formatLong(t) + " by " + s.creator(user));
     if (!comment.empty())
@@ -40,7 +40,7 @@ void printOwner(Session& s, const std::string& user)
     s.print("  group: " + s.env.group);
 }
 
-void printAttributes(Session& s, std::string_view kind, Id id)
+void printAttributes(Session& s, ObjectKind kind, Id id)
 {
     const std::vector<AttributeValue> attributes = attributesOf(s.store, kind, id);
     if (!attributes.empty())

@@ -27,11 +27,17 @@ enum class ObjectKind {
     Vob,
     Pool,
     Oid,
+    // Objects a pathname names, never a selector.
+    Element,
+    Branch,
+    Version,
 };
 /// The kind a selector prefix ("lbtype", "stream") names.
 std::optional<ObjectKind> objectKind(std::string_view selector);
 std::string_view selectorWord(ObjectKind kind);
 bool isUcmKind(ObjectKind kind);
+/// How the locks and attributes tables name a kind: "type" for every type kind, else its word.
+std::string_view storeKey(ObjectKind kind);
 
 /// "label type" for "lbtype", and so on; empty for an unknown kind.
 std::string typeKindWord(std::string_view kind);
@@ -111,7 +117,7 @@ std::string viewTag(Store& store, Id view);
 
 /// A lockable object: its kind key in the store, its id, its kind in words and its name for messages.
 struct ObjectRef {
-    std::string kind; ///< vob, element, branch, version, type, stream, activity, component, project, baseline, folder
+    ObjectKind kind = ObjectKind::Vob;
     Id id = 0;
     std::string kindWord;
     std::string name;
@@ -123,8 +129,8 @@ ObjectRef vobRef(Store& store, Id vob);
 /// that line follows the lock message.
 void checkUnlocked(Session& s, const std::vector<ObjectRef>& objects, std::string_view operation,
                    const std::string& unable = {});
-bool isLocked(Store& store, std::string_view kind, Id id);
-bool isObsolete(Store& store, std::string_view kind, Id id);
+bool isLocked(Store& store, ObjectKind kind, Id id);
+bool isObsolete(Store& store, ObjectKind kind, Id id);
 
 /// Splits "kind:name@vob" into its parts; kind and vob may come back empty.
 struct Selector {
@@ -188,13 +194,13 @@ std::vector<Id> loadedElements(Store& store, Id view);
 void clearLoaded(Store& store, Id view);
 
 /// The users a lock exempts ("alice,bob"), when it names any.
-std::optional<std::string> lockExemptUsers(Store& store, std::string_view kind, Id id);
+std::optional<std::string> lockExemptUsers(Store& store, ObjectKind kind, Id id);
 struct AttributeValue {
     std::string type;
     std::string value;
 };
 /// The attributes on an object, by type name.
-std::vector<AttributeValue> attributesOf(Store& store, std::string_view kind, Id id);
+std::vector<AttributeValue> attributesOf(Store& store, ObjectKind kind, Id id);
 
 void addToChangeSet(Store& store, Id activity, Id version);
 struct ActivityHeading {
@@ -268,11 +274,11 @@ Id createType(Session& s, Id vob, std::string_view kind, const std::string& name
 void setTypeScope(Store& store, Id type, const std::string& comment, bool global, bool perBranch);
 void setValueRule(Store& store, Id type, const ValueRule& rule);
 
-void putLock(Session& s, std::string_view kind, Id id, const std::optional<std::string>& exemptUsers, bool obsolete,
+void putLock(Session& s, ObjectKind kind, Id id, const std::optional<std::string>& exemptUsers, bool obsolete,
              const std::string& comment);
-void removeLock(Store& store, std::string_view kind, Id id);
-bool hasAttribute(Store& store, std::string_view kind, Id id, Id type);
-void setAttribute(Store& store, std::string_view kind, Id id, Id type, const std::string& value);
+void removeLock(Store& store, ObjectKind kind, Id id);
+bool hasAttribute(Store& store, ObjectKind kind, Id id, Id type);
+void setAttribute(Store& store, ObjectKind kind, Id id, Id type, const std::string& value);
 
 // UCM objects.
 /// The UCM objects of one kind a project VOB holds, by name.

@@ -66,16 +66,16 @@ void clearLoaded(Store& store, Id view)
     store.run("DELETE FROM loaded WHERE view_id=?", view);
 }
 
-std::optional<std::string> lockExemptUsers(Store& store, std::string_view kind, Id id)
+std::optional<std::string> lockExemptUsers(Store& store, ObjectKind kind, Id id)
 {
-    return store.scalarText("SELECT nusers FROM locks WHERE obj_kind=? AND obj_id=? AND nusers IS NOT NULL", kind, id);
+    return store.scalarText("SELECT nusers FROM locks WHERE obj_kind=? AND obj_id=? AND nusers IS NOT NULL", storeKey(kind), id);
 }
 
-std::vector<AttributeValue> attributesOf(Store& store, std::string_view kind, Id id)
+std::vector<AttributeValue> attributesOf(Store& store, ObjectKind kind, Id id)
 {
     Stmt q = store.query("SELECT t.name, a.value FROM attrs a JOIN types t ON t.id=a.type_id "
                          "WHERE a.obj_kind=? AND a.obj_id=? ORDER BY t.name",
-                         kind, id);
+                         storeKey(kind), id);
     std::vector<AttributeValue> out;
     while (q.step())
         out.push_back({q.text(0), q.text(1)});
@@ -249,27 +249,27 @@ void setValueRule(Store& store, Id type, const ValueRule& r)
               r.vtype, r.attach, r.lower, r.lowerInclusive, r.upper, r.upperInclusive, r.defaultValue, r.enums, type);
 }
 
-void putLock(Session& s, std::string_view kind, Id id, const std::optional<std::string>& exemptUsers, bool obsolete,
+void putLock(Session& s, ObjectKind kind, Id id, const std::optional<std::string>& exemptUsers, bool obsolete,
              const std::string& comment)
 {
     s.store.run("INSERT OR REPLACE INTO locks(obj_kind, obj_id, nusers, obsolete, created, user, comment) "
                 "VALUES(?,?,?,?,?,?,?)",
-                kind, id, exemptUsers, obsolete, s.env.now, s.env.user, comment);
+                storeKey(kind), id, exemptUsers, obsolete, s.env.now, s.env.user, comment);
 }
 
-void removeLock(Store& store, std::string_view kind, Id id)
+void removeLock(Store& store, ObjectKind kind, Id id)
 {
-    store.run("DELETE FROM locks WHERE obj_kind=? AND obj_id=?", kind, id);
+    store.run("DELETE FROM locks WHERE obj_kind=? AND obj_id=?", storeKey(kind), id);
 }
 
-bool hasAttribute(Store& store, std::string_view kind, Id id, Id type)
+bool hasAttribute(Store& store, ObjectKind kind, Id id, Id type)
 {
-    return store.scalar("SELECT 1 FROM attrs WHERE obj_kind=? AND obj_id=? AND type_id=?", kind, id, type).has_value();
+    return store.scalar("SELECT 1 FROM attrs WHERE obj_kind=? AND obj_id=? AND type_id=?", storeKey(kind), id, type).has_value();
 }
 
-void setAttribute(Store& store, std::string_view kind, Id id, Id type, const std::string& value)
+void setAttribute(Store& store, ObjectKind kind, Id id, Id type, const std::string& value)
 {
-    store.run("INSERT OR REPLACE INTO attrs(obj_kind, obj_id, type_id, value) VALUES(?,?,?,?)", kind, id, type, value);
+    store.run("INSERT OR REPLACE INTO attrs(obj_kind, obj_id, type_id, value) VALUES(?,?,?,?)", storeKey(kind), id, type, value);
 }
 
 StreamRecord streamRecord(Store& store, Id stream)
