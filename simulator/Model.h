@@ -229,6 +229,11 @@ struct Creation {
 Creation elementCreation(Store& store, Id element);
 Creation branchCreation(Store& store, Id branch); ///< branches carry no comment
 Id elementOfBranch(Store& store, Id branch);
+struct BranchRecord {
+    Id id = 0;
+    std::string path; ///< "/main/dev"
+};
+std::vector<BranchRecord> elementBranches(Store& store, Id element); ///< oldest first
 /// The version at `number` on a branch.
 std::optional<Id> versionOnBranch(Store& store, Id branch, std::int64_t number);
 struct VersionRecord {

@@ -158,6 +158,15 @@ Id elementOfBranch(Store& store, Id branch)
     return store.scalar("SELECT element_id FROM branches WHERE id=?", branch).value_or(0);
 }
 
+std::vector<BranchRecord> elementBranches(Store& store, Id element)
+{
+    Stmt q = store.query("SELECT id, path FROM branches WHERE element_id=? ORDER BY id", element);
+    std::vector<BranchRecord> out;
+    while (q.step())
+        out.push_back({q.integer(0), q.text(1)});
+    return out;
+}
+
 std::optional<Id> versionOnBranch(Store& store, Id branch, std::int64_t number)
 {
     return store.scalar("SELECT id FROM versions WHERE branch_id=? AND num=?", branch, number);

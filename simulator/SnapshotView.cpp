@@ -126,7 +126,7 @@ struct Pass {
             return;
         const std::string data = versionData(s.store, version);
         s.files.write(file, data, false,
-                      opt.ptime ? s.store.scalar("SELECT created FROM versions WHERE id=?", version) : std::nullopt);
+                      opt.ptime ? std::optional(versionRecord(s.store, version).creation.created) : std::nullopt);
         bytes += static_cast<long long>(data.size());
         s.print(message(Msg::Loading, {rel(file), std::to_string(data.size())}));
     }
