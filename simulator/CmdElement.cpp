@@ -38,13 +38,13 @@ ElementInView elementInView(Session& s, const std::string& pname, const std::str
 std::vector<ObjectRef> elementLocks(Session& s, Id element, const std::string& name, std::optional<Id> branch = {})
 {
     const Id vob = vobOfElement(s.store, element);
-    std::vector<ObjectRef> locks{vobRef(s.store, vob), ObjectRef{"element", element, "element", name, vob}};
+    std::vector<ObjectRef> locks{vobRef(s.store, vob), ObjectRef{ObjectKind::Element, element, "element", name, vob}};
     if (branch) {
         const std::string path = branchPath(s.store, *branch);
         const std::string type = path.substr(path.rfind('/') + 1);
         if (auto id = findType(s.store, vob, "brtype", type))
-            locks.push_back(ObjectRef{"type", *id, "branch type", type, vob});
-        locks.push_back(ObjectRef{"branch", *branch, "branch", name + "@@" + path, vob});
+            locks.push_back(ObjectRef{ObjectKind::BranchType, *id, "branch type", type, vob});
+        locks.push_back(ObjectRef{ObjectKind::Branch, *branch, "branch", name + "@@" + path, vob});
     }
     return locks;
 }
@@ -53,11 +53,9 @@ void printActivity(Session& s, std::optional<Id> activity)
 {
     if (!activity)
         return;
-    Stmt q = s.store.query("SELECT a.name, v.tag, a.headline FROM activities a JOIN vobs v ON v.id=a.vob_id WHERE a.id=?",
-                           *activity);
-    if (q.step()) {
+    if (auto a = activityHeading(s.store, *activity)) {
         s.print(message(Msg::AttachedActivities));
-        s.print(message(Msg::AttachedActivity, {q.text(0), q.text(1), q.text(2)}));
+        s.print(message(Msg::AttachedActivity, {a->name, a->vobTag, a->headline}));
     }
 }
 
@@ -103,9 +101,7 @@ void checkOut(Session& s, const std::string& pname, const CheckoutRequest& req)
     if (!req.anyVersion && latestOnBranch(s.store, info.branch) != version)
         fail(message(Msg::NotLatestVersion, {info.extension()}), unable);
     if (req.reserved) {
-        auto holder = s.store.scalar("SELECT view_id FROM checkouts WHERE element_id=? AND branch_id=? AND reserved=1",
-                                     e.element, info.branch);
-        if (holder)
+        if (auto holder = reservingView(s.store, e.element, info.branch))
             fail(message(Msg::AlreadyCheckedOut, {pname, viewTag(s.store, *holder)}), unable);
     }
     checkUnlocked(s, elementLocks(s, e.element, pname, info.branch), "checkout", unable);
@@ -144,10 +140,7 @@ void checkIn(Session& s, const std::string& pname, const View& view, Id element,
     if (latest != co->pred)
         fail(message(Msg::NotPredecessor, {versionInfo(s.store, co->pred).branchPath}), unable);
     if (!co->reserved) {
-        auto holder = s.store.scalar(
-            "SELECT view_id FROM checkouts WHERE element_id=? AND branch_id=? AND reserved=1 AND view_id<>?", element,
-            co->branch, view.id);
-        if (holder)
+        if (auto holder = reservingView(s.store, element, co->branch, view.id))
             fail(message(Msg::ReservedElsewhere, {pname, viewTag(s.store, *holder)}), unable);
     }
     std::string data;
@@ -161,9 +154,9 @@ void checkIn(Session& s, const std::string& pname, const View& view, Id element,
     }
     checkUnlocked(s, elementLocks(s, element, pname, co->branch), "checkin", unable);
     const Id version = createVersion(s, element, co->branch, data, req.comment.value_or(co->comment), co->pred);
-    s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
+    removeCheckout(s.store, co->id);
     if (co->activity)
-        s.store.run("INSERT OR IGNORE INTO changeset(activity_id, version_id) VALUES(?,?)", *co->activity, version);
+        addToChangeSet(s.store, *co->activity, version);
     setLoaded(s.store, view.id, element, version);
     if (!dir) {
         if (req.keep) {
@@ -194,7 +187,7 @@ std::vector<Checkout> activityCheckouts(Session& s, const std::string& selector)
         activity = *id;
     }
     std::vector<Checkout> out;
-    for (const Checkout& c : checkoutsWhere(s.store, "activity_id=?", activity)) {
+    for (const Checkout& c : activityCheckouts(s.store, activity)) {
         if (c.view == view.id)
             out.push_back(c);
     }
@@ -342,26 +335,24 @@ void refuseMasterInLt(Session& s, const ParsedArgs& args)
 /// The events of one element, newest first, as lshistory prints them.
 void history(Session& s, const std::string& given, Id element, bool shortForm, std::optional<Time> since)
 {
-    Stmt q = s.store.query(
-        "SELECT kind, vext, created, user, comment, label FROM events WHERE element_id=? ORDER BY id DESC", element);
-    while (q.step()) {
-        if (since && q.integer(2) < *since)
+    for (const HistoryEvent& event : elementHistory(s.store, element)) {
+        if (since && event.created < *since)
             continue;
-        const std::string name = given + "@@" + q.text(1);
+        const std::string name = given + "@@" + event.extension;
         if (shortForm) {
             s.print(name);
             continue;
         }
-        const std::string kind = q.text(0);
+        const std::string& kind = event.kind;
         const std::string what =
-            kind == "label"   ? message(Msg::HistoryLabel, {q.isNull(5) ? "" : q.text(5), name})
+            kind == "label"   ? message(Msg::HistoryLabel, {event.label, name})
             : kind == "element" ? "create " + std::string(isDirectory(s.store, element) ? "directory" : "file") +
                                       " element \"" + name + "\""
             : kind == "branch" ? "create branch \"" + name + "\""
                                : "create version \"" + name + "\"";
-        s.print(stampUser(s, q.integer(2), q.text(3)) + what);
-        if (!q.text(4).empty())
-            s.print("  \"" + q.text(4) + "\"");
+        s.print(stampUser(s, event.created, event.user) + what);
+        if (!event.comment.empty())
+            s.print("  \"" + event.comment + "\"");
     }
 }
 
@@ -458,7 +449,7 @@ void cmdUncheckout(Session& s, const ParsedArgs& args)
         if (!co)
             fail(message(Msg::NotCheckedOut, {pname}), unable);
         checkUnlocked(s, elementLocks(s, element, pname), "uncheckout", unable);
-        s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
+        removeCheckout(s.store, co->id);
         setLoaded(s.store, view.id, element, co->pred);
         std::error_code ec;
         if (!isDirectory(s.store, element)) {
@@ -552,12 +543,10 @@ void cmdLscheckout(Session& s, const ParsedArgs& args)
         const View* view = scope.view ? &*scope.view : nullptr;
         const View* current = view ? view : s.view() ? &*s.view() : nullptr;
         const std::string root = scope.abs.string();
-        Stmt q = s.store.query("SELECT element_id, view_id FROM checkouts ORDER BY id");
-        std::vector<Checkout> found;
-        while (q.step()) {
-            if (args.has("cview") && (!current || q.integer(1) != current->id))
+        for (const Checkout& checkout : allCheckouts(s.store)) {
+            if (args.has("cview") && (!current || checkout.view != current->id))
                 continue;
-            auto co = checkoutIn(s.store, q.integer(0), q.integer(1));
+            const Checkout* co = &checkout;
             if (args.has("me") && co->user != s.env.user)
                 continue;
             const Id vob = vobOfElement(s.store, co->element);

@@ -30,16 +30,14 @@ void makeTypes(Session& s, const ParsedArgs& args, std::string_view kind, Define
         auto existing = findType(s.store, vob.id, kind, sel.name);
         if (existing && !args.has("replace"))
             fail(message(Msg::NameExists, {sel.name}), unable);
-        std::vector<ObjectRef> locks{{"vob", vob.id, "versioned object base", vob.tag, vob.id}};
+        std::vector<ObjectRef> locks{vobRef(s.store, vob.id)};
         if (existing)
-            locks.push_back({"type", *existing, word, sel.name, vob.id});
+            locks.push_back({*objectKind(kind), *existing, word, sel.name, vob.id});
         checkUnlocked(s, locks, existing ? "modify type" : "make type", unable);
         Id id = existing.value_or(0);
         if (!existing)
-            id = s.store.run("INSERT INTO types(vob_id, kind, name, created, user, grp) VALUES(?,?,?,?,?,?)", vob.id, kind,
-                             sel.name, s.env.now, s.env.user, s.env.group);
-        s.store.run("UPDATE types SET comment=?, global=?, per_branch=? WHERE id=?", comment, args.has("global"),
-                    args.has("pbranch"), id);
+            id = createType(s, vob.id, kind, sel.name);
+        setTypeScope(s.store, id, comment, args.has("global"), args.has("pbranch"));
         define(id, unable);
         s.print(message(existing ? Msg::ReplacedType : Msg::CreatedType, {word, sel.name}));
     });
@@ -86,23 +84,22 @@ double numeric(const std::string& vtype, const std::string& text, Time now)
 }
 
 /// Whether a value (as given; `stored` is its stored form) lies within the type's bounds and -enum list.
-bool inRange(Session& s, Id type, const std::string& vtype, const std::string& value, const std::string& stored)
+bool inRange(Session& s, const ValueRule& rule, const std::string& vtype, const std::string& value,
+             const std::string& stored)
 {
-    Stmt q = s.store.query("SELECT lo, lo_incl, hi, hi_incl, enums FROM types WHERE id=?", type);
-    q.step();
-    if (!q.isNull(4) && ("\n" + q.text(4) + "\n").find("\n" + stored + "\n") == std::string::npos)
+    if (rule.enums && ("\n" + *rule.enums + "\n").find("\n" + stored + "\n") == std::string::npos)
         return false;
     if (vtype == "string" || vtype == "opaque")
         return true;
     const double v = numeric(vtype, value, s.env.now);
-    if (!q.isNull(0)) {
-        const double lo = numeric(vtype, q.text(0), s.env.now);
-        if (q.integer(1) ? v < lo : v <= lo)
+    if (rule.lower) {
+        const double lo = numeric(vtype, *rule.lower, s.env.now);
+        if (rule.lowerInclusive ? v < lo : v <= lo)
             return false;
     }
-    if (!q.isNull(2)) {
-        const double hi = numeric(vtype, q.text(2), s.env.now);
-        if (q.integer(3) ? v > hi : v >= hi)
+    if (rule.upper) {
+        const double hi = numeric(vtype, *rule.upper, s.env.now);
+        if (rule.upperInclusive ? v > hi : v >= hi)
             return false;
     }
     return true;
@@ -126,7 +123,7 @@ std::vector<Labelled> versionsFor(Session& s, const std::string& op, const std::
         f.lines.push_back(unable);
         throw;
     }
-    if (o.kind != "version")
+    if (o.kind != ObjectKind::Version)
         fail(message(Msg::NotVobObject, {op}), unable);
     std::vector<Labelled> out{{op, *t.element, o.id}};
     if (recurse && isDirectory(s.store, *t.element) && t.view) {
@@ -153,7 +150,7 @@ void lockOrUnlock(Session& s, const ParsedArgs& args, bool lock)
         if (args.has("pname") || sel.kind.empty()) {
             Target t = s.resolve(op);
             if (!t.extended && t.element)
-                o = ObjectRef{"element", *t.element, "element", op, t.vob->id};
+                o = ObjectRef{ObjectKind::Element, *t.element, "element", op, t.vob->id};
             else
                 o = resolvePathObject(s, t, args.value("version"));
         } else {
@@ -163,14 +160,12 @@ void lockOrUnlock(Session& s, const ParsedArgs& args, bool lock)
         if (lock) {
             if (locked && !args.has("replace"))
                 fail(message(Msg::AlreadyLocked), message(Msg::UnableToLock, {o.kindWord, o.name}));
-            s.store.run("INSERT OR REPLACE INTO locks(obj_kind, obj_id, nusers, obsolete, created, user, comment) "
-                        "VALUES(?,?,?,?,?,?,?)",
-                        o.kind, o.id, args.value("nusers"), args.has("obsolete"), s.env.now, s.env.user, comment);
+            putLock(s, o.kind, o.id, args.value("nusers"), args.has("obsolete"), comment);
             s.print(message(Msg::Locked, {o.kindWord, o.name}));
         } else {
             if (!locked)
                 fail(message(Msg::NotLocked), message(Msg::UnableToUnlock, {o.kindWord, o.name}));
-            s.store.run("DELETE FROM locks WHERE obj_kind=? AND obj_id=?", o.kind, o.id);
+            removeLock(s.store, o.kind, o.id);
             s.print(message(Msg::Unlocked, {o.kindWord, o.name}));
         }
     });
@@ -226,11 +221,10 @@ void cmdMkattype(Session& s, const ParsedArgs& args)
                                             : args.has("vpversion")  ? std::optional<std::string>("version")
                                                                      : std::nullopt;
     makeTypes(s, args, "attype", [&](Id id, const std::string& unable) {
-        s.store.run("UPDATE types SET vtype=?, attach=?, lo=?, lo_incl=?, hi=?, hi_incl=?, defval=?, enums=? WHERE id=?",
-                    vtype, attach, lo, loIncl, hi, hiIncl, def, enums, id);
-        if (def && !inRange(s, id, vtype, *def, *def))
-            fail(message(Msg::AttributeValueRange, {*def, *s.store.scalarText("SELECT name FROM types WHERE id=?", id)}),
-                 unable);
+        const ValueRule rule{vtype, attach, lo, loIncl, hi, hiIncl, def, enums};
+        setValueRule(s.store, id, rule);
+        if (def && !inRange(s, rule, vtype, *def, *def))
+            fail(message(Msg::AttributeValueRange, {*def, typeRecord(s.store, id).name}), unable);
     });
 }
 
@@ -257,11 +251,10 @@ void cmdMklabel(Session& s, const ParsedArgs& args)
                     fail(message(Msg::LabelTypeNotFound, {sel.name}), unableOne);
                 checkUnlocked(s,
                                   {vobRef(s.store, vob),
-                                   {"type", *type, "label type", sel.name, vob},
-                                   {"element", l.element, "element", l.name, vob}},
+                                   {ObjectKind::LabelType, *type, "label type", sel.name, vob},
+                                   {ObjectKind::Element, l.element, "element", l.name, vob}},
                                   "make label", unableOne);
-                auto current = s.store.scalar("SELECT version_id FROM labels WHERE type_id=? AND element_id=?", *type,
-                                              l.element);
+                auto current = labelOfTypeOn(s.store, *type, l.element);
                 if (current && !args.has("replace"))
                     fail(message(*current == l.version ? Msg::LabelOnVersion : Msg::LabelOnElement, {sel.name}),
                          unableOne);
@@ -322,35 +315,31 @@ void cmdMkattr(Session& s, const ParsedArgs& args)
                 auto type = findType(s.store, vob, "attype", typeSel.name);
                 if (!type)
                     fail(message(Msg::AttributeTypeNotFound, {typeSel.name}), unableOne);
-                Stmt q = s.store.query("SELECT vtype, attach, defval FROM types WHERE id=?", *type);
-                q.step();
-                const std::string vtype = q.isNull(0) ? "string" : q.text(0);
-                if (!q.isNull(1) && q.text(1) != o.kind)
-                    fail(message(Msg::AttributeNotAllowed, {typeSel.name, q.text(1)}), unableOne);
+                const ValueRule rule = typeRecord(s.store, *type).rule;
+                const std::string& vtype = rule.vtype;
+                if (rule.attach && *rule.attach != storeKey(o.kind))
+                    fail(message(Msg::AttributeNotAllowed, {typeSel.name, *rule.attach}), unableOne);
                 std::optional<std::string> stored;
                 if (useDefault) {
-                    if (q.isNull(2))
+                    if (!rule.defaultValue)
                         fail(message(Msg::AttributeValueType, {"-default", vtype}), unableOne);
-                    stored = q.text(2);
+                    stored = rule.defaultValue;
                 } else {
                     stored = normalizeValue(vtype, *value, s.env.now);
                     if (!stored)
                         fail(message(Msg::AttributeValueType, {*value, vtype}), unableOne);
                 }
-                if (!inRange(s, *type, vtype, vtype == "time" && !useDefault ? *value : *stored, *stored))
+                if (!inRange(s, rule, vtype, vtype == "time" && !useDefault ? *value : *stored, *stored))
                     fail(message(Msg::AttributeValueRange, {*value, typeSel.name}), unableOne);
                 checkUnlocked(s,
                                   {vobRef(s.store, vob),
-                                   {"type", *type, "attribute type", typeSel.name, vob},
+                                   {ObjectKind::AttributeType, *type, "attribute type", typeSel.name, vob},
                                    o},
                                   "make attribute", unableOne);
-                const bool exists = s.store.scalar("SELECT 1 FROM attrs WHERE obj_kind=? AND obj_id=? AND type_id=?", o.kind,
-                                                   o.id, *type)
-                                        .has_value();
+                const bool exists = hasAttribute(s.store, o.kind, o.id, *type);
                 if (exists && !args.has("replace"))
                     fail(message(Msg::AttributeExists, {typeSel.name, shown}), unableOne);
-                s.store.run("INSERT OR REPLACE INTO attrs(obj_kind, obj_id, type_id, value) VALUES(?,?,?,?)", o.kind, o.id,
-                            *type, *stored);
+                setAttribute(s.store, o.kind, o.id, *type, *stored);
                 s.print(message(exists ? Msg::ReplacedAttribute : Msg::CreatedAttribute, {typeSel.name, shown}));
             });
         }
@@ -373,24 +362,19 @@ void cmdLstype(Session& s, const ParsedArgs& args)
     const std::string kind = args.value("kind").value_or("");
     if (!kind.empty() && (!kind.ends_with("type") || typeKindWord(kind).empty()))
         throw UsageError{message(Msg::NotVobObject, {kind})};
-    Stmt q = kind.empty() ? s.store.query("SELECT id, kind, name, created, user, comment FROM types WHERE vob_id=? "
-                                          "ORDER BY kind, name",
-                                          vob.id)
-                          : s.store.query("SELECT id, kind, name, created, user, comment FROM types WHERE vob_id=? AND kind=? "
-                                          "ORDER BY name",
-                                          vob.id, kind);
-    while (q.step()) {
-        const Id id = q.integer(0);
-        if (isObsolete(s.store, "type", id) && !args.has("obsolete"))
+    for (const TypeRecord& type : vobTypes(s.store, vob.id, kind)) {
+        const ObjectKind typeKind = *objectKind(type.kind);
+        if (isObsolete(s.store, typeKind, type.id) && !args.has("obsolete"))
             continue;
-        const std::string suffix = lockSuffix(s.store, "type", id);
+        const std::string suffix = lockSuffix(s.store, typeKind, type.id);
         if (args.has("short")) {
-            s.print(q.text(2) + suffix);
+            s.print(type.name + suffix);
             continue;
         }
-        s.print(stampUser(s, q.integer(3), q.text(4)) + typeKindWord(q.text(1)) + " \"" + q.text(2) + "\"" + suffix);
-        if (!q.text(5).empty())
-            s.print("  \"" + q.text(5) + "\"");
+        s.print(stampUser(s, type.creation.created, type.creation.user) + typeKindWord(type.kind) + " \"" + type.name +
+                "\"" + suffix);
+        if (!type.creation.comment.empty())
+            s.print("  \"" + type.creation.comment + "\"");
     }
 }
 

@@ -38,15 +38,6 @@ void requireNewName(Session& s, ObjectKind kind, const Vob& vob, const std::stri
         fail(message(Msg::NameExists, {name}), message(Msg::UnableToCreateType, {std::string(selectorWord(kind)), name}));
 }
 
-Id makeBaseline(Session& s, const Vob& pvob, const std::string& name, Id component, std::optional<Id> stream,
-                const std::string& kind, const std::string& comment)
-{
-    const Id last = s.store.scalar("SELECT MAX(id) FROM versions").value_or(0);
-    return s.store.run("INSERT INTO baselines(vob_id, name, component_id, stream_id, kind, last_version, created, user, comment) "
-                       "VALUES(?,?,?,?,?,?,?,?,?)",
-                       pvob.id, name, component, stream, kind, last, s.env.now, s.env.user, comment);
-}
-
 std::string freeBaselineName(Session& s, const Vob& pvob, const std::string& root)
 {
     std::string name = root;
@@ -59,7 +50,7 @@ std::string freeBaselineName(Session& s, const Vob& pvob, const std::string& roo
 std::vector<Id> componentElements(Session& s, Id component)
 {
     std::vector<Id> out;
-    if (auto root = s.store.scalar("SELECT root_elem_id FROM components WHERE id=?", component))
+    if (auto root = componentRootElement(s.store, component))
         out.push_back(*root);
     for (size_t i = 0; i < out.size(); ++i) {
         for (const auto& child : childElements(s.store, out[i]))
@@ -70,11 +61,10 @@ std::vector<Id> componentElements(Session& s, Id component)
 
 void labelVersions(Session& s, Id component, const std::string& label, const std::vector<Id>& versions)
 {
-    const Id vob = *s.store.scalar("SELECT root_vob_id FROM components WHERE id=?", component);
+    const Id vob = componentRootVob(s.store, component);
     auto type = findType(s.store, vob, "lbtype", label);
     if (!type)
-        type = s.store.run("INSERT INTO types(vob_id, kind, name, created, user, grp, comment) VALUES(?,?,?,?,?,?,'')", vob,
-                           "lbtype", label, s.env.now, s.env.user, s.env.group);
+        type = createType(s, vob, "lbtype", label);
     for (Id v : versions) {
         const VersionInfo info = versionInfo(s.store, v);
         putLabel(s, *type, info.element, v);
@@ -127,16 +117,15 @@ void importBaselines(Session& s, const ParsedArgs& args, const BaselineStream& t
         throw UsageError{message(Msg::MissingOperand)};
     s.forEach(labels, [&](const std::string& op) {
         ObjectRef type = resolveObject(s, op);
-        Stmt q = s.store.query("SELECT id FROM components WHERE root_vob_id=? ORDER BY id", type.vob);
         std::optional<Id> comp;
-        while (q.step()) {
-            if (allowed.empty() || std::count(allowed.begin(), allowed.end(), q.integer(0)))
-                comp = q.integer(0);
+        for (Id c : componentsRootedIn(s.store, type.vob)) {
+            if (allowed.empty() || std::count(allowed.begin(), allowed.end(), c))
+                comp = c;
         }
         if (!comp)
             fail(message(Msg::ObjectNotFound, {"component", op}));
         const std::string name = freeBaselineName(s, target.pvob, type.name);
-        makeBaseline(s, target.pvob, name, *comp, target.stream, "full", comment);
+        createBaseline(s, target.pvob.id, name, *comp, target.stream, "full", comment);
         s.print(message(Msg::CreatedBaseline, {name, ucmName(s.store, ObjectKind::Component, *comp)}));
     });
 }
@@ -171,9 +160,8 @@ std::vector<Id> baselineComponents(Session& s, const ParsedArgs& args, const Bas
             onlyActivities->push_back(requireUcm(s, ObjectKind::Activity, a));
     }
     for (Id a : *onlyActivities) {
-        Stmt q = s.store.query("SELECT version_id FROM changeset WHERE activity_id=?", a);
-        while (q.step()) {
-            auto c = componentOfElement(s.store, versionInfo(s.store, q.integer(0)).element);
+        for (Id version : changeSet(s.store, a)) {
+            auto c = componentOfElement(s.store, versionInfo(s.store, version).element);
             if (c && !std::count(comps.begin(), comps.end(), *c))
                 comps.push_back(*c);
         }
@@ -184,19 +172,13 @@ std::vector<Id> baselineComponents(Session& s, const ParsedArgs& args, const Bas
 /// The newest change-set version of each element of `comp` made in `stream` since its last baseline.
 std::vector<Id> changedSinceBaseline(Session& s, Id comp, Id stream, const std::optional<std::vector<Id>>& onlyActivities)
 {
-    const Id since = s.store.scalar("SELECT MAX(last_version) FROM baselines WHERE component_id=? AND "
-                                    "(stream_id=? OR id IN (SELECT baseline_id FROM foundations WHERE stream_id=?))",
-                                    comp, stream, stream)
-                         .value_or(0);
+    const Id since = lastBaselinedVersion(s.store, comp, stream);
     std::vector<Id> changed;
     std::vector<Id> elementsDone;
-    Stmt q = s.store.query("SELECT c.version_id, c.activity_id FROM changeset c JOIN activities a ON a.id=c.activity_id "
-                           "WHERE a.stream_id=? AND c.version_id>? ORDER BY c.version_id DESC",
-                           stream, since);
-    while (q.step()) {
-        if (onlyActivities && !std::count(onlyActivities->begin(), onlyActivities->end(), q.integer(1)))
+    for (const ChangeSetEntry& change : streamChangesAfter(s.store, stream, since)) {
+        if (onlyActivities && !std::count(onlyActivities->begin(), onlyActivities->end(), change.activity))
             continue;
-        const VersionInfo v = versionInfo(s.store, q.integer(0));
+        const VersionInfo v = versionInfo(s.store, change.version);
         if (componentOfElement(s.store, v.element) != comp || std::count(elementsDone.begin(), elementsDone.end(), v.element))
             continue;
         elementsDone.push_back(v.element);
@@ -211,8 +193,8 @@ void makeComponentBaseline(Session& s, const BaselineStream& target, Id comp,
 {
     const std::string compName = ucmName(s.store, ObjectKind::Component, comp);
     checkUnlocked(s,
-                  {{"component", comp, "component", compName, target.pvob.id},
-                   {"stream", target.stream, "stream", ucmName(s.store, ObjectKind::Stream, target.stream), target.pvob.id}},
+                  {{ObjectKind::Component, comp, "component", compName, target.pvob.id},
+                   {ObjectKind::Stream, target.stream, "stream", ucmName(s.store, ObjectKind::Stream, target.stream), target.pvob.id}},
                   "make baseline");
     const std::vector<Id> changed = changedSinceBaseline(s, comp, target.stream, onlyActivities);
     if (changed.empty() && !identical) {
@@ -220,7 +202,7 @@ void makeComponentBaseline(Session& s, const BaselineStream& target, Id comp,
         return;
     }
     const std::string name = freeBaselineName(s, target.pvob, root);
-    makeBaseline(s, target.pvob, name, comp, target.stream, kind, comment);
+    createBaseline(s, target.pvob.id, name, comp, target.stream, kind, comment);
     s.print(message(Msg::CreatedBaseline, {name, compName}));
     if (kind == "nlabel")
         return;
@@ -250,8 +232,7 @@ void cmdMkfolder(Session& s, const ParsedArgs& args)
     s.forEach(args.operands(), [&](const std::string& op) {
         auto [vob, name] = newUcmName(s, ObjectKind::Folder, op);
         requireNewName(s, ObjectKind::Folder, vob, name);
-        s.store.run("INSERT INTO folders(vob_id, name, parent_id, created, user, comment) VALUES(?,?,?,?,?,?)", vob.id, name,
-                    parent, s.env.now, s.env.user, commentOf(s, args));
+        createFolder(s, vob.id, name, parent, commentOf(s, args));
         s.print(message(Msg::CreatedObject, {"folder", name}));
     });
 }
@@ -271,11 +252,7 @@ void cmdMkproject(Session& s, const ParsedArgs& args)
     s.forEach(args.operands(), [&](const std::string& op) {
         auto [vob, name] = newUcmName(s, ObjectKind::Project, op);
         requireNewName(s, ObjectKind::Project, vob, name);
-        const Id project = s.store.run("INSERT INTO projects(vob_id, name, folder_id, created, user, comment) "
-                                       "VALUES(?,?,?,?,?,?)",
-                                       vob.id, name, folder, s.env.now, s.env.user, commentOf(s, args));
-        for (Id c : comps)
-            s.store.run("INSERT OR IGNORE INTO project_comps(project_id, component_id) VALUES(?,?)", project, c);
+        createProject(s, vob.id, name, folder, comps, commentOf(s, args));
         s.print(message(Msg::CreatedObject, {"project", name}));
     });
 }
@@ -296,14 +273,12 @@ void cmdMkcomp(Session& s, const ParsedArgs& args)
     s.forEach(args.operands(), [&](const std::string& op) {
         auto [vob, name] = newUcmName(s, ObjectKind::Component, op);
         requireNewName(s, ObjectKind::Component, vob, name);
-        const Id comp = s.store.run("INSERT INTO components(vob_id, name, root_vob_id, root_elem_id, created, user, comment) "
-                                    "VALUES(?,?,?,?,?,?,?)",
-                                    vob.id, name, rootVob, rootElem, s.env.now, s.env.user, commentOf(s, args));
+        const Id comp = createComponent(s, vob.id, name, rootVob, rootElem, commentOf(s, args));
         const std::string initial = freeBaselineName(s, vob, name + "_INITIAL");
-        makeBaseline(s, vob, initial, comp, std::nullopt, "full", "");
+        createBaseline(s, vob.id, initial, comp, std::nullopt, "full", "");
         if (rootElem) {
             auto main = branchByPath(s.store, *rootElem, "/main");
-            labelVersions(s, comp, initial, {*s.store.scalar("SELECT id FROM versions WHERE branch_id=? AND num=0", *main)});
+            labelVersions(s, comp, initial, {*versionOnBranch(s.store, *main, 0)});
         }
         s.print(message(Msg::CreatedObject, {"component", name}));
     });
@@ -327,11 +302,7 @@ void cmdMkstream(Session& s, const ParsedArgs& args)
         requireNewName(s, ObjectKind::Stream, vob, name);
         if (integration && integrationStream(s.store, project))
             fail(message(Msg::NameExists, {"integration stream"}), message(Msg::UnableToCreateType, {"stream", name}));
-        const Id stream = s.store.run("INSERT INTO streams(vob_id, name, project_id, integration, created, user, comment) "
-                                      "VALUES(?,?,?,?,?,?,?)",
-                                      vob.id, name, project, integration, s.env.now, s.env.user, commentOf(s, args));
-        for (Id b : baselines)
-            s.store.run("INSERT OR IGNORE INTO foundations(stream_id, baseline_id) VALUES(?,?)", stream, b);
+        createStream(s, vob.id, name, project, integration, baselines, commentOf(s, args));
         s.print(message(Msg::CreatedObject, {"stream", name}));
     });
 }
@@ -369,11 +340,9 @@ void cmdMkactivity(Session& s, const ParsedArgs& args)
         if (vob.id != pvob.id)
             fail(message(Msg::NotProjectVob, {vob.tag}), unable);
         requireNewName(s, ObjectKind::Activity, vob, sel.name);
-        checkUnlocked(s, {{"stream", *stream, "stream", ucmName(s.store, ObjectKind::Stream, *stream), vob.id}}, "make activity", unable);
+        checkUnlocked(s, {{ObjectKind::Stream, *stream, "stream", ucmName(s.store, ObjectKind::Stream, *stream), vob.id}}, "make activity", unable);
         const std::string headline = args.value("headline").value_or(sel.name);
-        const Id id = s.store.run("INSERT INTO activities(vob_id, name, stream_id, headline, created, user, comment) "
-                                  "VALUES(?,?,?,?,?,?,?)",
-                                  vob.id, sel.name, *stream, headline, s.env.now, s.env.user, comment);
+        const Id id = createActivity(s, vob.id, sel.name, *stream, headline, comment);
         s.print(message(Msg::CreatedActivity, {sel.name}));
         if (setCurrent) {
             setCurrentActivity(s.store, s.view()->id, id);
@@ -386,12 +355,10 @@ void cmdSetactivity(Session& s, const ParsedArgs& args)
 {
     View view;
     if (auto tag = args.value("view")) {
-        Stmt q = s.store.query("SELECT id, tag, stream_id FROM views WHERE tag=?", *tag);
-        if (!q.step())
+        auto tagged = s.viewTagged(*tag);
+        if (!tagged)
             fail(message(Msg::ViewTagNotFound, {*tag}));
-        view.id = q.integer(0);
-        view.tag = q.text(1);
-        view.stream = q.optInteger(2);
+        view = *tagged;
     } else {
         view = s.requireView();
     }
@@ -412,7 +379,7 @@ void cmdSetactivity(Session& s, const ParsedArgs& args)
         fail(message(Msg::ObjectNotFound, {"activity", op}));
     const Vob vob = ucmVob(s, sel.vob);
     auto id = findUcm(s.store, ObjectKind::Activity, vob.id, sel.name);
-    if (!id || s.store.scalar("SELECT stream_id FROM activities WHERE id=?", *id) != view.stream)
+    if (!id || activityRecord(s.store, *id).stream != view.stream)
         fail(message(Msg::ObjectNotFound, {"activity", sel.withoutKind()}));
     setCurrentActivity(s.store, view.id, *id);
     s.print(message(Msg::SetActivity, {sel.name, view.tag}));
@@ -453,19 +420,16 @@ void cmdLsactivity(Session& s, const ParsedArgs& args)
         activities = streamActivities(s.store, *view.stream);
     } else {
         const Vob vob = listingVob(s, args);
-        Stmt q = s.store.query("SELECT id FROM activities WHERE vob_id=? ORDER BY name", vob.id);
-        while (q.step())
-            activities.push_back(q.integer(0));
+        activities = ucmObjectsIn(s.store, ObjectKind::Activity, vob.id);
     }
     for (Id activity : activities) {
-        Stmt a = s.store.query("SELECT name, created, user, headline FROM activities WHERE id=?", activity);
-        a.step();
+        const UcmRecord r = ucmRecord(s.store, ObjectKind::Activity, activity);
         if (args.has("short")) {
-            s.print(a.text(0));
+            s.print(r.name);
             continue;
         }
-        s.print(stampUser(s, a.integer(1), a.text(2)) + "activity \"" + a.text(0) + "\"");
-        s.print("  \"" + a.text(3) + "\"");
+        s.print(stampUser(s, r.created, r.user) + "activity \"" + r.name + "\"");
+        s.print("  \"" + activityRecord(s.store, activity).headline + "\"");
     }
 }
 
@@ -476,9 +440,7 @@ void cmdLscomp(Session& s, const ParsedArgs& args)
         ids = streamComponents(s.store, *s.view()->stream);
     } else {
         const Vob vob = listingVob(s, args);
-        Stmt q = s.store.query("SELECT id FROM components WHERE vob_id=? ORDER BY name", vob.id);
-        while (q.step())
-            ids.push_back(q.integer(0));
+        ids = ucmObjectsIn(s.store, ObjectKind::Component, vob.id);
     }
     std::vector<std::string> names;
     for (Id id : ids)
@@ -491,17 +453,19 @@ void cmdLscomp(Session& s, const ParsedArgs& args)
 void cmdLsfolder(Session& s, const ParsedArgs& args)
 {
     const Vob vob = listingVob(s, args);
-    Stmt q = s.store.query("SELECT name FROM folders WHERE vob_id=? ORDER BY name", vob.id);
-    while (q.step())
-        s.print(args.has("short") ? q.text(0) : "folder \"" + q.text(0) + "\"");
+    for (Id folder : ucmObjectsIn(s.store, ObjectKind::Folder, vob.id)) {
+        const std::string name = ucmName(s.store, ObjectKind::Folder, folder);
+        s.print(args.has("short") ? name : "folder \"" + name + "\"");
+    }
 }
 
 void cmdLsproject(Session& s, const ParsedArgs& args)
 {
     const Vob vob = listingVob(s, args);
-    Stmt q = s.store.query("SELECT name FROM projects WHERE vob_id=? ORDER BY name", vob.id);
-    while (q.step())
-        s.print(args.has("short") ? q.text(0) : "project \"" + q.text(0) + "\"");
+    for (Id project : ucmObjectsIn(s.store, ObjectKind::Project, vob.id)) {
+        const std::string name = ucmName(s.store, ObjectKind::Project, project);
+        s.print(args.has("short") ? name : "project \"" + name + "\"");
+    }
 }
 
 void cmdLsstream(Session& s, const ParsedArgs& args)
@@ -513,7 +477,8 @@ void cmdLsstream(Session& s, const ParsedArgs& args)
         std::string tag = view.tag;
         if (auto other = args.value("view")) {
             tag = *other;
-            stream = s.store.scalar("SELECT stream_id FROM views WHERE tag=?", *other);
+            auto tagged = s.viewTagged(*other);
+            stream = tagged ? tagged->stream : std::nullopt;
         }
         if (!stream)
             fail(message(Msg::NotUcmView, {tag}));
@@ -522,14 +487,10 @@ void cmdLsstream(Session& s, const ParsedArgs& args)
         for (const std::string& op : args.operands())
             ids.push_back(requireUcm(s, ObjectKind::Stream, op));
     } else if (auto in = args.value("in")) {
-        Stmt q = s.store.query("SELECT id FROM streams WHERE project_id=? ORDER BY name", requireUcm(s, ObjectKind::Project, *in));
-        while (q.step())
-            ids.push_back(q.integer(0));
+        ids = projectStreams(s.store, requireUcm(s, ObjectKind::Project, *in));
     } else {
         const Vob vob = listingVob(s, args);
-        Stmt q = s.store.query("SELECT id FROM streams WHERE vob_id=? ORDER BY name", vob.id);
-        while (q.step())
-            ids.push_back(q.integer(0));
+        ids = ucmObjectsIn(s.store, ObjectKind::Stream, vob.id);
     }
     for (Id id : ids) {
         if (args.has("long"))
@@ -537,30 +498,27 @@ void cmdLsstream(Session& s, const ParsedArgs& args)
         else if (args.has("short"))
             s.print(ucmName(s.store, ObjectKind::Stream, id));
         else {
-            Stmt q = s.store.query("SELECT name, created, user FROM streams WHERE id=?", id);
-            q.step();
-            s.print(stampUser(s, q.integer(1), q.text(2)) + "stream \"" + q.text(0) + "\"");
+            const UcmRecord r = ucmRecord(s.store, ObjectKind::Stream, id);
+            s.print(stampUser(s, r.created, r.user) + "stream \"" + r.name + "\"");
         }
     }
 }
 
 void cmdLsbl(Session& s, const ParsedArgs& args)
 {
-    std::string where = "1=1";
-    std::optional<Id> arg;
+    ObjectKind owner = ObjectKind::Vob;
+    Id id = 0;
     if (auto st = args.value("stream")) {
-        where = "stream_id=?";
-        arg = requireUcm(s, ObjectKind::Stream, *st);
+        owner = ObjectKind::Stream;
+        id = requireUcm(s, owner, *st);
     } else if (auto c = args.value("component")) {
-        where = "component_id=?";
-        arg = requireUcm(s, ObjectKind::Component, *c);
+        owner = ObjectKind::Component;
+        id = requireUcm(s, owner, *c);
     } else {
-        where = "vob_id=?";
-        arg = ucmVob(s, "").id;
+        id = ucmVob(s, "").id;
     }
-    Stmt q = s.store.query("SELECT name FROM baselines WHERE " + where + " ORDER BY id", *arg);
-    while (q.step())
-        s.print(args.has("short") ? q.text(0) : "baseline \"" + q.text(0) + "\"");
+    for (const std::string& name : baselineNames(s.store, owner, id))
+        s.print(args.has("short") ? name : "baseline \"" + name + "\"");
 }
 
 } // namespace ccsim

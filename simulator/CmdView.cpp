@@ -35,7 +35,7 @@ void setConfigSpec(Session& s, const View& view, const std::string& text, const 
         const size_t colon = error.find(':');
         fail(message(Msg::ConfigSpecLine, {source, error.substr(0, colon), error.substr(colon + 2)}));
     }
-    s.store.run("UPDATE views SET cs=? WHERE id=?", text, view.id);
+    setViewConfigSpec(s.store, view.id, text);
     View updated = view;
     updated.configSpec = text;
     updateView(s, updated, UpdateOptions{});
@@ -55,8 +55,7 @@ void cmdMkvob(Session& s, const ParsedArgs& args)
         fail(message(Msg::VobTagExists, {*tag}));
     const bool ucm = args.has("ucmproject");
     const std::string storage = s.resolve(args.operands()[0]).abs.string();
-    const Id vob = s.store.run("INSERT INTO vobs(tag, storage, ucm, created, user, grp, comment) VALUES(?,?,?,?,?,?,?)",
-                               *tag, storage, ucm, s.env.now, s.env.user, s.env.group, commentOf(s, args));
+    const Id vob = createVob(s, *tag, storage, ucm, commentOf(s, args));
     seedVob(s, vob, ucm);
     s.print(message(Msg::CreatedVob, {s.env.host, storage}));
 }
@@ -69,7 +68,7 @@ void cmdMkview(Session& s, const ParsedArgs& args)
         throw UsageError{message(Msg::MissingOperand)};
     if (!args.has("snapshot"))
         fail(message(Msg::NotSnapshotView, {args.operands()[0]}));
-    if (s.store.scalar("SELECT id FROM views WHERE tag=?", *tag))
+    if (viewIdByTag(s.store, *tag))
         fail(message(Msg::ViewTagExists, {*tag}));
     const fs::path dir = s.resolve(args.operands()[0]).abs;
     std::error_code ec;
@@ -84,8 +83,7 @@ void cmdMkview(Session& s, const ParsedArgs& args)
     fs::create_directories(dir, ec);
     if (ec)
         fail(message(Msg::NoSuchFile, {args.operands()[0]}));
-    const Id id = s.store.run("INSERT INTO views(tag, dir, cs, stream_id, created, user) VALUES(?,?,?,?,?,?)", *tag,
-                              dir.string(), cs, stream, s.env.now, s.env.user);
+    const Id id = createView(s, *tag, dir.string(), cs, stream);
     std::ofstream(dir / "view.dat") << "ccsim snapshot view\ntag=" << *tag << "\n";
     s.print(message(Msg::CreatedView, {s.env.host, dir.string()}));
     updateView(s, View{id, *tag, dir, cs, stream, std::nullopt}, UpdateOptions{});
@@ -99,14 +97,12 @@ void cmdRmview(Session& s, const ParsedArgs& args)
     } else {
         requireOperands(args);
         const fs::path dir = s.resolve(args.operands()[0]).abs;
-        Stmt q = s.store.query("SELECT tag FROM views WHERE dir=?", dir.string());
-        if (!q.step())
+        auto tagged = viewTagAt(s.store, dir.string());
+        if (!tagged)
             fail(message(Msg::NotSnapshotView, {args.operands()[0]}));
-        view = viewByTag(s, q.text(0));
+        view = viewByTag(s, *tagged);
     }
-    s.store.run("DELETE FROM checkouts WHERE view_id=?", view.id);
-    s.store.run("DELETE FROM loaded WHERE view_id=?", view.id);
-    s.store.run("DELETE FROM views WHERE id=?", view.id);
+    removeView(s.store, view.id);
     if (!args.has("tag")) {
         std::error_code ec;
         fs::permissions(view.root, fs::perms::owner_all, fs::perm_options::add, ec);
@@ -119,24 +115,21 @@ void cmdRmview(Session& s, const ParsedArgs& args)
 
 void cmdLsview(Session& s, const ParsedArgs& args)
 {
-    std::string sql = "SELECT tag, dir FROM views";
     std::optional<std::string> tag;
     if (args.has("cview")) {
         tag = s.requireView().tag;
     } else if (!args.operands().empty()) {
         tag = args.operands()[0];
     }
-    Stmt q = tag ? s.store.query(sql + " WHERE tag=?", *tag) : s.store.query(sql + " ORDER BY tag");
-    bool any = false;
-    while (q.step()) {
-        any = true;
-        const bool current = s.view() && s.view()->tag == q.text(0);
+    const std::vector<ViewEntry> views = viewEntries(s.store, tag);
+    for (const ViewEntry& v : views) {
+        const bool current = s.view() && s.view()->tag == v.tag;
         if (args.has("short"))
-            s.print(q.text(0));
+            s.print(v.tag);
         else
-            s.print(std::string(current ? "* " : "  ") + q.text(0) + std::string(q.text(0).size() < 24 ? 24 - q.text(0).size() : 1, ' ') + q.text(1));
+            s.print(std::string(current ? "* " : "  ") + v.tag + std::string(v.tag.size() < 24 ? 24 - v.tag.size() : 1, ' ') + v.dir);
     }
-    if (!any && tag)
+    if (views.empty() && tag)
         fail(message(Msg::NoMatchingViewTag, {*tag}));
 }
 
@@ -207,7 +200,7 @@ void cmdLsvob(Session& s, const ParsedArgs& args)
             s.print(v.tag);
             continue;
         }
-        const std::string storage = *s.store.scalarText("SELECT storage FROM vobs WHERE id=?", v.id);
+        const std::string storage = vobStorage(s.store, v.id);
         s.print("* " + pad(v.tag, 24) + " " + storage + " public" + (v.ucm ? " (ucmvob)" : ""));
     }
 }

@@ -38,10 +38,9 @@ std::optional<Id> branchFor(Store& store, Id element, const std::string& path)
 {
     if (path.starts_with(".../")) {
         const std::string tail = path.substr(3);
-        Stmt q = store.query("SELECT id, path FROM branches WHERE element_id=? ORDER BY id", element);
-        while (q.step()) {
-            if (q.text(1).ends_with(tail))
-                return q.integer(0);
+        for (const BranchRecord& branch : elementBranches(store, element)) {
+            if (branch.path.ends_with(tail))
+                return branch.id;
         }
         return std::nullopt;
     }

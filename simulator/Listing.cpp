@@ -18,18 +18,17 @@ std::string stampUser(Session& s, Time t, const std::string& user)
     return pad(formatShort(t, s.env.now), 12) + "   " + pad(user, 10) + " ";
 }
 
-std::string lockSuffix(Store& store, std::string_view kind, Id id)
+std::string lockSuffix(Store& store, ObjectKind kind, Id id)
 {
     return isLocked(store, kind, id) ? " (locked)" : "";
 }
 
-void printCreated(Session& s, std::string_view kind, Id id, Time t, const std::string& user, const std::string& comment)
+void printCreated(Session& s, ObjectKind kind, Id id, Time t, const std::string& user, const std::string& comment)
 {
     s.print("  created " + formatLong(t) + " by " + s.creator(user));
     if (!comment.empty())
         s.print("  \"" + comment + "\"");
-    if (auto users = s.store.scalarText("SELECT nusers FROM locks WHERE obj_kind=? AND obj_id=? AND nusers IS NOT NULL",
-                                        kind, id)) {
+    if (auto users = lockExemptUsers(s.store, kind, id)) {
         std::replace(users->begin(), users->end(), ',', ' ');
         s.print(message(Msg::LockedExceptUsers, {*users}));
     }
@@ -41,18 +40,13 @@ void printOwner(Session& s, const std::string& user)
     s.print("  group: " + s.env.group);
 }
 
-void printAttributes(Session& s, std::string_view kind, Id id)
+void printAttributes(Session& s, ObjectKind kind, Id id)
 {
-    Stmt q = s.store.query("SELECT t.name, a.value FROM attrs a JOIN types t ON t.id=a.type_id "
-                           "WHERE a.obj_kind=? AND a.obj_id=? ORDER BY t.name",
-                           kind, id);
-    bool header = false;
-    while (q.step()) {
-        if (!header)
-            s.print("  Attributes:");
-        header = true;
-        s.print("    " + q.text(0) + " = " + q.text(1));
-    }
+    const std::vector<AttributeValue> attributes = attributesOf(s.store, kind, id);
+    if (!attributes.empty())
+        s.print("  Attributes:");
+    for (const AttributeValue& a : attributes)
+        s.print("    " + a.type + " = " + a.value);
 }
 
 Vob listingVob(Session& s, const ParsedArgs& args)

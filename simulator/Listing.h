@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Options.h"
+#include "Model.h"
 #include "Session.h"
 
 #include <string>
@@ -13,12 +14,12 @@ namespace ccsim {
 std::string pad(std::string text, size_t width);
 /// "16-Dec.15:47   builder    " as long listings start.
 std::string stampUser(Session& s, Time t, const std::string& user);
-std::string lockSuffix(Store& store, std::string_view kind, std::int64_t id);
+std::string lockSuffix(Store& store, ObjectKind kind, std::int64_t id);
 /// The creation lines of the object `kind`/`id`, then the users its lock exempts, if any.
-void printCreated(Session& s, std::string_view kind, std::int64_t id, Time t, const std::string& user,
+void printCreated(Session& s, ObjectKind kind, std::int64_t id, Time t, const std::string& user,
                   const std::string& comment);
 void printOwner(Session& s, const std::string& user);
-void printAttributes(Session& s, std::string_view kind, std::int64_t id);
+void printAttributes(Session& s, ObjectKind kind, std::int64_t id);
 /// The project VOB a UCM listing reads: -invob, else the view's stream's, else the working directory's.
 Vob listingVob(Session& s, const ParsedArgs& args);
 

@@ -13,32 +13,36 @@ struct KindInfo {
     std::string_view selector; ///< the prefix of "lbtype:REL1"
     std::string_view word;     ///< how messages name it
     std::string_view table;    ///< where a UCM object lives; empty for the others
+    std::string_view key;      ///< how the locks and attributes tables name the kind
     Msg notFound;              ///< what a type selector naming no type says
 };
 
 // One row per ObjectKind, in its order.
 constexpr KindInfo kKinds[] = {
-    {ObjectKind::LabelType, "lbtype", "label type", "", Msg::LabelTypeNotFound},
-    {ObjectKind::BranchType, "brtype", "branch type", "", Msg::BranchTypeNotFound},
-    {ObjectKind::AttributeType, "attype", "attribute type", "", Msg::AttributeTypeNotFound},
-    {ObjectKind::ElementType, "eltype", "element type", "", Msg::ElementTypeNotFound},
-    {ObjectKind::HyperlinkType, "hltype", "hyperlink type", "", Msg::NotVobObject},
-    {ObjectKind::TriggerType, "trtype", "trigger type", "", Msg::NotVobObject},
-    {ObjectKind::Activity, "activity", "activity", "activities", Msg::NotVobObject},
-    {ObjectKind::Stream, "stream", "stream", "streams", Msg::NotVobObject},
-    {ObjectKind::Component, "component", "component", "components", Msg::NotVobObject},
-    {ObjectKind::Project, "project", "project", "projects", Msg::NotVobObject},
-    {ObjectKind::Folder, "folder", "folder", "folders", Msg::NotVobObject},
-    {ObjectKind::Baseline, "baseline", "baseline", "baselines", Msg::NotVobObject},
-    {ObjectKind::Vob, "vob", "versioned object base", "", Msg::NotVobObject},
-    {ObjectKind::Pool, "pool", "pool", "", Msg::NotVobObject},
-    {ObjectKind::Oid, "oid", "object", "", Msg::NotVobObject},
+    {ObjectKind::LabelType, "lbtype", "label type", "", "type", Msg::LabelTypeNotFound},
+    {ObjectKind::BranchType, "brtype", "branch type", "", "type", Msg::BranchTypeNotFound},
+    {ObjectKind::AttributeType, "attype", "attribute type", "", "type", Msg::AttributeTypeNotFound},
+    {ObjectKind::ElementType, "eltype", "element type", "", "type", Msg::ElementTypeNotFound},
+    {ObjectKind::HyperlinkType, "hltype", "hyperlink type", "", "type", Msg::NotVobObject},
+    {ObjectKind::TriggerType, "trtype", "trigger type", "", "type", Msg::NotVobObject},
+    {ObjectKind::Activity, "activity", "activity", "activities", "activity", Msg::NotVobObject},
+    {ObjectKind::Stream, "stream", "stream", "streams", "stream", Msg::NotVobObject},
+    {ObjectKind::Component, "component", "component", "components", "component", Msg::NotVobObject},
+    {ObjectKind::Project, "project", "project", "projects", "project", Msg::NotVobObject},
+    {ObjectKind::Folder, "folder", "folder", "folders", "folder", Msg::NotVobObject},
+    {ObjectKind::Baseline, "baseline", "baseline", "baselines", "baseline", Msg::NotVobObject},
+    {ObjectKind::Vob, "vob", "versioned object base", "", "vob", Msg::NotVobObject},
+    {ObjectKind::Pool, "pool", "pool", "", "pool", Msg::NotVobObject},
+    {ObjectKind::Oid, "oid", "object", "", "oid", Msg::NotVobObject},
+    {ObjectKind::Element, "", "element", "", "element", Msg::NotVobObject},
+    {ObjectKind::Branch, "", "branch", "", "branch", Msg::NotVobObject},
+    {ObjectKind::Version, "", "version", "", "version", Msg::NotVobObject},
 };
 
 const KindInfo* kindInfo(std::string_view selector)
 {
     for (const KindInfo& k : kKinds) {
-        if (k.selector == selector)
+        if (!k.selector.empty() && k.selector == selector)
             return &k;
     }
     return nullptr;
@@ -71,6 +75,11 @@ std::string_view selectorWord(ObjectKind kind)
 bool isUcmKind(ObjectKind kind)
 {
     return !kindInfo(kind).table.empty();
+}
+
+std::string_view storeKey(ObjectKind kind)
+{
+    return kindInfo(kind).key;
 }
 
 std::string typeKindWord(std::string_view kind)
@@ -357,13 +366,38 @@ std::optional<Checkout> checkoutIn(Store& store, Id element, Id view)
     return readCheckout(q);
 }
 
-std::vector<Checkout> checkoutsWhere(Store& store, std::string_view condition, Id arg)
+namespace {
+
+std::vector<Checkout> readCheckouts(Stmt q)
 {
-    Stmt q = store.query(std::string(kCheckoutColumns) + "WHERE " + std::string(condition) + " ORDER BY id", arg);
     std::vector<Checkout> out;
     while (q.step())
         out.push_back(readCheckout(q));
     return out;
+}
+
+} // namespace
+
+std::vector<Checkout> activityCheckouts(Store& store, Id activity)
+{
+    return readCheckouts(store.query(std::string(kCheckoutColumns) + "WHERE activity_id=? ORDER BY id", activity));
+}
+
+std::vector<Checkout> allCheckouts(Store& store)
+{
+    return readCheckouts(store.query(std::string(kCheckoutColumns) + "ORDER BY id"));
+}
+
+std::optional<Id> reservingView(Store& store, Id element, Id branch, std::optional<Id> besides)
+{
+    return store.scalar("SELECT view_id FROM checkouts WHERE element_id=? AND branch_id=? AND reserved=1 "
+                        "AND (? IS NULL OR view_id<>?) ORDER BY id",
+                        element, branch, besides, besides);
+}
+
+void removeCheckout(Store& store, Id checkout)
+{
+    store.run("DELETE FROM checkouts WHERE id=?", checkout);
 }
 
 std::string viewTag(Store& store, Id view)
@@ -373,24 +407,24 @@ std::string viewTag(Store& store, Id view)
 
 ObjectRef vobRef(Store& store, Id vob)
 {
-    return ObjectRef{"vob", vob, "versioned object base", vobTag(store, vob), vob};
+    return ObjectRef{ObjectKind::Vob, vob, "versioned object base", vobTag(store, vob), vob};
 }
 
-bool isLocked(Store& store, std::string_view kind, Id id)
+bool isLocked(Store& store, ObjectKind kind, Id id)
 {
-    return store.scalar("SELECT 1 FROM locks WHERE obj_kind=? AND obj_id=?", kind, id).has_value();
+    return store.scalar("SELECT 1 FROM locks WHERE obj_kind=? AND obj_id=?", storeKey(kind), id).has_value();
 }
 
-bool isObsolete(Store& store, std::string_view kind, Id id)
+bool isObsolete(Store& store, ObjectKind kind, Id id)
 {
-    return store.scalar("SELECT obsolete FROM locks WHERE obj_kind=? AND obj_id=?", kind, id).value_or(0) != 0;
+    return store.scalar("SELECT obsolete FROM locks WHERE obj_kind=? AND obj_id=?", storeKey(kind), id).value_or(0) != 0;
 }
 
 void checkUnlocked(Session& s, const std::vector<ObjectRef>& objects, std::string_view operation,
                    const std::string& unable)
 {
     for (const ObjectRef& o : objects) {
-        Stmt q = s.store.query("SELECT nusers, obsolete FROM locks WHERE obj_kind=? AND obj_id=?", o.kind, o.id);
+        Stmt q = s.store.query("SELECT nusers, obsolete FROM locks WHERE obj_kind=? AND obj_id=?", storeKey(o.kind), o.id);
         if (!q.step())
             continue;
         bool exempt = false;
@@ -468,6 +502,15 @@ std::string ucmName(Store& store, ObjectKind kind, Id id)
     return store.scalarText("SELECT name FROM " + ucmTable(kind) + " WHERE id=?", id).value_or("");
 }
 
+std::vector<Id> ucmObjectsIn(Store& store, ObjectKind kind, Id vob)
+{
+    std::vector<Id> out;
+    Stmt q = store.query("SELECT id FROM " + ucmTable(kind) + " WHERE vob_id=? ORDER BY name", vob);
+    while (q.step())
+        out.push_back(q.integer(0));
+    return out;
+}
+
 UcmRecord ucmRecord(Store& store, ObjectKind kind, Id id)
 {
     Stmt q = store.query("SELECT name, created, user, comment FROM " + ucmTable(kind) + " WHERE id=?", id);
@@ -496,17 +539,17 @@ ObjectRef resolvePathObject(Session& s, const Target& t, const std::optional<std
         auto v = versionByExtension(s.store, element, *versionSelector);
         if (!v)
             fail(message(Msg::NotVobObject, {t.given + "@@" + *versionSelector}));
-        return ObjectRef{"version", *v, "version", t.given + "@@" + versionInfo(s.store, *v).extension(), vob};
+        return ObjectRef{ObjectKind::Version, *v, "version", t.given + "@@" + versionInfo(s.store, *v).extension(), vob};
     }
     if (t.extended) {
         if (t.extension.empty())
-            return ObjectRef{"element", element, "element", t.given, vob};
+            return ObjectRef{ObjectKind::Element, element, "element", t.given, vob};
         if (auto branch = branchByPath(s.store, element, t.extension))
-            return ObjectRef{"branch", *branch, "branch", t.given, vob};
+            return ObjectRef{ObjectKind::Branch, *branch, "branch", t.given, vob};
         auto v = versionByExtension(s.store, element, t.extension);
         if (!v)
             fail(message(Msg::NotVobObject, {t.given}));
-        return ObjectRef{"version", *v, "version", t.given, vob};
+        return ObjectRef{ObjectKind::Version, *v, "version", t.given, vob};
     }
     std::optional<Selection> sel;
     if (t.view)
@@ -515,7 +558,7 @@ ObjectRef resolvePathObject(Session& s, const Target& t, const std::optional<std
         auto main = branchByPath(s.store, element, "/main");
         sel = Selection{*latestOnBranch(s.store, *main), false};
     }
-    return ObjectRef{"version", sel->version, "version", t.given + "@@" + versionInfo(s.store, sel->version).extension(),
+    return ObjectRef{ObjectKind::Version, sel->version, "version", t.given + "@@" + versionInfo(s.store, sel->version).extension(),
                      vob};
 }
 
@@ -527,19 +570,19 @@ ObjectRef resolveObject(Session& s, const std::string& text)
     const KindInfo& k = *kindInfo(sel.kind);
     if (k.kind == ObjectKind::Vob) {
         Vob v = s.vobFor(sel.name);
-        return ObjectRef{"vob", v.id, std::string(k.word), v.tag, v.id};
+        return ObjectRef{ObjectKind::Vob, v.id, std::string(k.word), v.tag, v.id};
     }
     if (isUcmKind(k.kind)) {
         Vob v;
         const Id id = requireUcm(s, k.kind, text, &v);
-        return ObjectRef{sel.kind, id, std::string(k.word), sel.name, v.id};
+        return ObjectRef{k.kind, id, std::string(k.word), sel.name, v.id};
     }
     if (sel.kind.ends_with("type")) {
         const Vob v = sel.vob.empty() ? s.currentVob() : s.vobFor(sel.vob);
         auto id = findType(s.store, v.id, sel.kind, sel.name);
         if (!id)
             fail(k.notFound == Msg::NotVobObject ? message(Msg::NotVobObject, {text}) : message(k.notFound, {sel.name}));
-        return ObjectRef{"type", *id, std::string(k.word), sel.name, v.id};
+        return ObjectRef{k.kind, *id, std::string(k.word), sel.name, v.id};
     }
     fail(message(Msg::NotVobObject, {text}));
 }

@@ -126,7 +126,7 @@ struct Pass {
             return;
         const std::string data = versionData(s.store, version);
         s.files.write(file, data, false,
-                      opt.ptime ? s.store.scalar("SELECT created FROM versions WHERE id=?", version) : std::nullopt);
+                      opt.ptime ? std::optional(versionRecord(s.store, version).creation.created) : std::nullopt);
         bytes += static_cast<long long>(data.size());
         s.print(message(Msg::Loading, {rel(file), std::to_string(data.size())}));
     }
@@ -151,11 +151,10 @@ void updateView(Session& s, const View& view, const UpdateOptions& options)
         s.print(message(Msg::DoneLoading, {vob.tag, std::to_string(pass.objects), std::to_string((pass.bytes + 1023) / 1024)}));
     }
     // Whatever was loaded before and is no longer selected leaves the view.
-    Stmt q = s.store.query("SELECT element_id FROM loaded WHERE view_id=?", view.id);
     std::vector<Id> gone;
-    while (q.step()) {
-        if (!pass.kept.count(q.integer(0)))
-            gone.push_back(q.integer(0));
+    for (Id element : loadedElements(s.store, view.id)) {
+        if (!pass.kept.count(element))
+            gone.push_back(element);
     }
     for (Id element : gone) {
         const Id vob = vobOfElement(s.store, element);
@@ -166,9 +165,9 @@ void updateView(Session& s, const View& view, const UpdateOptions& options)
             s.files.remove(file);
     }
     if (!options.print) {
-        s.store.run("DELETE FROM loaded WHERE view_id=?", view.id);
+        clearLoaded(s.store, view.id);
         for (auto [element, version] : pass.kept)
-            s.store.run("INSERT INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element, version);
+            setLoaded(s.store, view.id, element, version);
     }
     const fs::path logFile =
         options.log ? s.resolve(*options.log).abs : view.root / ("update." + formatStamp(s.env.now) + ".updt");
