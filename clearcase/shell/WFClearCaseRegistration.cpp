@@ -19,6 +19,7 @@
 #include "WFClearCaseMakeElementAction.h"
 #include "WFClearCaseMkLbTypeAction.h"
 #include "WFClearCaseOptions.h"
+#include "WFClearCaseQuerySession.h"
 #include "WFClearCaseSetActivityAction.h"
 #include "WFClearCaseSetConfigSpecAction.h"
 #include "WFClearCaseUnCheckOutAction.h"
@@ -121,6 +122,7 @@ void ClearCaseRegister(bool registerPages)
     }
     if (!registerPages)
         return;
+    SetClearCaseDesignTime(true);
     WFOptionsServices().RegisterOptionsPages(ClearCaseOptionsClass(), {page("TClearCaseOptionsFrame")});
     // The host keys pages by class name alone.
     for (const auto& row : ClearCaseActionPages())
