@@ -2,9 +2,13 @@
 
 #include "Commands.h"
 #include "Messages.h"
+#include "Session.h"
 
 #include <cstdlib>
 #include <iostream>
+#include <memory>
+
+#include <sys/stat.h>
 
 namespace ccsim {
 
@@ -33,6 +37,27 @@ std::optional<std::string> readCommand(std::istream& in)
         return command;
     return std::nullopt;
 }
+
+/// The store kept open across sub-commands, reopened when its file was replaced or removed.
+class KeptStore {
+public:
+    std::unique_ptr<Store>* get()
+    {
+        struct stat info {};
+        const std::string path = (readEnvironment().home / "ccsim.db").string();
+        const bool found = ::stat(path.c_str(), &info) == 0;
+        if (!found || info.st_ino != m_inode || info.st_dev != m_device)
+            m_store.reset();
+        m_inode = found ? info.st_ino : 0;
+        m_device = found ? info.st_dev : 0;
+        return &m_store;
+    }
+
+private:
+    std::unique_ptr<Store> m_store;
+    ino_t m_inode = 0;
+    dev_t m_device = 0;
+};
 
 int changeDirectory(const std::vector<std::string>& words, std::filesystem::path& cwd, std::ostream& err)
 {
@@ -109,6 +134,7 @@ int runInteractive(const std::vector<std::string>& args, const std::filesystem::
         exitOnError = exitOnError || arg == "-e";
     }
     std::filesystem::path cwd = start;
+    KeptStore store;
     int number = 0;
     for (;;) {
         out << kPrompt << std::flush;
@@ -128,7 +154,7 @@ int runInteractive(const std::vector<std::string>& args, const std::filesystem::
         else if (words->front() == "pwd")
             out << cwd.string() << '\n', status = 0;
         else
-            status = runCleartool(*words, cwd, out, err, in);
+            status = runCleartool(*words, cwd, out, err, in, store.get());
         if (reportStatus)
             out << "Command " << ++number << " returned status " << status << '\n';
         out.flush();
