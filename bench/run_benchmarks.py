@@ -207,7 +207,7 @@ def session_section(s):
             "and that path is asked one process per query from then on; one that dies is replaced at the next "
             "query; one that stays silent as long as a single query may is killed and the query yields "
             "nothing, as a silent single process would. The simulator keeps its store open between the "
-            "sub-commands of a session, so the figures show what one start per query costs.", ""]
+            "sub-commands of a session: there a query costs its own work, without a program start or a store opening.", ""]
 
 
 def splice(document, section):
