@@ -1,7 +1,7 @@
 // Loads, validates and saves generated projects of the sizes given, with the real package
 // registered, and prints one line per size: actions, load, validate, save (seconds).
 #include "WFAction.h"
-#include "WFClearCaseRegistration.h"
+#include "shell/WFClearCaseRegistration.h"
 #include "WFFiles.h"
 #include "WFIniFile.h"
 #include "WFProject.h"

@@ -1,7 +1,7 @@
 // Times the all-components query against the cleartool the options name, and the same command
 // lines started directly, so the share of time spent outside cleartool shows.
-#include "WFClearCaseOptions.h"
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseOptions.h"
+#include "environment/WFClearCaseUtils.h"
 #include "WFCommandLine.h"
 #include "WFServices.h"
 

@@ -1,9 +1,9 @@
 // Times design-time queries with one cleartool process per query and through the query
 // session, side by side: the all-components query, and the queries the "New Baseline" page
 // makes when it opens (every component of every VOB, then the activities of its view).
-#include "WFClearCaseOptions.h"
-#include "WFClearCaseQuerySession.h"
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseOptions.h"
+#include "environment/WFClearCaseQuerySession.h"
+#include "environment/WFClearCaseUtils.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "WFClearCaseApplyAttributeObjectsAction.h"
+#include "actions/WFClearCaseApplyAttributeObjectsAction.h"
 
 TClearCaseApplyAttributeObjectsAction::TClearCaseApplyAttributeObjectsAction()
 {
@@ -9,7 +9,7 @@ TClearCaseApplyAttributeObjectsAction::TClearCaseApplyAttributeObjectsAction()
     PublishUseDefaultAttributeValue();
     PublishObjectsStorageString();
     PublishVOBSelector();
-    PublishBoolean("Replace", [this] { return m_replace; }, [this](bool v) { m_replace = v; });
+    PublishBoolean("Replace", &m_replace);
 }
 
 bool TClearCaseApplyAttributeObjectsAction::GetCommandLine(ICommandLineBuilder& builder)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAttributeAction.h"
+#include "actions/WFClearCaseBaseAttributeAction.h"
 
 #include <string>
 
@@ -9,15 +9,10 @@ class TClearCaseApplyAttributeObjectsAction : public TClearCaseBaseAttributeActi
 public:
     TClearCaseApplyAttributeObjectsAction();
 
-    static std::string ActionName() { return "ClearCase Apply Attribute (Objects)"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkattr"; }
-    int GetHelpTopicID() const override { return 4540; }
     /// "-replace", comment, attribute and value, object selectors; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetReplace() const { return m_replace; }
-    void SetReplace(bool value) { m_replace = value; }
 
 private:
     bool m_replace = false;

@@ -1,4 +1,4 @@
-#include "WFClearCaseApplyAttributePathNamesAction.h"
+#include "actions/WFClearCaseApplyAttributePathNamesAction.h"
 
 TClearCaseApplyAttributePathNamesAction::TClearCaseApplyAttributePathNamesAction()
 {
@@ -11,17 +11,14 @@ TClearCaseApplyAttributePathNamesAction::TClearCaseApplyAttributePathNamesAction
     PublishVersionSelector();
     PublishUseVersionSelector();
     PublishVOBSelector();
-    PublishBoolean("Replace", [this] { return m_replace; }, [this](bool v) { m_replace = v; });
-    PublishBoolean("Recurse", [this] { return m_recurse; }, [this](bool v) { m_recurse = v; });
+    PublishBoolean("Replace", &m_replace);
+    PublishBoolean("Recurse", &m_recurse);
 }
 
 bool TClearCaseApplyAttributePathNamesAction::GetCommandLine(ICommandLineBuilder& builder)
 {
     bool result = TClearCaseBaseAction::GetCommandLine(builder);
-    if (m_replace)
-        addPlain(builder, "-replace");
-    if (m_recurse)
-        addPlain(builder, "-recurse");
+    addSwitches(builder, {{m_replace, "-replace"}, {m_recurse, "-recurse"}});
     if (GetUseVersionSelector())
         result = AddVersionSelector(builder) && result;
     // "-pname" stands before the comment and the attribute, as the system has always written it.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAttributeAction.h"
+#include "actions/WFClearCaseBaseAttributeAction.h"
 
 #include <string>
 
@@ -10,19 +10,12 @@ class TClearCaseApplyAttributePathNamesAction : public TClearCaseBaseAttributeAc
 public:
     TClearCaseApplyAttributePathNamesAction();
 
-    static std::string ActionName() { return "ClearCase Apply Attribute (Paths)"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkattr"; }
-    int GetHelpTopicID() const override { return 4540; }
     bool GetActionDoesNotUseViewContext() override { return true; }
     /// "-replace", "-recurse", the version selector, "-pname", comment, attribute and value,
     /// path names; every step runs and the results are ANDed.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetRecurse() const { return m_recurse; }
-    void SetRecurse(bool value) { m_recurse = value; }
-    bool GetReplace() const { return m_replace; }
-    void SetReplace(bool value) { m_replace = value; }
 
 private:
     bool m_recurse = false;

@@ -1,10 +1,10 @@
-#include "WFClearCaseApplyLabelAction.h"
+#include "actions/WFClearCaseApplyLabelAction.h"
 
 TClearCaseApplyLabelAction::TClearCaseApplyLabelAction()
 {
-    PublishBoolean("Replace", [this] { return m_replace; }, [this](bool v) { m_replace = v; });
-    PublishBoolean("Recurse", [this] { return m_recurse; }, [this](bool v) { m_recurse = v; });
-    PublishBoolean("FollowLinks", [this] { return m_followLinks; }, [this](bool v) { m_followLinks = v; });
+    PublishBoolean("Replace", &m_replace);
+    PublishBoolean("Recurse", &m_recurse);
+    PublishBoolean("FollowLinks", &m_followLinks);
     PublishComment();
     PublishNoComment();
     PublishLabelTypeName();
@@ -19,12 +19,7 @@ TClearCaseApplyLabelAction::TClearCaseApplyLabelAction()
 bool TClearCaseApplyLabelAction::GetCommandLine(ICommandLineBuilder& builder)
 {
     bool result = TClearCaseBaseAction::GetCommandLine(builder);
-    if (m_replace)
-        addPlain(builder, "-replace");
-    if (m_recurse)
-        addPlain(builder, "-recurse");
-    if (m_followLinks)
-        addPlain(builder, "-follow");
+    addSwitches(builder, {{m_replace, "-replace"}, {m_recurse, "-recurse"}, {m_followLinks, "-follow"}});
     result = AddVersionSelector(builder) && result;
     result = AddComment(builder) && result;
     result = AddLabelTypeName(builder) && result;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
@@ -9,19 +9,10 @@ class TClearCaseApplyLabelAction : public TClearCaseBaseAction {
 public:
     TClearCaseApplyLabelAction();
 
-    static std::string ActionName() { return "ClearCase Apply Label"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mklabel"; }
-    int GetHelpTopicID() const override { return 4520; }
     /// Every step runs; the AND of the base step and the four shared steps.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetFollowLinks() const { return m_followLinks; }
-    void SetFollowLinks(bool value) { m_followLinks = value; }
-    bool GetRecurse() const { return m_recurse; }
-    void SetRecurse(bool value) { m_recurse = value; }
-    bool GetReplace() const { return m_replace; }
-    void SetReplace(bool value) { m_replace = value; }
 
 private:
     bool m_followLinks = false;

@@ -1,6 +1,6 @@
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
-#include "WFClearCaseOptions.h"
+#include "environment/WFClearCaseOptions.h"
 #include "WFFiles.h"
 
 namespace {
@@ -30,11 +30,6 @@ const std::vector<std::string>& timeStampBehaviourMembers()
     return members;
 }
 
-std::string quotedIfBlank(const std::string& text)
-{
-    return text.find(' ') == std::string::npos ? text : "\"" + text + "\"";
-}
-
 TClearCaseBaseAction::TClearCaseBaseAction()
 {
     LogOutput = true;
@@ -48,11 +43,18 @@ void TClearCaseBaseAction::addPlain(ICommandLineBuilder& builder, const std::str
     builder.AddArgument(text, std::string(), akPlain);
 }
 
+void TClearCaseBaseAction::addSwitches(ICommandLineBuilder& builder, std::initializer_list<TSwitch> switches)
+{
+    for (const TSwitch& entry : switches)
+        if (entry.on)
+            addPlain(builder, entry.text);
+}
+
 // --- Published properties -------------------------------------------------------------
 
 void TClearCaseBaseAction::PublishComment()
 {
-    PublishString("Comment", [this] { return GetComment(); }, [this](const std::string& v) { SetComment(v); });
+    PublishString("Comment", &m_comment);
 }
 
 void TClearCaseBaseAction::PublishNoComment()
@@ -74,37 +76,32 @@ void TClearCaseBaseAction::PublishObjectsStorageString()
 
 void TClearCaseBaseAction::PublishViewContextPath()
 {
-    PublishString("ViewContextPath", [this] { return GetViewContextPath(); },
-                  [this](const std::string& v) { SetViewContextPath(v); });
+    PublishString("ViewContextPath", &m_viewContextPath);
 }
 
 void TClearCaseBaseAction::PublishUseDefaultViewContext()
 {
-    PublishBoolean("UseDefaultViewContext", [this] { return GetUseDefaultViewContext(); },
-                   [this](bool v) { SetUseDefaultViewContext(v); });
+    PublishBoolean("UseDefaultViewContext", &m_useDefaultViewContext);
 }
 
 void TClearCaseBaseAction::PublishVOBSelector()
 {
-    PublishString("VOBSelector", [this] { return GetVOBSelector(); }, [this](const std::string& v) { SetVOBSelector(v); });
+    PublishString("VOBSelector", &m_vobSelector);
 }
 
 void TClearCaseBaseAction::PublishLabelTypeName()
 {
-    PublishString("LabelTypeName", [this] { return GetLabelTypeName(); },
-                  [this](const std::string& v) { SetLabelTypeName(v); });
+    PublishString("LabelTypeName", &m_labelTypeName);
 }
 
 void TClearCaseBaseAction::PublishVersionSelector()
 {
-    PublishString("VersionSelector", [this] { return GetVersionSelector(); },
-                  [this](const std::string& v) { SetVersionSelector(v); });
+    PublishString("VersionSelector", &m_versionSelector);
 }
 
 void TClearCaseBaseAction::PublishUseVersionSelector()
 {
-    PublishBoolean("UseVersionSelector", [this] { return GetUseVersionSelector(); },
-                   [this](bool v) { SetUseVersionSelector(v); });
+    PublishBoolean("UseVersionSelector", &m_useVersionSelector);
 }
 
 // --- Storage strings ------------------------------------------------------------------
@@ -161,12 +158,17 @@ bool TClearCaseBaseAction::Validate(IWFActionValidationError& errors)
 
 std::string TClearCaseBaseAction::GetQuickHelpFilename() const
 {
-    return "Plugins\\ClearCase.html";
+    return kClearCaseHelpFile;
 }
 
 int TClearCaseBaseAction::GetHelpTopicID() const
 {
-    return 4430;
+    return m_identity ? m_identity->helpTopic : 4430;
+}
+
+std::string TClearCaseBaseAction::GetActionName() const
+{
+    return m_identity ? m_identity->displayName : TWFExecuteAbstractAction::GetActionName();
 }
 
 std::string TClearCaseBaseAction::GetExecutable()
@@ -241,7 +243,7 @@ bool TClearCaseBaseAction::AddComment(ICommandLineBuilder& builder)
         return false;
     // The stored flag decides, not the NoComment property (which reads true for an empty comment).
     if (!m_noComment && !comment.empty())
-        addPlain(builder, "-c \"" + comment + "\"");
+        addPlain(builder, "-c " + quoted(comment));
     else
         addPlain(builder, "-nc");
     return true;
@@ -258,7 +260,7 @@ bool TClearCaseBaseAction::AddPathNames(ICommandLineBuilder& builder)
         std::string expanded;
         if (!TryExpandExpression("Pathname", pathName, expanded, true))
             return false;
-        addPlain(builder, "\"" + expanded + "\"");
+        addPlain(builder, quoted(expanded));
     }
     return true;
 }

@@ -1,4 +1,4 @@
-#include "WFClearCaseBaseAttributeAction.h"
+#include "actions/WFClearCaseBaseAttributeAction.h"
 
 const std::vector<std::string>& attributeTypeMembers()
 {
@@ -10,20 +10,17 @@ TClearCaseBaseAttributeAction::TClearCaseBaseAttributeAction() = default;
 
 void TClearCaseBaseAttributeAction::PublishAttributeName()
 {
-    PublishString("AttributeName", [this] { return m_attributeName; },
-                  [this](const std::string& v) { m_attributeName = v; });
+    PublishString("AttributeName", &m_attributeName);
 }
 
 void TClearCaseBaseAttributeAction::PublishAttributeValue()
 {
-    PublishString("AttributeValue", [this] { return m_attributeValue; },
-                  [this](const std::string& v) { m_attributeValue = v; });
+    PublishString("AttributeValue", &m_attributeValue);
 }
 
 void TClearCaseBaseAttributeAction::PublishUseDefaultAttributeValue()
 {
-    PublishBoolean("UseDefaultAttributeValue", [this] { return m_useDefaultAttributeValue; },
-                   [this](bool v) { m_useDefaultAttributeValue = v; });
+    PublishBoolean("UseDefaultAttributeValue", &m_useDefaultAttributeValue);
 }
 
 bool TClearCaseBaseAttributeAction::AddAttributeName(ICommandLineBuilder& builder)

@@ -1,4 +1,4 @@
-#include "WFClearCaseCheckInActivityAction.h"
+#include "actions/WFClearCaseCheckInActivityAction.h"
 
 TClearCaseCheckInActivityAction::TClearCaseCheckInActivityAction()
 {

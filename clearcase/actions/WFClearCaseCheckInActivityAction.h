@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseCheckInGenericAction.h"
+#include "actions/WFClearCaseCheckInGenericAction.h"
 
 #include <string>
 
@@ -9,9 +9,6 @@ class TClearCaseCheckInActivityAction : public TClearCaseCheckInGenericAction {
 public:
     TClearCaseCheckInActivityAction();
 
-    static std::string ActionName() { return "UCM Check In Files for Activity"; }
-    std::string GetActionName() const override { return ActionName(); }
-    int GetHelpTopicID() const override { return 4630; }
     /// The generic check-in line, then the activity operand; the AND of both.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 };

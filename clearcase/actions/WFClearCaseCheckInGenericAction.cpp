@@ -1,4 +1,4 @@
-#include "WFClearCaseCheckInGenericAction.h"
+#include "actions/WFClearCaseCheckInGenericAction.h"
 
 TClearCaseCheckInGenericAction::TClearCaseCheckInGenericAction()
 {
@@ -7,11 +7,11 @@ TClearCaseCheckInGenericAction::TClearCaseCheckInGenericAction()
     PublishNoComment();
     PublishViewContextPath();
     PublishUseDefaultViewContext();
-    PublishBoolean("NoWarnings", [this] { return m_noWarnings; }, [this](bool v) { m_noWarnings = v; });
-    PublishBoolean("Keep", [this] { return m_keep; }, [this](bool v) { m_keep = v; });
-    PublishBoolean("Remove", [this] { return m_remove; }, [this](bool v) { m_remove = v; });
-    PublishBoolean("PreserveTime", [this] { return m_preserveTime; }, [this](bool v) { m_preserveTime = v; });
-    PublishBoolean("IdenticalCheckin", [this] { return m_identicalCheckin; }, [this](bool v) { m_identicalCheckin = v; });
+    PublishBoolean("NoWarnings", &m_noWarnings);
+    PublishBoolean("Keep", &m_keep);
+    PublishBoolean("Remove", &m_remove);
+    PublishBoolean("PreserveTime", &m_preserveTime);
+    PublishBoolean("IdenticalCheckin", &m_identicalCheckin);
 }
 
 bool TClearCaseCheckInGenericAction::GetCommandLine(ICommandLineBuilder& builder)
@@ -20,15 +20,11 @@ bool TClearCaseCheckInGenericAction::GetCommandLine(ICommandLineBuilder& builder
         return false;
     // A comment that fails to expand does not fail a check-in (unlike a check-out).
     AddComment(builder);
-    if (m_noWarnings)
-        addPlain(builder, "-nwarn");
-    if (m_preserveTime)
-        addPlain(builder, "-ptime");
-    if (m_keep)
-        addPlain(builder, "-keep");
-    else if (m_remove)
-        addPlain(builder, "-rm");
-    if (m_identicalCheckin)
-        addPlain(builder, "-identical");
+    // Keep wins over Remove.
+    addSwitches(builder, {{m_noWarnings, "-nwarn"},
+                          {m_preserveTime, "-ptime"},
+                          {m_keep, "-keep"},
+                          {!m_keep && m_remove, "-rm"},
+                          {m_identicalCheckin, "-identical"}});
     return true;
 }

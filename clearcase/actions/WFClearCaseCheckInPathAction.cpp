@@ -1,4 +1,4 @@
-#include "WFClearCaseCheckInPathAction.h"
+#include "actions/WFClearCaseCheckInPathAction.h"
 
 TClearCaseCheckInPathAction::TClearCaseCheckInPathAction()
 {

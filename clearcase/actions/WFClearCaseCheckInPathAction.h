@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseCheckInGenericAction.h"
+#include "actions/WFClearCaseCheckInGenericAction.h"
 
 #include <string>
 
@@ -9,9 +9,6 @@ class TClearCaseCheckInPathAction : public TClearCaseCheckInGenericAction {
 public:
     TClearCaseCheckInPathAction();
 
-    static std::string ActionName() { return "ClearCase Check In"; }
-    std::string GetActionName() const override { return ActionName(); }
-    int GetHelpTopicID() const override { return 4470; }
     /// The generic check-in line, then the path names (always); the AND of both.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 };

@@ -1,4 +1,4 @@
-#include "WFClearCaseCheckOutAction.h"
+#include "actions/WFClearCaseCheckOutAction.h"
 
 const std::vector<std::string>& dataLocationMembers()
 {
@@ -19,31 +19,26 @@ TClearCaseCheckoutAction::TClearCaseCheckoutAction()
     PublishPathNameStorageString();
     PublishViewContextPath();
     PublishUseDefaultViewContext();
-    PublishBoolean("Reserved", [this] { return m_reserved; }, [this](bool v) { m_reserved = v; });
-    PublishBoolean("Unreserved", [this] { return m_unreserved; }, [this](bool v) { m_unreserved = v; });
-    PublishBoolean("PreserveTime", [this] { return m_preserveTime; }, [this](bool v) { m_preserveTime = v; });
+    PublishBoolean("Reserved", &m_reserved);
+    PublishBoolean("Unreserved", &m_unreserved);
+    PublishBoolean("PreserveTime", &m_preserveTime);
     PublishEnum("DataLocation", dataLocationMembers(), &m_dataLocation);
     PublishEnum("SelectionMode", checkOutSelectorMembers(), &m_selectionMode);
-    PublishString("OutExternalPath", [this] { return m_outExternalPath; },
-                  [this](const std::string& v) { m_outExternalPath = v; });
+    PublishString("OutExternalPath", &m_outExternalPath);
     PublishVersionSelector();
-    PublishString("BranchSelector", [this] { return m_branchSelector; },
-                  [this](const std::string& v) { m_branchSelector = v; });
+    PublishString("BranchSelector", &m_branchSelector);
 }
 
 bool TClearCaseCheckoutAction::GetCommandLine(ICommandLineBuilder& builder)
 {
     bool result = TClearCaseBaseAction::GetCommandLine(builder);
-    if (m_reserved)
-        addPlain(builder, "-reserved");
-    if (m_unreserved)
-        addPlain(builder, "-unreserved");
+    addSwitches(builder, {{m_reserved, "-reserved"}, {m_unreserved, "-unreserved"}});
 
     if (m_dataLocation == coOut) {
         std::string outPath;
         if (!TryExpandExpression("External Pathname", m_outExternalPath, outPath, true))
             return false;
-        addPlain(builder, "-out \"" + outPath + "\"");
+        addPlain(builder, "-out " + quoted(outPath));
     } else if (m_dataLocation == coNoData) {
         addPlain(builder, "-ndata");
     }
@@ -56,7 +51,7 @@ bool TClearCaseCheckoutAction::GetCommandLine(ICommandLineBuilder& builder)
         if (!TryExpandExpression(version ? "Version Selector" : "Branch Selector",
                                  version ? GetVersionSelector() : m_branchSelector, selector, true))
             return false;
-        addPlain(builder, (version ? "-version \"" : "-branch \"") + selector + "\"");
+        addPlain(builder, (version ? "-version " : "-branch ") + quoted(selector));
     }
 
     result = AddComment(builder) && result;

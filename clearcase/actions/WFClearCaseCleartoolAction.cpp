@@ -1,11 +1,11 @@
-#include "WFClearCaseCleartoolAction.h"
+#include "actions/WFClearCaseCleartoolAction.h"
 
 TClearCaseCleartoolAction::TClearCaseCleartoolAction()
 {
     PublishViewContextPath();
     PublishUseDefaultViewContext();
-    PublishString("Arguments", [this] { return m_arguments; }, [this](const std::string& v) { m_arguments = v; });
-    PublishString("Command", [this] { return m_command; }, [this](const std::string& v) { m_command = v; });
+    PublishString("Arguments", &m_arguments);
+    PublishString("Command", &m_command);
 }
 
 bool TClearCaseCleartoolAction::GetCommandLine(ICommandLineBuilder& builder)

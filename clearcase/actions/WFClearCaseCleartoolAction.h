@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
@@ -9,17 +9,11 @@ class TClearCaseCleartoolAction : public TClearCaseBaseAction {
 public:
     TClearCaseCleartoolAction();
 
-    static std::string ActionName() { return "ClearCase Run Cleartool (Generic)"; }
-    std::string GetActionName() const override { return ActionName(); }
     /// The stored Command, unchecked.
     std::string GetCommand() override { return m_command; }
-    int GetHelpTopicID() const override { return 4580; }
     /// Sub-command, then the expanded Arguments as one argument written unchanged.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    std::string GetArguments() const { return m_arguments; }
-    void SetArguments(const std::string& value) { m_arguments = value; }
-    void SetCommand(const std::string& value) { m_command = value; }
 
 private:
     std::string m_arguments;

@@ -1,12 +1,12 @@
-#include "WFClearCaseFindCheckoutsAction.h"
+#include "actions/WFClearCaseFindCheckoutsAction.h"
 
 TClearCaseFindCheckoutsAction::TClearCaseFindCheckoutsAction()
 {
     PublishViewContextPath();
     PublishUseDefaultViewContext();
-    PublishBoolean("WriteToVariable", [this] { return m_writeToVariable; }, [this](bool v) { m_writeToVariable = v; });
-    PublishString("VariableName", [this] { return m_variableName; }, [this](const std::string& v) { m_variableName = v; });
-    PublishBoolean("UseShort", [this] { return m_useShort; }, [this](bool v) { m_useShort = v; });
+    PublishBoolean("WriteToVariable", &m_writeToVariable);
+    PublishString("VariableName", &m_variableName);
+    PublishBoolean("UseShort", &m_useShort);
 }
 
 bool TClearCaseFindCheckoutsAction::GetCommandLine(ICommandLineBuilder& builder)

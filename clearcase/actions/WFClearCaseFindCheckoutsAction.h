@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
@@ -10,10 +10,7 @@ class TClearCaseFindCheckoutsAction : public TClearCaseBaseAction {
 public:
     TClearCaseFindCheckoutsAction();
 
-    static std::string ActionName() { return "ClearCase Find Checkouts"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "lscheckout"; }
-    int GetHelpTopicID() const override { return 4490; }
     /// Sub-command, then "-short" when UseShort.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
     /// The base step, then the variable (when defined) emptied.
@@ -21,12 +18,6 @@ public:
     /// The host's handling, then the chunk appended to the variable (when defined).
     void OnStdOutData(IWFProcess& process, const std::string& data) override;
 
-    bool GetWriteToVariable() const { return m_writeToVariable; }
-    void SetWriteToVariable(bool value) { m_writeToVariable = value; }
-    std::string GetVariableName() const { return m_variableName; }
-    void SetVariableName(const std::string& value) { m_variableName = value; }
-    bool GetUseShort() const { return m_useShort; }
-    void SetUseShort(bool value) { m_useShort = value; }
 
 private:
     bool m_writeToVariable = false;

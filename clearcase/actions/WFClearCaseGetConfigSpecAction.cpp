@@ -1,4 +1,6 @@
-#include "WFClearCaseGetConfigSpecAction.h"
+#include "actions/WFClearCaseGetConfigSpecAction.h"
+
+#include "WFInterrupt.h"
 
 #include <cerrno>
 
@@ -8,8 +10,8 @@
 /// A file opened for writing from its first byte without truncating it, closed on destruction.
 class TClearCaseGetConfigSpecAction::TOutputFile {
 public:
-    explicit TOutputFile(const std::string& path)
-        : m_fd(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666)) {}
+    /// A FIFO nobody reads would block the open: an interrupt still ends the wait.
+    explicit TOutputFile(const std::string& path) : m_fd(openInterruptibly(path, O_WRONLY | O_CREAT, 0666, m_error)) {}
     ~TOutputFile()
     {
         if (m_fd >= 0)
@@ -36,6 +38,7 @@ public:
     }
 
 private:
+    std::string m_error;
     int m_fd;
 };
 
@@ -43,9 +46,8 @@ TClearCaseGetConfigSpecAction::TClearCaseGetConfigSpecAction()
 {
     PublishViewContextPath();
     PublishUseDefaultViewContext();
-    PublishBoolean("OutputToFile", [this] { return m_outputToFile; }, [this](bool v) { m_outputToFile = v; });
-    PublishString("OutputFilePath", [this] { return m_outputFilePath; },
-                  [this](const std::string& v) { m_outputFilePath = v; });
+    PublishBoolean("OutputToFile", &m_outputToFile);
+    PublishString("OutputFilePath", &m_outputFilePath);
 }
 
 TClearCaseGetConfigSpecAction::~TClearCaseGetConfigSpecAction() = default;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <memory>
 #include <string>
@@ -11,10 +11,7 @@ public:
     TClearCaseGetConfigSpecAction();
     ~TClearCaseGetConfigSpecAction() override;
 
-    static std::string ActionName() { return "ClearCase Get Config Spec"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "catcs"; }
-    int GetHelpTopicID() const override { return 4590; }
     /// Opens the output file (an existing one without truncating it); a failure is logged
     /// and the command runs without a file.
     void AfterGetCommandLine() override;
@@ -23,10 +20,6 @@ public:
     /// Closes the file, then the host's interpretation of the exit code.
     bool InterpretResult(int exitCode) override;
 
-    bool GetOutputToFile() const { return m_outputToFile; }
-    void SetOutputToFile(bool value) { m_outputToFile = value; }
-    std::string GetOutputFilePath() const { return m_outputFilePath; }
-    void SetOutputFilePath(const std::string& value) { m_outputFilePath = value; }
 
 private:
     class TOutputFile;

@@ -1,11 +1,11 @@
-#include "WFClearCaseLockGenericAction.h"
+#include "actions/WFClearCaseLockGenericAction.h"
 
 TClearCaseLockGenericAction::TClearCaseLockGenericAction()
 {
-    PublishBoolean("Replace", [this] { return m_replace; }, [this](bool v) { m_replace = v; });
-    PublishBoolean("Obsolete", [this] { return m_obsolete; }, [this](bool v) { m_obsolete = v; });
-    PublishBoolean("UseNUsers", [this] { return m_useNUsers; }, [this](bool v) { m_useNUsers = v; });
-    PublishString("NUsersList", [this] { return m_nusersList; }, [this](const std::string& v) { m_nusersList = v; });
+    PublishBoolean("Replace", &m_replace);
+    PublishBoolean("Obsolete", &m_obsolete);
+    PublishBoolean("UseNUsers", &m_useNUsers);
+    PublishString("NUsersList", &m_nusersList);
     PublishComment();
     PublishNoComment();
 }

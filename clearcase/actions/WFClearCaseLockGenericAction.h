@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
@@ -10,19 +10,10 @@ public:
     TClearCaseLockGenericAction();
 
     std::string GetCommand() override { return "lock"; }
-    int GetHelpTopicID() const override { return 4560; }
     /// Sub-command, "-replace", "-nusers" with its list or else "-obsolete", the comment; the
     /// AND of the base step and the comment.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetUseNUsers() const { return m_useNUsers; }
-    void SetUseNUsers(bool value) { m_useNUsers = value; }
-    bool GetObsolete() const { return m_obsolete; }
-    void SetObsolete(bool value) { m_obsolete = value; }
-    bool GetReplace() const { return m_replace; }
-    void SetReplace(bool value) { m_replace = value; }
-    std::string GetNUsersList() const { return m_nusersList; }
-    void SetNUsersList(const std::string& value) { m_nusersList = value; }
 
 private:
     bool m_useNUsers = false;

@@ -1,4 +1,4 @@
-#include "WFClearCaseLockObjectsAction.h"
+#include "actions/WFClearCaseLockObjectsAction.h"
 
 TClearCaseLockObjectsAction::TClearCaseLockObjectsAction()
 {

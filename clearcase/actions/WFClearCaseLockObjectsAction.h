@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseLockGenericAction.h"
+#include "actions/WFClearCaseLockGenericAction.h"
 
 #include <string>
 
@@ -9,8 +9,6 @@ class TClearCaseLockObjectsAction : public TClearCaseLockGenericAction {
 public:
     TClearCaseLockObjectsAction();
 
-    static std::string ActionName() { return "ClearCase Lock (Objects)"; }
-    std::string GetActionName() const override { return ActionName(); }
     /// The lock options, then the object selectors; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 };

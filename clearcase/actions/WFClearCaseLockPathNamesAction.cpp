@@ -1,4 +1,4 @@
-#include "WFClearCaseLockPathNamesAction.h"
+#include "actions/WFClearCaseLockPathNamesAction.h"
 
 TClearCaseLockPathNamesAction::TClearCaseLockPathNamesAction()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseLockGenericAction.h"
+#include "actions/WFClearCaseLockGenericAction.h"
 
 #include <string>
 
@@ -9,8 +9,6 @@ class TClearCaseLockPathNamesAction : public TClearCaseLockGenericAction {
 public:
     TClearCaseLockPathNamesAction();
 
-    static std::string ActionName() { return "ClearCase Lock (Paths)"; }
-    std::string GetActionName() const override { return ActionName(); }
     /// The lock options, "-pname", the path names; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 };

@@ -1,4 +1,4 @@
-#include "WFClearCaseMakeActivityAction.h"
+#include "actions/WFClearCaseMakeActivityAction.h"
 
 TClearCaseMakeActivityAction::TClearCaseMakeActivityAction()
 {
@@ -8,9 +8,9 @@ TClearCaseMakeActivityAction::TClearCaseMakeActivityAction()
     PublishUseDefaultViewContext();
     PublishComment();
     PublishNoComment();
-    PublishBoolean("AutoGenerateName", [this] { return m_autoGenerateName; }, [this](bool v) { m_autoGenerateName = v; });
-    PublishBoolean("DontSetAsCurrent", [this] { return m_dontSetAsCurrent; }, [this](bool v) { m_dontSetAsCurrent = v; });
-    PublishString("Headline", [this] { return m_headline; }, [this](const std::string& v) { m_headline = v; });
+    PublishBoolean("AutoGenerateName", &m_autoGenerateName);
+    PublishBoolean("DontSetAsCurrent", &m_dontSetAsCurrent);
+    PublishString("Headline", &m_headline);
 }
 
 bool TClearCaseMakeActivityAction::GetCommandLine(ICommandLineBuilder& builder)
@@ -21,7 +21,7 @@ bool TClearCaseMakeActivityAction::GetCommandLine(ICommandLineBuilder& builder)
         std::string headline;
         if (!TryExpandExpression("Headline", m_headline, headline, true))
             return false;
-        addPlain(builder, "-headline \"" + headline + "\"");
+        addPlain(builder, "-headline " + quoted(headline));
     }
     if (m_dontSetAsCurrent)
         addPlain(builder, "-nset");

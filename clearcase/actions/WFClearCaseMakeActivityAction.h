@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseUCMAction.h"
+#include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 
@@ -9,20 +9,11 @@ class TClearCaseMakeActivityAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeActivityAction();
 
-    static std::string ActionName() { return "UCM Make Activity"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkactivity"; }
-    int GetHelpTopicID() const override { return 4610; }
     /// Sub-command, comment, the quoted headline, "-nset", "-force", the activity operand;
     /// a headline that fails to expand stops at once.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetDontSetAsCurrent() const { return m_dontSetAsCurrent; }
-    void SetDontSetAsCurrent(bool value) { m_dontSetAsCurrent = value; }
-    bool GetAutoGenerateName() const { return m_autoGenerateName; }
-    void SetAutoGenerateName(bool value) { m_autoGenerateName = value; }
-    std::string GetHeadline() const { return m_headline; }
-    void SetHeadline(const std::string& value) { m_headline = value; }
 
 private:
     bool m_dontSetAsCurrent = false;

@@ -1,4 +1,4 @@
-#include "WFClearCaseMakeAttributeTypeAction.h"
+#include "actions/WFClearCaseMakeAttributeTypeAction.h"
 
 const std::vector<std::string>& labelConstraintsMembers()
 {
@@ -13,19 +13,19 @@ TClearCaseMakeAttributeTypeAction::TClearCaseMakeAttributeTypeAction()
     PublishAttributeName();
     PublishVOBSelector();
     PublishEnum("Constraints", labelConstraintsMembers(), &m_constraints);
-    PublishBoolean("Global", [this] { return m_global; }, [this](bool v) { m_global = v; });
-    PublishBoolean("Acquire", [this] { return m_acquire; }, [this](bool v) { m_acquire = v; });
+    PublishBoolean("Global", &m_global);
+    PublishBoolean("Acquire", &m_acquire);
     PublishEnum("NewAttributeType", attributeTypeMembers(), &m_newAttributeType);
-    PublishString("DefaultValue", [this] { return m_defaultValue; }, [this](const std::string& v) { m_defaultValue = v; });
-    PublishBoolean("UseDefaultValue", [this] { return m_useDefaultValue; }, [this](bool v) { m_useDefaultValue = v; });
-    PublishBoolean("Replace", [this] { return m_replace; }, [this](bool v) { m_replace = v; });
-    PublishBoolean("Shared", [this] { return m_shared; }, [this](bool v) { m_shared = v; });
-    PublishString("MinValue", [this] { return m_minValue; }, [this](const std::string& v) { m_minValue = v; });
-    PublishString("MaxValue", [this] { return m_maxValue; }, [this](const std::string& v) { m_maxValue = v; });
-    PublishBoolean("MinInclusive", [this] { return m_minInclusive; }, [this](bool v) { m_minInclusive = v; });
-    PublishBoolean("MaxInclusive", [this] { return m_maxInclusive; }, [this](bool v) { m_maxInclusive = v; });
-    PublishBoolean("UseMin", [this] { return m_useMin; }, [this](bool v) { m_useMin = v; });
-    PublishBoolean("UseMax", [this] { return m_useMax; }, [this](bool v) { m_useMax = v; });
+    PublishString("DefaultValue", &m_defaultValue);
+    PublishBoolean("UseDefaultValue", &m_useDefaultValue);
+    PublishBoolean("Replace", &m_replace);
+    PublishBoolean("Shared", &m_shared);
+    PublishString("MinValue", &m_minValue);
+    PublishString("MaxValue", &m_maxValue);
+    PublishBoolean("MinInclusive", &m_minInclusive);
+    PublishBoolean("MaxInclusive", &m_maxInclusive);
+    PublishBoolean("UseMin", &m_useMin);
+    PublishBoolean("UseMax", &m_useMax);
 }
 
 bool TClearCaseMakeAttributeTypeAction::GetCommandLine(ICommandLineBuilder& builder)

@@ -1,4 +1,4 @@
-#include "WFClearCaseMakeBaselineAction.h"
+#include "actions/WFClearCaseMakeBaselineAction.h"
 
 const std::vector<std::string>& selectionTypeMembers()
 {
@@ -15,13 +15,10 @@ const std::vector<std::string>& labelBehaviourMembers()
 TClearCaseMakeBaselineAction::TClearCaseMakeBaselineAction()
 {
     PublishEnum("SelectionType", selectionTypeMembers(), &m_selectionType);
-    PublishBoolean("SelectIdenticalComponents", [this] { return m_selectIdenticalComponents; },
-                   [this](bool v) { m_selectIdenticalComponents = v; });
+    PublishBoolean("SelectIdenticalComponents", &m_selectIdenticalComponents);
     PublishEnum("Labelling", labelBehaviourMembers(), &m_labelling);
-    PublishString("BaselineRootName", [this] { return m_baselineRootName; },
-                  [this](const std::string& v) { m_baselineRootName = v; });
-    PublishBoolean("UseBaselineNameTemplate", [this] { return m_useBaselineNameTemplate; },
-                   [this](bool v) { m_useBaselineNameTemplate = v; });
+    PublishString("BaselineRootName", &m_baselineRootName);
+    PublishBoolean("UseBaselineNameTemplate", &m_useBaselineNameTemplate);
     PublishComment();
     PublishNoComment();
     PublishViewContextPath();

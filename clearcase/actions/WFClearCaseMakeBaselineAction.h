@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseUCMAction.h"
+#include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 #include <vector>
@@ -17,24 +17,11 @@ class TClearCaseMakeBaselineAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeBaselineAction();
 
-    static std::string ActionName() { return "UCM Make Baseline"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkbl"; }
-    int GetHelpTopicID() const override { return 4650; }
     /// Sub-command, comment, the selection, "-identical", the labelling switch, the root
     /// name; every step runs and the results are ANDed.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetSelectIdenticalComponents() const { return m_selectIdenticalComponents; }
-    void SetSelectIdenticalComponents(bool value) { m_selectIdenticalComponents = value; }
-    TLabelBehaviour GetLabelling() const { return m_labelling; }
-    void SetLabelling(TLabelBehaviour value) { m_labelling = value; }
-    std::string GetBaselineRootName() const { return m_baselineRootName; }
-    void SetBaselineRootName(const std::string& value) { m_baselineRootName = value; }
-    bool GetUseBaselineNameTemplate() const { return m_useBaselineNameTemplate; }
-    void SetUseBaselineNameTemplate(bool value) { m_useBaselineNameTemplate = value; }
-    TSelectionType GetSelectionType() const { return m_selectionType; }
-    void SetSelectionType(TSelectionType value) { m_selectionType = value; }
 
 private:
     bool m_selectIdenticalComponents = false;

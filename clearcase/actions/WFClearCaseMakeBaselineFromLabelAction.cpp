@@ -1,9 +1,8 @@
-#include "WFClearCaseMakeBaselineFromLabelAction.h"
+#include "actions/WFClearCaseMakeBaselineFromLabelAction.h"
 
 TClearCaseMakeBaselineFromLabelAction::TClearCaseMakeBaselineFromLabelAction()
 {
-    PublishBoolean("SpecifyComponents", [this] { return m_specifyComponents; },
-                   [this](bool v) { m_specifyComponents = v; });
+    PublishBoolean("SpecifyComponents", &m_specifyComponents);
     PublishComment();
     PublishNoComment();
     PublishViewContextPath();

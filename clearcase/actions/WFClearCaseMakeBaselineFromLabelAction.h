@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseUCMAction.h"
+#include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 
@@ -9,16 +9,11 @@ class TClearCaseMakeBaselineFromLabelAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeBaselineFromLabelAction();
 
-    static std::string ActionName() { return "UCM Make Baseline from Label"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mkbl"; }
-    int GetHelpTopicID() const override { return 4660; }
     /// Sub-command, comment, "-import", the component list (whose failure does not fail the
     /// run), the label type operand.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetSpecifyComponents() const { return m_specifyComponents; }
-    void SetSpecifyComponents(bool value) { m_specifyComponents = value; }
 
 private:
     bool m_specifyComponents = false;

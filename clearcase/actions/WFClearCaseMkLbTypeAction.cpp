@@ -1,12 +1,12 @@
-#include "WFClearCaseMkLbTypeAction.h"
+#include "actions/WFClearCaseMkLbTypeAction.h"
 
 TClearCaseMkLbTypeAction::TClearCaseMkLbTypeAction()
 {
-    PublishBoolean("MakeGlobal", [this] { return m_makeGlobal; }, [this](bool v) { m_makeGlobal = v; });
-    PublishBoolean("Acquire", [this] { return m_acquire; }, [this](bool v) { m_acquire = v; });
-    PublishBoolean("PBranch", [this] { return m_pbranch; }, [this](bool v) { m_pbranch = v; });
-    PublishBoolean("Shared", [this] { return m_shared; }, [this](bool v) { m_shared = v; });
-    PublishBoolean("Replace", [this] { return m_replace; }, [this](bool v) { m_replace = v; });
+    PublishBoolean("MakeGlobal", &m_makeGlobal);
+    PublishBoolean("Acquire", &m_acquire);
+    PublishBoolean("PBranch", &m_pbranch);
+    PublishBoolean("Shared", &m_shared);
+    PublishBoolean("Replace", &m_replace);
     PublishComment();
     PublishNoComment();
     PublishLabelTypeName();
@@ -33,10 +33,7 @@ bool TClearCaseMkLbTypeAction::GetCommandLine(ICommandLineBuilder& builder)
     } else {
         addPlain(builder, "-ordinary");
     }
-    if (m_pbranch)
-        addPlain(builder, "-pbranch");
-    if (m_shared)
-        addPlain(builder, "-shared");
+    addSwitches(builder, {{m_pbranch, "-pbranch"}, {m_shared, "-shared"}});
     result = AddComment(builder) && result;
     result = AddLabelTypeName(builder) && result;
     return result;

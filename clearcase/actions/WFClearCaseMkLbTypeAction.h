@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
@@ -9,24 +9,11 @@ class TClearCaseMkLbTypeAction : public TClearCaseBaseAction {
 public:
     TClearCaseMkLbTypeAction();
 
-    static std::string ActionName() { return "ClearCase Make Label Type"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "mklbtype"; }
-    int GetHelpTopicID() const override { return 4510; }
     bool GetActionDoesNotUseViewContext() override { return true; }
     /// Every step runs; a missing label type name or VOB is logged and fails the result.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetAcquire() const { return m_acquire; }
-    void SetAcquire(bool value) { m_acquire = value; }
-    bool GetPBranch() const { return m_pbranch; }
-    void SetPBranch(bool value) { m_pbranch = value; }
-    bool GetMakeGlobal() const { return m_makeGlobal; }
-    void SetMakeGlobal(bool value) { m_makeGlobal = value; }
-    bool GetShared() const { return m_shared; }
-    void SetShared(bool value) { m_shared = value; }
-    bool GetReplace() const { return m_replace; }
-    void SetReplace(bool value) { m_replace = value; }
 
 private:
     bool m_acquire = false;

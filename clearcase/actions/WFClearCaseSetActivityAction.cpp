@@ -1,4 +1,4 @@
-#include "WFClearCaseSetActivityAction.h"
+#include "actions/WFClearCaseSetActivityAction.h"
 
 TClearCaseSetActivityAction::TClearCaseSetActivityAction()
 {
@@ -7,8 +7,7 @@ TClearCaseSetActivityAction::TClearCaseSetActivityAction()
     PublishUseCurrentActivity();
     PublishViewContextPath();
     PublishUseDefaultViewContext();
-    PublishBoolean("SetActivityToNone", [this] { return m_setActivityToNone; },
-                   [this](bool v) { m_setActivityToNone = v; });
+    PublishBoolean("SetActivityToNone", &m_setActivityToNone);
 }
 
 bool TClearCaseSetActivityAction::GetCommandLine(ICommandLineBuilder& builder)

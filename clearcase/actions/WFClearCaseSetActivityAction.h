@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseUCMAction.h"
+#include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 
@@ -9,15 +9,10 @@ class TClearCaseSetActivityAction : public TClearCaseUCMAction {
 public:
     TClearCaseSetActivityAction();
 
-    static std::string ActionName() { return "UCM Set Current Activity"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "setactivity"; }
-    int GetHelpTopicID() const override { return 4620; }
     /// Sub-command, comment, then "-none" or the activity operand; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetSetActivityToNone() const { return m_setActivityToNone; }
-    void SetSetActivityToNone(bool value) { m_setActivityToNone = value; }
 
 private:
     bool m_setActivityToNone = false;

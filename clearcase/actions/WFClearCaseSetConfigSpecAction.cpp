@@ -1,4 +1,4 @@
-#include "WFClearCaseSetConfigSpecAction.h"
+#include "actions/WFClearCaseSetConfigSpecAction.h"
 
 #include "WFFiles.h"
 
@@ -13,7 +13,7 @@ TClearCaseSetConfigSpecAction::TClearCaseSetConfigSpecAction()
     PublishViewContextPath();
     PublishUseDefaultViewContext();
     PublishEnum("CSpecChoice", configSpecTypeMembers(), &m_cspecChoice);
-    PublishString("CSFilePath", [this] { return m_csFilePath; }, [this](const std::string& v) { m_csFilePath = v; });
+    PublishString("CSFilePath", &m_csFilePath);
 }
 
 bool TClearCaseSetConfigSpecAction::GetCommandLine(ICommandLineBuilder& builder)
@@ -37,7 +37,7 @@ bool TClearCaseSetConfigSpecAction::GetCommandLine(ICommandLineBuilder& builder)
         if (!TryExpandExpression("Config Spec File", m_csFilePath, path, true)) {
             result = false;
         } else if (fileExists(path)) {
-            addPlain(builder, "\"" + path + "\"");
+            addPlain(builder, quoted(path));
         } else {
             SendMessage("Error: The file you have specified for the config spec does not exist.");
             result = false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 #include <vector>
@@ -14,17 +14,10 @@ class TClearCaseSetConfigSpecAction : public TClearCaseBaseAction {
 public:
     TClearCaseSetConfigSpecAction();
 
-    static std::string ActionName() { return "ClearCase Set Config Spec"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "setcs"; }
-    int GetHelpTopicID() const override { return 4600; }
     /// Sub-command, the mode switch, or for csFile the quoted (existing) file.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    TConfigSpecType GetCSpecChoice() const { return m_cspecChoice; }
-    void SetCSpecChoice(TConfigSpecType value) { m_cspecChoice = value; }
-    std::string GetCSFilePath() const { return m_csFilePath; }
-    void SetCSFilePath(const std::string& value) { m_csFilePath = value; }
 
 private:
     TConfigSpecType m_cspecChoice = csCurrent;

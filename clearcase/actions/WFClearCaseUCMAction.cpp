@@ -1,4 +1,4 @@
-#include "WFClearCaseUCMAction.h"
+#include "actions/WFClearCaseUCMAction.h"
 
 namespace {
 
@@ -26,8 +26,7 @@ void TClearCaseUCMAction::PublishActivityName()
 
 void TClearCaseUCMAction::PublishUseCurrentActivity()
 {
-    PublishBoolean("UseCurrentActivity", [this] { return GetUseCurrentActivity(); },
-                   [this](bool v) { SetUseCurrentActivity(v); });
+    PublishBoolean("UseCurrentActivity", &m_useCurrentActivity);
 }
 
 void TClearCaseUCMAction::PublishActivitySelectorStorageString()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 #include <vector>
@@ -24,8 +24,6 @@ public:
     std::string GetActivityName() const;
     /// Replaces the activity list by the one entry.
     void SetActivityName(const std::string& value);
-    bool GetUseCurrentActivity() const { return m_useCurrentActivity; }
-    void SetUseCurrentActivity(bool value) { m_useCurrentActivity = value; }
     std::string GetActivitySelectorStorageString() const { return stringListText(m_activities); }
     void SetActivitySelectorStorageString(const std::string& value) { m_activities = splitStringListText(value); }
     std::string GetComponentSelectorStorageString() const { return stringListText(m_components); }

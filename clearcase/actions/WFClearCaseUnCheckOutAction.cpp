@@ -1,8 +1,8 @@
-#include "WFClearCaseUnCheckOutAction.h"
+#include "actions/WFClearCaseUnCheckOutAction.h"
 
 TClearCaseUnCheckOutAction::TClearCaseUnCheckOutAction()
 {
-    PublishBoolean("Keep", [this] { return m_keep; }, [this](bool v) { m_keep = v; });
+    PublishBoolean("Keep", &m_keep);
     PublishPathNameStorageString();
     PublishViewContextPath();
     PublishUseDefaultViewContext();

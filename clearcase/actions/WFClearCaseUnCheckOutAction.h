@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
@@ -9,15 +9,10 @@ class TClearCaseUnCheckOutAction : public TClearCaseBaseAction {
 public:
     TClearCaseUnCheckOutAction();
 
-    static std::string ActionName() { return "ClearCase Undo Checkout"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "uncheckout"; }
-    int GetHelpTopicID() const override { return 4480; }
     /// Sub-command, "-keep" or "-rm", the path names; the AND of the base step and the path names.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetKeep() const { return m_keep; }
-    void SetKeep(bool value) { m_keep = value; }
 
 private:
     bool m_keep = false;

@@ -1,4 +1,4 @@
-#include "WFClearCaseUnCheckOutActivityAction.h"
+#include "actions/WFClearCaseUnCheckOutActivityAction.h"
 
 TClearCaseUnCheckOutActivityAction::TClearCaseUnCheckOutActivityAction()
 {

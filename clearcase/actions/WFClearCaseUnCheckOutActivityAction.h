@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseUnCheckOutAction.h"
+#include "actions/WFClearCaseUnCheckOutAction.h"
 
 #include <string>
 
@@ -10,9 +10,6 @@ class TClearCaseUnCheckOutActivityAction : public TClearCaseUnCheckOutAction {
 public:
     TClearCaseUnCheckOutActivityAction();
 
-    static std::string ActionName() { return "UCM Undo Checkouts for Activity"; }
-    std::string GetActionName() const override { return ActionName(); }
-    int GetHelpTopicID() const override { return 4640; }
     /// The undo-check-out line; after a successful one, an error when no view is named.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
     /// "-cact" in place of the path names.

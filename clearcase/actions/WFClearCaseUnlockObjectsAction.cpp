@@ -1,4 +1,4 @@
-#include "WFClearCaseUnlockObjectsAction.h"
+#include "actions/WFClearCaseUnlockObjectsAction.h"
 
 TClearCaseUnlockObjectsAction::TClearCaseUnlockObjectsAction()
 {

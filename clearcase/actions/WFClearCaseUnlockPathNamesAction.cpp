@@ -1,4 +1,4 @@
-#include "WFClearCaseUnlockPathNamesAction.h"
+#include "actions/WFClearCaseUnlockPathNamesAction.h"
 
 TClearCaseUnlockPathNamesAction::TClearCaseUnlockPathNamesAction()
 {

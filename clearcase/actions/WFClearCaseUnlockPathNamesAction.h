@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
@@ -9,10 +9,7 @@ class TClearCaseUnlockPathNamesAction : public TClearCaseBaseAction {
 public:
     TClearCaseUnlockPathNamesAction();
 
-    static std::string ActionName() { return "ClearCase Unlock (Paths)"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "unlock"; }
-    int GetHelpTopicID() const override { return 4570; }
     /// Sub-command, comment, "-pname", the path names; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 };

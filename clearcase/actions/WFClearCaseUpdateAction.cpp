@@ -1,4 +1,4 @@
-#include "WFClearCaseUpdateAction.h"
+#include "actions/WFClearCaseUpdateAction.h"
 
 const std::vector<std::string>& hijackModeMembers()
 {
@@ -8,7 +8,7 @@ const std::vector<std::string>& hijackModeMembers()
 
 TClearCaseUpdateAction::TClearCaseUpdateAction()
 {
-    PublishBoolean("PretendOnly", [this] { return m_pretendOnly; }, [this](bool v) { m_pretendOnly = v; });
+    PublishBoolean("PretendOnly", &m_pretendOnly);
     PublishEnum("UpdateTimestamp", timeStampBehaviourMembers(), &m_updateTimestamp);
     PublishEnum("HijackMode", hijackModeMembers(), &m_hijackMode);
     PublishViewContextPath();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 #include <vector>
@@ -14,21 +14,12 @@ class TClearCaseUpdateAction : public TClearCaseBaseAction {
 public:
     TClearCaseUpdateAction();
 
-    static std::string ActionName() { return "ClearCase Update Snapshot View"; }
-    std::string GetActionName() const override { return ActionName(); }
     std::string GetCommand() override { return "update"; }
-    int GetHelpTopicID() const override { return 4440; }
     /// The base checks, then an error under "Update Options" when no view is named.
     bool Validate(IWFActionValidationError& errors) override;
     /// Sub-command, "-print", then (only with a view) "-force", the hijack and time stamp switches.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
-    bool GetPretendOnly() const { return m_pretendOnly; }
-    void SetPretendOnly(bool value) { m_pretendOnly = value; }
-    TCCTimeStampBehaviour GetUpdateTimestamp() const { return m_updateTimestamp; }
-    void SetUpdateTimestamp(TCCTimeStampBehaviour value) { m_updateTimestamp = value; }
-    TCCHijackMode GetHijackMode() const { return m_hijackMode; }
-    void SetHijackMode(TCCHijackMode value) { m_hijackMode = value; }
 
 private:
     bool m_pretendOnly = false;

@@ -1,32 +1,16 @@
-#include "WFClearCaseOptions.h"
+#include "environment/WFClearCaseOptions.h"
 
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseUtils.h"
+#include "WFFiles.h"
+#include "WFProcess.h"
 #include "WFServices.h"
-
-#include <cstdlib>
-
-#include <sys/stat.h>
 
 namespace {
 
-bool isDirectory(const std::string& path)
-{
-    struct stat info {};
-    return !path.empty() && ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
-}
-
-bool isFile(const std::string& path)
-{
-    struct stat info {};
-    return !path.empty() && ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
-}
-
 #ifdef _WIN32
 constexpr char kPathDelimiter = '\\';
-constexpr char kPathListSeparator = ';';
 #else
 constexpr char kPathDelimiter = '/';
-constexpr char kPathListSeparator = ':';
 /// Stands in for the Windows registry's App Paths entry on other platforms.
 constexpr const char* kStandardInstallDirectory = "/opt/rational/clearcase/bin";
 #endif
@@ -47,33 +31,11 @@ bool installedDirectory(std::string& directory)
     (void)directory;
     return false;
 #else
-    if (!isFile(withDelimiter(kStandardInstallDirectory) + cleartoolExecutableName()))
+    if (!fileExists(withDelimiter(kStandardInstallDirectory) + cleartoolExecutableName()))
         return false;
     directory = withDelimiter(kStandardInstallDirectory);
     return true;
 #endif
-}
-
-std::string searchPath()
-{
-    const char* path = std::getenv("PATH");
-    if (!path)
-        return {};
-    const std::string list(path);
-    std::size_t start = 0;
-    while (start <= list.size()) {
-        auto end = list.find(kPathListSeparator, start);
-        if (end == std::string::npos)
-            end = list.size();
-        const std::string directory = list.substr(start, end - start);
-        if (!directory.empty()) {
-            const std::string candidate = withDelimiter(directory) + cleartoolExecutableName();
-            if (isFile(candidate))
-                return candidate;
-        }
-        start = end + 1;
-    }
-    return {};
 }
 
 } // namespace
@@ -91,8 +53,8 @@ std::string defaultClearToolPath()
 {
     std::string result;
     if (!installedDirectory(result))
-        result = searchPath();
-    if (!isDirectory(result) && !isFile(result))
+        result = findProgramOnPath(cleartoolExecutableName());
+    if (!directoryExists(result) && !fileExists(result))
         result.clear();
     return result;
 }
@@ -112,7 +74,7 @@ std::string TWFClearCaseOptions::GetCleartoolPath()
         m_cleartoolPath = defaultClearToolPath();
         m_modified = true;
     }
-    if (isDirectory(m_cleartoolPath) && !isFile(m_cleartoolPath))
+    if (directoryExists(m_cleartoolPath) && !fileExists(m_cleartoolPath))
         return withDelimiter(m_cleartoolPath) + cleartoolExecutableName();
     return m_cleartoolPath;
 }

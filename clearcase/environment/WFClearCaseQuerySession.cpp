@@ -1,8 +1,9 @@
-#include "WFClearCaseQuerySession.h"
+#include "environment/WFClearCaseQuerySession.h"
 
 #include "WFCommandLine.h"
 #include "WFFiles.h"
 #include "WFInteractiveProcess.h"
+#include "WFLineSplitter.h"
 
 #include <algorithm>
 #include <cctype>
@@ -130,19 +131,10 @@ std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output)
 std::vector<std::string> outputLines(std::string_view text)
 {
     std::vector<std::string> lines;
-    std::size_t start = 0;
-    for (std::size_t nl; (nl = text.find('\n', start)) != std::string_view::npos; start = nl + 1) {
-        std::size_t end = nl;
-        if (end > start && text[end - 1] == '\r')
-            --end;
-        lines.emplace_back(text.substr(start, end - start));
-    }
-    if (start < text.size()) {
-        std::string_view last = text.substr(start);
-        if (last.back() == '\r')
-            last.remove_suffix(1);
-        lines.emplace_back(last);
-    }
+    const auto keep = [&](std::string_view line) { lines.emplace_back(line); };
+    TWFLineSplitter splitter;
+    splitter.add(text, keep);
+    splitter.finish(keep);
     return lines;
 }
 

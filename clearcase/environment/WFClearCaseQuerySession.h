@@ -92,6 +92,6 @@ struct TClearCaseStatusReport {
 };
 std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output);
 
-/// Output text as lines, split as the host's process runner splits a program's output: at
-/// LF, one CR before it dropped, a last line without a break kept.
+/// Output text as lines, split by the host's line splitter as its process runner splits a
+/// program's output.
 std::vector<std::string> outputLines(std::string_view text);

@@ -1,4 +1,4 @@
-#include "WFClearCaseStringList.h"
+#include "environment/WFClearCaseStringList.h"
 
 std::string stringListText(const std::vector<std::string>& lines)
 {

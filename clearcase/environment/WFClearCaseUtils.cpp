@@ -1,6 +1,6 @@
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseUtils.h"
 
-#include "WFClearCaseQuerySession.h"
+#include "environment/WFClearCaseQuerySession.h"
 #include "WFFiles.h"
 #include "WFProcess.h"
 
@@ -92,6 +92,16 @@ std::string queryInVob(const char* command, const std::string& vob)
 }
 
 } // namespace
+
+std::string quoted(const std::string& text)
+{
+    return "\"" + text + "\"";
+}
+
+std::string quotedIfBlank(const std::string& text)
+{
+    return text.find(' ') == std::string::npos ? text : quoted(text);
+}
 
 std::string CCGetCleartoolOutput(const std::string& command, const std::string& arguments,
                                  const std::string& workingDirectory, bool sort)
@@ -225,7 +235,7 @@ std::string CCGetUCMStreamsForVOB(const std::string& vob)
 std::string CCGetHistory(const std::string& element, const std::string& workingDirectory)
 {
     Lines versions;
-    for (const auto& line : splitStringListText(CCGetCleartoolOutput("lshistory", "-short \"" + element + "\"", workingDirectory, false)))
+    for (const auto& line : splitStringListText(CCGetCleartoolOutput("lshistory", "-short " + quoted(element), workingDirectory, false)))
         if (!line.empty() && !containsText(versions, line))
             versions.push_back(line);
     return stringListText(versions);

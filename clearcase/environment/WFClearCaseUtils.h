@@ -1,10 +1,16 @@
 #pragma once
 
-#include "WFClearCaseOptions.h"
-#include "WFClearCaseStringList.h"
+#include "environment/WFClearCaseOptions.h"
+#include "environment/WFClearCaseStringList.h"
 
 #include <string>
 #include <vector>
+
+/// The text in double quotes, as cleartool reads a value that may hold blanks. The text is
+/// taken as it stands: a double quote inside it is not escaped.
+std::string quoted(const std::string& text);
+/// The text in double quotes when it contains a blank; unchanged otherwise.
+std::string quotedIfBlank(const std::string& text);
 
 // Synchronous cleartool queries for the property pages and the edition detection. Each
 // returns the lines of its result, every line ended by CR LF, or the empty string: a query

@@ -1,4 +1,4 @@
-#include "WFClearCaseResources.h"
+#include "resources/WFClearCaseResources.h"
 
 #include <algorithm>
 

@@ -1,17 +1,19 @@
 #pragma once
 
-#include "WFClearCaseResources.h"
+#include "actions/WFClearCaseBaseAction.h"
+#include "resources/WFClearCaseResources.h"
 #include "WFServices.h"
 
+#include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
-/// One action of the catalogue. The type ID also names the action's bitmap resource
-/// (WFClearCaseFindResource).
+/// One action of the catalogue: what users and the host know it by, and how to make one. The
+/// type ID also names the action's bitmap resource (WFClearCaseFindResource).
 struct TClearCaseCatalogueRow {
-    std::string typeId;
-    TWFActionClass actionClass;
-    int helpTopic;
+    TClearCaseActionIdentity identity;
+    std::unique_ptr<TClearCaseBaseAction> (*make)();
 };
 
 /// The property pages of one action class, in tab order, by page class name.
@@ -20,8 +22,15 @@ struct TClearCasePagesRow {
     std::vector<TWFPageClass> pages;
 };
 
+/// The category every action of the package is listed under.
+inline constexpr const char* kClearCaseCategory = "ClearCase";
+
 /// The 24 actions in catalogue order.
-const std::vector<TClearCaseCatalogueRow>& ClearCaseCatalogue();
+std::span<const TClearCaseCatalogueRow> ClearCaseCatalogue();
+/// The row of an action class, by class name; nullptr for a class the catalogue does not list.
+const TClearCaseCatalogueRow* ClearCaseFindClass(const std::string& className);
+/// A new action of the row's class, bound to the row and its type ID.
+std::unique_ptr<TClearCaseBaseAction> ClearCaseCreateAction(const TClearCaseCatalogueRow& row);
 /// Every action's pages, in the order they are registered.
 const std::vector<TClearCasePagesRow>& ClearCaseActionPages();
 

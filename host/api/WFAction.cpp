@@ -116,60 +116,37 @@ void TWFExecuteAbstractAction::OnExeNotFound(const std::string& executable)
 
 void TWFExecuteAbstractAction::OnProcessOutput(const std::vector<std::string>& /*lines*/) {}
 
-void TWFExecuteAbstractAction::emitLines(std::string& pending, const std::string& data, IWFLogSink::Stream stream)
+void TWFExecuteAbstractAction::emitLines(TWFLineSplitter& splitter, const std::string& data, IWFLogSink::Stream stream)
 {
     TWFActionHost* host = GetHost();
     if (!host || !host->log)
         return;
-    std::size_t start = 0;
-    if (!pending.empty()) {
-        const auto nl = data.find('\n');
-        if (nl == std::string::npos) {
-            pending += data;
-            return;
-        }
-        pending.append(data, 0, nl);
-        if (!pending.empty() && pending.back() == '\r')
-            pending.pop_back();
-        host->log->Line(stream, pending);
-        pending.clear();
-        start = nl + 1;
-    }
-    for (std::size_t nl; (nl = data.find('\n', start)) != std::string::npos; start = nl + 1) {
-        std::size_t end = nl;
-        if (end > start && data[end - 1] == '\r')
-            --end;
-        host->log->Line(stream, std::string_view(data).substr(start, end - start));
-    }
-    pending.assign(data, start, std::string::npos);
+    splitter.add(data, [&](std::string_view line) { host->log->Line(stream, line); });
     host->log->Settle();
 }
 
 void TWFExecuteAbstractAction::flushLines()
 {
     TWFActionHost* host = GetHost();
-    for (auto [pending, stream] : {std::pair{&m_pendingOut, IWFLogSink::Stream::StdOut},
-                                   std::pair{&m_pendingErr, IWFLogSink::Stream::StdErr}}) {
-        if (pending->empty())
-            continue;
-        if (pending->back() == '\r')
-            pending->pop_back();
-        if (host && host->log)
-            host->log->Line(stream, *pending);
-        pending->clear();
+    for (auto [splitter, stream] : {std::pair{&m_outLines, IWFLogSink::Stream::StdOut},
+                                    std::pair{&m_errLines, IWFLogSink::Stream::StdErr}}) {
+        splitter->finish([&](std::string_view line) {
+            if (host && host->log)
+                host->log->Line(stream, line);
+        });
     }
 }
 
 void TWFExecuteAbstractAction::OnStdOutData(IWFProcess& /*process*/, const std::string& data)
 {
     if (LogOutput)
-        emitLines(m_pendingOut, data, IWFLogSink::Stream::StdOut);
+        emitLines(m_outLines, data, IWFLogSink::Stream::StdOut);
 }
 
 void TWFExecuteAbstractAction::OnStdErrData(IWFProcess& /*process*/, const std::string& data)
 {
     if (LogOutput)
-        emitLines(m_pendingErr, data, IWFLogSink::Stream::StdErr);
+        emitLines(m_errLines, data, IWFLogSink::Stream::StdErr);
 }
 
 void TWFExecuteAbstractAction::OnProcessStdOut(IWFProcess& process, const std::string& data)
@@ -199,8 +176,8 @@ bool TWFExecuteAbstractAction::Execute()
     m_failureReason.clear();
     m_lastExitCode = -1;
     m_wasTerminated = false;
-    m_pendingOut.clear();
-    m_pendingErr.clear();
+    m_outLines.clear();
+    m_errLines.clear();
 
     const std::string executable = GetExecutable();
     BeforeGetCommandLine();
@@ -229,7 +206,7 @@ bool TWFExecuteAbstractAction::Execute()
     process->SetRunHidden(true);
     process->SetCollectOutput(KeepOutputLines);
     process->SetOutputHandler(this);
-    const int timeout = host ? host->timeoutSeconds : 0;
+    const std::int64_t timeout = host ? host->timeoutSeconds : 0;
     process->SetTimeLimit(timeout > 0 ? timeout * 1000 : 0);
     {
         std::lock_guard lock(m_runningMutex);

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "WFCommandLine.h"
+#include "WFLineSplitter.h"
 #include "WFLog.h"
 #include "WFPersistence.h"
 #include "WFProcess.h"
 #include "WFVariables.h"
 
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -29,8 +31,8 @@ public:
     std::string defaultStartingDir;
     /// Run every step up to BeforeExecute but start no process.
     bool dryRun = false;
-    /// Longest a process may run, in seconds; 0: no bound.
-    int timeoutSeconds = 0;
+    /// Longest a process may run, in seconds (at most kWFMaxTimeLimitSeconds); 0: no bound.
+    std::int64_t timeoutSeconds = 0;
 
     void SendLine(IWFLogSink::Stream stream, std::string_view text) const
     {
@@ -140,14 +142,14 @@ public:
 private:
     void OnProcessStdOut(IWFProcess& process, const std::string& data) override;
     void OnProcessStdErr(IWFProcess& process, const std::string& data) override;
-    void emitLines(std::string& pending, const std::string& data, IWFLogSink::Stream stream);
+    void emitLines(TWFLineSplitter& splitter, const std::string& data, IWFLogSink::Stream stream);
     void flushLines();
 
     std::mutex m_runningMutex;
     std::shared_ptr<IWFProcess> m_running;
     bool m_terminateRequested = false;
-    std::string m_pendingOut;
-    std::string m_pendingErr;
+    TWFLineSplitter m_outLines;
+    TWFLineSplitter m_errLines;
     std::string m_failureReason;
     int m_lastExitCode = -1;
     bool m_wasTerminated = false;

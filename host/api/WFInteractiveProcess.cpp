@@ -1,5 +1,7 @@
 #include "WFInteractiveProcess.h"
 
+#include "WFProcess.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -62,6 +64,7 @@ TPosixInteractiveProcess::~TPosixInteractiveProcess()
         int status = 0;
         while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
         }
+        WFForgetKeptProgram(pid);
     }
     closeFd(m_out);
     closeFd(m_err);
@@ -121,10 +124,14 @@ bool TPosixInteractiveProcess::Start(const std::string& executable, const std::v
         argv.push_back(argument.data());
     argv.push_back(nullptr);
 
-    pid_t pid = 0;
-    const int spawned = executable.find('/') == std::string::npos
-        ? ::posix_spawnp(&pid, executable.c_str(), &actions, &attributes, argv.data(), environ)
-        : ::posix_spawn(&pid, executable.c_str(), &actions, &attributes, argv.data(), environ);
+    int spawned = 0;
+    const pid_t pid = WFStartKeptProgram([&] {
+        pid_t child = 0;
+        spawned = executable.find('/') == std::string::npos
+            ? ::posix_spawnp(&child, executable.c_str(), &actions, &attributes, argv.data(), environ)
+            : ::posix_spawn(&child, executable.c_str(), &actions, &attributes, argv.data(), environ);
+        return spawned == 0 ? static_cast<int>(child) : 0;
+    });
     posix_spawn_file_actions_destroy(&actions);
     posix_spawnattr_destroy(&attributes);
     ::close(input[1]);

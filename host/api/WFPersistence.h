@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 enum class TWFPropertyType { String, Boolean, Integer, Enumeration };
@@ -75,7 +76,25 @@ protected:
     void PublishEnumeration(const std::string& name, std::vector<std::string> members, std::function<int()> get,
                             std::function<void(int)> set);
 
+    /// Declares a property held in a member, read and written through the member: the one
+    /// declaration of a stored value, which pages, scripts and the host reach by name.
+    void PublishString(const std::string& name, std::string* field)
+    {
+        PublishString(name, [field] { return *field; }, [field](const std::string& value) { *field = value; });
+    }
+    void PublishBoolean(const std::string& name, bool* field)
+    {
+        PublishBoolean(name, [field] { return *field; }, [field](bool value) { *field = value; });
+    }
+    template <typename I>
+        requires(std::is_integral_v<I> && !std::is_same_v<I, bool>)
+    void PublishInteger(const std::string& name, I* field)
+    {
+        PublishInteger(name, [field] { return static_cast<long long>(*field); },
+                       [field](long long value) { *field = static_cast<I>(value); });
+    }
     template <typename E>
+        requires std::is_enum_v<E>
     void PublishEnum(const std::string& name, std::vector<std::string> members, E* field)
     {
         PublishEnumeration(name, std::move(members), [field] { return static_cast<int>(*field); },

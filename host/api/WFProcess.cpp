@@ -1,17 +1,30 @@
 #include "WFProcess.h"
 
 #include "WFCommandLine.h"
+#include "WFFiles.h"
+#include "WFInterrupt.h"
+#include "WFLineSplitter.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <mutex>
+#include <optional>
+#include <set>
+#include <sstream>
+#include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <pthread.h>
+#include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,33 +53,138 @@ private:
     int m_fd = -1;
 };
 
-/// Splits output into lines as it arrives; a final line without a break still counts.
-class TLineCollector {
-public:
-    void add(const char* data, std::size_t size, std::vector<std::string>& lines)
-    {
-        m_pending.append(data, size);
-        std::size_t start = 0;
-        for (std::size_t nl; (nl = m_pending.find('\n', start)) != std::string::npos; start = nl + 1) {
-            std::size_t end = nl;
-            if (end > start && m_pending[end - 1] == '\r')
-                --end;
-            lines.emplace_back(m_pending, start, end - start);
-        }
-        m_pending.erase(0, start);
-    }
-    void finish(std::vector<std::string>& lines)
-    {
-        if (!m_pending.empty()) {
-            if (m_pending.back() == '\r')
-                m_pending.pop_back();
-            lines.push_back(std::move(m_pending));
-            m_pending.clear();
-        }
-    }
+using Milliseconds = std::chrono::milliseconds;
+using Microseconds = std::chrono::microseconds;
 
-private:
-    std::string m_pending;
+/// How often the run loop looks at the program and at stop requests while output flows.
+constexpr Milliseconds kCheckInterval{100};
+/// How long output is still read after the program ended while something it started holds
+/// the pipes open.
+constexpr Milliseconds kExitGrace{1000};
+/// The first look at the program after its output closed: its end is a few microseconds away.
+constexpr Microseconds kFirstExitStep{50};
+/// How long stopping waits for killed processes to be gone before leaving them to the system.
+constexpr Milliseconds kReapBound{2000};
+
+/// Programs being run, by pid: stopping what a finished program left behind must not touch
+/// them. Held across vfork so that a new program is registered before anyone looks.
+std::mutex& registryMutex()
+{
+    static std::mutex mutex;
+    return mutex;
+}
+
+std::multiset<pid_t>& runningPrograms()
+{
+    static std::multiset<pid_t> pids;
+    return pids;
+}
+
+/// Processes the program started and then left become this process's children, not init's,
+/// so that none escapes being stopped (setsid, double fork). A cgroup would hold them too,
+/// but needs a delegated hierarchy that build agents in containers rarely give.
+void becomeSubreaper()
+{
+#ifdef __linux__
+    static std::once_flag once;
+    std::call_once(once, [] { ::prctl(PR_SET_CHILD_SUBREAPER, 1); });
+#endif
+}
+
+std::vector<pid_t> readPids(const std::string& path)
+{
+    std::vector<pid_t> pids;
+    std::ifstream in(path);
+    for (long pid; in >> pid;)
+        pids.push_back(static_cast<pid_t>(pid));
+    return pids;
+}
+
+/// Every process with its parent, from /proc.
+std::vector<std::pair<pid_t, pid_t>> processParents()
+{
+    std::vector<std::pair<pid_t, pid_t>> table;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc", error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.empty() || name.find_first_not_of("0123456789") != std::string::npos)
+            continue;
+        std::ifstream in(entry.path() / "stat");
+        std::string text;
+        std::getline(in, text);
+        // "pid (command) state ppid ...": the command may hold blanks and parentheses.
+        const auto close = text.rfind(')');
+        if (close == std::string::npos)
+            continue;
+        std::istringstream fields(text.substr(close + 1));
+        std::string state;
+        long parent = 0;
+        if (fields >> state >> parent)
+            table.emplace_back(static_cast<pid_t>(std::stol(name)), static_cast<pid_t>(parent));
+    }
+    return table;
+}
+
+/// This process's children, of every thread.
+std::vector<pid_t> ownChildren()
+{
+    std::vector<pid_t> children;
+    std::error_code error;
+    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task", error)) {
+        const auto pids = readPids((task.path() / "children").string());
+        children.insert(children.end(), pids.begin(), pids.end());
+    }
+    if (error) {
+        const pid_t self = ::getpid();
+        for (const auto& [pid, parent] : processParents())
+            if (parent == self)
+                children.push_back(pid);
+    }
+    return children;
+}
+
+/// Kills whatever finished programs left behind: children of this process that are no
+/// running program, and everything below them. Returns the killed children, to be reaped.
+std::vector<pid_t> killLeftovers()
+{
+    std::lock_guard lock(registryMutex());
+    std::vector<pid_t> roots;
+    for (pid_t child : ownChildren())
+        if (!runningPrograms().count(child))
+            roots.push_back(child);
+    if (roots.empty())
+        return roots;
+    std::vector<pid_t> victims = roots;
+    const auto table = processParents();
+    for (std::size_t next = 0; next < victims.size(); ++next)
+        for (const auto& [pid, parent] : table)
+            if (parent == victims[next] && std::find(victims.begin(), victims.end(), pid) == victims.end())
+                victims.push_back(pid);
+    for (pid_t victim : victims)
+        ::kill(victim, SIGKILL);
+    return roots;
+}
+
+/// Stops everything the finished programs left behind. Killed processes pass their own
+/// children on to us as they die, so this goes round until none is left.
+void stopLeftovers()
+{
+    const auto until = Clock::now() + kReapBound;
+    for (std::vector<pid_t> killed = killLeftovers(); !killed.empty() && Clock::now() < until;
+         killed = killLeftovers()) {
+        for (pid_t pid : killed) {
+            int status = 0;
+            while (::waitpid(pid, &status, WNOHANG) == 0 && Clock::now() < until)
+                std::this_thread::sleep_for(Milliseconds(1));
+        }
+    }
+}
+
+/// One output pipe of the program.
+struct TStream {
+    int fd = -1;
+    bool isErr = false;
+    bool open = true;
 };
 
 class TPosixProcess final : public IWFProcess {
@@ -79,8 +197,8 @@ public:
     std::string GetWorkingDirectory() const override { return m_directory; }
     void SetRunHidden(bool hidden) override { m_hidden = hidden; }
     void SetCollectOutput(bool collect) override { m_collect = collect; }
-    void SetWaitTimeout(int milliseconds) override { m_silenceLimit = milliseconds; }
-    void SetTimeLimit(int milliseconds) override { m_timeLimit = milliseconds; }
+    void SetWaitTimeout(std::int64_t milliseconds) override { m_silenceLimit = Milliseconds(std::max<std::int64_t>(milliseconds, 0)); }
+    void SetTimeLimit(std::int64_t milliseconds) override { m_timeLimit = Milliseconds(std::max<std::int64_t>(milliseconds, 0)); }
     void SetOutputHandler(IWFProcessOutputHandler* handler) override { m_handler = handler; }
 
     bool Execute() override;
@@ -89,31 +207,46 @@ public:
     std::string GetErrorText() const override { return m_error; }
     bool GetTimedOut() const override { return m_timedOut; }
     bool GetTerminated() const override { return m_terminated; }
-    void Terminate() override;
+    void Terminate() override { m_terminateRequested = true; }
 
 private:
+    enum class TState { Running, Ended, TimedOut, Stopped };
+
+    bool fail(std::string error);
     bool spawn(int outWrite, int errWrite);
-    void killGroup(int signal);
-    void pump(int outFd, int errFd);
-    int reap();
+    void pump(TStream (&streams)[2]);
+    TState checkState(Clock::time_point now, bool outputOpen);
+    Clock::time_point nextDeadline(Clock::time_point now) const;
+    void waitForOutput(TStream (&streams)[2], Clock::time_point deadline);
+    void drain(TStream& stream);
+    void deliver(const char* data, std::size_t size, bool isErr);
+    int reap(bool ended);
 
     std::string m_executable;
     std::string m_parameters;
     std::string m_directory;
     bool m_hidden = false;
     bool m_collect = false;
-    int m_silenceLimit = 0;
-    int m_timeLimit = 0;
+    Milliseconds m_silenceLimit{0};
+    Milliseconds m_timeLimit{0};
     IWFProcessOutputHandler* m_handler = nullptr;
 
-    std::atomic<pid_t> m_pid{0};
+    pid_t m_pid = 0;
     std::atomic<bool> m_terminateRequested{false};
     int m_exitCode = -1;
     bool m_timedOut = false;
     bool m_terminated = false;
     std::string m_error;
     std::vector<std::string> m_lines;
-    TLineCollector m_collector;
+    TWFLineSplitter m_collector;
+
+    // The run loop's clock.
+    Clock::time_point m_started;
+    Clock::time_point m_lastOutput;
+    Clock::time_point m_nextExitCheck;
+    Microseconds m_exitCheckStep{kFirstExitStep};
+    std::optional<Clock::time_point> m_exitedAt;
+    bool m_pipeGrown = false;
 };
 
 /// The program's path: as given when it names a folder, else the first match on PATH.
@@ -121,20 +254,14 @@ std::string resolveProgram(const std::string& program)
 {
     if (program.find('/') != std::string::npos)
         return program;
-    const char* path = std::getenv("PATH");
-    std::string list = path ? path : "/usr/local/bin:/usr/bin:/bin";
-    std::size_t start = 0;
-    while (start <= list.size()) {
-        auto end = list.find(':', start);
-        if (end == std::string::npos)
-            end = list.size();
-        const std::string directory = end > start ? list.substr(start, end - start) : ".";
-        const std::string candidate = directory + "/" + program;
-        if (::access(candidate.c_str(), X_OK) == 0)
-            return candidate;
-        start = end + 1;
-    }
-    return program;
+    const std::string found = findProgramOnPath(program);
+    return found.empty() ? program : found;
+}
+
+bool TPosixProcess::fail(std::string error)
+{
+    m_error = std::move(error);
+    return false;
 }
 
 bool TPosixProcess::spawn(int outWrite, int errWrite)
@@ -148,6 +275,7 @@ bool TPosixProcess::spawn(int outWrite, int errWrite)
     argv.push_back(nullptr);
     const std::string program = resolveProgram(m_executable);
     const char* volatile directory = m_directory.empty() ? nullptr : m_directory.c_str();
+    becomeSubreaper();
 
     // vfork and exec by hand: posix_spawn asks and resets every signal handler in the child and
     // maps a stack for it, which doubled the cost of starting a short program. Everything the
@@ -156,6 +284,7 @@ bool TPosixProcess::spawn(int outWrite, int errWrite)
     sigset_t all;
     sigset_t previous;
     sigfillset(&all);
+    std::unique_lock registry(registryMutex());
     pthread_sigmask(SIG_SETMASK, &all, &previous);
     volatile int childError = 0;
     volatile bool inDirectory = true;
@@ -164,7 +293,7 @@ bool TPosixProcess::spawn(int outWrite, int errWrite)
         ::setpgid(0, 0);
         struct sigaction defaults {};
         defaults.sa_handler = SIG_DFL;
-        for (int signal : {SIGINT, SIGTERM, SIGPIPE, SIGHUP, SIGQUIT, SIGCHLD})
+        for (int signal : {SIGINT, SIGTERM, SIGPIPE, SIGHUP, SIGQUIT, SIGCHLD, SIGXFSZ})
             ::sigaction(signal, &defaults, nullptr);
         const int input = ::open("/dev/null", O_RDONLY);
         if (input >= 0 && input != 0) {
@@ -184,6 +313,9 @@ bool TPosixProcess::spawn(int outWrite, int errWrite)
         ::_exit(127);
     }
     const int forkError = pid < 0 ? errno : 0;
+    if (pid > 0 && childError == 0)
+        runningPrograms().insert(pid);
+    registry.unlock();
     pthread_sigmask(SIG_SETMASK, &previous, nullptr);
     if (pid < 0 || childError != 0) {
         if (pid > 0) {
@@ -191,144 +323,159 @@ bool TPosixProcess::spawn(int outWrite, int errWrite)
             while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
             }
         }
-        const int code = pid < 0 ? forkError : childError;
-        m_error = "Could not start \"" + m_executable + "\"";
+        std::string error = "Could not start \"" + m_executable + "\"";
         if (!inDirectory)
-            m_error += " in \"" + m_directory + "\"";
-        m_error += std::string(": ") + std::strerror(code);
-        return false;
+            error += " in \"" + m_directory + "\"";
+        return fail(error + ": " + std::strerror(pid < 0 ? forkError : childError));
     }
     m_pid = pid;
     return true;
 }
 
-void TPosixProcess::killGroup(int signal)
+TPosixProcess::TState TPosixProcess::checkState(Clock::time_point now, bool outputOpen)
 {
-    const pid_t pid = m_pid.load();
-    if (pid > 0)
-        ::kill(-pid, signal);
+    if (m_terminateRequested || WFStopRequested())
+        return TState::Stopped;
+    if (!m_exitedAt && now >= m_nextExitCheck) {
+        siginfo_t info{};
+        if (::waitid(P_PID, static_cast<id_t>(m_pid), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid != 0)
+            m_exitedAt = now;
+        // With the pipes closed the end is near: look again soon, then less and less often.
+        m_exitCheckStep = outputOpen ? Microseconds(kCheckInterval)
+                                     : std::min<Microseconds>(m_exitCheckStep * 2, kCheckInterval);
+        m_nextExitCheck = now + m_exitCheckStep;
+    }
+    if (m_exitedAt && (!outputOpen || now >= *m_exitedAt + kExitGrace))
+        return TState::Ended;
+    if (m_exitedAt)
+        return TState::Running;
+    if ((m_silenceLimit.count() > 0 && now >= m_lastOutput + m_silenceLimit)
+        || (m_timeLimit.count() > 0 && now >= m_started + m_timeLimit))
+        return TState::TimedOut;
+    return TState::Running;
 }
 
-void TPosixProcess::Terminate()
+Clock::time_point TPosixProcess::nextDeadline(Clock::time_point now) const
 {
-    m_terminateRequested = true;
-    killGroup(SIGKILL);
+    Clock::time_point deadline = now + kCheckInterval;
+    if (m_exitedAt) {
+        deadline = std::min(deadline, *m_exitedAt + kExitGrace);
+    } else {
+        deadline = std::min(deadline, m_nextExitCheck);
+        if (m_silenceLimit.count() > 0)
+            deadline = std::min(deadline, m_lastOutput + m_silenceLimit);
+        if (m_timeLimit.count() > 0)
+            deadline = std::min(deadline, m_started + m_timeLimit);
+    }
+    return std::max(deadline, now);
 }
 
-void TPosixProcess::pump(int outFd, int errFd)
+void TPosixProcess::waitForOutput(TStream (&streams)[2], Clock::time_point deadline)
 {
-    pollfd fds[4];
-    bool outOpen = true;
-    bool errOpen = true;
-    bool grown = false;
+    pollfd fds[2];
+    TStream* polled[2];
+    nfds_t count = 0;
+    for (TStream& stream : streams) {
+        if (!stream.open)
+            continue;
+        polled[count] = &stream;
+        fds[count++] = {stream.fd, POLLIN, 0};
+    }
+    if (count == 0) {
+        // Both pipes closed: only the program's end is awaited, often a few microseconds away.
+        std::this_thread::sleep_until(deadline);
+        return;
+    }
+    const auto wait = std::chrono::ceil<Milliseconds>(deadline - Clock::now());
+    const int timeout = static_cast<int>(std::max<Milliseconds::rep>(wait.count(), 0));
+    if (::poll(fds, count, timeout) <= 0)
+        return;
+    for (nfds_t i = 0; i < count; ++i)
+        if (fds[i].revents & (POLLIN | POLLHUP | POLLERR))
+            drain(*polled[i]);
+}
+
+void TPosixProcess::drain(TStream& stream)
+{
     // One read buffer per thread: programs are started one after another, and clearing a fresh
     // buffer for each would cost more than starting a short program.
     thread_local std::vector<char> buffer(256 * 1024);
-    const auto started = Clock::now();
-    auto lastOutput = started;
-    // The end of output normally tells that the program ended. Only when something it started
-    // keeps the pipes open is the program itself looked at, a few times a second.
-    bool exited = false;
+    const ssize_t n = ::read(stream.fd, buffer.data(), buffer.size());
+    if (n < 0 && (errno == EINTR || errno == EAGAIN))
+        return;
+    if (n <= 0) {
+        stream.open = false;
+        m_nextExitCheck = Clock::now();
+        m_exitCheckStep = kFirstExitStep / 2;
+        return;
+    }
+    m_lastOutput = Clock::now();
+    // A program that fills the pipe prints a long listing: a larger pipe lets it run ahead of
+    // our reads. Most programs print little, so the pipe grows only then.
+    if (!stream.isErr && !m_pipeGrown && static_cast<std::size_t>(n) >= 64 * 1024) {
+        ::fcntl(stream.fd, F_SETPIPE_SZ, 1024 * 1024);
+        m_pipeGrown = true;
+    }
+    deliver(buffer.data(), static_cast<std::size_t>(n), stream.isErr);
+}
 
-    while (outOpen || errOpen) {
-        int count = 0;
-        int outIndex = -1;
-        int errIndex = -1;
-        if (outOpen) {
-            outIndex = count;
-            fds[count++] = {outFd, POLLIN, 0};
-        }
-        if (errOpen) {
-            errIndex = count;
-            fds[count++] = {errFd, POLLIN, 0};
-        }
+void TPosixProcess::deliver(const char* data, std::size_t size, bool isErr)
+{
+    if (!isErr && m_collect)
+        m_collector.add(std::string_view(data, size), [this](std::string_view line) { m_lines.emplace_back(line); });
+    if (!m_handler)
+        return;
+    const std::string chunk(data, size);
+    if (isErr)
+        m_handler->OnProcessStdErr(*this, chunk);
+    else
+        m_handler->OnProcessStdOut(*this, chunk);
+}
 
-        int timeout = -1;
+void TPosixProcess::pump(TStream (&streams)[2])
+{
+    m_started = m_lastOutput = m_nextExitCheck = Clock::now();
+    m_exitCheckStep = kFirstExitStep / 2;
+    m_exitedAt.reset();
+    m_pipeGrown = false;
+    for (;;) {
         const auto now = Clock::now();
-        auto consider = [&](int limit, Clock::time_point since) {
-            if (limit <= 0)
-                return;
-            const auto left = limit - std::chrono::duration_cast<std::chrono::milliseconds>(now - since).count();
-            const int wait = left < 0 ? 0 : static_cast<int>(left);
-            timeout = timeout < 0 ? wait : std::min(timeout, wait);
-        };
-        consider(m_silenceLimit, lastOutput);
-        consider(m_timeLimit, started);
-        if (exited)
-            timeout = timeout < 0 ? 200 : std::min(timeout, 200);
-        timeout = timeout < 0 ? 100 : std::min(timeout, 100);
-
-        const int ready = ::poll(fds, static_cast<nfds_t>(count), timeout);
-        if (ready < 0 && errno == EINTR)
+        switch (checkState(now, streams[0].open || streams[1].open)) {
+        case TState::Running:
+            waitForOutput(streams, nextDeadline(now));
             continue;
-        if (m_terminateRequested) {
-            killGroup(SIGKILL);
+        case TState::Ended:
+            break;
+        case TState::TimedOut:
+            m_timedOut = true;
+            break;
+        case TState::Stopped:
             m_terminated = true;
             break;
         }
-        if (ready == 0) {
-            const auto later = Clock::now();
-            const auto ms = [&](Clock::time_point since) {
-                return std::chrono::duration_cast<std::chrono::milliseconds>(later - since).count();
-            };
-            if ((m_silenceLimit > 0 && ms(lastOutput) >= m_silenceLimit) || (m_timeLimit > 0 && ms(started) >= m_timeLimit)) {
-                killGroup(SIGKILL);
-                m_timedOut = true;
-                break;
-            }
-            if (exited) {
-                // The program ended but something it started still holds its output open.
-                killGroup(SIGKILL);
-                break;
-            }
-            siginfo_t info{};
-            if (::waitid(P_PID, static_cast<id_t>(m_pid.load()), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid != 0)
-                exited = true;
-            continue;
-        }
-        auto drain = [&](int index, int fd, bool& open, bool isErr) {
-            if (index < 0 || !(fds[index].revents & (POLLIN | POLLHUP | POLLERR)))
-                return;
-            const ssize_t n = ::read(fd, buffer.data(), buffer.size());
-            if (n <= 0) {
-                if (n < 0 && (errno == EINTR || errno == EAGAIN))
-                    return;
-                open = false;
-                return;
-            }
-            lastOutput = Clock::now();
-            // A program that fills the pipe prints a long listing: a larger pipe lets it run
-            // ahead of our reads. Most programs print little, so the pipe grows only then.
-            if (!isErr && !grown && static_cast<std::size_t>(n) >= 64 * 1024) {
-                ::fcntl(fd, F_SETPIPE_SZ, 1024 * 1024);
-                grown = true;
-            }
-            const std::string chunk(buffer.data(), static_cast<std::size_t>(n));
-            if (!isErr && m_collect)
-                m_collector.add(chunk.data(), chunk.size(), m_lines);
-            if (m_handler) {
-                if (isErr)
-                    m_handler->OnProcessStdErr(*this, chunk);
-                else
-                    m_handler->OnProcessStdOut(*this, chunk);
-            }
-        };
-        drain(outIndex, outFd, outOpen, false);
-        drain(errIndex, errFd, errOpen, true);
+        break;
     }
     if (m_collect)
-        m_collector.finish(m_lines);
+        m_collector.finish([this](std::string_view line) { m_lines.emplace_back(line); });
 }
 
-int TPosixProcess::reap()
+int TPosixProcess::reap(bool ended)
 {
+    if (!ended) {
+        ::kill(m_pid, SIGKILL);
+        ::kill(-m_pid, SIGKILL);
+    }
     int status = 0;
-    const pid_t pid = m_pid.load();
-    while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+    while (::waitpid(m_pid, &status, 0) < 0 && errno == EINTR) {
+    }
+    // Anything the program left running goes with it, also what left its process group.
+    ::kill(-m_pid, SIGKILL);
+    {
+        std::lock_guard lock(registryMutex());
+        runningPrograms().erase(runningPrograms().find(m_pid));
     }
     m_pid = 0;
-    // Anything the program left running in its group goes with it.
-    ::kill(-pid, SIGKILL);
+    stopLeftovers();
     if (WIFEXITED(status))
         return WEXITSTATUS(status);
     if (WIFSIGNALED(status)) {
@@ -345,31 +492,29 @@ bool TPosixProcess::Execute()
     m_error.clear();
     m_exitCode = -1;
     m_timedOut = m_terminated = false;
-    m_collector = TLineCollector();
+    m_collector.clear();
 
     int out[2];
     int err[2];
     if (::pipe2(out, O_CLOEXEC) != 0)
-        return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
+        return fail(std::string("Could not create a pipe: ") + std::strerror(errno));
     TFileDescriptor outRead(out[0]), outWrite(out[1]);
     if (::pipe2(err, O_CLOEXEC) != 0)
-        return m_error = std::string("Could not create a pipe: ") + std::strerror(errno), false;
+        return fail(std::string("Could not create a pipe: ") + std::strerror(errno));
     TFileDescriptor errRead(err[0]), errWrite(err[1]);
 
-    if (m_terminateRequested) {
+    if (m_terminateRequested || WFStopRequested()) {
         m_terminated = true;
-        m_error = "Stopped before it started";
-        return false;
+        return fail("Stopped before it started");
     }
     if (!spawn(outWrite.get(), errWrite.get()))
         return false;
     outWrite.reset();
     errWrite.reset();
-    if (m_terminateRequested)
-        killGroup(SIGKILL);
 
-    pump(outRead.get(), errRead.get());
-    m_exitCode = reap();
+    TStream streams[2] = {{outRead.get(), false, true}, {errRead.get(), true, true}};
+    pump(streams);
+    m_exitCode = reap(!m_timedOut && !m_terminated);
     if (m_timedOut)
         m_error = "Stopped after running too long without finishing";
     else if (m_terminated)
@@ -390,6 +535,58 @@ std::mutex& factoryMutex()
 }
 
 } // namespace
+
+TWFTimeLimitParse parseTimeLimitSeconds(std::string_view text, std::int64_t& seconds)
+{
+    std::int64_t value = 0;
+    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (ec == std::errc::result_out_of_range && end == text.data() + text.size() && !text.empty() && text[0] != '-')
+        return TWFTimeLimitParse::TooLong;
+    if (text.empty() || ec != std::errc() || end != text.data() + text.size() || value < 0)
+        return TWFTimeLimitParse::NotSeconds;
+    if (value > kWFMaxTimeLimitSeconds)
+        return TWFTimeLimitParse::TooLong;
+    seconds = value;
+    return TWFTimeLimitParse::Ok;
+}
+
+std::string findProgramOnPath(const std::string& name)
+{
+    const char* path = std::getenv("PATH");
+    const std::string list = path ? path : "/usr/local/bin:/usr/bin:/bin";
+    for (std::size_t start = 0; start <= list.size();) {
+        auto end = list.find(':', start);
+        if (end == std::string::npos)
+            end = list.size();
+        if (end > start) {
+            std::string candidate = list.substr(start, end - start);
+            if (candidate.back() != '/')
+                candidate += '/';
+            candidate += name;
+            if (fileExists(candidate) && ::access(candidate.c_str(), X_OK) == 0)
+                return candidate;
+        }
+        start = end + 1;
+    }
+    return {};
+}
+
+int WFStartKeptProgram(const std::function<int()>& start)
+{
+    std::lock_guard lock(registryMutex());
+    const int pid = start();
+    if (pid > 0)
+        runningPrograms().insert(static_cast<pid_t>(pid));
+    return pid;
+}
+
+void WFForgetKeptProgram(int pid)
+{
+    std::lock_guard lock(registryMutex());
+    const auto found = runningPrograms().find(static_cast<pid_t>(pid));
+    if (found != runningPrograms().end())
+        runningPrograms().erase(found);
+}
 
 std::shared_ptr<IWFProcess> CreateWFProcess()
 {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class IWFProcess;
@@ -19,7 +21,10 @@ public:
 /// The host's process runner. The program is started without a shell: the parameter text is
 /// split into arguments with splitCommandLine. Standard input is empty and closed, so a program
 /// that asks a question reads end-of-file instead of waiting for an answer. The program runs in
-/// a process group of its own, so stopping it stops everything it started.
+/// a process group of its own. When it ends, or is stopped, everything it started goes with it,
+/// also what left its process group: the host adopts the processes the program leaves behind
+/// (Linux child subreaper) and stops them. Output is read until the program has ended and its
+/// pipes are closed, or for at most a second after its end while something it left holds them.
 class IWFProcess {
 public:
     virtual ~IWFProcess() = default;
@@ -39,9 +44,10 @@ public:
     virtual void SetCollectOutput(bool collect) = 0;
     /// The longest the program may stay silent (no output, not ended), in milliseconds; then it
     /// is killed with its process tree and the run fails. 0: no bound.
-    virtual void SetWaitTimeout(int milliseconds) = 0;
-    /// The longest the program may run at all, in milliseconds; 0: no bound.
-    virtual void SetTimeLimit(int milliseconds) = 0;
+    virtual void SetWaitTimeout(std::int64_t milliseconds) = 0;
+    /// The longest the program may run at all, in milliseconds, whatever it does with its
+    /// output; 0: no bound.
+    virtual void SetTimeLimit(std::int64_t milliseconds) = 0;
     virtual void SetOutputHandler(IWFProcessOutputHandler* handler) = 0;
 
     /// Starts the program and waits for its end. False when it could not be started.
@@ -55,8 +61,8 @@ public:
     /// True when Terminate stopped the program.
     virtual bool GetTerminated() const = 0;
 
-    /// Stops the running program and its process tree; safe from any thread, and from a
-    /// signal handler's watcher. No effect when nothing runs.
+    /// Stops the running program and its process tree within a tenth of a second; safe from
+    /// any thread, and from a signal handler's watcher. A program not yet started never starts.
     virtual void Terminate() = 0;
 };
 
@@ -65,3 +71,22 @@ std::shared_ptr<IWFProcess> CreateWFProcess();
 using TWFProcessFactory = std::function<std::shared_ptr<IWFProcess>()>;
 /// Replaces the factory; an empty function restores the real runner. Returns the previous one.
 TWFProcessFactory SetWFProcessFactory(TWFProcessFactory factory);
+
+/// The longest time limit a host accepts, in seconds (30 days): more is a typing error, and
+/// would overflow the clocks it is added to.
+constexpr std::int64_t kWFMaxTimeLimitSeconds = 30LL * 24 * 60 * 60;
+enum class TWFTimeLimitParse { Ok, NotSeconds, TooLong };
+/// Reads a time limit given in whole seconds, 0 meaning none.
+TWFTimeLimitParse parseTimeLimitSeconds(std::string_view text, std::int64_t& seconds);
+
+/// The first file named name in a folder of PATH that may be executed; empty when none.
+/// Empty entries of PATH are skipped: a build host does not run programs from wherever it
+/// happens to be.
+std::string findProgramOnPath(const std::string& name);
+
+/// For programs the host keeps running past a run (an interactive session): `start` runs with
+/// the runner's registry locked and returns the new child's pid, or 0 or less when it failed;
+/// a started child counts as a running program, so that the clean-up after a run never stops
+/// it, until WFForgetKeptProgram after it was reaped.
+int WFStartKeptProgram(const std::function<int()>& start);
+void WFForgetKeptProgram(int pid);

@@ -216,9 +216,12 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
             r.error("project format version " + r.attribute("version") + " is not supported (expected 1)");
         if (r.hasAttribute("timeout")) {
             const std::string timeout = r.attribute("timeout");
-            int value = 0;
-            const auto [end, ec] = std::from_chars(timeout.data(), timeout.data() + timeout.size(), value);
-            if (timeout.empty() || ec != std::errc() || end != timeout.data() + timeout.size() || value < 0)
+            std::int64_t value = 0;
+            const TWFTimeLimitParse parsed = parseTimeLimitSeconds(timeout, value);
+            if (parsed == TWFTimeLimitParse::TooLong)
+                r.error("timeout=\"" + timeout + "\" is longer than the longest time limit, "
+                        + std::to_string(kWFMaxTimeLimitSeconds) + " seconds (30 days)");
+            else if (parsed != TWFTimeLimitParse::Ok)
                 r.error("timeout=\"" + timeout + "\" is not a whole number of seconds");
             else
                 project.timeoutSeconds = value;

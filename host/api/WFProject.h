@@ -2,6 +2,7 @@
 
 #include "WFVariant.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -39,7 +40,7 @@ public:
     std::vector<TWFProjectVariable> variables;
     std::vector<std::unique_ptr<TCustomWFAction>> actions;
     /// Longest a process of any action may run, in seconds; 0: no bound.
-    int timeoutSeconds = 0;
+    std::int64_t timeoutSeconds = 0;
 
     /// Puts the project's variables into a run's variable set.
     void DefineVariables(TWFBuildVariables& target) const;

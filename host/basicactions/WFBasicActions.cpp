@@ -133,8 +133,13 @@ std::string TWFRunProgramAction::GetExecutable()
 
 bool TWFRunProgramAction::GetCommandLine(ICommandLineBuilder& builder)
 {
+    // The working directory is expanded here, where a failure can still fail the action:
+    // GetStartingDir has no way to say that it failed.
     std::string arguments;
-    if (!m_programExpanded || !TryExpandExpression("Arguments", m_arguments, arguments, false))
+    m_expandedDirectory.clear();
+    if (!m_programExpanded || !TryExpandExpression("Arguments", m_arguments, arguments, false)
+        || (!m_workingDirectory.empty()
+            && !TryExpandExpression("Working Directory", m_workingDirectory, m_expandedDirectory, true)))
         return false;
     if (!arguments.empty())
         builder.AddArgument(arguments, "", akPlain);
@@ -143,8 +148,8 @@ bool TWFRunProgramAction::GetCommandLine(ICommandLineBuilder& builder)
 
 std::string TWFRunProgramAction::GetStartingDir(const std::string& executable)
 {
-    std::string directory;
-    if (m_workingDirectory.empty() || !TryExpandExpression("Working Directory", m_workingDirectory, directory, true))
+    std::string directory = m_expandedDirectory;
+    if (directory.empty())
         return TWFExecuteAbstractAction::GetStartingDir(executable);
     const TWFActionHost* host = GetHost();
     if (directory.front() != '/' && host && !host->defaultStartingDir.empty())

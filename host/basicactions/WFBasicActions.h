@@ -64,6 +64,7 @@ private:
     std::string m_workingDirectory;
     std::string m_expandedProgram;
     bool m_programExpanded = false;
+    std::string m_expandedDirectory;
 };
 
 /// Registers the four actions under the category "Basic".

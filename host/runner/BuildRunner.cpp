@@ -2,6 +2,7 @@
 
 #include "ConsoleLog.h"
 
+#include "WFInterrupt.h"
 #include "WFProject.h"
 #include "WFServices.h"
 
@@ -64,6 +65,8 @@ void TBuildRunner::Interrupt()
     // The flag first: either the loop sees it before starting an action, or the action is
     // already current here and is told to stop.
     m_interrupted = true;
+    // Also what is not the action's own program: queries, waits for a FIFO.
+    WFRequestStop();
     std::lock_guard lock(m_currentMutex);
     if (m_current)
         m_current->TerminateAction();
@@ -73,6 +76,10 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
 {
     using Clock = std::chrono::steady_clock;
     m_cases.clear();
+    // A stop request of an earlier run must not stop this one; an interrupt that came before
+    // the start has set m_interrupted, which the loop honours.
+    if (!m_interrupted)
+        WFClearStopRequest();
     TWFActionHost host;
     host.log = &m_log;
     host.variables = &variables;

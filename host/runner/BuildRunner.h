@@ -5,6 +5,7 @@
 #include "WFAction.h"
 
 #include <atomic>
+#include <cstdint>
 #include <iosfwd>
 #include <mutex>
 #include <string>
@@ -19,7 +20,7 @@ struct TRunSettings {
     std::string projectDirectory;
     bool dryRun = false;
     /// Per action; 0: no bound.
-    int timeoutSeconds = 0;
+    std::int64_t timeoutSeconds = 0;
 };
 
 /// How an action is named to the user: its display name and, when it has one, its description.

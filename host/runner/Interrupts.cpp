@@ -1,6 +1,7 @@
 #include "Interrupts.h"
 
 #include <cerrno>
+#include <iterator>
 
 #include <fcntl.h>
 #include <signal.h>
@@ -10,9 +11,10 @@ namespace {
 
 /// Written end of the pipe; read by the signal handler, so a plain atomic int.
 std::atomic<int> g_signalPipe{-1};
+/// A hang-up (the terminal or the agent's session went away) ends the run as Ctrl-C does.
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 // Zero-initialised: restoring them before they were filled in restores the default.
-struct sigaction g_previousInt {};
-struct sigaction g_previousTerm {};
+struct sigaction g_previous[std::size(kSignals)] {};
 
 /// Byte that tells the watcher to stop; signal numbers are never 0.
 constexpr unsigned char kStop = 0;
@@ -40,9 +42,12 @@ TInterruptWatcher::TInterruptWatcher(std::function<void(int)> onInterrupt) : m_o
     struct sigaction action {};
     action.sa_handler = onSignal;
     sigemptyset(&action.sa_mask);
+    // Restarted calls are no trap here: nothing waits for a signal to break a blocking call.
+    // Programs and FIFO opens poll for the stop request instead.
     action.sa_flags = SA_RESTART;
-    if (::sigaction(SIGINT, &action, &g_previousInt) != 0 || ::sigaction(SIGTERM, &action, &g_previousTerm) != 0)
-        return;
+    for (std::size_t i = 0; i < std::size(kSignals); ++i)
+        if (::sigaction(kSignals[i], &action, &g_previous[i]) != 0)
+            return;
     m_active = true;
     m_thread = std::thread([this] { watch(); });
 }
@@ -50,10 +55,9 @@ TInterruptWatcher::TInterruptWatcher(std::function<void(int)> onInterrupt) : m_o
 TInterruptWatcher::~TInterruptWatcher()
 {
     // Also after a half-done set-up: a handler left without its pipe would swallow Ctrl-C.
-    if (m_pipe[1] >= 0) {
-        ::sigaction(SIGINT, &g_previousInt, nullptr);
-        ::sigaction(SIGTERM, &g_previousTerm, nullptr);
-    }
+    if (m_pipe[1] >= 0)
+        for (std::size_t i = 0; i < std::size(kSignals); ++i)
+            ::sigaction(kSignals[i], &g_previous[i], nullptr);
     g_signalPipe = -1;
     if (m_thread.joinable()) {
         const unsigned char stop = kStop;

@@ -4,7 +4,7 @@
 #include <functional>
 #include <thread>
 
-/// Turns SIGINT and SIGTERM into calls of onInterrupt on a watcher thread. The signal handler
+/// Turns SIGINT, SIGTERM and SIGHUP into calls of onInterrupt on a watcher thread. The signal handler
 /// only writes the signal number to a pipe, so onInterrupt may lock, allocate and stop
 /// processes. One watcher at a time; the previous handlers come back when it is destroyed.
 class TInterruptWatcher {

@@ -1,7 +1,8 @@
 #include "RunnerCommandLine.h"
 
+#include "WFProcess.h"
+
 #include <algorithm>
-#include <charconv>
 #include <functional>
 
 namespace {
@@ -26,12 +27,6 @@ struct TOptionSpec {
     std::vector<TRunnerCommand> commands;
     TApply apply;
 };
-
-bool parseSeconds(const std::string& text, int& seconds)
-{
-    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-    return !text.empty() && ec == std::errc() && end == text.data() + text.size() && seconds >= 0;
-}
 
 const std::vector<TOptionSpec>& optionTable()
 {
@@ -62,11 +57,19 @@ const std::vector<TOptionSpec>& optionTable()
          [](TRunnerArguments& a, const std::string&, std::string&) { return a.printVariables = true, true; }},
         {"--timeout", true, {C::Run},
          [](TRunnerArguments& a, const std::string& v, std::string& error) {
-             int seconds = 0;
-             if (!parseSeconds(v, seconds))
-                 return error = "--timeout expects a whole number of seconds, got \"" + v + "\"", false;
-             a.timeoutSeconds = seconds;
-             return true;
+             std::int64_t seconds = 0;
+             switch (parseTimeLimitSeconds(v, seconds)) {
+             case TWFTimeLimitParse::Ok:
+                 a.timeoutSeconds = seconds;
+                 return true;
+             case TWFTimeLimitParse::TooLong:
+                 error = "--timeout " + v + " is longer than the longest time limit, "
+                     + std::to_string(kWFMaxTimeLimitSeconds) + " seconds (30 days)";
+                 return false;
+             case TWFTimeLimitParse::NotSeconds:
+                 break;
+             }
+             return error = "--timeout expects a whole number of seconds, got \"" + v + "\"", false;
          }},
         {"--output", true, {C::Resave},
          [](TRunnerArguments& a, const std::string& v, std::string&) { return a.outputFile = v, true; }},

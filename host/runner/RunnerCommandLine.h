@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,7 +27,7 @@ struct TRunnerArguments {
     bool noDefaultPlugins = false;
     /// resave: write even though the warnings name values that the file will lose.
     bool dropUnknown = false;
-    std::optional<int> timeoutSeconds;
+    std::optional<std::int64_t> timeoutSeconds;
     std::vector<std::string> plugins;
     /// options: "show" or "set"; set names SECTION.KEY and VALUE.
     std::string optionsVerb = "show";

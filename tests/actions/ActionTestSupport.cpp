@@ -1,84 +1,18 @@
 #include "ActionTestSupport.h"
 
-#include "WFClearCaseApplyAttributeObjectsAction.h"
-#include "WFClearCaseApplyAttributePathNamesAction.h"
-#include "WFClearCaseApplyLabelAction.h"
-#include "WFClearCaseCheckInActivityAction.h"
-#include "WFClearCaseCheckInGenericAction.h"
-#include "WFClearCaseCheckInPathAction.h"
-#include "WFClearCaseCheckOutAction.h"
-#include "WFClearCaseCleartoolAction.h"
-#include "WFClearCaseFindCheckoutsAction.h"
-#include "WFClearCaseGetConfigSpecAction.h"
-#include "WFClearCaseLockGenericAction.h"
-#include "WFClearCaseLockObjectsAction.h"
-#include "WFClearCaseLockPathNamesAction.h"
-#include "WFClearCaseMakeActivityAction.h"
-#include "WFClearCaseMakeAttributeTypeAction.h"
-#include "WFClearCaseMakeBaselineAction.h"
-#include "WFClearCaseMakeBaselineFromLabelAction.h"
-#include "WFClearCaseMakeElementAction.h"
-#include "WFClearCaseMkLbTypeAction.h"
-#include "WFClearCaseSetActivityAction.h"
-#include "WFClearCaseSetConfigSpecAction.h"
-#include "WFClearCaseUnCheckOutAction.h"
-#include "WFClearCaseUnCheckOutActivityAction.h"
-#include "WFClearCaseUnlockObjectsAction.h"
-#include "WFClearCaseUnlockPathNamesAction.h"
-#include "WFClearCaseUpdateAction.h"
-#include "WFClearCaseOptions.h"
+#include "actions/WFClearCaseCheckInGenericAction.h"
+#include "actions/WFClearCaseLockGenericAction.h"
+#include "environment/WFClearCaseOptions.h"
 #include "WFFiles.h"
+#include "shell/WFClearCaseRegistration.h"
 #include "WFServices.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <map>
 
 namespace wftest {
 
 namespace {
-
-using Factory = std::function<std::unique_ptr<TClearCaseBaseAction>()>;
-
-template <typename T>
-std::pair<const std::string, Factory> entry(const char* name)
-{
-    return {name, [] { return std::unique_ptr<TClearCaseBaseAction>(std::make_unique<T>()); }};
-}
-
-const std::map<std::string, Factory>& factories()
-{
-    static const std::map<std::string, Factory> table{
-        entry<TClearCaseUpdateAction>("TClearCaseUpdateAction"),
-        entry<TClearCaseCheckoutAction>("TClearCaseCheckoutAction"),
-        entry<TClearCaseCheckInPathAction>("TClearCaseCheckInPathAction"),
-        entry<TClearCaseUnCheckOutAction>("TClearCaseUnCheckOutAction"),
-        entry<TClearCaseFindCheckoutsAction>("TClearCaseFindCheckoutsAction"),
-        entry<TClearCaseMakeElementAction>("TClearCaseMakeElementAction"),
-        entry<TClearCaseMkLbTypeAction>("TClearCaseMkLbTypeAction"),
-        entry<TClearCaseApplyLabelAction>("TClearCaseApplyLabelAction"),
-        entry<TClearCaseMakeAttributeTypeAction>("TClearCaseMakeAttributeTypeAction"),
-        entry<TClearCaseApplyAttributePathNamesAction>("TClearCaseApplyAttributePathNamesAction"),
-        entry<TClearCaseApplyAttributeObjectsAction>("TClearCaseApplyAttributeObjectsAction"),
-        entry<TClearCaseLockPathNamesAction>("TClearCaseLockPathNamesAction"),
-        entry<TClearCaseUnlockPathNamesAction>("TClearCaseUnlockPathNamesAction"),
-        entry<TClearCaseLockObjectsAction>("TClearCaseLockObjectsAction"),
-        entry<TClearCaseUnlockObjectsAction>("TClearCaseUnlockObjectsAction"),
-        entry<TClearCaseCleartoolAction>("TClearCaseCleartoolAction"),
-        entry<TClearCaseGetConfigSpecAction>("TClearCaseGetConfigSpecAction"),
-        entry<TClearCaseSetConfigSpecAction>("TClearCaseSetConfigSpecAction"),
-        entry<TClearCaseMakeActivityAction>("TClearCaseMakeActivityAction"),
-        entry<TClearCaseSetActivityAction>("TClearCaseSetActivityAction"),
-        entry<TClearCaseCheckInActivityAction>("TClearCaseCheckInActivityAction"),
-        entry<TClearCaseUnCheckOutActivityAction>("TClearCaseUnCheckOutActivityAction"),
-        entry<TClearCaseMakeBaselineAction>("TClearCaseMakeBaselineAction"),
-        entry<TClearCaseMakeBaselineFromLabelAction>("TClearCaseMakeBaselineFromLabelAction"),
-        entry<TClearCaseCheckInGenericAction>("TClearCaseCheckInGenericAction"),
-        entry<TClearCaseLockGenericAction>("TClearCaseLockGenericAction"),
-    };
-    return table;
-}
 
 void replaceAll(std::string& text, const std::string& from, const std::string& to)
 {
@@ -103,16 +37,15 @@ IWFClearCaseOptions& options()
 
 std::unique_ptr<TClearCaseBaseAction> createAction(const std::string& className)
 {
-    const auto found = factories().find(className);
-    return found == factories().end() ? nullptr : found->second();
-}
-
-std::vector<std::string> actionClassNames()
-{
-    std::vector<std::string> names;
-    for (const auto& [name, factory] : factories())
-        names.push_back(name);
-    return names;
+    if (const TClearCaseCatalogueRow* row = ClearCaseFindClass(className))
+        return ClearCaseCreateAction(*row);
+    // The two intermediate classes that can stand alone: their parts of the command line and
+    // their properties are tested by themselves.
+    if (className == "TClearCaseCheckInGenericAction")
+        return std::make_unique<TClearCaseCheckInGenericAction>();
+    if (className == "TClearCaseLockGenericAction")
+        return std::make_unique<TClearCaseLockGenericAction>();
+    return nullptr;
 }
 
 ActionEnvironment::ActionEnvironment()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseBaseAction.h"
 #include "WFTestSupport.h"
 
 #include "WFVariables.h"
@@ -14,10 +14,9 @@ namespace wftest {
 
 using PropertyTexts = std::vector<std::pair<std::string, std::string>>;
 
-/// Every action class of the package by its class name, as the shell registers them.
+/// A new action of a catalogued class, made by the catalogue, or of one of the intermediate
+/// classes that can stand alone; nullptr for any other name.
 std::unique_ptr<TClearCaseBaseAction> createAction(const std::string& className);
-/// The class names of the package's actions, registered and intermediate ones alike.
-std::vector<std::string> actionClassNames();
 
 /// A run-time environment for actions: the real options (registered through RegisterOptions)
 /// pointing at a fake cleartool, a view folder, a project folder as the host's default

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WFClearCaseOptions.h"
+#include "environment/WFClearCaseOptions.h"
 #include "WFTestSupport.h"
 
 #include <string>

@@ -1,7 +1,7 @@
-#include "WFClearCaseIniFile.h"
+#include "environment/WFClearCaseIniFile.h"
 
 #include "WFBrowse.h"
-#include "WFClearCaseOptions.h"
+#include "environment/WFClearCaseOptions.h"
 #include "WFIniFile.h"
 #include "WFServices.h"
 #include "WFTestSupport.h"

@@ -1,6 +1,6 @@
 #include "FakeCleartool.h"
 
-#include "WFClearCaseOptions.h"
+#include "environment/WFClearCaseOptions.h"
 #include "WFFiles.h"
 #include "WFServices.h"
 

@@ -1,8 +1,8 @@
 // The query session against one process per query: the same answers byte for byte, on the
 // simulator and on scripted stand-ins that hang, die or lack the interactive mode.
-#include "WFClearCaseOptions.h"
-#include "WFClearCaseQuerySession.h"
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseOptions.h"
+#include "environment/WFClearCaseQuerySession.h"
+#include "environment/WFClearCaseUtils.h"
 #include "WFCommandLine.h"
 #include "WFProcess.h"
 #include "WFServices.h"
@@ -292,9 +292,10 @@ TEST_F(SimulatorStore, OneSessionServesEveryQuery)
     for (const auto& row : storeQueries())
         alone.push_back(row.query(root));
     SetClearCaseDesignTime(true);
-    for (std::size_t i = 0; i < storeQueries().size(); ++i)
+    for (std::size_t i = 0; i < storeQueries().size(); ++i) {
         EXPECT_EQ(storeQueries()[i].query(root), alone[i]) << storeQueries()[i].name;
-    EXPECT_EQ(ClearCaseQuerySession().GetStarts(), 1);
+        EXPECT_EQ(ClearCaseQuerySession().GetStarts(), 1) << storeQueries()[i].name;
+    }
 }
 
 // --- Stand-ins that misbehave -----------------------------------------------------------

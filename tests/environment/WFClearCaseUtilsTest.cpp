@@ -1,6 +1,6 @@
 #include "FakeCleartool.h"
 
-#include "WFClearCaseUtils.h"
+#include "environment/WFClearCaseUtils.h"
 
 #include <gtest/gtest.h>
 
@@ -282,5 +282,37 @@ INSTANTIATE_TEST_SUITE_P(
                     VersionCase{"FailedRun", "Rational ClearCase LT 7.0\n", 2, ccUnknown},
                     VersionCase{"SomethingElse", "cleartool: Error: unknown\n", 0, ccUnknown}),
     [](const testing::TestParamInfo<VersionCase>& info) { return info.param.name; });
+
+struct QuotingCase {
+    std::string name;
+    std::string text;
+    std::string quoted;
+    std::string quotedIfBlank;
+};
+
+void PrintTo(const QuotingCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class QuotingTest : public testing::TestWithParam<QuotingCase> {};
+
+TEST_P(QuotingTest, EnclosesTheTextAsItStands)
+{
+    EXPECT_EQ(quoted(GetParam().text), GetParam().quoted);
+    EXPECT_EQ(quotedIfBlank(GetParam().text), GetParam().quotedIfBlank);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, QuotingTest,
+    testing::Values(QuotingCase{"Empty", "", "\"\"", ""},
+                    QuotingCase{"Word", "a.c", "\"a.c\"", "a.c"},
+                    QuotingCase{"Blank", "my file.c", "\"my file.c\"", "\"my file.c\""},
+                    QuotingCase{"OnlyABlank", " ", "\" \"", "\" \""},
+                    // A tab is not a blank, and quotes inside are not escaped.
+                    QuotingCase{"Tab", "a\tb", "\"a\tb\"", "a\tb"},
+                    QuotingCase{"InnerQuote", "say \"hi\"", "\"say \"hi\"\"", "\"say \"hi\"\""},
+                    QuotingCase{"BackslashAtEnd", "C:\\dir\\", "\"C:\\dir\\\"", "C:\\dir\\"}),
+    [](const testing::TestParamInfo<QuotingCase>& info) { return info.param.name; });
 
 } // namespace

@@ -1,7 +1,7 @@
 // A stored list read back must be stable: reading, writing and reading again gives the same
 // text, plain path names come before "@@" ones, and every entry ends in CR LF.
-#include "WFClearCaseCheckOutAction.h"
-#include "WFClearCaseMakeBaselineAction.h"
+#include "actions/WFClearCaseCheckOutAction.h"
+#include "actions/WFClearCaseMakeBaselineAction.h"
 
 #include <cstdint>
 #include <cstdlib>

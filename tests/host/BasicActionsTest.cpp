@@ -93,4 +93,27 @@ TEST_F(BasicActions, RunProgramPassesArgumentsAndJudgesTheExitCode)
     EXPECT_FALSE(run(failed, {{"Program", wftest::testAppPath()}}));
 }
 
+TEST_F(BasicActions, RunProgramWithAWorkingDirectoryThatFailsToExpandStartsNothing)
+{
+    wftest::ScopedEnv record("WF_FAKE_RECORD", dir.file("record.txt"));
+    TWFRunProgramAction action;
+    EXPECT_FALSE(run(action, {{"Program", wftest::testAppPath()}, {"WorkingDirectory", "%NO_SUCH_FOLDER_VARIABLE%"}}));
+    EXPECT_TRUE(wftest::readInvocations(dir.file("record.txt")).empty());
+    ASSERT_FALSE(log.messages().empty());
+    EXPECT_NE(log.messages().front().find("Working Directory"), std::string::npos) << log.messages().front();
+}
+
+TEST_F(BasicActions, RunProgramCutsALineWithoutBreaksAtTheBound)
+{
+    const std::string bytes = std::string(TWFLineSplitter::kMaxPendingLine * 2 + 10, 'x') + "\nend\n";
+    wftest::ScopedEnv output("WF_FAKE_OUTPUT", dir.write("out.txt", bytes));
+    TWFRunProgramAction action;
+    ASSERT_TRUE(run(action, {{"Program", wftest::testAppPath()}}));
+    std::vector<std::size_t> sizes;
+    for (const auto& entry : log.entries)
+        if (entry.stream == IWFLogSink::Stream::StdOut)
+            sizes.push_back(entry.text.size());
+    EXPECT_EQ(sizes, (std::vector<std::size_t>{TWFLineSplitter::kMaxPendingLine, TWFLineSplitter::kMaxPendingLine, 10, 3}));
+}
+
 } // namespace

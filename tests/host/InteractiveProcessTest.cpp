@@ -1,5 +1,6 @@
 // The interactive process: a program kept running and talked to through its standard input.
 #include "WFInteractiveProcess.h"
+#include "WFProcess.h"
 
 #include <gtest/gtest.h>
 
@@ -29,6 +30,18 @@ TEST(InteractiveProcess, AnswersLineByLineWhileItRuns)
     EXPECT_EQ(readUntil(*process, "\n"), "got one in /tmp\n");
     ASSERT_TRUE(process->Write("two\n"));
     EXPECT_EQ(readUntil(*process, "\n"), "got two in /tmp\n");
+}
+
+TEST(InteractiveProcess, OutlivesTheCleanUpAfterOtherRuns)
+{
+    const auto process = CreateWFInteractiveProcess();
+    ASSERT_TRUE(process->Start("/bin/cat", {}, ""));
+    // The runner stops what a finished program left behind; the session is none of that.
+    const auto run = CreateWFProcess();
+    run->SetExecutable("/bin/true");
+    ASSERT_TRUE(run->Execute());
+    ASSERT_TRUE(process->Write("still here\n"));
+    EXPECT_EQ(readUntil(*process, "\n"), "still here\n");
 }
 
 TEST(InteractiveProcess, ErrorOutputNeverBlocksTheProgram)

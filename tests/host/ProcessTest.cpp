@@ -1,5 +1,6 @@
 #include "WFProcess.h"
 
+#include "ProgramRun.h"
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 #include <thread>
 
 #include <signal.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -32,17 +34,6 @@ std::shared_ptr<IWFProcess> makeProcess(const std::string& parameters = "")
     process->SetParameters(parameters);
     process->SetCollectOutput(true);
     return process;
-}
-
-bool processAlive(pid_t pid)
-{
-    // A zombie still answers kill(0); look at its state instead.
-    std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
-    std::string line;
-    if (!std::getline(stat, line))
-        return false;
-    const auto close = line.rfind(')');
-    return close != std::string::npos && close + 2 < line.size() && line[close + 2] != 'Z';
 }
 
 TEST(Process, DeliversOutputInChunksAsItArrives)
@@ -131,9 +122,7 @@ TEST(Process, SilenceBoundKillsTheWholeTree)
     pid_t grandchild = 0;
     std::ifstream(pidFile) >> grandchild;
     ASSERT_GT(grandchild, 0);
-    for (int i = 0; i < 50 && processAlive(grandchild); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_FALSE(processAlive(grandchild));
+    EXPECT_TRUE(wftest::awaitProcessGone(grandchild));
 }
 
 TEST(Process, TerminateFromAnotherThreadStopsIt)
@@ -152,12 +141,118 @@ TEST(Process, TerminateFromAnotherThreadStopsIt)
     EXPECT_NE(process->GetExitCode(), 0);
 }
 
-TEST(Process, FactoryCanBeReplaced)
+
+// ---- Ends that do not come by themselves: what the program does with its pipes and its
+// children must not keep the run going, nor leave anything behind ----
+
+/// How a scenario is ended from outside.
+enum class Stopper { None, TimeLimit, Terminate };
+
+struct EndCase {
+    const char* name;
+    std::vector<std::pair<const char*, const char*>> environment;
+    Stopper stopper;
+    /// The program's child, whose pid the program writes to child.pid, must be gone after.
+    bool hasChild;
+};
+
+class ProcessEnd : public ::testing::TestWithParam<EndCase> {};
+
+TEST_P(ProcessEnd, EndsAndLeavesNothingRunning)
 {
-    auto previous = SetWFProcessFactory([] { return std::shared_ptr<IWFProcess>(); });
-    EXPECT_EQ(CreateWFProcess(), nullptr);
-    SetWFProcessFactory(previous);
-    EXPECT_NE(CreateWFProcess(), nullptr);
+    const EndCase& c = GetParam();
+    wftest::TempDir dir;
+    const std::string pidFile = dir.file("child.pid");
+    std::vector<std::unique_ptr<wftest::ScopedEnv>> environment;
+    for (const auto& [name, value] : c.environment)
+        environment.push_back(std::make_unique<wftest::ScopedEnv>(name, value));
+    if (c.hasChild)
+        environment.push_back(std::make_unique<wftest::ScopedEnv>("WF_FAKE_CHILD_PIDFILE", pidFile));
+    Chunks handler;
+    auto process = makeProcess();
+    process->SetOutputHandler(&handler);
+    if (c.stopper == Stopper::TimeLimit)
+        process->SetTimeLimit(500);
+    std::thread stopper;
+    if (c.stopper == Stopper::Terminate)
+        stopper = std::thread([process] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(500));
+            process->Terminate();
+        });
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_TRUE(process->Execute()) << process->GetErrorText();
+    if (stopper.joinable())
+        stopper.join();
+    // Generous: only a run that would never end fails this.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+    EXPECT_EQ(process->GetTimedOut(), c.stopper == Stopper::TimeLimit);
+    EXPECT_EQ(process->GetTerminated(), c.stopper == Stopper::Terminate);
+    if (c.stopper == Stopper::Terminate) {
+        EXPECT_EQ(process->GetErrorText(), "Stopped on request");
+    }
+    if (c.stopper == Stopper::None) {
+        EXPECT_EQ(process->GetExitCode(), 0);
+    }
+    if (!c.hasChild)
+        return;
+    pid_t child = 0;
+    std::ifstream(pidFile) >> child;
+    ASSERT_GT(child, 0);
+    EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Scenarios, ProcessEnd,
+    ::testing::Values(
+        EndCase{"TimeLimitHoldsAfterTheOutputIsClosed", {{"WF_FAKE_CLOSE_OUTPUT", "1"}, {"WF_FAKE_SLEEP_MS", "60000"}},
+                Stopper::TimeLimit, false},
+        EndCase{"TerminateHoldsAfterTheOutputIsClosed", {{"WF_FAKE_CLOSE_OUTPUT", "1"}, {"WF_FAKE_SLEEP_MS", "60000"}},
+                Stopper::Terminate, false},
+        EndCase{"ExitWhileAChildKeepsWriting", {{"WF_FAKE_CHILD", "writer"}}, Stopper::None, true},
+        EndCase{"TimeLimitStopsADetachedChild", {{"WF_FAKE_CHILD", "detached"}, {"WF_FAKE_SLEEP_MS", "60000"}},
+                Stopper::TimeLimit, true},
+        EndCase{"TerminateStopsADetachedChild", {{"WF_FAKE_CHILD", "detached"}, {"WF_FAKE_SLEEP_MS", "60000"}},
+                Stopper::Terminate, true},
+        EndCase{"ExitStopsADetachedChild", {{"WF_FAKE_CHILD", "detached"}}, Stopper::None, true}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct PathCase {
+    const char* name;
+    /// PATH, with @ standing for the test's folder.
+    std::string path;
+    /// Files to make below the folder, executable when their name ends in "*".
+    std::vector<std::string> files;
+    /// The expected result below the folder; empty: none found.
+    std::string found;
+};
+
+class ProgramOnPath : public ::testing::TestWithParam<PathCase> {};
+
+TEST_P(ProgramOnPath, FindsTheFirstExecutableFile)
+{
+    const PathCase& c = GetParam();
+    wftest::TempDir dir;
+    for (std::string file : c.files) {
+        const bool executable = file.back() == '*';
+        if (executable)
+            file.pop_back();
+        const std::string path = dir.write(file, "#!/bin/sh\n");
+        ::chmod(path.c_str(), executable ? 0755 : 0644);
+    }
+    std::string path = c.path;
+    for (auto at = path.find('@'); at != std::string::npos; at = path.find('@'))
+        path.replace(at, 1, dir.path());
+    wftest::ScopedEnv pathEnv("PATH", path);
+    EXPECT_EQ(findProgramOnPath("tool"), c.found.empty() ? "" : dir.file(c.found));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, ProgramOnPath,
+    ::testing::Values(PathCase{"FirstMatchWins", "@/a:@/b", {"a/tool*", "b/tool*"}, "a/tool"},
+                      PathCase{"NotExecutableIsSkipped", "@/a:@/b", {"a/tool", "b/tool*"}, "b/tool"},
+                      PathCase{"FolderIsSkipped", "@/c:@/b", {"c/tool/x*", "b/tool*"}, "b/tool"},
+                      PathCase{"TrailingSlashIsKept", "@/b/", {"b/tool*"}, "b/tool"},
+                      PathCase{"NothingFound", "@/a", {}, ""}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace

@@ -8,6 +8,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include <signal.h>
+#include <sys/stat.h>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -111,6 +114,24 @@ TEST_F(Faults, InterruptStopsTheToolAndExits130)
     std::ifstream(pidFile) >> child;
     ASSERT_GT(child, 0);
     EXPECT_TRUE(wftest::processGone(child));
+}
+
+TEST_F(Faults, InterruptWhileWaitingForAFifoReaderExits130)
+{
+    // Nobody ever opens the FIFO for reading: opening it for writing waits for ever.
+    const std::string fifo = dir.file("spec.fifo");
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    wftest::ProgramRequest request;
+    request.program = WFBUILD_PATH;
+    request.arguments = {"run", configSpecProject(fifo), "--config-dir", dir.file("config"), "--log", dir.file("build.log")};
+    request.environment = {{"WF_FAKE_RECORD", dir.file("record.txt")}};
+    request.signalAfterMs = 500;
+    request.signal = SIGINT;
+    const auto run = wftest::runProgram(request);
+    EXPECT_EQ(run.status, 130) << run.err;
+    EXPECT_NE(run.err.find("Interrupted: action 1 (ClearCase Get Config Spec: spec) was stopped."), std::string::npos)
+        << run.err;
+    EXPECT_TRUE(wftest::readInvocations(dir.file("record.txt")).empty()) << "cleartool was started";
 }
 
 struct BadProject {

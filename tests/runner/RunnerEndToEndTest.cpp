@@ -155,6 +155,11 @@ INSTANTIATE_TEST_SUITE_P(
                 "Command Line: \nAction Failed: the program was still running after 1 seconds and was stopped with "
                 "everything it started.\n",
                 1, "Action 1 (Test Run: slow) failed: timed out after 1 s"},
+        RunCase{"TimeoutHoldsAfterTheProgramClosesItsOutput",
+                testRun("slow", {{"Environment", "WF_FAKE_CLOSE_OUTPUT=1&#10;WF_FAKE_SLEEP_MS=5000"}}), {"--timeout", "1"}, 1,
+                "Command Line: \nAction Failed: the program was still running after 1 seconds and was stopped with "
+                "everything it started.\n",
+                1, "Action 1 (Test Run: slow) failed: timed out after 1 s"},
         RunCase{"ProjectTimeoutApplies", testRun("slow", {{"Environment", "WF_FAKE_SLEEP_MS=5000"}}), {}, 1,
                 "Command Line: \nAction Failed: the program was still running after 1 seconds and was stopped with "
                 "everything it started.\n",
@@ -262,16 +267,51 @@ TEST_P(WfbuildInterrupt, StopsTheRunningProgramTreeAndExits130)
     EXPECT_EQ(run.err, "Interrupted: action 1 (Test Run: long) was stopped.\n");
     EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<failure message=\"interrupted\""), std::string::npos);
     const int child = std::stoi(wftest::readFile(pidFile));
-    bool gone = false;
-    for (int attempt = 0; attempt < 50 && !(gone = wftest::processGone(child)); ++attempt)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_TRUE(gone) << "the program's child " << child << " still runs";
-    if (!gone)
-        ::kill(child, SIGKILL);
+    EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, WfbuildInterrupt, ::testing::Values(SIGINT, SIGTERM),
-                         [](const auto& info) { return info.param == SIGINT ? "SIGINT" : "SIGTERM"; });
+INSTANTIATE_TEST_SUITE_P(Signals, WfbuildInterrupt, ::testing::Values(SIGINT, SIGTERM, SIGHUP),
+                         [](const auto& info) { return std::string(sigabbrev_np(info.param)); });
+
+// ---- Signals that are no interrupt: the run goes on without its console or log, and
+// nothing is left running ----
+
+struct LostOutputCase {
+    std::string name;
+    bool closeStandardOutput;
+    long fileSizeLimit;
+    /// A line that standard error must hold.
+    std::string errLine;
+};
+
+class WfbuildLostOutput : public Wfbuild, public ::testing::WithParamInterface<LostOutputCase> {};
+
+TEST_P(WfbuildLostOutput, EndsWithoutBeingKilledAndStopsTheProgramTree)
+{
+    const LostOutputCase& c = GetParam();
+    dir.write("out.txt", std::string(64 * 1024, 'x') + "\n");
+    const std::string project = writeProject(projectXml(testRun(
+        "noisy", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt&#10;WF_FAKE_CHILD_PIDFILE=@DIR@/child.pid&#10;"
+                                  "WF_FAKE_CHILD=detached&#10;WF_FAKE_SLEEP_MS=500"}})));
+    ProgramRequest request;
+    request.closeStandardOutput = c.closeStandardOutput;
+    request.fileSizeLimit = c.fileSizeLimit;
+    const ProgramRun run = wfbuild({"run", project, "--log", dir.file("build.log"), "--junit", dir.file("junit.xml")},
+                                   request);
+
+    EXPECT_GE(run.status, 0) << run.err;
+    EXPECT_LT(run.status, 128) << "wfbuild was killed by signal " << run.status - 128;
+    EXPECT_NE(run.err.find(c.errLine), std::string::npos) << run.err;
+    EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<testcase name=\"Test Run: noisy\""), std::string::npos);
+    const int child = std::stoi(wftest::readFile(dir.file("child.pid")));
+    EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Signals, WfbuildLostOutput,
+    ::testing::Values(LostOutputCase{"SIGPIPE", true, 0, "wfbuild: standard output could not be written"},
+                      LostOutputCase{"SIGXFSZ", false, 16 * 1024, ""}),
+    [](const auto& info) { return info.param.name; });
 
 // ---- Projects with errors: named with line and column, nothing runs, the file stays ----
 
@@ -313,6 +353,9 @@ INSTANTIATE_TEST_SUITE_P(
                        "tmFailValidation, tmFailCommandLine)\n"},
         BadProjectCase{"BadBooleanValue", projectXml(testRun("x", {{"Arguments", "a"}, {"LogCommandLine", "yes"}})),
                        "@FILE@:8:38: error: \"yes\" is not a Boolean (True or False) for property \"LogCommandLine\"\n"},
+        BadProjectCase{"TimeoutTooLong", projectXml(testRun("x"), "", " timeout=\"4294968\""),
+                       "@FILE@:2:41: error: timeout=\"4294968\" is longer than the longest time limit, 2592000 seconds "
+                       "(30 days)\n"},
         BadProjectCase{"BadEnabledValue",
                        replaceAll(projectXml(testRun("x")), "enabled=\"True\"", "enabled=\"maybe\""),
                        "@FILE@:6:60: error: action TEST_RUN: enabled=\"maybe\" is not True or False\n"}),
@@ -552,6 +595,9 @@ INSTANTIATE_TEST_SUITE_P(
                   "wfbuild: option --log needs a value\nTry 'wfbuild help run'.\n"},
         UsageCase{"BadTimeout", {"run", "p.wfp", "--timeout", "soon"}, 2, "",
                   "wfbuild: --timeout expects a whole number of seconds, got \"soon\"\nTry 'wfbuild help run'.\n"},
+        UsageCase{"TimeoutTooLong", {"run", "p.wfp", "--timeout", "4294968"}, 2, "",
+                  "wfbuild: --timeout 4294968 is longer than the longest time limit, 2592000 seconds (30 days)\n"
+                  "Try 'wfbuild help run'.\n"},
         UsageCase{"BadSet", {"run", "p.wfp", "--set", "=x"}, 2, "",
                   "wfbuild: --set expects NAME=VALUE, got \"=x\"\nTry 'wfbuild help run'.\n"},
         UsageCase{"OptionsSetWithoutValue", {"options", "set", "Testing.Level"}, 2, "",

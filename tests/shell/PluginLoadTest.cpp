@@ -1,4 +1,4 @@
-#include "ExpectedCatalogue.h"
+#include "GoldenCatalogue.h"
 
 #include "WFAction.h"
 #include "WFPluginLoader.h"
@@ -22,7 +22,7 @@ TEST(PluginLoadTest, TheBuiltPackageRegistersItselfThroughItsEntryPoint)
     for (const auto& entry : WFActionServices().Catalogue())
         typeIds.push_back(entry.typeId);
     std::vector<std::string> expected;
-    for (const auto& row : wftest::expectedCatalogue())
+    for (const auto& row : wftest::goldenCatalogue())
         expected.push_back(row.typeId);
     EXPECT_EQ(typeIds, expected);
 

@@ -1,7 +1,7 @@
-#include "ExpectedCatalogue.h"
+#include "GoldenCatalogue.h"
 
+#include "shell/WFClearCaseRegistration.h"
 #include "WFAction.h"
-#include "WFClearCaseRegistration.h"
 #include "WFServices.h"
 
 #include <gtest/gtest.h>
@@ -10,15 +10,6 @@
 #include <ostream>
 #include <string>
 #include <vector>
-
-namespace wftest {
-
-void PrintTo(const ExpectedPages& row, std::ostream* out)
-{
-    *out << row.className;
-}
-
-} // namespace wftest
 
 namespace {
 
@@ -52,64 +43,60 @@ public:
 
 class CatalogueRowTest : public testing::TestWithParam<std::size_t> {};
 
-TEST_P(CatalogueRowTest, RegisteredInPlaceWithNameCategoryAndHelp)
+TEST_P(CatalogueRowTest, MatchesTheGoldenRowAndIsRegisteredInPlace)
 {
     RegisteredPackage package(false);
-    const wftest::ExpectedAction& expected = wftest::expectedCatalogue()[GetParam()];
-    const auto& catalogue = WFActionServices().Catalogue();
-    ASSERT_EQ(catalogue.size(), wftest::expectedCatalogue().size());
-    const TWFCatalogueEntry& entry = catalogue[GetParam()];
+    const wftest::GoldenAction& golden = wftest::goldenCatalogue()[GetParam()];
+    ASSERT_EQ(ClearCaseCatalogue().size(), wftest::goldenCatalogue().size());
+    const TClearCaseActionIdentity& row = ClearCaseCatalogue()[GetParam()].identity;
+    EXPECT_EQ(row.typeId, golden.typeId);
+    EXPECT_EQ(row.className, golden.className);
+    EXPECT_EQ(row.displayName, golden.displayName);
+    EXPECT_EQ(row.helpTopic, golden.helpTopic);
 
-    EXPECT_EQ(entry.typeId, expected.typeId);
-    EXPECT_EQ(entry.actionClass.className, expected.className);
-    EXPECT_EQ(entry.displayName, expected.displayName);
+    const auto& catalogue = WFActionServices().Catalogue();
+    ASSERT_EQ(catalogue.size(), wftest::goldenCatalogue().size());
+    const TWFCatalogueEntry& entry = catalogue[GetParam()];
+    EXPECT_EQ(entry.typeId, golden.typeId);
+    EXPECT_EQ(entry.actionClass.className, golden.className);
+    EXPECT_EQ(entry.displayName, golden.displayName);
     EXPECT_EQ(entry.category, "ClearCase");
 
-    const auto action = WFActionServices().CreateAction(expected.typeId);
+    const auto action = WFActionServices().CreateAction(golden.typeId);
     ASSERT_NE(action, nullptr);
-    EXPECT_EQ(action->GetActionName(), expected.displayName);
-    EXPECT_EQ(action->GetHelpTopicID(), expected.helpTopic);
-    EXPECT_EQ(WFClearCaseHelpTopic(expected.typeId), expected.helpTopic);
-    EXPECT_EQ(action->GetQuickHelpFilename(), WFClearCaseHelpFileName());
-    EXPECT_FALSE(WFClearCaseFindResource(expected.typeId).empty()) << "no bitmap for " << expected.typeId;
+    EXPECT_EQ(action->GetActionName(), golden.displayName);
+    EXPECT_EQ(action->GetHelpTopicID(), golden.helpTopic);
+    EXPECT_EQ(WFClearCaseHelpTopic(golden.typeId), golden.helpTopic);
+    EXPECT_EQ(action->GetQuickHelpFilename(), wftest::goldenHelpFile);
+    EXPECT_EQ(WFClearCaseHelpFileName(), wftest::goldenHelpFile);
+    EXPECT_FALSE(WFClearCaseFindResource(golden.typeId).empty()) << "no bitmap for " << golden.typeId;
 }
 
 INSTANTIATE_TEST_SUITE_P(Catalogue, CatalogueRowTest, testing::Range<std::size_t>(0, 24),
                          [](const testing::TestParamInfo<std::size_t>& info) {
-                             return wftest::expectedCatalogue()[info.param].typeId;
+                             return wftest::goldenCatalogue()[info.param].typeId;
                          });
 
-class PagesRowTest : public testing::TestWithParam<wftest::ExpectedPages> {};
-
-TEST_P(PagesRowTest, OnlyADesignTimeHostGetsThePagesInTabOrder)
+TEST(RegistrationTest, EveryCataloguedClassHasPagesOnlyForADesignTimeHost)
 {
     {
         RegisteredPackage package(false);
-        EXPECT_TRUE(WFActionServices().PagesOf(GetParam().className).empty());
+        for (const auto& row : ClearCaseCatalogue())
+            EXPECT_TRUE(WFActionServices().PagesOf(row.identity.className).empty()) << row.identity.className;
     }
     RegisteredPackage package(true);
-    EXPECT_EQ(pageNames(WFActionServices().PagesOf(GetParam().className)), GetParam().pages);
-}
+    for (const auto& row : ClearCaseCatalogue())
+        EXPECT_FALSE(WFActionServices().PagesOf(row.identity.className).empty()) << row.identity.className;
 
-INSTANTIATE_TEST_SUITE_P(Pages, PagesRowTest, testing::ValuesIn(wftest::expectedPages()),
-                         [](const testing::TestParamInfo<wftest::ExpectedPages>& info) { return info.param.className; });
-
-TEST(RegistrationTest, PageTableCoversTheCatalogueInItsOwnOrder)
-{
-    std::vector<std::string> registered;
+    std::vector<std::string> withPages;
     for (const auto& row : ClearCaseActionPages())
-        registered.push_back(row.actionClassName);
-    std::vector<std::string> expected;
-    for (const auto& row : wftest::expectedPages())
-        expected.push_back(row.className);
-    EXPECT_EQ(registered, expected);
-
+        withPages.push_back(row.actionClassName);
     std::vector<std::string> catalogued;
     for (const auto& row : ClearCaseCatalogue())
-        catalogued.push_back(row.actionClass.className);
-    std::sort(registered.begin(), registered.end());
+        catalogued.push_back(row.identity.className);
+    std::sort(withPages.begin(), withPages.end());
     std::sort(catalogued.begin(), catalogued.end());
-    EXPECT_EQ(registered, catalogued);
+    EXPECT_EQ(withPages, catalogued);
 }
 
 TEST(RegistrationTest, OptionsAreRegisteredWithIconScriptsAndPageOnlyAtDesignTime)

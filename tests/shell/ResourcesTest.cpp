@@ -1,6 +1,6 @@
-#include "ExpectedCatalogue.h"
+#include "GoldenCatalogue.h"
 
-#include "WFClearCaseResources.h"
+#include "resources/WFClearCaseResources.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ std::uint16_t readU16(std::span<const unsigned char> bytes, std::size_t at)
 std::vector<std::string> bitmapNames()
 {
     std::vector<std::string> names;
-    for (const auto& row : wftest::expectedCatalogue())
+    for (const auto& row : wftest::goldenCatalogue())
         names.push_back(row.typeId);
     names.push_back("CC_LOGO");
     return names;

@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -61,6 +62,10 @@ ProgramRun runProgram(const ProgramRequest& request)
         ::dup2(err[1], 2);
         if (!request.workingDirectory.empty() && ::chdir(request.workingDirectory.c_str()) != 0)
             ::_exit(126);
+        if (request.fileSizeLimit > 0) {
+            const rlimit limit{static_cast<rlim_t>(request.fileSizeLimit), static_cast<rlim_t>(request.fileSizeLimit)};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        }
         ::execve(argv[0], argv.data(), envp.data());
         ::_exit(127);
     }
@@ -71,6 +76,11 @@ ProgramRun runProgram(const ProgramRequest& request)
     bool signalled = false;
     bool killed = false;
     int open = 2;
+    if (request.closeStandardOutput) {
+        ::close(out[0]);
+        out[0] = -1;
+        --open;
+    }
     pollfd fds[2] = {{out[0], POLLIN, 0}, {err[0], POLLIN, 0}};
     std::string* sinks[2] = {&run.out, &run.err};
     char buffer[4096];
@@ -80,7 +90,9 @@ ProgramRun runProgram(const ProgramRequest& request)
             ::kill(pid, SIGKILL);
             killed = true;
         }
-        if (!signalled && !request.signalWhenFileReady.empty() && fileHoldsLine(request.signalWhenFileReady)) {
+        if (!signalled
+            && ((!request.signalWhenFileReady.empty() && fileHoldsLine(request.signalWhenFileReady))
+                || (request.signalAfterMs > 0 && elapsed >= request.signalAfterMs))) {
             ::kill(pid, request.signal);
             signalled = true;
         }
@@ -120,6 +132,19 @@ bool processGone(int pid)
     // The state follows the command name in parentheses: "pid (name) S ...".
     const auto close = text.rfind(')');
     return close != std::string::npos && close + 2 < text.size() && text[close + 2] == 'Z';
+}
+
+bool awaitProcessGone(int pid, int timeoutMs)
+{
+    const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
+    while (!processGone(pid)) {
+        if (std::chrono::steady_clock::now() >= until) {
+            ::kill(pid, SIGKILL);
+            return false;
+        }
+        ::poll(nullptr, 0, 10);
+    }
+    return true;
 }
 
 } // namespace wftest

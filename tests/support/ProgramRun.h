@@ -25,6 +25,12 @@ struct ProgramRequest {
     /// When set, the program gets `signal` as soon as this file holds a complete line.
     std::string signalWhenFileReady;
     int signal = 0;
+    /// When positive, the program gets `signal` this many milliseconds after its start.
+    int signalAfterMs = 0;
+    /// Stop reading the program's standard output at once, as a reader that quits does.
+    bool closeStandardOutput = false;
+    /// When positive, the program's file size limit (RLIMIT_FSIZE) in bytes.
+    long fileSizeLimit = 0;
     /// Killed after this long; the run then reports status -1.
     int deadlineMs = 10000;
 };
@@ -34,5 +40,8 @@ ProgramRun runProgram(const ProgramRequest& request);
 
 /// True when no process with this pid runs any more (a zombie awaiting its reaper counts as gone).
 bool processGone(int pid);
+/// Waits up to timeoutMs for the process to be gone. When it is not, kills it, so that a failing
+/// test leaves nothing behind, and returns false.
+bool awaitProcessGone(int pid, int timeoutMs = 2000);
 
 } // namespace wftest

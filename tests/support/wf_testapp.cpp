@@ -11,7 +11,12 @@
 //   WF_FAKE_CHUNKS=N         write the output in N pieces ...
 //   WF_FAKE_CHUNK_DELAY_MS=M ... with M milliseconds between them (default 50)
 //   WF_FAKE_SLEEP_MS=M       sleep before exiting
-//   WF_FAKE_CHILD_PIDFILE=F  start a child that sleeps for a long time; write its pid to F
+//   WF_FAKE_CHILD_PIDFILE=F  start a child and write its pid to F; the child, by WF_FAKE_CHILD:
+//     sleep (default)        sleeps for a long time
+//     writer                 prints a line every 50 ms for a long time
+//     detached               leaves the process group and session (setsid), closes its
+//                            output and sleeps for a long time
+//   WF_FAKE_CLOSE_OUTPUT=1   close standard output and error after the output, before sleeping
 //   WF_FAKE_STDIN=1          read standard input to its end first and report what came
 //   WF_FAKE_KILL_SELF=1      die by SIGKILL right after the output, as if killed mid-run
 #include <chrono>
@@ -25,6 +30,7 @@
 #include <thread>
 #include <vector>
 
+#include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -111,8 +117,20 @@ int main(int argc, char** argv)
     }
 
     if (const std::string pidFile = env("WF_FAKE_CHILD_PIDFILE"); !pidFile.empty()) {
+        const std::string mode = env("WF_FAKE_CHILD");
         const pid_t child = ::fork();
         if (child == 0) {
+            if (mode == "writer") {
+                for (int line = 0; line < 12000; ++line) {
+                    writeAll(1, "still writing " + std::to_string(line) + "\n");
+                    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+                }
+            } else if (mode == "detached") {
+                ::setsid();
+                const int null = ::open("/dev/null", O_WRONLY);
+                ::dup2(null, 1);
+                ::dup2(null, 2);
+            }
             ::sleep(600);
             ::_exit(0);
         }
@@ -131,6 +149,11 @@ int main(int argc, char** argv)
         ::kill(::getpid(), SIGKILL);
     if (const std::string text = env("WF_FAKE_STDERR"); !text.empty())
         writeAll(2, text + "\n");
+    if (env("WF_FAKE_CLOSE_OUTPUT") == "1") {
+        const int null = ::open("/dev/null", O_WRONLY);
+        ::dup2(null, 1);
+        ::dup2(null, 2);
+    }
     if (const std::string sleep = env("WF_FAKE_SLEEP_MS"); !sleep.empty())
         std::this_thread::sleep_for(std::chrono::milliseconds(std::atol(sleep.c_str())));
     return exitCode;

@@ -1,0 +1,61 @@
+#include "WFLineSplitter.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+struct SplitCase {
+    const char* name;
+    /// The stream as it arrives, chunk by chunk.
+    std::vector<std::string> chunks;
+    std::vector<std::string> lines;
+};
+
+class LineSplitter : public ::testing::TestWithParam<SplitCase> {};
+
+/// A bound of 4 bytes, so that cut lines are short enough to read in the table.
+TEST_P(LineSplitter, CutsTheStreamIntoLines)
+{
+    TWFLineSplitter splitter(4);
+    std::vector<std::string> lines;
+    const auto collect = [&](std::string_view line) { lines.emplace_back(line); };
+    for (const auto& chunk : GetParam().chunks)
+        splitter.add(chunk, collect);
+    splitter.finish(collect);
+    EXPECT_EQ(lines, GetParam().lines);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, LineSplitter,
+    ::testing::Values(SplitCase{"Empty", {}, {}},
+                      SplitCase{"LineFeeds", {"ab\n\ncd\n"}, {"ab", "", "cd"}},
+                      SplitCase{"CarriageReturnBeforeLineFeedIsDropped", {"ab\r\ncd\r\n"}, {"ab", "cd"}},
+                      SplitCase{"LoneCarriageReturnStays", {"a\rb\n"}, {"a\rb"}},
+                      SplitCase{"LastLineWithoutBreak", {"ab\ncd"}, {"ab", "cd"}},
+                      SplitCase{"LastLineEndingInCarriageReturn", {"ab\r"}, {"ab"}},
+                      SplitCase{"LineAcrossChunks", {"a", "b", "c\nd", "e\n"}, {"abc", "de"}},
+                      SplitCase{"CarriageReturnAndLineFeedInTwoChunks", {"ab\r", "\ncd\n"}, {"ab", "cd"}},
+                      SplitCase{"LineOfExactlyTheBound", {"abcd\n"}, {"abcd"}},
+                      SplitCase{"LongLineIsCutAtTheBound", {"abcdefghij\n"}, {"abcd", "efgh", "ij"}},
+                      SplitCase{"LongLineAcrossChunksIsCut", {"ab", "cdef", "gh", "i\n"}, {"abcd", "efgh", "i"}},
+                      SplitCase{"BreakRightAfterACutAddsNoEmptyLine", {"abcd", "\nx\n"}, {"abcd", "x"}},
+                      SplitCase{"CarriageReturnAtTheCutStaysWithItsLineFeed", {"abc\r", "\nd\n"}, {"abc", "d"}},
+                      SplitCase{"CutCarriageReturnPairsAcrossTheCut", {"abcd\r\n"}, {"abcd"}},
+                      SplitCase{"UnendedLongLineAtTheEnd", {"abcdefgh"}, {"abcd", "efgh"}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(LineSplitter, DefaultBoundHoldsAMebibyte)
+{
+    TWFLineSplitter splitter;
+    std::vector<std::size_t> sizes;
+    const std::string megabyte(TWFLineSplitter::kMaxPendingLine, 'x');
+    for (int i = 0; i < 3; ++i)
+        splitter.add(megabyte, [&](std::string_view line) { sizes.push_back(line.size()); });
+    splitter.add("tail\n", [&](std::string_view line) { sizes.push_back(line.size()); });
+    EXPECT_EQ(sizes, (std::vector<std::size_t>{megabyte.size(), megabyte.size(), megabyte.size(), 4}));
+}
+
+} // namespace
