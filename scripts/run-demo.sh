@@ -5,13 +5,16 @@ set -euo pipefail
 
 usage() {
   cat <<'EOF'
-Usage: bash scripts/run-demo.sh [--build-dir DIR] [--work-dir DIR] [--build-number N] [--setup-only]
+Usage: bash scripts/run-demo.sh [--build-dir DIR | --prefix DIR] [--work-dir DIR] [--build-number N] [--setup-only]
 
 Runs the release job of examples/release.wfp with wfbuild against the cleartool simulator.
 Everything lives in the work folder, which is removed and made afresh at each start; your own
 wfbuild configuration and ~/.ccsim are never touched.
 
   --build-dir DIR     the built tree (default: build)
+  --prefix DIR        run an installed or unpacked tree instead (DIR/bin/wfbuild,
+                      DIR/lib/wrenfield/sim/cleartool, the examples in DIR/share/doc/wrenfield);
+                      needs --work-dir
   --work-dir DIR      the scratch folder (default: BUILD-DIR/demo)
   --build-number N    the build number the release job stamps (default: 42)
   --setup-only        make the store, the views and options.ini, run no project
@@ -27,10 +30,12 @@ BUILD_DIR="build"
 WORK_DIR=""
 BUILD_NUMBER=42
 SETUP_ONLY=0
+PREFIX=""
 
 while [ $# -gt 0 ]; do
   case "$1" in
     --build-dir) [ $# -ge 2 ] || { echo "run-demo: --build-dir needs a folder" >&2; exit 2; }; BUILD_DIR="$2"; shift 2 ;;
+    --prefix) [ $# -ge 2 ] || { echo "run-demo: --prefix needs a folder" >&2; exit 2; }; PREFIX="$2"; shift 2 ;;
     --work-dir) [ $# -ge 2 ] || { echo "run-demo: --work-dir needs a folder" >&2; exit 2; }; WORK_DIR="$2"; shift 2 ;;
     --build-number) [ $# -ge 2 ] || { echo "run-demo: --build-number needs a number" >&2; exit 2; }; BUILD_NUMBER="$2"; shift 2 ;;
     --setup-only) SETUP_ONLY=1; shift ;;
@@ -44,15 +49,29 @@ case "$BUILD_NUMBER" in
 esac
 
 cd "$ROOT"
-if [ ! -d "$BUILD_DIR" ]; then
-  echo "run-demo: no build folder \"$BUILD_DIR\"; run bash scripts/demo.sh first" >&2
-  exit 2
+if [ -n "$PREFIX" ]; then
+  if [ ! -d "$PREFIX" ] || [ -z "$WORK_DIR" ]; then
+    echo "run-demo: --prefix needs an existing folder and a --work-dir" >&2
+    exit 2
+  fi
+  PREFIX="$(cd "$PREFIX" && pwd)"
+  WFBUILD="$PREFIX/bin/wfbuild"
+  CLEARTOOL="$PREFIX/lib/wrenfield/sim/cleartool"
+  PLUGIN_DIR="$PREFIX/lib/wrenfield/plugins"
+  EXAMPLES="$PREFIX/share/doc/wrenfield/examples"
+else
+  if [ ! -d "$BUILD_DIR" ]; then
+    echo "run-demo: no build folder \"$BUILD_DIR\"; run bash scripts/demo.sh first" >&2
+    exit 2
+  fi
+  BUILD_DIR="$(cd "$BUILD_DIR" && pwd)"
+  WORK_DIR="${WORK_DIR:-$BUILD_DIR/demo}"
+  WFBUILD="$BUILD_DIR/bin/wfbuild"
+  CLEARTOOL="$BUILD_DIR/bin/sim/cleartool"
+  PLUGIN_DIR="$BUILD_DIR/bin/plugins"
+  EXAMPLES="$ROOT/examples"
 fi
-BUILD_DIR="$(cd "$BUILD_DIR" && pwd)"
-WORK_DIR="${WORK_DIR:-$BUILD_DIR/demo}"
-WFBUILD="$BUILD_DIR/bin/wfbuild"
-CLEARTOOL="$BUILD_DIR/bin/sim/cleartool"
-for needed in "$WFBUILD" "$CLEARTOOL" "$BUILD_DIR/bin/plugins/WF30ClearCase.so" "$BUILD_DIR/bin/plugins/WFBasicActions.so"; do
+for needed in "$WFBUILD" "$CLEARTOOL" "$PLUGIN_DIR/WF30ClearCase.so" "$PLUGIN_DIR/WFBasicActions.so" "$EXAMPLES/release.wfp"; do
   if [ ! -e "$needed" ]; then
     echo "run-demo: $needed is missing; run bash scripts/demo.sh to build it" >&2
     exit 2
@@ -90,40 +109,16 @@ ct() {
   fi
 }
 
-echo "demo: making the VOBs $VOB and $PVOB in $STORE"
-ct mkvob -tag "$VOB" -nc "$STORE/main.vbs"
-ct mkvob -tag "$PVOB" -ucmproject -nc "$STORE/pvob.vbs"
-
-echo "demo: importing a small source tree through the view $SETUP_VIEW"
-ct mkview -snapshot -tag demo_setup "$SETUP_VIEW"
-printf 'element * CHECKEDOUT\nelement * /main/LATEST\nload %s\n' "$VOB" >"$WORK_DIR/setup.cs"
-(
-  cd "$SETUP_VIEW"
-  ct setcs "$WORK_DIR/setup.cs"
-  cd "vobs/main"
-  ct checkout -nc .
-  printf 'VERSION = 1.0\nCFLAGS = -O2 -Wall\n\nhello: src/main.c src/greet.c\n\tcc $(CFLAGS) -DVERSION=\\"$(VERSION)\\" -o $@ $^\n' >Makefile
-  printf 'A small program that greets the user. Built nightly by the release job.\n' >README
-  ct mkelem -nc -ci Makefile README
-  ct mkdir -nc src
-  cd src
-  printf '#include "greet.h"\n#include "version.h"\n\nint main(void)\n{\n    greet(BUILD_NUMBER);\n    return 0;\n}\n' >main.c
-  printf '#include "greet.h"\n#include <stdio.h>\n\nvoid greet(int build)\n{\n    printf("hello from build %%d\\n", build);\n}\n' >greet.c
-  printf '#pragma once\nvoid greet(int build);\n' >greet.h
-  printf '#define BUILD_NUMBER 0\n' >version.h
-  ct mkelem -nc -ci main.c greet.c greet.h version.h
-  ct checkin -nc .
-  cd ..
-  ct checkin -nc .
-)
-
-echo "demo: making the UCM project, its stream release_dev and the view $VIEW"
-ct mkcomp -nc -root "$VOB" "main_comp@$PVOB"
-ct mkproject -nc -in "RootFolder@$PVOB" -modcomp "main_comp@$PVOB" "release_proj@$PVOB"
-ct mkstream -nc -integration -in "release_proj@$PVOB" -baseline "main_comp_INITIAL@$PVOB" "release_proj_int@$PVOB"
-ct mkstream -nc -in "release_proj@$PVOB" -baseline "main_comp_INITIAL@$PVOB" "release_dev@$PVOB"
-ct mkview -snapshot -tag release_dev -stream "release_dev@$PVOB" "$VIEW"
-(cd "$VIEW/vobs/main" && ct mkactivity -nc -headline "Prepare the release" prepare_release)
+# The same world the end-to-end tests start from: tests/fixtures/world/world.steps.
+echo "demo: making the VOBs $VOB and $PVOB, the views $SETUP_VIEW and $VIEW, and the UCM project"
+if ! CLEARTOOL="$CLEARTOOL" bash "$ROOT/tests/fixtures/world/replay.sh" "$ROOT/tests/fixtures/world/world.steps" \
+    WORK="$WORK_DIR" VOB_STORAGE="$STORE" CONFIG_SPEC="$WORK_DIR/setup.cs" TREE="$ROOT/tests/fixtures/world/hello" \
+    SETUP_TAG=setup_v SETUP_VIEW="$SETUP_VIEW" COMP=main_comp PROJECT=release_proj STREAM=release_dev \
+    VIEW_TAG=release_dev VIEW="$VIEW" ACTIVITY=prepare_release >>"$SETUP_LOG" 2>&1; then
+  echo "run-demo: making the fixture failed:" >&2
+  tail -n 5 "$SETUP_LOG" >&2
+  exit 1
+fi
 
 # A developer carries on after the view was made: the release job's update loads the new
 # version, and its check-out search finds the README still checked out.
@@ -132,7 +127,7 @@ echo "demo: a developer (alice) changes greet.c and leaves README checked out"
   export USER=alice
   cd "$SETUP_VIEW/vobs/main/src"
   ct checkout -nc greet.c
-  sed -i 's/hello from build/hello, world, from build/' greet.c
+  printf '#include <stdio.h>\n\nvoid greet(void) { printf("hello, world\\n"); }\n' >greet.c
   ct checkin -c "Friendlier greeting" greet.c
   cd ..
   ct checkout -c "Rewording, not finished" README
@@ -140,7 +135,7 @@ echo "demo: a developer (alice) changes greet.c and leaves README checked out"
 
 printf '[ClearCase]\nCleartoolPath=%s\nInstallationType=Auto\n' "$CLEARTOOL" >"$CONFIG/options.ini"
 
-RUN=("$WFBUILD" run "$ROOT/examples/release.wfp" --config-dir "$CONFIG"
+RUN=("$WFBUILD" run "$EXAMPLES/release.wfp" --config-dir "$CONFIG"
      --set "VIEW=$VIEW" --set "BUILD=$BUILD_NUMBER")
 
 if [ "$SETUP_ONLY" -eq 1 ]; then
@@ -155,7 +150,7 @@ fi
 echo "demo: running examples/release.wfp (build $BUILD_NUMBER)"
 echo "      ${RUN[*]}"
 status=0
-(cd "$WORK_DIR" && "${RUN[@]}" --log "$WORK_DIR/release.log" --print-variables) >"$WORK_DIR/release.out" || status=$?
+(cd "$WORK_DIR" && "${RUN[@]}" --log "$WORK_DIR/release.log" --junit "$WORK_DIR/release.xml" --print-variables) >"$WORK_DIR/release.out" || status=$?
 # The console shows every action's header and output; the variables line is for the summary.
 sed '$d' "$WORK_DIR/release.out"
 if [ "$status" -ne 0 ]; then
@@ -176,6 +171,7 @@ Demo finished in $((SECONDS - started)) s, fixture included.
   baselines    $baselines
   config spec  $WORK_DIR/release-configspec.txt
   build log    $WORK_DIR/release.log
+  JUnit report $WORK_DIR/release.xml
 Look around yourself:
   export CCSIM_HOME=$STORE
   cd $VIEW/vobs/main && $CLEARTOOL lshistory src/version.h

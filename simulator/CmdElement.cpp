@@ -1,8 +1,10 @@
 #include "CmdElement.h"
 
 #include "ConfigSpec.h"
+#include "Listing.h"
 #include "SnapshotView.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace ccsim {
@@ -38,7 +40,7 @@ std::vector<ObjectRef> elementLocks(Session& s, Id element, const std::string& n
     const Id vob = vobOfElement(s.store, element);
     std::vector<ObjectRef> locks{vobRef(s.store, vob), ObjectRef{"element", element, "element", name, vob}};
     if (branch) {
-        const std::string path = *s.store.scalarText("SELECT path FROM branches WHERE id=?", *branch);
+        const std::string path = branchPath(s.store, *branch);
         const std::string type = path.substr(path.rfind('/') + 1);
         if (auto id = findType(s.store, vob, "brtype", type))
             locks.push_back(ObjectRef{"type", *id, "branch type", type, vob});
@@ -107,19 +109,17 @@ void checkOut(Session& s, const std::string& pname, const CheckoutRequest& req)
             fail(message(Msg::AlreadyCheckedOut, {pname, viewTag(s.store, *holder)}), unable);
     }
     checkUnlocked(s, elementLocks(s, e.element, pname, info.branch), "checkout", unable);
-    s.store.run("INSERT INTO checkouts(element_id, view_id, branch_id, pred_id, reserved, created, user, comment, activity_id) "
-                "VALUES(?,?,?,?,?,?,?,?,?)",
-                e.element, view.id, info.branch, version, req.reserved, s.env.now, s.env.user, req.comment, activity);
+    addCheckout(s, e.element, view.id, info.branch, version, req.reserved, req.comment, activity);
     if (!isDirectory(s.store, e.element)) {
         std::error_code ec;
         if (req.out) {
-            writeViewFile(s.resolve(*req.out).abs, versionData(s.store, version), true);
+            s.files.write(s.resolve(*req.out).abs, versionData(s.store, version), true);
         } else if (!req.ndata) {
             const bool keepHijack = fs::exists(e.file, ec) && isHijacked(s, view, e.element, e.file);
             if (keepHijack)
-                fs::permissions(e.file, fs::perms(0644), ec);
+                s.files.setWritable(e.file, true);
             else
-                writeViewFile(e.file, versionData(s.store, version), true);
+                s.files.write(e.file, versionData(s.store, version), true);
         }
     }
     s.print(message(Msg::CheckedOut, {pname, info.extension()}));
@@ -152,10 +152,10 @@ void checkIn(Session& s, const std::string& pname, const View& view, Id element,
     }
     std::string data;
     if (!dir) {
-        std::error_code ec;
-        if (!fs::exists(file, ec))
+        auto contents = s.files.contents(file);
+        if (!contents)
             fail(message(Msg::NoSuchFile, {pname}), unable);
-        data = readFile(file);
+        data = std::move(*contents);
         if (!req.identical && versionInfo(s.store, co->pred).number > 0 && data == versionData(s.store, co->pred))
             fail(message(Msg::IdenticalData), unable);
     }
@@ -164,17 +164,14 @@ void checkIn(Session& s, const std::string& pname, const View& view, Id element,
     s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
     if (co->activity)
         s.store.run("INSERT OR IGNORE INTO changeset(activity_id, version_id) VALUES(?,?)", *co->activity, version);
-    s.store.run("INSERT OR REPLACE INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element, version);
+    setLoaded(s.store, view.id, element, version);
     if (!dir) {
         if (req.keep) {
             const fs::path keep = keepName(file);
-            std::error_code ec;
-            fs::copy_file(file, keep, ec);
-            fs::permissions(keep, fs::perms(0644), ec);
+            s.files.write(keep, data, true);
             s.print(message(Msg::PrivateSaved, {pname, s.display(keep)}));
         }
-        std::error_code ec;
-        fs::permissions(file, fs::perms(0444), ec);
+        s.files.setWritable(file, false);
     }
     s.print(message(Msg::CheckedIn, {pname, versionInfo(s.store, version).extension()}));
 }
@@ -191,7 +188,7 @@ std::vector<Checkout> activityCheckouts(Session& s, const std::string& selector)
     } else {
         Selector sel = parseSelector(selector);
         const Vob vob = ucmVob(s, sel.vob);
-        auto id = findUcm(s.store, "activities", vob.id, sel.name);
+        auto id = findUcm(s.store, ObjectKind::Activity, vob.id, sel.name);
         if (!id)
             fail(message(Msg::ObjectNotFound, {"activity", sel.withoutKind()}));
         activity = *id;
@@ -207,7 +204,7 @@ std::vector<Checkout> activityCheckouts(Session& s, const std::string& selector)
 fs::path checkoutFile(Session& s, const View& view, Id element)
 {
     const Id vob = vobOfElement(s.store, element);
-    return viewFile(view, *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob), elementPath(s.store, element));
+    return viewFile(view, vobTag(s.store, vob), elementPath(s.store, element));
 }
 
 std::vector<std::string> withCact(const ParsedArgs& args)
@@ -312,7 +309,7 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
     const Id element = createElement(s, t.vob->id, parent, name, eltype, req.dir, req.comment);
     const Id branch = *branchByPath(s.store, element, "/main");
     const Id v0 = *latestOnBranch(s.store, branch);
-    s.store.run("INSERT OR REPLACE INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element, v0);
+    setLoaded(s.store, view.id, element, v0);
     s.print(req.dir ? message(Msg::CreatedDirElement, {pname}) : message(Msg::CreatedElement, {pname, eltype}));
     if (req.dir)
         fs::create_directories(t.abs, ec);
@@ -320,18 +317,16 @@ Id makeElement(Session& s, const std::string& pname, const MakeRequest& req)
         if (!req.dir) {
             if (!data.empty()) {
                 const fs::path keep = keepName(t.abs);
-                fs::rename(t.abs, keep, ec);
+                s.files.moveAside(t.abs, keep);
                 s.print(message(Msg::PrivateSaved, {pname, s.display(keep)}));
             }
-            writeViewFile(t.abs, "", false);
+            s.files.write(t.abs, "", false);
         }
         return element;
     }
-    s.store.run("INSERT INTO checkouts(element_id, view_id, branch_id, pred_id, reserved, created, user, comment, activity_id) "
-                "VALUES(?,?,?,?,1,?,?,?,?)",
-                element, view.id, branch, v0, s.env.now, s.env.user, req.comment, activity);
+    addCheckout(s, element, view.id, branch, v0, true, req.comment, activity);
     if (!req.dir)
-        writeViewFile(t.abs, data, true);
+        s.files.write(t.abs, data, true);
     s.print(message(Msg::CheckedOut, {pname, "/main/0"}));
     if (req.mode == "ci")
         checkIn(s, pname, view, element, t.abs, CheckinRequest{req.comment, true, false});
@@ -342,6 +337,78 @@ void refuseMasterInLt(Session& s, const ParsedArgs& args)
 {
     if (args.has("master") && s.env.lt)
         fail(message(Msg::LtUnsupported, {"Mastership (-master)"}));
+}
+
+/// The events of one element, newest first, as lshistory prints them.
+void history(Session& s, const std::string& given, Id element, bool shortForm, std::optional<Time> since)
+{
+    Stmt q = s.store.query(
+        "SELECT kind, vext, created, user, comment, label FROM events WHERE element_id=? ORDER BY id DESC", element);
+    while (q.step()) {
+        if (since && q.integer(2) < *since)
+            continue;
+        const std::string name = given + "@@" + q.text(1);
+        if (shortForm) {
+            s.print(name);
+            continue;
+        }
+        const std::string kind = q.text(0);
+        const std::string what =
+            kind == "label"   ? message(Msg::HistoryLabel, {q.isNull(5) ? "" : q.text(5), name})
+            : kind == "element" ? "create " + std::string(isDirectory(s.store, element) ? "directory" : "file") +
+                                      " element \"" + name + "\""
+            : kind == "branch" ? "create branch \"" + name + "\""
+                               : "create version \"" + name + "\"";
+        s.print(stampUser(s, q.integer(2), q.text(3)) + what);
+        if (!q.text(4).empty())
+            s.print("  \"" + q.text(4) + "\"");
+    }
+}
+
+/// The name `ls` shows for one file-system entry, and whether it is a directory to descend into.
+std::string lsName(Session& s, const fs::path& path, const std::string& shown, bool longForm)
+{
+    Target t = s.resolve(path.string());
+    if (!t.element || !t.view)
+        return longForm ? "view private object    " + shown : shown;
+    const View& view = *t.view;
+    std::string ext;
+    if (auto co = checkoutIn(s.store, *t.element, view.id)) {
+        ext = versionInfo(s.store, co->pred).branchPath + "/CHECKEDOUT";
+    } else if (auto sel = viewVersion(s, view, *t.element)) {
+        ext = versionInfo(s.store, sel->version).extension();
+    }
+    std::string out = shown + "@@" + ext;
+    if (longForm) {
+        const std::string kind = isDirectory(s.store, *t.element) ? "directory version      " : "version                ";
+        out = kind + out;
+        if (isHijacked(s, view, *t.element, path))
+            out += " [hijacked]";
+    }
+    return out;
+}
+
+void listDir(Session& s, const fs::path& dir, const std::string& prefix, bool recurse, bool longForm)
+{
+    std::vector<fs::directory_entry> entries;
+    std::error_code ec;
+    for (auto& e : fs::directory_iterator(dir, ec))
+        entries.push_back(e);
+    std::sort(entries.begin(), entries.end(), [](auto& a, auto& b) { return a.path().filename() < b.path().filename(); });
+    std::vector<std::pair<fs::path, std::string>> subdirs;
+    for (auto& e : entries) {
+        const std::string name = e.path().filename().string();
+        if ((name == "view.dat" || name.starts_with("update.")) && fs::is_regular_file(dir / "view.dat", ec))
+            continue;
+        const std::string shown = prefix.empty() ? name : prefix + "/" + name;
+        s.print(lsName(s, e.path(), shown, longForm));
+        if (e.is_directory(ec))
+            subdirs.emplace_back(e.path(), shown);
+    }
+    if (recurse) {
+        for (auto& [path, shown] : subdirs)
+            listDir(s, path, shown, true, longForm);
+    }
 }
 
 } // namespace
@@ -358,10 +425,6 @@ std::optional<Id> requireActivity(const View& view, std::string_view unable)
 void cmdCheckout(Session& s, const ParsedArgs& args)
 {
     requireOperands(args);
-    if (args.has("reserved") && args.has("unreserved"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-reserved", "-unreserved"})};
-    if (args.has("out") && args.has("ndata"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-out", "-ndata"})};
     CheckoutRequest req;
     req.reserved = !args.has("unreserved");
     req.anyVersion = args.has("version");
@@ -374,8 +437,6 @@ void cmdCheckout(Session& s, const ParsedArgs& args)
 
 void cmdCheckin(Session& s, const ParsedArgs& args)
 {
-    if (args.has("keep") && args.has("rm"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-keep", "-rm"})};
     const auto ops = withCact(args);
     CheckinRequest req;
     if (args.has("comment") || args.has("ncomment") || args.has("cfile"))
@@ -390,8 +451,6 @@ void cmdCheckin(Session& s, const ParsedArgs& args)
 
 void cmdUncheckout(Session& s, const ParsedArgs& args)
 {
-    if (args.has("keep") && args.has("rm"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-keep", "-rm"})};
     const auto ops = withCact(args);
     auto undo = [&](const std::string& pname, const View& view, Id element, const fs::path& file) {
         const std::string unable = message(Msg::UnableToUncheckout, {pname});
@@ -400,8 +459,7 @@ void cmdUncheckout(Session& s, const ParsedArgs& args)
             fail(message(Msg::NotCheckedOut, {pname}), unable);
         checkUnlocked(s, elementLocks(s, element, pname), "uncheckout", unable);
         s.store.run("DELETE FROM checkouts WHERE id=?", co->id);
-        s.store.run("INSERT OR REPLACE INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view.id, element,
-                    co->pred);
+        setLoaded(s.store, view.id, element, co->pred);
         std::error_code ec;
         if (!isDirectory(s.store, element)) {
             bool keep = args.has("keep");
@@ -413,11 +471,10 @@ void cmdUncheckout(Session& s, const ParsedArgs& args)
             }
             if (keep && fs::exists(file, ec)) {
                 const fs::path kept = keepName(file);
-                fs::rename(file, kept, ec);
-                fs::permissions(kept, fs::perms(0644), ec);
+                s.files.moveAside(file, kept);
                 s.print(message(Msg::PrivateSaved, {pname, s.display(kept)}));
             }
-            writeViewFile(file, versionData(s.store, co->pred), false);
+            s.files.write(file, versionData(s.store, co->pred), false);
         }
         s.print(message(Msg::CheckoutCancelled, {pname}));
     };
@@ -427,8 +484,6 @@ void cmdUncheckout(Session& s, const ParsedArgs& args)
 void cmdMkelem(Session& s, const ParsedArgs& args)
 {
     requireOperands(args);
-    if (args.has("nco") && args.has("ci"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-nco", "-ci"})};
     refuseMasterInLt(s, args);
     MakeRequest req;
     req.eltype = args.value("eltype").value_or("");
@@ -446,6 +501,89 @@ void cmdMkdir(Session& s, const ParsedArgs& args)
     refuseMasterInLt(s, args);
     MakeRequest req{true, "directory", args.has("nco") ? "nco" : "co", false, commentOf(s, args)};
     s.forEach(args.operands(), [&](const std::string& pname) { makeElement(s, pname, req); });
+}
+
+void cmdLshistory(Session& s, const ParsedArgs& args)
+{
+    std::optional<Time> since;
+    if (auto text = args.value("since")) {
+        since = parseDateTime(*text, s.env.now);
+        if (!since)
+            throw UsageError{message(Msg::AttributeValueType, {*text, "date-time"})};
+    }
+    std::vector<std::string> ops = args.operands();
+    if (ops.empty())
+        ops.push_back(".");
+    s.forEach(ops, [&](const std::string& op) {
+        Target t = s.resolve(op);
+        if (!t.element)
+            fail(message(Msg::NotObjectInVob, {op}));
+        history(s, op == "." && args.operands().empty() ? "." : op, *t.element, args.has("short"), since);
+    });
+}
+
+void cmdLs(Session& s, const ParsedArgs& args)
+{
+    std::vector<std::string> ops = args.operands();
+    const bool given = !ops.empty();
+    if (!given)
+        ops.push_back(".");
+    s.forEach(ops, [&](const std::string& op) {
+        Target t = s.resolve(op);
+        std::error_code ec;
+        if (!fs::exists(t.abs, ec))
+            fail(message(Msg::NoSuchFile, {op}));
+        if (fs::is_directory(t.abs, ec) && !args.has("directory"))
+            listDir(s, t.abs, given ? op : "", args.has("recurse"), args.has("long"));
+        else
+            s.print(lsName(s, t.abs, op, args.has("long")));
+    });
+}
+
+void cmdLscheckout(Session& s, const ParsedArgs& args)
+{
+    std::vector<std::string> ops = args.operands();
+    if (ops.empty())
+        ops.push_back(".");
+    s.forEach(ops, [&](const std::string& op) {
+        Target scope = s.resolve(op);
+        if (!scope.view && !scope.vob)
+            fail(message(Msg::NotObjectInVob, {op}));
+        const View* view = scope.view ? &*scope.view : nullptr;
+        const View* current = view ? view : s.view() ? &*s.view() : nullptr;
+        const std::string root = scope.abs.string();
+        Stmt q = s.store.query("SELECT element_id, view_id FROM checkouts ORDER BY id");
+        std::vector<Checkout> found;
+        while (q.step()) {
+            if (args.has("cview") && (!current || q.integer(1) != current->id))
+                continue;
+            auto co = checkoutIn(s.store, q.integer(0), q.integer(1));
+            if (args.has("me") && co->user != s.env.user)
+                continue;
+            const Id vob = vobOfElement(s.store, co->element);
+            const std::string tag = vobTag(s.store, vob);
+            const std::string path = elementPath(s.store, co->element);
+            const fs::path file = view ? viewFile(*view, tag, path) : fs::path(tag + (path.empty() ? "" : "/" + path));
+            const std::string f = file.string();
+            const bool below = f.starts_with(root + "/");
+            const bool direct = below && file.parent_path().string() == root;
+            const bool self = f == root;
+            const bool recurse = args.has("recurse") || args.has("all") || !scope.vob;
+            if (!(self && (args.has("directory") || recurse || !isDirectory(s.store, co->element))) &&
+                !(args.has("directory") ? false : recurse ? below : direct))
+                continue;
+            const std::string shown = s.display(file);
+            if (args.has("short")) {
+                s.print(shown);
+                continue;
+            }
+            s.print(stampUser(s, co->created, co->user) + "checkout " +
+                    (isDirectory(s.store, co->element) ? "directory version \"" : "version \"") + shown + "\" from " +
+                    versionInfo(s.store, co->pred).extension() + (co->reserved ? " (reserved)" : " (unreserved)"));
+            if (!co->comment.empty())
+                s.print("  \"" + co->comment + "\"");
+        }
+    });
 }
 
 } // namespace ccsim

@@ -13,5 +13,8 @@ void cmdMkdir(Session& s, const ParsedArgs& args);
 
 /// Fails unless a UCM view has a current activity; gives that activity.
 std::optional<Id> requireActivity(const View& view, std::string_view unable);
+void cmdLshistory(Session& s, const ParsedArgs& args);
+void cmdLs(Session& s, const ParsedArgs& args);
+void cmdLscheckout(Session& s, const ParsedArgs& args);
 
 } // namespace ccsim

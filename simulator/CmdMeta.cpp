@@ -1,8 +1,10 @@
 #include "CmdMeta.h"
 
 #include "ConfigSpec.h"
+#include "Listing.h"
 #include "Model.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
@@ -17,8 +19,6 @@ template <class Define>
 void makeTypes(Session& s, const ParsedArgs& args, std::string_view kind, Define define)
 {
     requireOperands(args);
-    if (args.has("global") && args.has("ordinary"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-global", "-ordinary"})};
     const std::string word = typeKindWord(kind);
     const std::string comment = commentOf(s, args);
     s.forEach(args.operands(), [&](const std::string& op) {
@@ -133,11 +133,7 @@ std::vector<Labelled> versionsFor(Session& s, const std::string& op, const std::
         for (size_t i = 0; i < out.size(); ++i) {
             if (!isDirectory(s.store, out[i].element))
                 continue;
-            Stmt q = s.store.query("SELECT id, name FROM elements WHERE parent_id=? ORDER BY name", out[i].element);
-            std::vector<std::pair<Id, std::string>> kids;
-            while (q.step())
-                kids.emplace_back(q.integer(0), q.text(1));
-            for (auto& [kid, name] : kids) {
+            for (auto& [kid, name] : childElements(s.store, out[i].element)) {
                 auto sel = viewVersion(s, *t.view, kid);
                 if (sel)
                     out.push_back({out[i].name + "/" + name, kid, sel->version});
@@ -150,8 +146,6 @@ std::vector<Labelled> versionsFor(Session& s, const std::string& op, const std::
 void lockOrUnlock(Session& s, const ParsedArgs& args, bool lock)
 {
     requireOperands(args);
-    if (args.has("nusers") && args.has("obsolete"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-nusers", "-obsolete"})};
     const std::string comment = commentOf(s, args);
     s.forEach(args.operands(), [&](const std::string& op) {
         ObjectRef o;
@@ -199,13 +193,6 @@ void cmdMkattype(Session& s, const ParsedArgs& args)
     const std::string vtype = args.value("vtype").value_or("string");
     if (vtype != "string" && vtype != "integer" && vtype != "real" && vtype != "time" && vtype != "opaque")
         throw UsageError{message(Msg::BadBound, {"-vtype", vtype, "keyword"})};
-    if (args.has("gt") && args.has("ge"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-gt", "-ge"})};
-    if (args.has("lt") && args.has("le"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-lt", "-le"})};
-    const int constraints = args.has("vpelement") + args.has("vpbranch") + args.has("vpversion");
-    if (constraints > 1)
-        throw UsageError{message(Msg::ConflictingOptions, {"-vpelement", "-vpversion"})};
     auto bound = [&](const char* a, const char* b) -> std::pair<std::optional<std::string>, bool> {
         std::optional<std::string> text = args.has(a) ? args.value(a) : args.value(b);
         if (!text)
@@ -278,10 +265,7 @@ void cmdMklabel(Session& s, const ParsedArgs& args)
                 if (current && !args.has("replace"))
                     fail(message(*current == l.version ? Msg::LabelOnVersion : Msg::LabelOnElement, {sel.name}),
                          unableOne);
-                if (current)
-                    s.store.run("DELETE FROM labels WHERE type_id=? AND element_id=?", *type, l.element);
-                s.store.run("INSERT INTO labels(type_id, version_id, element_id, created, user) VALUES(?,?,?,?,?)", *type,
-                            l.version, l.element, s.env.now, s.env.user);
+                putLabel(s, *type, l.element, l.version);
                 addEvent(s, l.element, "label", ext, commentOf(s, args), sel.name);
                 if (current && *current != l.version)
                     s.print(message(Msg::MovedLabel,
@@ -381,6 +365,33 @@ void cmdLock(Session& s, const ParsedArgs& args)
 void cmdUnlock(Session& s, const ParsedArgs& args)
 {
     lockOrUnlock(s, args, false);
+}
+
+void cmdLstype(Session& s, const ParsedArgs& args)
+{
+    const Vob vob = args.value("invob") ? s.vobFor(*args.value("invob")) : s.currentVob();
+    const std::string kind = args.value("kind").value_or("");
+    if (!kind.empty() && (!kind.ends_with("type") || typeKindWord(kind).empty()))
+        throw UsageError{message(Msg::NotVobObject, {kind})};
+    Stmt q = kind.empty() ? s.store.query("SELECT id, kind, name, created, user, comment FROM types WHERE vob_id=? "
+                                          "ORDER BY kind, name",
+                                          vob.id)
+                          : s.store.query("SELECT id, kind, name, created, user, comment FROM types WHERE vob_id=? AND kind=? "
+                                          "ORDER BY name",
+                                          vob.id, kind);
+    while (q.step()) {
+        const Id id = q.integer(0);
+        if (isObsolete(s.store, "type", id) && !args.has("obsolete"))
+            continue;
+        const std::string suffix = lockSuffix(s.store, "type", id);
+        if (args.has("short")) {
+            s.print(q.text(2) + suffix);
+            continue;
+        }
+        s.print(stampUser(s, q.integer(3), q.text(4)) + typeKindWord(q.text(1)) + " \"" + q.text(2) + "\"" + suffix);
+        if (!q.text(5).empty())
+            s.print("  \"" + q.text(5) + "\"");
+    }
 }
 
 } // namespace ccsim

@@ -11,5 +11,6 @@ void cmdMklabel(Session& s, const ParsedArgs& args);
 void cmdMkattr(Session& s, const ParsedArgs& args);
 void cmdLock(Session& s, const ParsedArgs& args);
 void cmdUnlock(Session& s, const ParsedArgs& args);
+void cmdLstype(Session& s, const ParsedArgs& args);
 
 } // namespace ccsim

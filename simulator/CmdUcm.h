@@ -11,5 +11,11 @@ void cmdMkstream(Session& s, const ParsedArgs& args);
 void cmdMkactivity(Session& s, const ParsedArgs& args);
 void cmdSetactivity(Session& s, const ParsedArgs& args);
 void cmdMkbl(Session& s, const ParsedArgs& args);
+void cmdLsactivity(Session& s, const ParsedArgs& args);
+void cmdLscomp(Session& s, const ParsedArgs& args);
+void cmdLsfolder(Session& s, const ParsedArgs& args);
+void cmdLsproject(Session& s, const ParsedArgs& args);
+void cmdLsstream(Session& s, const ParsedArgs& args);
+void cmdLsbl(Session& s, const ParsedArgs& args);
 
 } // namespace ccsim

@@ -1,12 +1,14 @@
 #include "Commands.h"
 
+#include "CmdDescribe.h"
 #include "CmdElement.h"
 #include "CmdMeta.h"
-#include "CmdQuery.h"
-#include "CmdSetup.h"
 #include "CmdUcm.h"
+#include "CmdView.h"
 #include "SnapshotView.h"
 
+#include <csignal>
+#include <cstdlib>
 #include <iostream>
 #include <sstream>
 
@@ -17,64 +19,73 @@ namespace {
 // Comment switches shared by every command that records a comment.
 #define CCSIM_COMMENT {"comment", 1, true}, {"cfile", 3, true}, {"cquery", 2}, {"cqeach", 3}, {"ncomment", 2}
 
-constexpr OptionSpec kShortLong[] = {{"short", 1}, {"long", 1}};
-constexpr OptionSpec kInvob[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true}};
-constexpr OptionSpec kLstype[] = {{"short", 1}, {"long", 1}, {"kind", 1, true}, {"invob", 3, true}, {"obsolete", 3}};
-constexpr OptionSpec kLsstream[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true},
+constexpr OptionRule kShortLong[] = {{"short", 1}, {"long", 1}};
+constexpr OptionRule kInvob[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true}};
+constexpr OptionRule kLstype[] = {{"short", 1}, {"long", 1}, {"kind", 1, true}, {"invob", 3, true}, {"obsolete", 3}};
+constexpr OptionRule kLsstream[] = {{"short", 1}, {"long", 1}, {"invob", 3, true}, {"cview", 3}, {"in", 2, true},
                                     {"view", 4, true}};
-constexpr OptionSpec kLsbl[] = {{"short", 1}, {"long", 1}, {"stream", 3, true}, {"component", 4, true}};
-constexpr OptionSpec kLshistory[] = {{"short", 1}, {"long", 1}, {"all", 3}, {"since", 3, true}, {"recurse", 1},
+constexpr OptionRule kLsbl[] = {{"short", 1}, {"long", 1}, {"stream", 3, true}, {"component", 4, true}};
+constexpr OptionRule kLshistory[] = {{"short", 1}, {"long", 1}, {"all", 3}, {"since", 3, true}, {"recurse", 1},
                                      {"directory", 1}};
-constexpr OptionSpec kLs[] = {{"short", 1}, {"long", 1}, {"recurse", 1}, {"directory", 1}, {"vob_only", 3},
+constexpr OptionRule kLs[] = {{"short", 1}, {"long", 1}, {"recurse", 1}, {"directory", 1}, {"vob_only", 3},
                               {"view_only", 4}};
-constexpr OptionSpec kLscheckout[] = {{"short", 1}, {"long", 1}, {"cview", 3}, {"me", 2}, {"recurse", 1}, {"all", 1},
+constexpr OptionRule kLscheckout[] = {{"short", 1}, {"long", 1}, {"cview", 3}, {"me", 2}, {"recurse", 1}, {"all", 1},
                                       {"directory", 1}};
-constexpr OptionSpec kDescribe[] = {{"short", 1}, {"long", 1}, {"version", 3, true}};
-constexpr OptionSpec kCheckout[] = {{"reserved", 3}, {"unreserved", 3}, {"nmaster", 3}, {"out", 3, true},
+constexpr OptionRule kDescribe[] = {{"short", 1}, {"long", 1}, {"version", 3, true}};
+constexpr OptionRule kCheckout[] = {{"reserved", 3}, {"unreserved", 3}, {"nmaster", 3}, {"out", 3, true},
                                     {"ndata", 3}, {"ptime", 3}, {"nwarn", 3}, CCSIM_COMMENT,
                                     {"query", 1}, {"nquery", 2}, {"usehijack", 3}, {"version", 3},
                                     {"branch", 3, true}};
-constexpr OptionSpec kCheckin[] = {CCSIM_COMMENT, {"nwarn", 3}, {"ptime", 3}, {"keep", 3}, {"rm", 2},
+constexpr OptionRule kCheckin[] = {CCSIM_COMMENT, {"nwarn", 3}, {"ptime", 3}, {"keep", 3}, {"rm", 2},
                                    {"identical", 3}, {"cact", 4}, {"from", 3, true}};
-constexpr OptionSpec kUncheckout[] = {{"keep", 3}, {"rm", 2}, {"cact", 4}, {"cwork", 3}};
-constexpr OptionSpec kMkelem[] = {{"eltype", 3, true}, {"nco", 3}, {"ci", 2}, {"ptime", 3}, {"mkpath", 3},
+constexpr OptionRule kUncheckout[] = {{"keep", 3}, {"rm", 2}, {"cact", 4}, {"cwork", 3}};
+constexpr OptionRule kMkelem[] = {{"eltype", 3, true}, {"nco", 3}, {"ci", 2}, {"ptime", 3}, {"mkpath", 3},
                                   {"master", 3}, {"nwarn", 3}, CCSIM_COMMENT};
-constexpr OptionSpec kMkdir[] = {CCSIM_COMMENT, {"nco", 3}, {"master", 3}};
-constexpr OptionSpec kUpdate[] = {{"print", 2}, {"force", 1}, {"overwrite", 3}, {"noverwrite", 3}, {"rename", 3},
+constexpr OptionRule kMkdir[] = {CCSIM_COMMENT, {"nco", 3}, {"master", 3}};
+constexpr OptionRule kUpdate[] = {{"print", 2}, {"force", 1}, {"overwrite", 3}, {"noverwrite", 3}, {"rename", 3},
                                   {"ctime", 3}, {"ptime", 3}, {"log", 3, true}, {"graphical", 1}};
-constexpr OptionSpec kSetcs[] = {{"tag", 3, true}, {"current", 3}, {"default", 3}, {"stream", 3}, {"force", 1},
+constexpr OptionRule kSetcs[] = {{"tag", 3, true}, {"current", 3}, {"default", 3}, {"stream", 3}, {"force", 1},
                                  {"overwrite", 3}, {"ctime", 3}, {"ptime", 3}};
-constexpr OptionSpec kCatcs[] = {{"tag", 3, true}};
-constexpr OptionSpec kMklbtype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3}, {"pbranch", 3},
+constexpr OptionRule kCatcs[] = {{"tag", 3, true}};
+constexpr OptionRule kMklbtype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3}, {"pbranch", 3},
                                     {"shared", 3}, CCSIM_COMMENT};
-constexpr OptionSpec kMkbrtype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3}, {"pbranch", 3},
+constexpr OptionRule kMkbrtype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3}, {"pbranch", 3},
                                     CCSIM_COMMENT};
-constexpr OptionSpec kMkattype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3},
+constexpr OptionRule kMkattype[] = {{"replace", 3}, {"global", 3}, {"acquire", 3}, {"ordinary", 3},
                                     {"vpelement", 4}, {"vpbranch", 4}, {"vpversion", 4}, {"shared", 3},
                                     {"vtype", 3, true}, {"gt", 2, true}, {"ge", 2, true}, {"lt", 2, true},
                                     {"le", 2, true}, {"enum", 3, true}, {"default", 3, true}, CCSIM_COMMENT};
-constexpr OptionSpec kMklabel[] = {{"replace", 3}, {"recurse", 1}, {"follow", 3}, {"version", 3, true},
+constexpr OptionRule kMklabel[] = {{"replace", 3}, {"recurse", 1}, {"follow", 3}, {"version", 3, true},
                                    CCSIM_COMMENT};
-constexpr OptionSpec kMkattr[] = {{"replace", 3}, {"recurse", 1}, {"version", 3, true}, {"pname", 3},
+constexpr OptionRule kMkattr[] = {{"replace", 3}, {"recurse", 1}, {"version", 3, true}, {"pname", 3},
                                   {"default", 3}, CCSIM_COMMENT};
-constexpr OptionSpec kLock[] = {{"replace", 3}, {"nusers", 3, true}, {"obsolete", 3}, {"pname", 3}, CCSIM_COMMENT};
-constexpr OptionSpec kUnlock[] = {{"pname", 3}, {"version", 3, true}, CCSIM_COMMENT};
-constexpr OptionSpec kMkvob[] = {{"tag", 3, true}, {"ucmproject", 3}, {"public", 3}, {"password", 3, true},
+constexpr OptionRule kLock[] = {{"replace", 3}, {"nusers", 3, true}, {"obsolete", 3}, {"pname", 3}, CCSIM_COMMENT};
+constexpr OptionRule kUnlock[] = {{"pname", 3}, {"version", 3, true}, CCSIM_COMMENT};
+constexpr OptionRule kMkvob[] = {{"tag", 3, true}, {"ucmproject", 3}, {"public", 3}, {"password", 3, true},
                                  CCSIM_COMMENT};
-constexpr OptionSpec kMkview[] = {{"tag", 3, true}, {"snapshot", 3}, {"stream", 3, true}, {"vws", 3, true}};
-constexpr OptionSpec kRmview[] = {{"tag", 3, true}, {"force", 1}};
-constexpr OptionSpec kLsview[] = {{"short", 1}, {"long", 1}, {"cview", 3}};
-constexpr OptionSpec kPwv[] = {{"short", 1}, {"wdview", 3}, {"setview", 3}};
-constexpr OptionSpec kMkfolder[] = {CCSIM_COMMENT, {"in", 2, true}};
-constexpr OptionSpec kMkproject[] = {CCSIM_COMMENT, {"in", 2, true}, {"modcomp", 3, true}};
-constexpr OptionSpec kMkcomp[] = {CCSIM_COMMENT, {"root", 3, true}, {"nroot", 3}};
-constexpr OptionSpec kMkstream[] = {CCSIM_COMMENT, {"integration", 3}, {"in", 2, true}, {"baseline", 3, true}};
-constexpr OptionSpec kMkactivity[] = {CCSIM_COMMENT, {"headline", 3, true}, {"in", 2, true}, {"nset", 3},
+constexpr OptionRule kMkview[] = {{"tag", 3, true}, {"snapshot", 3}, {"stream", 3, true}, {"vws", 3, true}};
+constexpr OptionRule kRmview[] = {{"tag", 3, true}, {"force", 1}};
+constexpr OptionRule kLsview[] = {{"short", 1}, {"long", 1}, {"cview", 3}};
+constexpr OptionRule kPwv[] = {{"short", 1}, {"wdview", 3}, {"setview", 3}};
+constexpr OptionRule kMkfolder[] = {CCSIM_COMMENT, {"in", 2, true}};
+constexpr OptionRule kMkproject[] = {CCSIM_COMMENT, {"in", 2, true}, {"modcomp", 3, true}};
+constexpr OptionRule kMkcomp[] = {CCSIM_COMMENT, {"root", 3, true}, {"nroot", 3}};
+constexpr OptionRule kMkstream[] = {CCSIM_COMMENT, {"integration", 3}, {"in", 2, true}, {"baseline", 3, true}};
+constexpr OptionRule kMkactivity[] = {CCSIM_COMMENT, {"headline", 3, true}, {"in", 2, true}, {"nset", 3},
                                       {"force", 1}};
-constexpr OptionSpec kSetactivity[] = {CCSIM_COMMENT, {"view", 4, true}, {"none", 3}};
-constexpr OptionSpec kMkbl[] = {CCSIM_COMMENT, {"view", 4, true}, {"component", 4, true}, {"all", 3},
+constexpr OptionRule kSetactivity[] = {CCSIM_COMMENT, {"view", 4, true}, {"none", 3}};
+constexpr OptionRule kMkbl[] = {CCSIM_COMMENT, {"view", 4, true}, {"component", 4, true}, {"all", 3},
                                 {"activities", 3, true}, {"identical", 3}, {"nlabel", 3}, {"incremental", 3},
                                 {"full", 2}, {"import", 3}};
+
+constexpr std::string_view kCheckoutExclusive[] = {"reserved unreserved", "out ndata"};
+constexpr std::string_view kKeepOrRemove[] = {"keep rm"};
+constexpr std::string_view kMkelemExclusive[] = {"nco ci"};
+constexpr std::string_view kTypeExclusive[] = {"global ordinary"};
+constexpr std::string_view kMkattypeExclusive[] = {"global ordinary", "gt ge", "lt le", "vpelement vpbranch vpversion"};
+constexpr std::string_view kLockExclusive[] = {"nusers obsolete"};
+constexpr std::string_view kUpdateExclusive[] = {"overwrite noverwrite rename", "ctime ptime"};
+constexpr std::string_view kMkblExclusive[] = {"component all activities", "nlabel incremental full"};
 
 // The registry, alphabetical. Usage blocks follow the reference's layout.
 constexpr Command kCommands[] = {
@@ -83,13 +94,13 @@ constexpr Command kCommands[] = {
      "Usage: checkin | ci [-c comment | -cfile pname | -cq | -cqe | -nc] [-nwarn] [-cr]\n"
      "                    [-ptime] [-keep | -rm] [-from source-pname] [-identical]\n"
      "                    {-cact | activity-selector ... | pname ...}",
-     cmdCheckin},
+     cmdCheckin, kKeepOrRemove},
     {"checkout", "co", kCheckout,
      "Usage: checkout | co [-reserved | -unreserved [-nmaster]] [-out dest-pname | -ndata]\n"
      "                     [-ptime] [-nwarn] [-c comment | -cfile pname | -cq | -cqe | -nc]\n"
      "                     [-query | -nquery | -usehijack] [-version] [-branch branch-pname]\n"
      "                     pname ...",
-     cmdCheckout},
+     cmdCheckout, kCheckoutExclusive},
     {"describe", "desc des", kDescribe, "Usage: describe | desc [-short | -long] [-version version-selector]\n"
                                         "                       {pname ... | object-selector ...}",
      cmdDescribe},
@@ -97,7 +108,7 @@ constexpr Command kCommands[] = {
      "Usage: lock [-replace] [-nusers login-name[,...] | -obsolete]\n"
      "            [-c comment | -cfile pname | -cq | -cqe | -nc]\n"
      "            {-pname pname ... | object-selector ...}",
-     cmdLock},
+     cmdLock, kLockExclusive},
     {"ls", "", kLs, "Usage: ls [-recurse | -directory] [-short | -long] [-vob_only | -view_only] [pname ...]", cmdLs},
     {"lsactivity", "lsact", kInvob, "Usage: lsactivity [-short | -long] [-in stream-selector | -invob vob-selector | -cview]\n"
                                     "                  [activity-selector ...]",
@@ -145,17 +156,17 @@ constexpr Command kCommands[] = {
      "                [-gt low-value | -ge low-value] [-lt high-value | -le high-value]\n"
      "                [-enum value[,...]] [-default default-value]\n"
      "                [-c comment | -cfile pname | -cq | -cqe | -nc] type-selector ...",
-     cmdMkattype},
+     cmdMkattype, kMkattypeExclusive},
     {"mkbl", "", kMkbl,
      "Usage: mkbl [-c comment | -cfile pname | -cq | -cqe | -nc] [-view view-tag]\n"
      "            [-component component-selector[,...] | -all | -activities activity-selector[,...]]\n"
      "            [-identical] [-nlabel | -incremental | -full]\n"
      "            {root-name | -import [component-selector[,...]] lbtype-selector ...}",
-     cmdMkbl},
+     cmdMkbl, kMkblExclusive},
     {"mkbrtype", "", kMkbrtype,
      "Usage: mkbrtype [-replace] [-global [-acquire] | -ordinary] [-pbranch]\n"
      "                [-c comment | -cfile pname | -cq | -cqe | -nc] type-selector ...",
-     cmdMkbrtype},
+     cmdMkbrtype, kTypeExclusive},
     {"mkcomp", "", kMkcomp,
      "Usage: mkcomp [-c comment | -cfile pname | -cq | -cqe | -nc] {-root dir-pname | -nroot}\n"
      "              component-selector",
@@ -165,7 +176,7 @@ constexpr Command kCommands[] = {
     {"mkelem", "", kMkelem,
      "Usage: mkelem [-eltype element-type-name] [-nco | -ci [-ptime]] [-mkpath] [-master]\n"
      "              [-nwarn] [-c comment | -cfile pname | -cq | -cqe | -nc] element-pname ...",
-     cmdMkelem},
+     cmdMkelem, kMkelemExclusive},
     {"mkfolder", "", kMkfolder,
      "Usage: mkfolder [-c comment | -cfile pname | -cq | -cqe | -nc] -in parent-folder-selector\n"
      "                folder-selector ...",
@@ -177,7 +188,7 @@ constexpr Command kCommands[] = {
     {"mklbtype", "", kMklbtype,
      "Usage: mklbtype [-replace] [-global [-acquire] | -ordinary] [-pbranch] [-shared]\n"
      "                [-c comment | -cfile pname | -cq | -cqe | -nc] type-selector ...",
-     cmdMklbtype},
+     cmdMklbtype, kTypeExclusive},
     {"mkproject", "mkproj", kMkproject,
      "Usage: mkproject [-c comment | -cfile pname | -cq | -cqe | -nc] [-modcomp component-selector[,...]]\n"
      "                 -in folder-selector project-selector",
@@ -203,7 +214,7 @@ constexpr Command kCommands[] = {
      "             {-current | -default | -stream | config-spec-pname}",
      cmdSetcs},
     {"uncheckout", "unco", kUncheckout, "Usage: uncheckout | unco [-keep | -rm] [-cwork] {-cact | pname ...}",
-     cmdUncheckout},
+     cmdUncheckout, kKeepOrRemove},
     {"unlock", "", kUnlock,
      "Usage: unlock [-c comment | -cfile pname | -cq | -cqe | -nc] [-version version-selector]\n"
      "              {-pname pname ... | object-selector ...}",
@@ -211,7 +222,7 @@ constexpr Command kCommands[] = {
     {"update", "", kUpdate,
      "Usage: update [-graphical] [-print] [-force] [-overwrite | -noverwrite | -rename]\n"
      "              [-ctime | -ptime] [-log pname] [pname ...]",
-     cmdUpdate},
+     cmdUpdate, kUpdateExclusive},
 };
 
 #undef CCSIM_COMMENT
@@ -229,6 +240,14 @@ void printVersion(std::ostream& out, bool lt)
            "cleartool                         2003.06.00 (Tue Jun 10 14:02:11 2003)\n"
            "db_server                         2003.06.00 (Tue Jun 10 14:02:11 2003)\n"
            "VOB database schema version: 54\n";
+}
+
+/// Tests stop the program here as a time-out would: $CCSIM_KILL_AT names the step it does not reach.
+void killedAt(std::string_view step)
+{
+    const char* at = std::getenv("CCSIM_KILL_AT");
+    if (at && step == at)
+        std::raise(SIGKILL);
 }
 
 } // namespace
@@ -250,6 +269,20 @@ const Command* findCommand(std::string_view name)
         }
     }
     return nullptr;
+}
+
+void checkExclusive(const Command& cmd, const ParsedArgs& args)
+{
+    for (std::string_view group : cmd.exclusive) {
+        std::vector<std::string> given;
+        std::istringstream names{std::string(group)};
+        for (std::string name; names >> name;) {
+            if (args.has(name))
+                given.push_back("-" + name);
+        }
+        if (given.size() > 1)
+            throw UsageError{message(Msg::ConflictingOptions, {given[0], given[1]})};
+    }
 }
 
 std::string commentOf(Session& s, const ParsedArgs& args)
@@ -331,9 +364,11 @@ int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std:
         if (!holder)
             holder = std::make_unique<Store>((env.home / "ccsim.db").string());
         Store& store = *holder;
+        FileChanges::applyRecorded(store);
         Transaction tx(store);
         Session session(store, env, cwd, out, err, in);
         try {
+            checkExclusive(*cmd, parsed.args);
             cmd->handler(session, parsed.args);
         } catch (const Failure& f) {
             for (const std::string& line : f.lines)
@@ -344,7 +379,11 @@ int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std:
             err << cmd->usage << '\n';
             return 1;
         }
+        session.files.record(store);
+        killedAt("commit");
         tx.commit();
+        killedAt("files");
+        FileChanges::applyRecorded(store);
         return session.status();
     } catch (const StoreError& e) {
         err << "cleartool: Error: " << message(Msg::StoreFailure, {e.what()}) << '\n';

@@ -23,9 +23,11 @@ using Handler = void (*)(Session&, const ParsedArgs&);
 struct Command {
     std::string_view name;
     std::string_view aliases; ///< blank-separated short names
-    std::span<const OptionSpec> options;
+    std::span<const OptionRule> options;
     std::string_view usage;
     Handler handler;
+    /// Groups of switches of which a command line may give only one, blank-separated ("keep rm").
+    std::span<const std::string_view> exclusive = {};
 };
 
 std::span<const Command> commands();
@@ -36,6 +38,8 @@ const Command* findCommand(std::string_view name);
 int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std::ostream& out, std::ostream& err,
                  std::istream& in, std::unique_ptr<Store>* keep = nullptr);
 
+/// Fails with the usage block when the command line gives two switches of one exclusive group.
+void checkExclusive(const Command& cmd, const ParsedArgs& args);
 /// The comment of -c / -cfile, empty for -nc or none.
 std::string commentOf(Session& s, const ParsedArgs& args);
 /// Fails with the usage block unless there is at least one operand.

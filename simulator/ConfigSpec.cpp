@@ -129,7 +129,7 @@ std::optional<Selection> selectVersion(Session& s, const View& view, const Confi
             if (branch && leaf == "LATEST") {
                 version = latestOnBranch(s.store, *branch);
             } else if (branch) {
-                const std::string path = *s.store.scalarText("SELECT path FROM branches WHERE id=?", *branch);
+                const std::string path = branchPath(s.store, *branch);
                 version = versionByExtension(s.store, element, path + "/" + leaf);
             }
         }
@@ -148,10 +148,10 @@ std::optional<Selection> viewVersion(Session& s, const View& view, Id element)
     if (!cs)
         return std::nullopt;
     const Id vob = vobOfElement(s.store, element);
-    const std::string tag = *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob);
+    const std::string tag = vobTag(s.store, vob);
     const std::string path = elementPath(s.store, element);
     const std::string name = path.empty() ? tag : tag + "/" + path;
-    if (auto loaded = s.store.scalar("SELECT version_id FROM loaded WHERE view_id=? AND element_id=?", view.id, element))
+    if (auto loaded = loadedVersion(s.store, view.id, element))
         return Selection{*loaded, false};
     return selectVersion(s, view, *cs, element, name);
 }

@@ -9,29 +9,69 @@ namespace ccsim {
 namespace {
 
 struct KindInfo {
-    std::string_view kind;
-    std::string_view word;
-    std::string_view table; ///< UCM table, empty for types
+    ObjectKind kind;
+    std::string_view selector; ///< the prefix of "lbtype:REL1"
+    std::string_view word;     ///< how messages name it
+    std::string_view table;    ///< where a UCM object lives; empty for the others
+    Msg notFound;              ///< what a type selector naming no type says
 };
 
+// One row per ObjectKind, in its order.
 constexpr KindInfo kKinds[] = {
-    {"lbtype", "label type", ""},          {"brtype", "branch type", ""},      {"attype", "attribute type", ""},
-    {"eltype", "element type", ""},        {"hltype", "hyperlink type", ""},   {"trtype", "trigger type", ""},
-    {"activity", "activity", "activities"}, {"stream", "stream", "streams"},   {"component", "component", "components"},
-    {"project", "project", "projects"},    {"folder", "folder", "folders"},    {"baseline", "baseline", "baselines"},
-    {"vob", "versioned object base", ""},  {"pool", "pool", ""},               {"oid", "object", ""},
+    {ObjectKind::LabelType, "lbtype", "label type", "", Msg::LabelTypeNotFound},
+    {ObjectKind::BranchType, "brtype", "branch type", "", Msg::BranchTypeNotFound},
+    {ObjectKind::AttributeType, "attype", "attribute type", "", Msg::AttributeTypeNotFound},
+    {ObjectKind::ElementType, "eltype", "element type", "", Msg::ElementTypeNotFound},
+    {ObjectKind::HyperlinkType, "hltype", "hyperlink type", "", Msg::NotVobObject},
+    {ObjectKind::TriggerType, "trtype", "trigger type", "", Msg::NotVobObject},
+    {ObjectKind::Activity, "activity", "activity", "activities", Msg::NotVobObject},
+    {ObjectKind::Stream, "stream", "stream", "streams", Msg::NotVobObject},
+    {ObjectKind::Component, "component", "component", "components", Msg::NotVobObject},
+    {ObjectKind::Project, "project", "project", "projects", Msg::NotVobObject},
+    {ObjectKind::Folder, "folder", "folder", "folders", Msg::NotVobObject},
+    {ObjectKind::Baseline, "baseline", "baseline", "baselines", Msg::NotVobObject},
+    {ObjectKind::Vob, "vob", "versioned object base", "", Msg::NotVobObject},
+    {ObjectKind::Pool, "pool", "pool", "", Msg::NotVobObject},
+    {ObjectKind::Oid, "oid", "object", "", Msg::NotVobObject},
 };
 
-const KindInfo* kindInfo(std::string_view kind)
+const KindInfo* kindInfo(std::string_view selector)
 {
     for (const KindInfo& k : kKinds) {
-        if (k.kind == kind)
+        if (k.selector == selector)
             return &k;
     }
     return nullptr;
 }
 
+const KindInfo& kindInfo(ObjectKind kind)
+{
+    return kKinds[static_cast<size_t>(kind)];
+}
+
+/// A UCM kind's table: table names come from this table, never from input.
+std::string ucmTable(ObjectKind kind)
+{
+    return std::string(kindInfo(kind).table);
+}
+
 } // namespace
+
+std::optional<ObjectKind> objectKind(std::string_view selector)
+{
+    const KindInfo* k = kindInfo(selector);
+    return k ? std::optional<ObjectKind>(k->kind) : std::nullopt;
+}
+
+std::string_view selectorWord(ObjectKind kind)
+{
+    return kindInfo(kind).selector;
+}
+
+bool isUcmKind(ObjectKind kind)
+{
+    return !kindInfo(kind).table.empty();
+}
 
 std::string typeKindWord(std::string_view kind)
 {
@@ -42,6 +82,95 @@ std::string typeKindWord(std::string_view kind)
 bool isSelectorKind(std::string_view kind)
 {
     return kindInfo(kind) != nullptr;
+}
+
+std::string vobTag(Store& store, Id vob)
+{
+    return store.scalarText("SELECT tag FROM vobs WHERE id=?", vob).value_or("");
+}
+
+Id ucmVobOf(Store& store, ObjectKind kind, Id id)
+{
+    return store.scalar("SELECT vob_id FROM " + ucmTable(kind) + " WHERE id=?", id).value_or(0);
+}
+
+std::optional<Id> loadedVersion(Store& store, Id view, Id element)
+{
+    return store.scalar("SELECT version_id FROM loaded WHERE view_id=? AND element_id=?", view, element);
+}
+
+void setLoaded(Store& store, Id view, Id element, Id version)
+{
+    store.run("INSERT OR REPLACE INTO loaded(view_id, element_id, version_id) VALUES(?,?,?)", view, element, version);
+}
+
+std::optional<Id> integrationStream(Store& store, Id project)
+{
+    return store.scalar("SELECT id FROM streams WHERE project_id=? AND integration=1", project);
+}
+
+std::vector<Id> streamActivities(Store& store, Id stream)
+{
+    std::vector<Id> out;
+    Stmt q = store.query("SELECT id FROM activities WHERE stream_id=? ORDER BY name", stream);
+    while (q.step())
+        out.push_back(q.integer(0));
+    return out;
+}
+
+void setCurrentActivity(Store& store, Id view, std::optional<Id> activity)
+{
+    store.run("UPDATE views SET activity_id=? WHERE id=?", activity, view);
+}
+
+std::string branchPath(Store& store, Id branch)
+{
+    return store.scalarText("SELECT path FROM branches WHERE id=?", branch).value_or("");
+}
+
+std::vector<std::pair<Id, std::string>> childElements(Store& store, Id directory)
+{
+    std::vector<std::pair<Id, std::string>> out;
+    Stmt q = store.query("SELECT id, name FROM elements WHERE parent_id=? ORDER BY name", directory);
+    while (q.step())
+        out.emplace_back(q.integer(0), q.text(1));
+    return out;
+}
+
+Id vobRoot(Store& store, Id vob)
+{
+    return store.scalar("SELECT id FROM elements WHERE vob_id=? AND parent_id IS NULL", vob).value_or(0);
+}
+
+Id addMainBranch(Session& s, Id element)
+{
+    return s.store.run("INSERT INTO branches(element_id, path, created, user) VALUES(?, '/main', ?, ?)", element, s.env.now,
+                       s.env.user);
+}
+
+void putLabel(Session& s, Id type, Id element, Id version)
+{
+    s.store.run("DELETE FROM labels WHERE type_id=? AND element_id=?", type, element);
+    s.store.run("INSERT INTO labels(type_id, version_id, element_id, created, user) VALUES(?,?,?,?,?)", type, version, element,
+                s.env.now, s.env.user);
+}
+
+void addCheckout(Session& s, Id element, Id view, Id branch, Id pred, bool reserved, const std::string& comment,
+                 std::optional<Id> activity)
+{
+    s.store.run("INSERT INTO checkouts(element_id, view_id, branch_id, pred_id, reserved, created, user, comment, activity_id) "
+                "VALUES(?,?,?,?,?,?,?,?,?)",
+                element, view, branch, pred, reserved, s.env.now, s.env.user, comment, activity);
+}
+
+std::string componentRootPath(Store& store, Id component)
+{
+    Stmt q = store.query("SELECT v.tag, c.root_elem_id FROM components c JOIN vobs v ON v.id=c.root_vob_id WHERE c.id=?",
+                         component);
+    if (!q.step())
+        return {};
+    const std::string path = elementPath(store, q.integer(1));
+    return q.text(0) + (path.empty() ? "" : "/" + path);
 }
 
 std::optional<Id> findType(Store& store, Id vob, std::string_view kind, std::string_view name)
@@ -76,8 +205,7 @@ void seedVob(Session& s, Id vob, bool ucm)
                 "VALUES(?, NULL, '', 'directory', 1, ?, ?, '')",
                 vob, s.env.now, s.env.user);
     const Id root = s.store.lastId();
-    const Id branch = s.store.run("INSERT INTO branches(element_id, path, created, user) VALUES(?, '/main', ?, ?)", root,
-                                  s.env.now, s.env.user);
+    const Id branch = addMainBranch(s, root);
     createVersion(s, root, branch, "", "", 0);
     if (ucm)
         s.store.run("INSERT INTO folders(vob_id, name, created, user, comment) VALUES(?, 'RootFolder', ?, ?, '')", vob,
@@ -192,8 +320,7 @@ Id createElement(Session& s, Id vob, Id parent, const std::string& name, const s
                                    "VALUES(?,?,?,?,?,?,?,?)",
                                    vob, parent, name, eltype, dir, s.env.now, s.env.user, comment);
     addEvent(s, element, "element", "", comment);
-    const Id branch = s.store.run("INSERT INTO branches(element_id, path, created, user) VALUES(?, '/main', ?, ?)",
-                                  element, s.env.now, s.env.user);
+    const Id branch = addMainBranch(s, element);
     addEvent(s, element, "branch", "/main", comment);
     createVersion(s, element, branch, "", comment, 0);
     return element;
@@ -246,8 +373,7 @@ std::string viewTag(Store& store, Id view)
 
 ObjectRef vobRef(Store& store, Id vob)
 {
-    return ObjectRef{"vob", vob, "versioned object base", store.scalarText("SELECT tag FROM vobs WHERE id=?", vob).value_or(""),
-                     vob};
+    return ObjectRef{"vob", vob, "versioned object base", vobTag(store, vob), vob};
 }
 
 bool isLocked(Store& store, std::string_view kind, Id id)
@@ -307,8 +433,8 @@ Vob ucmVob(Session& s, const std::string& vobPart)
     if (!vobPart.empty()) {
         vob = s.vobFor(vobPart);
     } else if (s.view() && s.view()->stream) {
-        const Id v = *s.store.scalar("SELECT vob_id FROM streams WHERE id=?", *s.view()->stream);
-        vob = Vob{v, *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", v), true};
+        const Id v = ucmVobOf(s.store, ObjectKind::Stream, *s.view()->stream);
+        vob = Vob{v, vobTag(s.store, v), true};
     } else {
         vob = s.currentVob();
     }
@@ -317,34 +443,42 @@ Vob ucmVob(Session& s, const std::string& vobPart)
     return vob;
 }
 
-std::optional<Id> findUcm(Store& store, std::string_view table, Id vob, std::string_view name)
+std::optional<Id> findUcm(Store& store, ObjectKind kind, Id vob, std::string_view name)
 {
-    return store.scalar("SELECT id FROM " + std::string(table) + " WHERE vob_id=? AND name=?", vob, name);
+    return store.scalar("SELECT id FROM " + ucmTable(kind) + " WHERE vob_id=? AND name=?", vob, name);
 }
 
-Id requireUcm(Session& s, std::string_view kind, const std::string& text, Vob* vobOut)
+Id requireUcm(Session& s, ObjectKind kind, const std::string& text, Vob* vobOut)
 {
     Selector sel = parseSelector(text);
-    if (!sel.kind.empty() && sel.kind != kind)
+    const std::string_view word = selectorWord(kind);
+    if (!sel.kind.empty() && sel.kind != word)
         fail(message(Msg::NotVobObject, {text}));
     const Vob vob = ucmVob(s, sel.vob);
     if (vobOut)
         *vobOut = vob;
-    auto id = findUcm(s.store, kindInfo(kind)->table, vob.id, sel.name);
+    auto id = findUcm(s.store, kind, vob.id, sel.name);
     if (!id)
-        fail(message(Msg::ObjectNotFound, {kind, sel.withoutKind()}));
+        fail(message(Msg::ObjectNotFound, {std::string(word), sel.withoutKind()}));
     return *id;
 }
 
-std::string ucmName(Store& store, std::string_view table, Id id)
+std::string ucmName(Store& store, ObjectKind kind, Id id)
 {
-    return store.scalarText("SELECT name FROM " + std::string(table) + " WHERE id=?", id).value_or("");
+    return store.scalarText("SELECT name FROM " + ucmTable(kind) + " WHERE id=?", id).value_or("");
 }
 
-std::string ucmSelector(Store& store, std::string_view table, Id id)
+UcmRecord ucmRecord(Store& store, ObjectKind kind, Id id)
 {
-    Stmt q = store.query("SELECT t.name, v.tag FROM " + std::string(table) + " t JOIN vobs v ON v.id=t.vob_id WHERE t.id=?",
-                         id);
+    Stmt q = store.query("SELECT name, created, user, comment FROM " + ucmTable(kind) + " WHERE id=?", id);
+    if (!q.step())
+        throw StoreError("no " + std::string(selectorWord(kind)) + " " + std::to_string(id));
+    return UcmRecord{q.text(0), q.integer(1), q.text(2), q.text(3)};
+}
+
+std::string ucmSelector(Store& store, ObjectKind kind, Id id)
+{
+    Stmt q = store.query("SELECT t.name, v.tag FROM " + ucmTable(kind) + " t JOIN vobs v ON v.id=t.vob_id WHERE t.id=?", id);
     return q.step() ? q.text(0) + "@" + q.text(1) : std::string();
 }
 
@@ -390,31 +524,22 @@ ObjectRef resolveObject(Session& s, const std::string& text)
     Selector sel = parseSelector(text);
     if (sel.kind.empty())
         return resolvePathObject(s, s.resolve(text), std::nullopt);
-    const KindInfo* k = kindInfo(sel.kind);
-    if (sel.kind == "vob") {
+    const KindInfo& k = *kindInfo(sel.kind);
+    if (k.kind == ObjectKind::Vob) {
         Vob v = s.vobFor(sel.name);
-        return ObjectRef{"vob", v.id, std::string(k->word), v.tag, v.id};
+        return ObjectRef{"vob", v.id, std::string(k.word), v.tag, v.id};
     }
-    if (!k->table.empty()) {
+    if (isUcmKind(k.kind)) {
         Vob v;
-        const Id id = requireUcm(s, sel.kind, text, &v);
-        return ObjectRef{sel.kind, id, std::string(k->word), sel.name, v.id};
+        const Id id = requireUcm(s, k.kind, text, &v);
+        return ObjectRef{sel.kind, id, std::string(k.word), sel.name, v.id};
     }
     if (sel.kind.ends_with("type")) {
         const Vob v = sel.vob.empty() ? s.currentVob() : s.vobFor(sel.vob);
         auto id = findType(s.store, v.id, sel.kind, sel.name);
-        if (!id) {
-            if (sel.kind == "lbtype")
-                fail(message(Msg::LabelTypeNotFound, {sel.name}));
-            if (sel.kind == "attype")
-                fail(message(Msg::AttributeTypeNotFound, {sel.name}));
-            if (sel.kind == "brtype")
-                fail(message(Msg::BranchTypeNotFound, {sel.name}));
-            if (sel.kind == "eltype")
-                fail(message(Msg::ElementTypeNotFound, {sel.name}));
-            fail(message(Msg::NotVobObject, {text}));
-        }
-        return ObjectRef{"type", *id, std::string(k->word), sel.name, v.id};
+        if (!id)
+            fail(k.notFound == Msg::NotVobObject ? message(Msg::NotVobObject, {text}) : message(k.notFound, {sel.name}));
+        return ObjectRef{"type", *id, std::string(k.word), sel.name, v.id};
     }
     fail(message(Msg::NotVobObject, {text}));
 }
@@ -453,16 +578,11 @@ std::string defaultConfigSpec()
 
 std::string streamConfigSpec(Store& store, Id stream)
 {
-    std::string cs = "ucm\nidentity UCM.Stream oid:" + ucmSelector(store, "streams", stream) + " 1\n\n" +
+    std::string cs = "ucm\nidentity UCM.Stream oid:" + ucmSelector(store, ObjectKind::Stream, stream) + " 1\n\n" +
                      "# ONLY EDIT THIS CONFIG SPEC IN THE INDICATED \"CUSTOM\" AREAS\n#\n" + defaultConfigSpec() + "\n";
     for (Id comp : streamComponents(store, stream)) {
-        Stmt q = store.query("SELECT v.tag, c.root_elem_id FROM components c JOIN vobs v ON v.id=c.root_vob_id "
-                             "WHERE c.id=?",
-                             comp);
-        if (q.step()) {
-            const std::string path = elementPath(store, q.integer(1));
-            cs += "load " + q.text(0) + (path.empty() ? "" : "/" + path) + "\n";
-        }
+        if (const std::string root = componentRootPath(store, comp); !root.empty())
+            cs += "load " + root + "\n";
     }
     return cs + "\nend ucm\n";
 }

@@ -19,22 +19,22 @@ void ParsedArgs::set(std::string name, std::string value)
 namespace {
 
 /// The switch a word names: its full name wins over another switch it abbreviates ("-nco" is not "-ncomment").
-const OptionSpec* match(std::string_view word, std::span<const OptionSpec> specs)
+const OptionRule* match(std::string_view word, std::span<const OptionRule> rules)
 {
-    for (const OptionSpec& spec : specs) {
-        if (spec.name == word)
-            return &spec;
+    for (const OptionRule& rule : rules) {
+        if (rule.name == word)
+            return &rule;
     }
-    for (const OptionSpec& spec : specs) {
-        if (word.size() >= spec.minLength && word.size() <= spec.name.size() && spec.name.starts_with(word))
-            return &spec;
+    for (const OptionRule& rule : rules) {
+        if (word.size() >= rule.minLength && word.size() <= rule.name.size() && rule.name.starts_with(word))
+            return &rule;
     }
     return nullptr;
 }
 
 } // namespace
 
-ParseResult parseOptions(std::span<const std::string> words, std::span<const OptionSpec> specs)
+ParseResult parseOptions(std::span<const std::string> words, std::span<const OptionRule> rules)
 {
     ParseResult result;
     for (size_t i = 0; i < words.size(); ++i) {
@@ -60,14 +60,14 @@ ParseResult parseOptions(std::span<const std::string> words, std::span<const Opt
             inlineValue = std::string(body.substr(blank + 1));
             body = body.substr(0, blank);
         }
-        const OptionSpec* spec = match(body, specs);
-        if (!spec || (inlineValue && !spec->takesValue)) {
+        const OptionRule* rule = match(body, rules);
+        if (!rule || (inlineValue && !rule->takesValue)) {
             result.status = ParseResult::Status::UnknownOption;
             result.offending = word;
             return result;
         }
         std::string value;
-        if (spec->takesValue) {
+        if (rule->takesValue) {
             if (inlineValue) {
                 value = *inlineValue;
             } else if (i + 1 < words.size()) {
@@ -78,7 +78,7 @@ ParseResult parseOptions(std::span<const std::string> words, std::span<const Opt
                 return result;
             }
         }
-        result.args.set(std::string(spec->name), std::move(value));
+        result.args.set(std::string(rule->name), std::move(value));
     }
     return result;
 }

@@ -11,7 +11,7 @@ namespace ccsim {
 
 /// One switch of a sub-command: its full name without the dash, the shortest
 /// abbreviation accepted (in characters), and whether it takes the next word as its value.
-struct OptionSpec {
+struct OptionRule {
     std::string_view name;
     size_t minLength;
     bool takesValue = false;
@@ -45,6 +45,6 @@ struct ParseResult {
 /// Parses argv after the sub-command: switches (abbreviated to at least their minimum)
 /// come first; "--" or the first operand ends them. "-h" and "-help" ask for usage.
 /// A value switch takes the next word, or the rest of its own word after a blank ("-default 1").
-ParseResult parseOptions(std::span<const std::string> words, std::span<const OptionSpec> specs);
+ParseResult parseOptions(std::span<const std::string> words, std::span<const OptionRule> rules);
 
 } // namespace ccsim

@@ -1,5 +1,7 @@
 #include "Session.h"
 
+#include "Model.h"
+
 #include <fstream>
 #include <grp.h>
 #include <iostream>
@@ -205,7 +207,7 @@ Target Session::resolve(const std::string& given)
     }
     if (!t.vob)
         return t;
-    auto id = store.scalar("SELECT id FROM elements WHERE vob_id=? AND parent_id IS NULL", t.vob->id);
+    std::optional<std::int64_t> id = vobRoot(store, t.vob->id);
     size_t start = 0;
     const std::string& vp = t.vobPath;
     while (id && start < vp.size()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Dates.h"
+#include "FileChanges.h"
 #include "Messages.h"
 #include "Store.h"
 
@@ -73,6 +74,8 @@ public:
     std::ostream& out;
     std::ostream& err;
     std::istream& in;
+    /// View files this command changes; they change when the store commits.
+    FileChanges files;
 
     void error(const std::string& text);
     void warning(const std::string& text);
@@ -114,11 +117,13 @@ public:
     bool guarded(F body)
     {
         Savepoint sp(store);
+        const size_t mark = files.mark();
         try {
             body();
             sp.release();
             return true;
         } catch (const Failure& f) {
+            files.undoTo(mark);
             for (const std::string& line : f.lines)
                 error(line);
             return false;

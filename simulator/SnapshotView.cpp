@@ -16,20 +16,6 @@ fs::path viewFile(const View& view, const std::string& vobTag, const std::string
     return vobPath.empty() ? p : p / vobPath;
 }
 
-void writeViewFile(const fs::path& file, const std::string& data, bool writable)
-{
-    std::error_code ec;
-    fs::create_directories(file.parent_path(), ec);
-    fs::remove(file, ec);
-    {
-        std::ofstream out(file, std::ios::binary);
-        out << data;
-        if (!out)
-            fail("Unable to write \"" + file.string() + "\".");
-    }
-    fs::permissions(file, writable ? fs::perms(0644) : fs::perms(0444), ec);
-}
-
 std::string readFile(const fs::path& file)
 {
     std::ifstream in(file, std::ios::binary);
@@ -43,7 +29,7 @@ bool isHijacked(Session& s, const View& view, std::int64_t element, const fs::pa
     std::error_code ec;
     if (!fs::is_regular_file(file, ec) || checkoutIn(s.store, element, view.id))
         return false;
-    auto loaded = s.store.scalar("SELECT version_id FROM loaded WHERE view_id=? AND element_id=?", view.id, element);
+    auto loaded = loadedVersion(s.store, view.id, element);
     if (!loaded)
         return false;
     const auto perms = fs::status(file, ec).permissions();
@@ -62,15 +48,6 @@ fs::path keepName(const fs::path& file)
 }
 
 namespace {
-
-void setTime(const fs::path& file, Time t)
-{
-    std::error_code ec;
-    const auto now = fs::file_time_type::clock::now();
-    const auto sys = std::chrono::system_clock::now();
-    const auto target = std::chrono::system_clock::from_time_t(static_cast<std::time_t>(t));
-    fs::last_write_time(file, now + std::chrono::duration_cast<fs::file_time_type::duration>(target - sys), ec);
-}
 
 std::string logLine(std::string_view keyword, const std::string& rest)
 {
@@ -104,7 +81,7 @@ struct Pass {
         kept[element] = sel->version;
         ++objects;
         const auto previous =
-            s.store.scalar("SELECT version_id FROM loaded WHERE view_id=? AND element_id=?", view.id, element);
+            loadedVersion(s.store, view.id, element);
         if (dir) {
             std::error_code ec;
             if (!opt.print)
@@ -119,11 +96,7 @@ struct Pass {
         if (!dir && sel->checkedOut)
             return;
         if (dir) {
-            Stmt q = s.store.query("SELECT id, name FROM elements WHERE parent_id=? ORDER BY name", element);
-            std::vector<std::pair<Id, std::string>> children;
-            while (q.step())
-                children.emplace_back(q.integer(0), q.text(1));
-            for (auto& [child, childName] : children)
+            for (auto& [child, childName] : childElements(s.store, element))
                 visit(vob, child, vobPath.empty() ? childName : vobPath + "/" + childName);
         }
     }
@@ -142,7 +115,7 @@ struct Pass {
         }
         if (hijacked && opt.hijack == "rename" && !opt.print) {
             const fs::path keep = keepName(file);
-            fs::rename(file, keep, ec);
+            s.files.moveAside(file, keep);
             s.print(message(Msg::HijackRenamed, {rel(file), rel(keep)}));
         }
         if (!previous || !exists)
@@ -152,9 +125,8 @@ struct Pass {
         if (opt.print)
             return;
         const std::string data = versionData(s.store, version);
-        writeViewFile(file, data, false);
-        if (opt.ptime)
-            setTime(file, *s.store.scalar("SELECT created FROM versions WHERE id=?", version));
+        s.files.write(file, data, false,
+                      opt.ptime ? s.store.scalar("SELECT created FROM versions WHERE id=?", version) : std::nullopt);
         bytes += static_cast<long long>(data.size());
         s.print(message(Msg::Loading, {rel(file), std::to_string(data.size())}));
     }
@@ -174,7 +146,7 @@ void updateView(Session& s, const View& view, const UpdateOptions& options)
             continue;
         pass.objects = 0;
         pass.bytes = 0;
-        const Id root = *s.store.scalar("SELECT id FROM elements WHERE vob_id=? AND parent_id IS NULL", vob.id);
+        const Id root = vobRoot(s.store, vob.id);
         pass.visit(vob, root, "");
         s.print(message(Msg::DoneLoading, {vob.tag, std::to_string(pass.objects), std::to_string((pass.bytes + 1023) / 1024)}));
     }
@@ -187,13 +159,11 @@ void updateView(Session& s, const View& view, const UpdateOptions& options)
     }
     for (Id element : gone) {
         const Id vob = vobOfElement(s.store, element);
-        const fs::path file = viewFile(view, *s.store.scalarText("SELECT tag FROM vobs WHERE id=?", vob),
+        const fs::path file = viewFile(view, vobTag(s.store, vob),
                                        elementPath(s.store, element));
         pass.log.push_back(logLine("UnloadDeleted:", pass.rel(file)));
-        if (!options.print && !isDirectory(s.store, element)) {
-            std::error_code ec;
-            fs::remove(file, ec);
-        }
+        if (!options.print && !isDirectory(s.store, element))
+            s.files.remove(file);
     }
     if (!options.print) {
         s.store.run("DELETE FROM loaded WHERE view_id=?", view.id);

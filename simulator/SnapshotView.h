@@ -10,8 +10,6 @@ namespace ccsim {
 /// Where an element of `vobTag` at `vobPath` lives inside a snapshot view.
 fs::path viewFile(const View& view, const std::string& vobTag, const std::string& vobPath);
 
-/// Writes `data` at `file`, read-only unless `writable`.
-void writeViewFile(const fs::path& file, const std::string& data, bool writable);
 std::string readFile(const fs::path& file);
 /// A loaded file changed without a check-out: writable, or its data differs from the loaded version.
 bool isHijacked(Session& s, const View& view, std::int64_t element, const fs::path& file);

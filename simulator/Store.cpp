@@ -6,7 +6,7 @@ namespace ccsim {
 
 namespace {
 
-constexpr int kSchemaVersion = 3;
+constexpr int kSchemaVersion = 4;
 
 constexpr std::string_view kSchema = R"SQL(
 CREATE TABLE vobs(id INTEGER PRIMARY KEY, tag TEXT UNIQUE NOT NULL, storage TEXT NOT NULL,
@@ -56,6 +56,11 @@ CREATE TABLE changeset(activity_id INTEGER NOT NULL, version_id INTEGER NOT NULL
 CREATE TABLE baselines(id INTEGER PRIMARY KEY, vob_id INTEGER NOT NULL, name TEXT NOT NULL, component_id INTEGER NOT NULL,
   stream_id INTEGER, kind TEXT NOT NULL, label_vob INTEGER, last_version INTEGER NOT NULL,
   created INTEGER, user TEXT, comment TEXT, UNIQUE(vob_id, name));
+)SQL";
+
+constexpr std::string_view kFileChanges = R"SQL(
+CREATE TABLE file_changes(id INTEGER PRIMARY KEY, op INTEGER NOT NULL, path TEXT NOT NULL, data BLOB,
+  writable INTEGER NOT NULL, mtime INTEGER);
 )SQL";
 
 void check(int rc, sqlite3* db)
@@ -148,6 +153,8 @@ Store::Store(const std::string& path)
         const std::int64_t found = scalar("PRAGMA user_version").value_or(0);
         if (found == 0)
             exec(kSchema);
+        if (found < 4) // stores made before view files changed with the store's transaction
+            exec(kFileChanges);
         if (found == 1) // stores made before attribute types kept their -enum list
             exec("ALTER TABLE types ADD COLUMN enums TEXT");
         if (found == 1 || found == 2) // stores made before label events kept the label's name

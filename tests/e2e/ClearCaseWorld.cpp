@@ -18,11 +18,6 @@ namespace {
 constexpr const char* kNow = "2013-03-12T10:22:31";
 constexpr const char* kBuilder = "builder";
 
-struct Step {
-    std::string place;
-    std::vector<std::string> arguments;
-};
-
 std::string jsonString(const std::string& text)
 {
     std::string out;
@@ -90,37 +85,20 @@ ClearCaseWorld::ClearCaseWorld()
     fs::create_directories(dir() + "/views");
     fs::create_directories(configDir());
     m_dir.write("config/options.ini", "[ClearCase]\nCleartoolPath=" + cleartoolPath() + "\nInstallationType=Auto\n");
-    m_dir.write("setup.cs", "element * CHECKEDOUT\nelement * /main/LATEST\nload /vobs/main\n");
-
-    const std::string store = dir() + "/store";
-    const std::vector<Step> vobs{
-        {"dir:", {"mkvob", "-tag", "/vobs/main", "-nc", store + "/main.vbs"}},
-        {"dir:", {"mkvob", "-tag", "/vobs/pvob", "-ucmproject", "-nc", store + "/pvob.vbs"}},
-        {"dir:", {"mkview", "-snapshot", "-tag", "setup_v", setupView()}},
-        {"setup:", {"setcs", dir() + "/setup.cs"}},
-        {"setup:vobs/main", {"checkout", "-nc", "."}},
-        {"setup:vobs/main", {"mkdir", "-nc", "src"}},
-    };
-    for (const Step& step : vobs)
-        mustCleartool(step.arguments, step.place);
-    write("setup:vobs/main/Makefile", "VERSION = 1.0\n\nhello: src/main.c src/greet.c\n\tcc -o $@ $^\n");
-    write("setup:vobs/main/README", "A small program that greets.\n");
-    write("setup:vobs/main/src/main.c", "int main(void) { greet(); return 0; }\n");
-    write("setup:vobs/main/src/greet.c", "void greet(void) {}\n");
-    write("setup:vobs/main/src/version.h", "#define BUILD_NUMBER 0\n");
-    const std::vector<Step> rest{
-        {"setup:vobs/main", {"mkelem", "-nc", "-ci", "Makefile", "README"}},
-        {"setup:vobs/main/src", {"mkelem", "-nc", "-ci", "main.c", "greet.c", "version.h"}},
-        {"setup:vobs/main", {"checkin", "-nc", "src", "."}},
-        {"dir:", {"mkcomp", "-nc", "-root", "/vobs/main", "main_comp@/vobs/pvob"}},
-        {"dir:", {"mkproject", "-nc", "-in", "RootFolder@/vobs/pvob", "-modcomp", "main_comp@/vobs/pvob", "release_proj@/vobs/pvob"}},
-        {"dir:", {"mkstream", "-nc", "-integration", "-in", "release_proj@/vobs/pvob", "-baseline", "main_comp_INITIAL@/vobs/pvob", "release_proj_int@/vobs/pvob"}},
-        {"dir:", {"mkstream", "-nc", "-in", "release_proj@/vobs/pvob", "-baseline", "main_comp_INITIAL@/vobs/pvob", "release_dev@/vobs/pvob"}},
-        {"dir:", {"mkview", "-snapshot", "-tag", "release_dev", "-stream", "release_dev@/vobs/pvob", view()}},
-        {"vobs/main", {"mkactivity", "-nc", "-headline", "Prepare the release", "prepare_release"}},
-    };
-    for (const Step& step : rest)
-        mustCleartool(step.arguments, step.place);
+    wftest::ProgramRequest replay;
+    replay.program = "/bin/bash";
+    replay.arguments = {std::string(WF_FIXTURE_DIR) + "/replay.sh", std::string(WF_FIXTURE_DIR) + "/world.steps",
+                        "WORK=" + dir(), "VOB_STORAGE=" + dir() + "/store", "CONFIG_SPEC=" + dir() + "/setup.cs",
+                        "TREE=" + std::string(WF_FIXTURE_DIR) + "/hello", "SETUP_TAG=setup_v", "SETUP_VIEW=" + setupView(),
+                        "COMP=main_comp", "PROJECT=release_proj", "STREAM=release_dev", "VIEW_TAG=release_dev",
+                        "VIEW=" + view(), "ACTIVITY=prepare_release"};
+    replay.environment = environment("");
+    replay.environment.emplace_back("CLEARTOOL", cleartoolPath());
+    replay.workingDirectory = dir();
+    replay.deadlineMs = 60000;
+    const wftest::ProgramRun run = wftest::runProgram(replay);
+    if (run.status != 0)
+        throw std::runtime_error("fixture: replaying world.steps failed:\n" + run.err);
 }
 
 std::string ClearCaseWorld::where(const std::string& place) const

@@ -55,6 +55,12 @@ void Scenario::TearDown()
 Result Scenario::run(const std::string& dir, const std::vector<std::string>& args, const std::string& user,
                      const std::string& input)
 {
+    return launch(CCSIM_CLEARTOOL, dir, args, user, input, {});
+}
+
+Result Scenario::launch(const std::string& program, const std::string& dir, const std::vector<std::string>& args,
+                        const std::string& user, const std::string& input, const std::vector<std::string>& extraEnv)
+{
     static std::atomic<int> counter{0};
     const std::string n = std::to_string(counter++);
     const fs::path io = root / "io";
@@ -73,11 +79,13 @@ Result Scenario::run(const std::string& dir, const std::vector<std::string>& arg
     env.push_back("USER=" + (user.empty() ? std::string("builder") : user));
     if (!edition.empty())
         env.push_back("CCSIM_EDITION=" + edition);
+    env.insert(env.end(), environment.begin(), environment.end());
+    env.insert(env.end(), extraEnv.begin(), extraEnv.end());
     std::vector<char*> envp;
     for (std::string& e : env)
         envp.push_back(e.data());
     envp.push_back(nullptr);
-    std::vector<std::string> words{CCSIM_CLEARTOOL};
+    std::vector<std::string> words{program};
     words.insert(words.end(), args.begin(), args.end());
     std::vector<char*> argv;
     for (std::string& w : words)
@@ -91,7 +99,7 @@ Result Scenario::run(const std::string& dir, const std::vector<std::string>& arg
     posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     pid_t pid = 0;
-    const int rc = posix_spawn(&pid, CCSIM_CLEARTOOL, &actions, nullptr, argv.data(), envp.data());
+    const int rc = posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), envp.data());
     posix_spawn_file_actions_destroy(&actions);
     if (rc != 0)
         return Result{};
@@ -125,29 +133,16 @@ std::string Scenario::read(const std::string& rel) const
 
 void Scenario::fixture()
 {
-    write("cs.txt", "element * CHECKEDOUT\nelement * /main/LATEST\nload /vobs/main\n");
-    play({
-        {"", {"mkvob", "-tag", "/vobs/main", "-nc", (root / "main.vbs").string()}},
-        {"", {"mkvob", "-tag", "/vobs/pvob", "-ucmproject", "-nc", (root / "pvob.vbs").string()}},
-        {"", {"mkview", "-snapshot", "-tag", "base_v", "base"}},
-        {"base", {"setcs", "../cs.txt"}, 0, "~Done loading \"/vobs/main\" (1 objects, copied 0 KB).\n"},
-        {"base/vobs/main", {"checkout", "-nc", "."}},
-        {"base/vobs/main", {"mkdir", "-nc", "src"}},
-    });
-    write("base/vobs/main/src/a.c", "int a;\n");
-    play({
-        {"base/vobs/main/src", {"mkelem", "-nc", "a.c"}},
-        {"base/vobs/main/src", {"checkin", "-nc", "a.c", "."}},
-        {"base/vobs/main", {"checkin", "-nc", "."}},
-        {"", {"mkcomp", "-nc", "-root", "/vobs/main", "comp@/vobs/pvob"}},
-        {"", {"mkproject", "-nc", "-in", "RootFolder@/vobs/pvob", "-modcomp", "comp@/vobs/pvob", "proj@/vobs/pvob"}},
-        {"", {"mkstream", "-nc", "-integration", "-in", "proj@/vobs/pvob", "-baseline", "comp_INITIAL@/vobs/pvob",
-              "proj_int@/vobs/pvob"}},
-        {"", {"mkstream", "-nc", "-in", "project:proj@/vobs/pvob", "-baseline", "comp_INITIAL@/vobs/pvob",
-              "stream:dev@/vobs/pvob"}},
-        {"", {"mkview", "-snapshot", "-tag", "dev_v", "-stream", "dev@/vobs/pvob", "dev"}, 0,
-         "~Loading \"vobs/main/src/a.c\" (7 bytes).\n"},
-    });
+    const std::string fixtures = CCSIM_FIXTURE_DIR;
+    const Result r = launch("/bin/bash", "",
+                            {fixtures + "/replay.sh", fixtures + "/world.steps", "WORK=" + root.string(),
+                             "VOB_STORAGE=" + root.string(), "CONFIG_SPEC=" + (root / "cs.txt").string(),
+                             "TREE=" + fixtures + "/single", "SETUP_TAG=base_v", "SETUP_VIEW=" + (root / "base").string(),
+                             "COMP=comp", "PROJECT=proj", "STREAM=dev", "VIEW_TAG=dev_v", "VIEW=" + (root / "dev").string()},
+                            "", "", {std::string("CLEARTOOL=") + CCSIM_CLEARTOOL});
+    ASSERT_EQ(r.status, 0) << r.out << r.err;
+    expectText(r.out, "~Done loading \"/vobs/main\" (1 objects, copied 0 KB).\n", "setcs", "fixture");
+    expectText(r.out, "~Loading \"vobs/main/src/a.c\" (7 bytes).\n", "mkview", "fixture");
 }
 
 std::string Scenario::groupName()

@@ -37,12 +37,16 @@ protected:
     Result run(const std::string& dir, const std::vector<std::string>& args, const std::string& user = "",
                const std::string& input = "");
     void play(const std::vector<Step>& steps);
+    /// Runs any program as run() runs the simulator, with `extraEnv` (NAME=VALUE) added.
+    Result launch(const std::string& program, const std::string& dir, const std::vector<std::string>& args,
+                  const std::string& user, const std::string& input, const std::vector<std::string>& extraEnv);
 
     void write(const std::string& rel, const std::string& text);
     std::string read(const std::string& rel) const;
 
-    /// A base VOB with src/a.c at /main/1, a project VOB with a component over the base VOB,
-    /// a project, an integration and a development stream, a plain view "base_v" and a UCM view "dev_v".
+    /// The shared world (tests/fixtures/world) with src/a.c at /main/1: a base VOB, a project VOB with
+    /// component "comp", project "proj" with streams "proj_int" and "dev", a plain view "base_v" in
+    /// base/ and a UCM view "dev_v" in dev/.
     void fixture();
 
     /// How listings name the creator `user` on this machine: "builder (builder.users@host)".
@@ -54,6 +58,8 @@ protected:
 
     fs::path root;
     std::string edition;
+    /// Extra NAME=VALUE entries for the program's environment.
+    std::vector<std::string> environment;
     std::string now = "2013-03-12T10:22:31";
 };
 

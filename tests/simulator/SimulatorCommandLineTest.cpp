@@ -132,6 +132,53 @@ INSTANTIATE_TEST_SUITE_P(Commands, EveryCommand,
                                            "mkvob", "pwv", "rmview", "setactivity", "setcs", "uncheckout",
                                            "unlock", "update"));
 
+// Two switches of one exclusive group: named in the order the command's table lists them, then
+// the usage, before the command looks at its operands or the view.
+struct ExclusivePair {
+    std::vector<std::string> args;
+    std::string first;
+    std::string second;
+};
+
+void PrintTo(const ExclusivePair& row, std::ostream* out)
+{
+    for (const std::string& a : row.args)
+        *out << a << ' ';
+}
+
+class ExclusiveSwitches : public Scenario, public ::testing::WithParamInterface<ExclusivePair> {};
+
+TEST_P(ExclusiveSwitches, AreRefusedWithUsage)
+{
+    const ExclusivePair& row = GetParam();
+    Result r = run("", row.args);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(r.err.rfind("cleartool: Error: Options \"" + row.first + "\" and \"" + row.second +
+                              "\" are mutually exclusive.\nUsage: " + row.args[0],
+                          0),
+              0u)
+        << r.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, ExclusiveSwitches,
+    ::testing::Values(ExclusivePair{{"checkout", "-unreserved", "-reserved", "a.c"}, "-reserved", "-unreserved"},
+                      ExclusivePair{{"checkout", "-ndata", "-out", "x", "a.c"}, "-out", "-ndata"},
+                      ExclusivePair{{"checkin", "-rm", "-keep", "a.c"}, "-keep", "-rm"},
+                      ExclusivePair{{"uncheckout", "-keep", "-rm", "a.c"}, "-keep", "-rm"},
+                      ExclusivePair{{"mkelem", "-ci", "-nco", "a.c"}, "-nco", "-ci"},
+                      ExclusivePair{{"mklbtype", "-ordinary", "-global", "REL"}, "-global", "-ordinary"},
+                      ExclusivePair{{"mkbrtype", "-global", "-ordinary", "dev"}, "-global", "-ordinary"},
+                      ExclusivePair{{"mkattype", "-ge", "1", "-gt", "0", "A"}, "-gt", "-ge"},
+                      ExclusivePair{{"mkattype", "-le", "1", "-lt", "0", "A"}, "-lt", "-le"},
+                      ExclusivePair{{"mkattype", "-vpversion", "-vpbranch", "A"}, "-vpbranch", "-vpversion"},
+                      ExclusivePair{{"lock", "-obsolete", "-nusers", "bob", "vob:/vobs/main"}, "-nusers", "-obsolete"},
+                      ExclusivePair{{"update", "-rename", "-overwrite"}, "-overwrite", "-rename"},
+                      ExclusivePair{{"update", "-ptime", "-ctime"}, "-ctime", "-ptime"},
+                      ExclusivePair{{"mkbl", "-all", "-component", "c", "BL"}, "-component", "-all"},
+                      ExclusivePair{{"mkbl", "-full", "-nlabel", "BL"}, "-nlabel", "-full"}));
+
 // A command without the operands it needs: a cause line, then its usage, exit 1, nothing on stdout.
 class MissingOperand : public Scenario, public ::testing::WithParamInterface<std::vector<std::string>> {};
 

@@ -55,7 +55,7 @@ TEST(Clock, RefusesUnreadableFixedTime)
     EXPECT_EQ(formatShort(*clockNow("2012-12-16T15:47:00"), *clockNow("2013-03-01T00:00:00")), "16-Dec-12");
 }
 
-constexpr OptionSpec kSpecs[] = {{"reserved", 3}, {"comment", 1, true}, {"cact", 4}, {"ncomment", 2},
+constexpr OptionRule kRules[] = {{"reserved", 3}, {"comment", 1, true}, {"cact", 4}, {"ncomment", 2},
                                  {"default", 3, true}};
 
 struct OptionCase {
@@ -85,7 +85,7 @@ class OptionParse : public ::testing::TestWithParam<OptionCase> {};
 
 TEST_P(OptionParse, MatchesAbbreviationsAndValues)
 {
-    ParseResult r = parseOptions(GetParam().words, kSpecs);
+    ParseResult r = parseOptions(GetParam().words, kRules);
     EXPECT_EQ(r.status, GetParam().status);
     if (r.status == ParseResult::Status::Ok)
         EXPECT_EQ(summarize(r), GetParam().summary);

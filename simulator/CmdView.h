@@ -12,5 +12,7 @@ void cmdPwv(Session& s, const ParsedArgs& args);
 void cmdCatcs(Session& s, const ParsedArgs& args);
 void cmdSetcs(Session& s, const ParsedArgs& args);
 void cmdUpdate(Session& s, const ParsedArgs& args);
+void cmdLsvob(Session& s, const ParsedArgs& args);
+void cmdLspool(Session& s, const ParsedArgs& args);
 
 } // namespace ccsim

@@ -1,9 +1,11 @@
-#include "CmdSetup.h"
+#include "CmdView.h"
 
 #include "ConfigSpec.h"
+#include "Listing.h"
 #include "Model.h"
 #include "SnapshotView.h"
 
+#include <algorithm>
 #include <fstream>
 
 namespace ccsim {
@@ -76,7 +78,7 @@ void cmdMkview(Session& s, const ParsedArgs& args)
     std::optional<Id> stream;
     std::string cs = defaultConfigSpec();
     if (auto st = args.value("stream")) {
-        stream = requireUcm(s, "stream", *st);
+        stream = requireUcm(s, ObjectKind::Stream, *st);
         cs = streamConfigSpec(s.store, *stream);
     }
     fs::create_directories(dir, ec);
@@ -187,17 +189,39 @@ void cmdUpdate(Session& s, const ParsedArgs& args)
 {
     if (!s.view())
         fail(message(Msg::NotSnapshotView, {s.cwd.string()}));
-    int hijack = args.has("overwrite") + args.has("noverwrite") + args.has("rename");
-    if (hijack > 1)
-        throw UsageError{message(Msg::ConflictingOptions, {"-overwrite", "-noverwrite"})};
-    if (args.has("ctime") && args.has("ptime"))
-        throw UsageError{message(Msg::ConflictingOptions, {"-ctime", "-ptime"})};
     UpdateOptions opt;
     opt.print = args.has("print");
     opt.hijack = args.has("overwrite") ? "overwrite" : args.has("rename") ? "rename" : "nooverwrite";
     opt.ptime = args.has("ptime");
     opt.log = args.value("log");
     updateView(s, *s.view(), opt);
+}
+
+void cmdLsvob(Session& s, const ParsedArgs& args)
+{
+    for (const Vob& v : s.vobs()) {
+        if (!args.operands().empty() &&
+            std::find(args.operands().begin(), args.operands().end(), v.tag) == args.operands().end())
+            continue;
+        if (args.has("short")) {
+            s.print(v.tag);
+            continue;
+        }
+        const std::string storage = *s.store.scalarText("SELECT storage FROM vobs WHERE id=?", v.id);
+        s.print("* " + pad(v.tag, 24) + " " + storage + " public" + (v.ucm ? " (ucmvob)" : ""));
+    }
+}
+
+void cmdLspool(Session& s, const ParsedArgs& args)
+{
+    const Vob vob = args.value("invob") ? s.vobFor(*args.value("invob")) : s.currentVob();
+    (void)vob;
+    for (const char* pool : {"cdft", "ddft", "sdft"}) {
+        if (args.has("short"))
+            s.print(pool);
+        else
+            s.print(pad(formatShort(s.env.now, s.env.now), 12) + "   " + pad(s.env.user, 10) + " pool \"" + pool + "\"");
+    }
 }
 
 } // namespace ccsim
