@@ -307,7 +307,7 @@ void requireOperands(const ParsedArgs& args)
 }
 
 int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std::ostream& out, std::ostream& err,
-                 std::istream& in)
+                 std::istream& in, std::unique_ptr<Store>* keep)
 {
     Environment env = readEnvironment();
     if (args.empty() || args[0] == "-h" || args[0] == "-help" || (args[0] == "help" && args.size() == 1)) {
@@ -359,7 +359,11 @@ int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std:
     try {
         std::error_code ec;
         fs::create_directories(env.home, ec);
-        Store store((env.home / "ccsim.db").string());
+        std::unique_ptr<Store> own;
+        std::unique_ptr<Store>& holder = keep ? *keep : own;
+        if (!holder)
+            holder = std::make_unique<Store>((env.home / "ccsim.db").string());
+        Store& store = *holder;
         FileChanges::applyRecorded(store);
         Transaction tx(store);
         Session session(store, env, cwd, out, err, in);

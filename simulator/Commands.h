@@ -4,6 +4,7 @@
 #include "Session.h"
 
 #include <iosfwd>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -32,9 +33,10 @@ struct Command {
 std::span<const Command> commands();
 const Command* findCommand(std::string_view name);
 
-/// The whole program: argv without the program name. Returns the exit status.
+/// The whole program: argv without the program name. Returns the exit status. With `keep`,
+/// the store is opened there once and reused by later calls (the interactive mode).
 int runCleartool(const std::vector<std::string>& args, const fs::path& cwd, std::ostream& out, std::ostream& err,
-                 std::istream& in);
+                 std::istream& in, std::unique_ptr<Store>* keep = nullptr);
 
 /// Fails with the usage block when the command line gives two switches of one exclusive group.
 void checkExclusive(const Command& cmd, const ParsedArgs& args);

@@ -114,9 +114,11 @@ constexpr Row kMessages[] = {
     {Msg::SaveQuestion, true, "Save private copy of \"%1\"?  [yes] "},
     {Msg::HistoryLabel, true, "make label \"%1\" on version \"%2\""},
     {Msg::LockedExceptUsers, true, "  Locked except for users: %1"},
+    {Msg::CannotChangeDirectory, true, "Unable to change directory to \"%1\": No such file or directory."},
+    {Msg::UnmatchedQuote, true, "Unmatched quote in command line."},
 };
 
-static_assert(std::size(kMessages) == static_cast<size_t>(Msg::LockedExceptUsers) + 1, "one row per message");
+static_assert(std::size(kMessages) == static_cast<size_t>(Msg::UnmatchedQuote) + 1, "one row per message");
 
 constexpr bool inOrder()
 {

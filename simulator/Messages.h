@@ -111,6 +111,9 @@ enum class Msg {
     SaveQuestion,
     HistoryLabel,
     LockedExceptUsers,
+    // interactive mode, errors
+    CannotChangeDirectory,
+    UnmatchedQuote,
 };
 
 /// The text of `id` with %1, %2, ... replaced by `args`.

@@ -1,5 +1,6 @@
 #include "environment/WFClearCaseUtils.h"
 
+#include "environment/WFClearCaseQuerySession.h"
 #include "WFFiles.h"
 #include "WFProcess.h"
 
@@ -68,6 +69,15 @@ std::optional<Lines> runCleartool(const std::string& command, const std::string&
     process->SetExecutable(cleartool);
     process->SetParameters(command + " " + arguments);
     process->SetWorkingDirectory(workingDirectory.empty() ? parentDirectory(process->GetExecutable()) : workingDirectory);
+    // A top-level switch such as -version is no sub-command: it keeps its own process.
+    if (ClearCaseQuerySessionEnabled() && command.rfind('-', 0) != 0) {
+        auto reply = ClearCaseQuerySession().Run(cleartool, process->GetParameters(), process->GetWorkingDirectory());
+        if (reply.outcome != TClearCaseQuerySession::Outcome::NotAnswered) {
+            if (reply.outcome == TClearCaseQuerySession::Outcome::Failed || reply.status != 0)
+                return std::nullopt;
+            return std::move(reply.lines);
+        }
+    }
     process->SetRunHidden(true);
     process->SetCollectOutput(true);
     process->SetWaitTimeout(kQuerySilenceLimitMs);

@@ -25,6 +25,7 @@
 #include "actions/WFClearCaseUnlockPathNamesAction.h"
 #include "actions/WFClearCaseUpdateAction.h"
 #include "environment/WFClearCaseOptions.h"
+#include "environment/WFClearCaseQuerySession.h"
 
 #include <memory>
 
@@ -143,6 +144,7 @@ void ClearCaseRegister(bool registerPages)
     }
     if (!registerPages)
         return;
+    SetClearCaseDesignTime(true);
     WFOptionsServices().RegisterOptionsPages(ClearCaseOptionsClass(), {page("TClearCaseOptionsFrame")});
     // The host keys pages by class name alone.
     for (const auto& row : ClearCaseActionPages())

@@ -571,6 +571,23 @@ std::string findProgramOnPath(const std::string& name)
     return {};
 }
 
+int WFStartKeptProgram(const std::function<int()>& start)
+{
+    std::lock_guard lock(registryMutex());
+    const int pid = start();
+    if (pid > 0)
+        runningPrograms().insert(static_cast<pid_t>(pid));
+    return pid;
+}
+
+void WFForgetKeptProgram(int pid)
+{
+    std::lock_guard lock(registryMutex());
+    const auto found = runningPrograms().find(static_cast<pid_t>(pid));
+    if (found != runningPrograms().end())
+        runningPrograms().erase(found);
+}
+
 std::shared_ptr<IWFProcess> CreateWFProcess()
 {
     TWFProcessFactory current;

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class IWFInteractiveProcess;
+
+/// One `cleartool -status` kept running for the design-time queries, so that a page that
+/// asks many questions pays for one cleartool start instead of one per question. Each query
+/// sends `cd` to its folder and its sub-command, and reads standard output up to the
+/// "Command N returned status S" report. The session is restarted when the cleartool path or
+/// the process environment changes, after it dies, and after a Cancel.
+class TClearCaseQuerySession {
+public:
+    enum class Outcome {
+        Answered,    ///< the sub-command ran; status and lines hold what it returned
+        Failed,      ///< no result: the folder could not be entered, it hung, or it was cancelled
+        NotAnswered, ///< the session cannot take this query: run it in a process of its own
+    };
+    struct Reply {
+        Outcome outcome = Outcome::NotAnswered;
+        int status = -1;
+        std::vector<std::string> lines;
+    };
+
+    TClearCaseQuerySession();
+    ~TClearCaseQuerySession();
+    TClearCaseQuerySession(const TClearCaseQuerySession&) = delete;
+    TClearCaseQuerySession& operator=(const TClearCaseQuerySession&) = delete;
+
+    /// Runs `parameters` (sub-command and arguments, split as the process runner splits them)
+    /// in `directory`. One query at a time; a second caller waits for the first.
+    Reply Run(const std::string& cleartool, const std::string& parameters, const std::string& directory);
+    /// Kills the session; a query under way returns Failed at once, the next one starts a fresh
+    /// session. Safe from any thread.
+    void Cancel();
+    /// Stops the session and forgets which cleartool paths could not hold one.
+    void Reset();
+    /// How long cleartool may stay silent during a query before the session is taken to hang
+    /// and is killed, in milliseconds.
+    void SetSilenceLimit(int milliseconds) { m_silenceLimit = milliseconds; }
+    /// Sessions started so far.
+    int GetStarts() const { return m_starts; }
+
+private:
+    enum class Read { Reply, Hung, Died };
+    Read readReply(IWFInteractiveProcess& process, int& status, std::string& text);
+    void drop();
+
+    std::mutex m_queryMutex;
+    std::mutex m_processMutex;
+    std::shared_ptr<IWFInteractiveProcess> m_process;
+    std::string m_key;
+    std::string m_unsupportedKey;
+    std::string m_pending;
+    bool m_answered = false;
+    std::atomic<bool> m_cancelled{false};
+    std::atomic<int> m_silenceLimit;
+    std::atomic<int> m_starts{0};
+};
+
+/// The package's one session.
+TClearCaseQuerySession& ClearCaseQuerySession();
+
+/// Whether the package was loaded by a design-time host (WFRegister with RegisterPages true).
+/// Only design-time queries use the session; run-time actions never touch it.
+void SetClearCaseDesignTime(bool designTime);
+bool GetClearCaseDesignTime();
+/// The environment variable that turns the session off ("0", "off", "false" or "no").
+constexpr const char* kClearCaseQuerySessionVariable = "WF_CLEARCASE_QUERY_SESSION";
+/// True at design time unless the environment variable turns the session off.
+bool ClearCaseQuerySessionEnabled();
+
+/// The interactive-mode line that gives cleartool `arguments` as they are: blanks and quotes
+/// are wrapped in double quotes, or single quotes for a word holding a double quote. Nothing
+/// when a word cannot pass safely (a line break, both kinds of quote, a trailing backslash
+/// that would continue the line).
+std::optional<std::string> interactiveCommandLine(const std::vector<std::string>& arguments);
+
+/// A "Command N returned status S" report found in session output: where it starts (it may
+/// follow output without a final line break), where its line ends, and S.
+struct TClearCaseStatusReport {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    int status = 0;
+};
+std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output);
+
+/// Output text as lines, split by the host's line splitter as its process runner splits a
+/// program's output.
+std::vector<std::string> outputLines(std::string_view text);

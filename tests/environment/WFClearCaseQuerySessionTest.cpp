@@ -1,0 +1,533 @@
+// The query session against one process per query: the same answers byte for byte, on the
+// simulator and on scripted stand-ins that hang, die or lack the interactive mode.
+#include "environment/WFClearCaseOptions.h"
+#include "environment/WFClearCaseQuerySession.h"
+#include "environment/WFClearCaseUtils.h"
+#include "WFCommandLine.h"
+#include "WFProcess.h"
+#include "WFServices.h"
+#include "WFTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+void useCleartool(const std::string& path)
+{
+    WFOptionsServices().Clear();
+    RegisterOptions();
+    ClearCaseOptions()->SetClearToolPath(path);
+}
+
+/// Design time on and a clean session for each test; everything back to run time after.
+class SessionTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ClearCaseQuerySession().Reset();
+        ClearCaseQuerySession().SetSilenceLimit(5000);
+        SetClearCaseDesignTime(true);
+    }
+    void TearDown() override
+    {
+        SetClearCaseDesignTime(false);
+        ClearCaseQuerySession().Reset();
+        ClearCaseQuerySession().SetSilenceLimit(5000);
+        WFOptionsServices().Clear();
+    }
+
+    /// The query run once in a process of its own and once through the session.
+    static std::pair<std::string, std::string> bothWays(const std::function<std::string()>& query)
+    {
+        SetClearCaseDesignTime(false);
+        const std::string alone = query();
+        SetClearCaseDesignTime(true);
+        return {alone, query()};
+    }
+};
+
+// --- The interactive line ---------------------------------------------------------------
+
+struct LineCase {
+    std::string name;
+    std::vector<std::string> arguments;
+    std::optional<std::string> line;
+};
+
+void PrintTo(const LineCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class InteractiveLineTest : public testing::TestWithParam<LineCase> {};
+
+TEST_P(InteractiveLineTest, QuotesWhatNeedsItAndRefusesWhatCannotPass)
+{
+    EXPECT_EQ(interactiveCommandLine(GetParam().arguments), GetParam().line);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Words, InteractiveLineTest,
+    testing::Values(LineCase{"PlainWords", {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/a"},
+                             "lstype -short -kind lbtype -invob /vobs/a"},
+                    LineCase{"BlankGetsDoubleQuotes", {"lshistory", "-short", "src/my file.c"},
+                             "lshistory -short \"src/my file.c\""},
+                    LineCase{"TabGetsDoubleQuotes", {"cd", "a\tb"}, "cd \"a\tb\""},
+                    LineCase{"EmptyWordKept", {"lshistory", "-short", ""}, "lshistory -short \"\""},
+                    LineCase{"DoubleQuoteInsideSingle", {"describe", "a\"b"}, "describe 'a\"b'"},
+                    LineCase{"SingleQuoteInsideDouble", {"describe", "it's"}, "describe \"it's\""},
+                    LineCase{"BackslashInsideKept", {"lsvob", "\\vobs\\a"}, "lsvob \\vobs\\a"},
+                    LineCase{"BothQuotesRefused", {"describe", "a'b\"c"}, std::nullopt},
+                    LineCase{"LineFeedRefused", {"describe", "a\nb"}, std::nullopt},
+                    LineCase{"CarriageReturnRefused", {"describe", "a\rb"}, std::nullopt},
+                    LineCase{"TrailingBackslashRefused", {"cd", "C:\\views\\"}, std::nullopt}),
+    [](const auto& info) { return info.param.name; });
+
+// --- The status report ------------------------------------------------------------------
+
+struct ReportCase {
+    std::string name;
+    std::string output;
+    std::optional<std::size_t> begin;
+    int status = 0;
+};
+
+void PrintTo(const ReportCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class StatusReportTest : public testing::TestWithParam<ReportCase> {};
+
+TEST_P(StatusReportTest, FindsTheReportWhereverItStarts)
+{
+    const ReportCase& row = GetParam();
+    const auto report = findStatusReport(row.output);
+    ASSERT_EQ(report.has_value(), row.begin.has_value());
+    if (!report)
+        return;
+    EXPECT_EQ(report->begin, *row.begin);
+    EXPECT_EQ(report->status, row.status);
+    EXPECT_EQ(row.output[report->end - 1], '\n');
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Outputs, StatusReportTest,
+    testing::Values(ReportCase{"OnALineOfItsOwn", "a\nb\nCommand 2 returned status 0\n", 4, 0},
+                    ReportCase{"AfterOutputWithoutBreak", "a\nbCommand 12 returned status 1\ncleartool> ", 3, 1},
+                    ReportCase{"CarriageReturnEnding", "Command 1 returned status 0\r\n", 0, 0},
+                    ReportCase{"NotYetComplete", "a\nCommand 3 returned sta", std::nullopt},
+                    ReportCase{"LineNotYetEnded", "Command 3 returned status 0", std::nullopt},
+                    ReportCase{"LookAlikeSkipped", "Command x returned status 0\nCommand 4 returned status 2\n", 28, 2},
+                    ReportCase{"NoReport", "Command 4 was fine\n", std::nullopt}),
+    [](const auto& info) { return info.param.name; });
+
+// --- Every query on a populated simulator store -----------------------------------------
+
+/// A store with two VOBs, labels (one locked), an attribute type, elements with history (one
+/// with a blank in its name), a plain snapshot view and a UCM view with two activities.
+class SimulatorStore : public SessionTest {
+protected:
+    static void SetUpTestSuite()
+    {
+        s_temp = std::make_unique<wftest::TempDir>();
+        s_home = std::make_unique<wftest::ScopedEnv>("CCSIM_HOME", s_temp->file("home"));
+        s_now = std::make_unique<wftest::ScopedEnv>("CCSIM_NOW", "2013-03-12T10:22:31");
+        const std::string root = s_temp->path();
+        s_temp->write("cs.txt", "element * CHECKEDOUT\nelement * /main/LATEST\nload /vobs/main\n");
+        const std::string pvob = "@/vobs/pvob";
+        struct Step {
+            std::string dir;
+            std::vector<std::string> args;
+        };
+        const std::vector<Step> steps = {
+            {"", {"mkvob", "-tag", "/vobs/main", "-nc", root + "/main.vbs"}},
+            {"", {"mkvob", "-tag", "/vobs/pvob", "-ucmproject", "-nc", root + "/pvob.vbs"}},
+            {"", {"mkview", "-snapshot", "-tag", "base_v", root + "/base"}},
+            {"base", {"setcs", "../cs.txt"}},
+            {"base/vobs/main", {"checkout", "-nc", "."}},
+            {"base/vobs/main", {"mkdir", "-nc", "src"}},
+            {"base/vobs/main/src", {"mkelem", "-nc", "-ci", "a.c", "my file.c"}},
+            {"base/vobs/main/src", {"checkout", "-nc", "a.c"}},
+            {"base/vobs/main/src", {"checkin", "-nc", "-identical", "a.c"}},
+            {"base/vobs/main", {"checkin", "-nc", "src", "."}},
+            {"base/vobs/main", {"mklbtype", "-nc", "REL1@/vobs/main", "REL2@/vobs/main"}},
+            {"base/vobs/main", {"lock", "-nc", "lbtype:REL2@/vobs/main"}},
+            {"base/vobs/main", {"mklabel", "-nc", "REL1", "src/a.c"}},
+            {"base/vobs/main", {"mkattype", "-nc", "-vtype", "integer", "BuildNo@/vobs/main"}},
+            {"", {"mkcomp", "-nc", "-root", "/vobs/main", "comp" + pvob}},
+            {"", {"mkproject", "-nc", "-in", "RootFolder" + pvob, "-modcomp", "comp" + pvob, "proj" + pvob}},
+            {"", {"mkstream", "-nc", "-integration", "-in", "proj" + pvob, "-baseline", "comp_INITIAL" + pvob, "proj_int" + pvob}},
+            {"", {"mkstream", "-nc", "-in", "proj" + pvob, "-baseline", "comp_INITIAL" + pvob, "dev" + pvob}},
+            {"", {"mkview", "-snapshot", "-tag", "dev_v", "-stream", "dev" + pvob, root + "/dev"}},
+            {"dev/vobs/main", {"mkactivity", "-nc", "-headline", "Fix build", "fix_1"}},
+            {"dev/vobs/main", {"mkactivity", "-nc", "-headline", "Other", "add_2"}},
+        };
+        for (const auto& step : steps) {
+            if (step.args[0] == "mkelem") {
+                s_temp->write("base/vobs/main/src/a.c", "int a;\n");
+                s_temp->write("base/vobs/main/src/my file.c", "x\n");
+            }
+            auto process = CreateWFProcess();
+            process->SetExecutable(CCSIM_CLEARTOOL);
+            std::string parameters;
+            for (const auto& arg : step.args)
+                parameters += (parameters.empty() ? "" : " ") + (arg.find(' ') == std::string::npos ? arg : '"' + arg + '"');
+            process->SetParameters(parameters);
+            process->SetWorkingDirectory(root + "/" + step.dir);
+            ASSERT_TRUE(process->Execute()) << process->GetErrorText();
+            ASSERT_EQ(process->GetExitCode(), 0) << parameters;
+        }
+    }
+    static void TearDownTestSuite()
+    {
+        s_now.reset();
+        s_home.reset();
+        s_temp.reset();
+    }
+    void SetUp() override
+    {
+        SessionTest::SetUp();
+        useCleartool(CCSIM_CLEARTOOL);
+    }
+
+    static inline std::unique_ptr<wftest::TempDir> s_temp;
+    static inline std::unique_ptr<wftest::ScopedEnv> s_home;
+    static inline std::unique_ptr<wftest::ScopedEnv> s_now;
+};
+
+struct StoreQuery {
+    std::string name;
+    /// Given the store's folder.
+    std::function<std::string(const std::string& root)> query;
+    bool empty = false;
+};
+
+void PrintTo(const StoreQuery& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+const std::vector<StoreQuery>& storeQueries()
+{
+    static const std::vector<StoreQuery> rows = {
+        {"VOBNames", [](const std::string&) { return CCGetVOBNames(); }},
+        {"LabelTypesLockedOneStripped", [](const std::string&) { return CCGetTypeNames("lbtype", "/vobs/main"); }},
+        {"AttributeTypes", [](const std::string&) { return CCGetTypeNames("attype", "/vobs/main"); }},
+        {"ElementTypes", [](const std::string&) { return CCGetTypeNames("eltype", "/vobs/main"); }},
+        {"KindVob", [](const std::string&) { return CCGetTypeNames("vob", ""); }},
+        {"KindActivity", [](const std::string&) { return CCGetTypeNames("activity", "/vobs/pvob"); }},
+        {"KindComponent", [](const std::string&) { return CCGetTypeNames("component", "/vobs/pvob"); }},
+        {"KindFolder", [](const std::string&) { return CCGetTypeNames("folder", "/vobs/pvob"); }},
+        {"KindStream", [](const std::string&) { return CCGetTypeNames("stream", "/vobs/pvob"); }},
+        {"UnknownKind", [](const std::string&) { return CCGetTypeNames("bogus", "/vobs/pvob"); }, true},
+        {"LabelNames", [](const std::string&) { return CCGetLabelNames("/vobs/main"); }},
+        {"AllLabelTypes", [](const std::string&) { return CCGetAllTypeNames("lbtype"); }},
+        {"AllAttributeTypes", [](const std::string&) { return CCGetAllTypeNames("attype"); }},
+        {"ActivitiesOfTheView", [](const std::string& root) { return CCGetUCMActivities(root + "/dev/vobs/main"); }},
+        {"ActivitiesOfAViewWithoutStream", [](const std::string& root) { return CCGetUCMActivities(root + "/base"); }, true},
+        {"ActivitiesForVOB", [](const std::string&) { return CCGetUCMActivitiesForVOB("/vobs/pvob"); }},
+        {"ComponentsForVOB", [](const std::string&) { return CCGetUCMComponentsForVOB("/vobs/pvob"); }},
+        {"ComponentsForView", [](const std::string& root) { return CCGetUCMComponentsForView(root + "/dev"); }},
+        {"AllComponents", [](const std::string&) { return CCGetAllUCMComponents(); }},
+        {"Folders", [](const std::string&) { return CCGetUCMFoldersForVOB("/vobs/pvob"); }},
+        {"StoragePools", [](const std::string&) { return CCGetStoragePoolsForVOB("/vobs/main"); }},
+        {"Streams", [](const std::string&) { return CCGetUCMStreamsForVOB("/vobs/pvob"); }},
+        {"History", [](const std::string& root) { return CCGetHistory("src/a.c", root + "/base/vobs/main"); }},
+        {"HistoryOfANameWithABlank",
+         [](const std::string& root) { return CCGetHistory("src/my file.c", root + "/base/vobs/main"); }},
+        {"HistoryOfNoElement", [](const std::string& root) { return CCGetHistory("nothing.c", root + "/base"); }, true},
+        {"LsOfTheView", [](const std::string& root) { return CCGetLS(root + "/base/vobs/main"); }},
+        {"LsOfAMissingFolder", [](const std::string& root) { return CCGetLS(root + "/no such folder"); }, true},
+        {"Describe", [](const std::string&) { return CCDescribeObject("lbtype:REL1@/vobs/main"); }},
+        {"DescribeFails", [](const std::string&) { return CCDescribeObject("lbtype:NOPE@/vobs/main"); }, true},
+        {"DescribeWithALineBreakRunsAlone",
+         [](const std::string&) { return CCDescribeObject("\"lbtype:REL1\n@/vobs/main\""); }, true},
+        {"AttributeValueType", [](const std::string&) { return CCGetAttributeType("BuildNo@/vobs/main"); }},
+        {"TypesOfAMissingVOB", [](const std::string&) { return CCGetTypeNames("lbtype", "/vobs/none"); }, true},
+        {"UnknownSubCommand", [](const std::string&) { return CCGetCleartoolOutput("frobnicate", "", "", false); }, true},
+        {"ConfigSpecInTheView", [](const std::string& root) { return CCGetCleartoolOutput("catcs", "", root + "/base", false); }},
+        {"RelativeFolder", [](const std::string&) { return CCGetCleartoolOutput("pwv", "-short", "base", false); }},
+    };
+    return rows;
+}
+
+class SimulatorQueryTest : public SimulatorStore, public testing::WithParamInterface<StoreQuery> {};
+
+TEST_P(SimulatorQueryTest, SessionAnswersAsOneProcessPerQuery)
+{
+    const StoreQuery& row = GetParam();
+    const std::string root = s_temp->path();
+    // The relative-folder row resolves against the designer's own folder, as a process would.
+    const fs::path previous = fs::current_path();
+    fs::current_path(root);
+    const auto [alone, session] = bothWays([&] { return row.query(root); });
+    fs::current_path(previous);
+    EXPECT_EQ(session, alone);
+    EXPECT_EQ(alone.empty(), row.empty) << alone;
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryQuery, SimulatorQueryTest, testing::ValuesIn(storeQueries()),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_F(SimulatorStore, OneSessionServesEveryQuery)
+{
+    const std::string root = s_temp->path();
+    std::vector<std::string> alone;
+    SetClearCaseDesignTime(false);
+    for (const auto& row : storeQueries())
+        alone.push_back(row.query(root));
+    SetClearCaseDesignTime(true);
+    for (std::size_t i = 0; i < storeQueries().size(); ++i) {
+        EXPECT_EQ(storeQueries()[i].query(root), alone[i]) << storeQueries()[i].name;
+        EXPECT_EQ(ClearCaseQuerySession().GetStarts(), 1) << storeQueries()[i].name;
+    }
+}
+
+// --- Stand-ins that misbehave -----------------------------------------------------------
+
+/// A cleartool stand-in script. One process: prints FAKE_OUT's text (a printf format) and exits
+/// with FAKE_STATUS. With -status it answers every line as the interactive mode does, unless
+/// the file "mode" beside it says: "hang" (stops answering sub-commands), "mute" (never answers),
+/// "die" (exits in the middle of a sub-command), "plain" (has no interactive mode).
+class ScriptedCleartool : public SessionTest {
+protected:
+    void SetUp() override
+    {
+        SessionTest::SetUp();
+        m_program = m_temp.write("bin/cleartool", R"(#!/bin/sh
+here=$(dirname "$0")
+mode=$(cat "$here/mode" 2>/dev/null)
+if [ "$1" = "-status" ] && [ "$mode" = "plain" ]; then
+  echo "Usage: cleartool subcommand" >&2
+  exit 1
+fi
+if [ "$1" = "-status" ]; then
+  echo session >> "$here/starts"
+  n=0
+  printf 'cleartool> '
+  while IFS= read -r line; do
+    mode=$(cat "$here/mode" 2>/dev/null)
+    [ "$mode" = "mute" ] && continue
+    n=$((n + 1))
+    status=0
+    case "$line" in
+      cd*) dir=${line#cd }; dir=${dir#\"}; dir=${dir%\"}; [ -d "$dir" ] || status=1 ;;
+      *) case "$mode" in hang) sleep 60 ;; die) exit 3 ;; esac
+         printf "$FAKE_OUT"; status=${FAKE_STATUS:-0} ;;
+    esac
+    printf 'Command %d returned status %d\n' "$n" "$status"
+    printf 'cleartool> '
+  done
+  exit 0
+fi
+echo "$*" >> "$here/alone"
+printf "$FAKE_OUT"
+exit ${FAKE_STATUS:-0}
+)");
+        fs::permissions(m_program, fs::perms::owner_all);
+        useCleartool(m_program);
+    }
+
+    void setMode(const std::string& mode) { m_temp.write("bin/mode", mode); }
+    int count(const char* file) const
+    {
+        std::ifstream in(m_temp.file(std::string("bin/") + file));
+        int lines = 0;
+        for (std::string line; std::getline(in, line);)
+            ++lines;
+        return lines;
+    }
+
+    wftest::TempDir m_temp;
+    std::string m_program;
+};
+
+struct OutputCase {
+    std::string name;
+    std::string format;
+    int status = 0;
+    std::string expected;
+};
+
+void PrintTo(const OutputCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class ScriptedOutputTest : public ScriptedCleartool, public testing::WithParamInterface<OutputCase> {};
+
+TEST_P(ScriptedOutputTest, SameLinesAsOneProcess)
+{
+    const OutputCase& row = GetParam();
+    wftest::ScopedEnv out("FAKE_OUT", row.format);
+    wftest::ScopedEnv status("FAKE_STATUS", std::to_string(row.status));
+    const auto [alone, session] = bothWays([] { return CCGetCleartoolOutput("lsvob", "-short", "", false); });
+    EXPECT_EQ(alone, row.expected);
+    EXPECT_EQ(session, alone);
+    EXPECT_EQ(count("starts"), 1);
+    EXPECT_EQ(count("alone"), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Outputs, ScriptedOutputTest,
+    testing::Values(OutputCase{"FinalLineBreak", "b\\na\\n", 0, "b\r\na\r\n"},
+                    OutputCase{"NoFinalLineBreak", "b\\na", 0, "b\r\na\r\n"},
+                    OutputCase{"CarriageReturnsDropped", "b\\r\\na\\r", 0, "b\r\na\r\n"},
+                    OutputCase{"EmptyLinesKept", "\\n\\nx\\n", 0, "\r\n\r\nx\r\n"},
+                    OutputCase{"NoOutput", "", 0, ""},
+                    OutputCase{"PromptLookAlikeInsideKept", "x cleartool> y\\n", 0, "x cleartool> y\r\n"},
+                    OutputCase{"FailingSubCommand", "b\\na\\n", 1, ""},
+                    OutputCase{"FailingWithoutFinalBreak", "partial", 2, ""}),
+    [](const auto& info) { return info.param.name; });
+
+struct FaultCase {
+    std::string name;
+    std::string mode;
+    /// What the query gives: the stand-in's output through a process of its own, or nothing.
+    bool answeredAlone;
+    int sessionsAfterTwoQueries;
+};
+
+void PrintTo(const FaultCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class SessionFaultTest : public ScriptedCleartool, public testing::WithParamInterface<FaultCase> {};
+
+TEST_P(SessionFaultTest, NeverBlocksAndRecovers)
+{
+    const FaultCase& row = GetParam();
+    wftest::ScopedEnv out("FAKE_OUT", "x\\n");
+    ClearCaseQuerySession().SetSilenceLimit(400);
+    setMode(row.mode);
+    const auto started = Clock::now();
+    const std::string first = CCGetVOBNames();
+    EXPECT_LT(Clock::now() - started, std::chrono::seconds(3));
+    EXPECT_EQ(first, row.answeredAlone ? "x\r\n" : "");
+    EXPECT_EQ(count("alone"), row.answeredAlone ? 1 : 0);
+
+    // Behaving again: the next query gets its answer, from a fresh session where one is possible.
+    setMode("");
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    EXPECT_EQ(count("starts"), row.sessionsAfterTwoQueries);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Faults, SessionFaultTest,
+    testing::Values(FaultCase{"HangsAfterAnswering", "hang", false, 2},
+                    FaultCase{"NeverAnswersSoRunsAlone", "mute", true, 1},
+                    FaultCase{"DiesMidQuerySoRunsAlone", "die", true, 2},
+                    FaultCase{"NoInteractiveModeSoRunsAlone", "plain", true, 0}),
+    [](const auto& info) { return info.param.name; });
+
+TEST_F(ScriptedCleartool, CancelKillsAHungQueryAndTheNextStartsAFreshSession)
+{
+    wftest::ScopedEnv out("FAKE_OUT", "x\\n");
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    ClearCaseQuerySession().SetSilenceLimit(60000);
+    setMode("hang");
+    std::thread canceller([] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        ClearCaseQuerySession().Cancel();
+    });
+    const auto started = Clock::now();
+    EXPECT_EQ(CCGetVOBNames(), "");
+    EXPECT_LT(Clock::now() - started, std::chrono::seconds(5));
+    canceller.join();
+    EXPECT_EQ(count("alone"), 0);
+
+    setMode("");
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    EXPECT_EQ(count("starts"), 2);
+}
+
+TEST_F(ScriptedCleartool, CancelWhileIdleMakesTheNextQueryStartAfresh)
+{
+    wftest::ScopedEnv out("FAKE_OUT", "x\\n");
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    ClearCaseQuerySession().Cancel();
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    EXPECT_EQ(count("starts"), 2);
+    EXPECT_EQ(count("alone"), 0);
+}
+
+struct SwitchCase {
+    std::string name;
+    bool designTime;
+    std::optional<std::string> variable;
+    bool session;
+};
+
+void PrintTo(const SwitchCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class SessionSwitchTest : public ScriptedCleartool, public testing::WithParamInterface<SwitchCase> {};
+
+TEST_P(SessionSwitchTest, OnlyDesignTimeQueriesUseTheSession)
+{
+    const SwitchCase& row = GetParam();
+    std::optional<wftest::ScopedEnv> variable;
+    if (row.variable)
+        variable.emplace(kClearCaseQuerySessionVariable, *row.variable);
+    wftest::ScopedEnv out("FAKE_OUT", "x\\n");
+    SetClearCaseDesignTime(row.designTime);
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    EXPECT_EQ(count("starts"), row.session ? 1 : 0);
+    EXPECT_EQ(count("alone"), row.session ? 0 : 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Switch, SessionSwitchTest,
+                         testing::Values(SwitchCase{"DesignTime", true, std::nullopt, true},
+                                         SwitchCase{"RunTime", false, std::nullopt, false},
+                                         SwitchCase{"TurnedOff", true, "off", false},
+                                         SwitchCase{"TurnedOffWithZero", true, "0", false},
+                                         SwitchCase{"TurnedOffIgnoringCase", true, "FALSE", false},
+                                         SwitchCase{"OtherValuesKeepItOn", true, "1", true}),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_F(ScriptedCleartool, EditionDetectionKeepsItsOwnProcess)
+{
+    wftest::ScopedEnv out("FAKE_OUT", "Rational ClearCase LT Client\\n");
+    EXPECT_EQ(CCGetClearCaseInstalledType(), ccLT);
+    EXPECT_EQ(count("starts"), 0);
+    EXPECT_EQ(count("alone"), 1);
+}
+
+TEST_F(ScriptedCleartool, ANewPathOrEnvironmentStartsANewSession)
+{
+    wftest::ScopedEnv out("FAKE_OUT", "x\\n");
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    EXPECT_EQ(count("starts"), 1);
+    {
+        wftest::ScopedEnv changed("FAKE_OUT", "y\\n");
+        EXPECT_EQ(CCGetVOBNames(), "y\r\n");
+        EXPECT_EQ(count("starts"), 2);
+    }
+    const std::string copy = m_temp.path() + "/bin/cleartool2";
+    fs::copy_file(m_program, copy);
+    ClearCaseOptions()->SetClearToolPath(copy);
+    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    EXPECT_EQ(count("starts"), 3);
+}
+
+} // namespace

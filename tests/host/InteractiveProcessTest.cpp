@@ -1,0 +1,116 @@
+// The interactive process: a program kept running and talked to through its standard input.
+#include "WFInteractiveProcess.h"
+#include "WFProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Reads until `text` has arrived or the program ends.
+std::string readUntil(IWFInteractiveProcess& process, const std::string& text)
+{
+    std::string output;
+    while (output.find(text) == std::string::npos)
+        if (process.Read(output, 5000) != IWFInteractiveProcess::ReadResult::Data)
+            break;
+    return output;
+}
+
+TEST(InteractiveProcess, AnswersLineByLineWhileItRuns)
+{
+    const auto process = CreateWFInteractiveProcess();
+    ASSERT_TRUE(process->Start("/bin/sh", {"-c", "while read -r l; do echo \"got $l in $(pwd)\"; done"}, "/tmp"));
+    ASSERT_TRUE(process->Write("one\n"));
+    EXPECT_EQ(readUntil(*process, "\n"), "got one in /tmp\n");
+    ASSERT_TRUE(process->Write("two\n"));
+    EXPECT_EQ(readUntil(*process, "\n"), "got two in /tmp\n");
+}
+
+TEST(InteractiveProcess, OutlivesTheCleanUpAfterOtherRuns)
+{
+    const auto process = CreateWFInteractiveProcess();
+    ASSERT_TRUE(process->Start("/bin/cat", {}, ""));
+    // The runner stops what a finished program left behind; the session is none of that.
+    const auto run = CreateWFProcess();
+    run->SetExecutable("/bin/true");
+    ASSERT_TRUE(run->Execute());
+    ASSERT_TRUE(process->Write("still here\n"));
+    EXPECT_EQ(readUntil(*process, "\n"), "still here\n");
+}
+
+TEST(InteractiveProcess, ErrorOutputNeverBlocksTheProgram)
+{
+    const auto process = CreateWFInteractiveProcess();
+    // Far more than a pipe holds on standard error before the answer on standard output.
+    ASSERT_TRUE(process->Start("/bin/sh", {"-c", "head -c 1000000 /dev/zero | tr '\\0' e >&2; echo done"}, ""));
+    EXPECT_EQ(readUntil(*process, "done\n"), "done\n");
+    EXPECT_EQ(process->GetErrorOutput().size(), 64u * 1024u);
+}
+
+TEST(InteractiveProcess, WritingToAProgramThatEndedFailsQuietly)
+{
+    const auto process = CreateWFInteractiveProcess();
+    ASSERT_TRUE(process->Start("/bin/true", {}, ""));
+    std::string output;
+    EXPECT_EQ(process->Read(output, 5000), IWFInteractiveProcess::ReadResult::Closed);
+    // Without SIGPIPE turned off for the write this would end the test program.
+    bool written = true;
+    for (int i = 0; i < 3 && written; ++i)
+        written = process->Write(std::string(256 * 1024, 'x'));
+    EXPECT_FALSE(written);
+}
+
+TEST(InteractiveProcess, TerminateFromAnotherThreadEndsAWaitingRead)
+{
+    const auto process = CreateWFInteractiveProcess();
+    ASSERT_TRUE(process->Start("/bin/sh", {"-c", "sleep 60 & sleep 60"}, ""));
+    std::thread stopper([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        process->Terminate();
+    });
+    const auto started = Clock::now();
+    std::string output;
+    EXPECT_EQ(process->Read(output, 30000), IWFInteractiveProcess::ReadResult::Closed);
+    EXPECT_LT(Clock::now() - started, std::chrono::seconds(5));
+    stopper.join();
+}
+
+TEST(InteractiveProcess, SilenceIsATimeout)
+{
+    const auto process = CreateWFInteractiveProcess();
+    ASSERT_TRUE(process->Start("/bin/cat", {}, ""));
+    std::string output;
+    EXPECT_EQ(process->Read(output, 100), IWFInteractiveProcess::ReadResult::Timeout);
+    EXPECT_EQ(output, "");
+}
+
+struct StartFailure {
+    const char* name;
+    const char* program;
+    const char* folder;
+    const char* reason;
+};
+
+class InteractiveStartFailure : public testing::TestWithParam<StartFailure> {};
+
+TEST_P(InteractiveStartFailure, NamesWhatCouldNotStart)
+{
+    const auto process = CreateWFInteractiveProcess();
+    EXPECT_FALSE(process->Start(GetParam().program, {}, GetParam().folder));
+    EXPECT_NE(process->GetErrorText().find(GetParam().reason), std::string::npos) << process->GetErrorText();
+    EXPECT_FALSE(process->Write("x\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Starts, InteractiveStartFailure,
+    testing::Values(StartFailure{"NoProgram", "/no/such/program", "", "Could not start \"/no/such/program\""},
+                    StartFailure{"NoFolder", "/bin/cat", "/no/such/folder", "in \"/no/such/folder\""}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+} // namespace
