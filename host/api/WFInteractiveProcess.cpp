@@ -1,6 +1,7 @@
 #include "WFInteractiveProcess.h"
 
 #include "WFProcess.h"
+#include "WFReplaceableFactory.h"
 
 #include <algorithm>
 #include <atomic>
@@ -223,36 +224,20 @@ void TPosixInteractiveProcess::Terminate()
         ::kill(-pid, SIGKILL);
 }
 
-TWFInteractiveProcessFactory& factory()
+TWFReplaceableFactory<IWFInteractiveProcess, TPosixInteractiveProcess>& factory()
 {
-    static TWFInteractiveProcessFactory current;
-    return current;
-}
-
-std::mutex& factoryMutex()
-{
-    static std::mutex mutex;
-    return mutex;
+    static TWFReplaceableFactory<IWFInteractiveProcess, TPosixInteractiveProcess> instance;
+    return instance;
 }
 
 } // namespace
 
 std::shared_ptr<IWFInteractiveProcess> CreateWFInteractiveProcess()
 {
-    TWFInteractiveProcessFactory current;
-    {
-        std::lock_guard lock(factoryMutex());
-        current = factory();
-    }
-    if (current)
-        return current();
-    return std::make_shared<TPosixInteractiveProcess>();
+    return factory().create();
 }
 
 TWFInteractiveProcessFactory SetWFInteractiveProcessFactory(TWFInteractiveProcessFactory replacement)
 {
-    std::lock_guard lock(factoryMutex());
-    auto previous = std::move(factory());
-    factory() = std::move(replacement);
-    return previous;
+    return factory().replace(std::move(replacement));
 }

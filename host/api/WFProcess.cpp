@@ -1,4 +1,5 @@
 #include "WFProcess.h"
+#include "WFReplaceableFactory.h"
 
 #include "WFCommandLine.h"
 #include "WFFiles.h"
@@ -522,16 +523,10 @@ bool TPosixProcess::Execute()
     return true;
 }
 
-TWFProcessFactory& factory()
+TWFReplaceableFactory<IWFProcess, TPosixProcess>& factory()
 {
-    static TWFProcessFactory current;
-    return current;
-}
-
-std::mutex& factoryMutex()
-{
-    static std::mutex mutex;
-    return mutex;
+    static TWFReplaceableFactory<IWFProcess, TPosixProcess> instance;
+    return instance;
 }
 
 } // namespace
@@ -590,20 +585,10 @@ void WFForgetKeptProgram(int pid)
 
 std::shared_ptr<IWFProcess> CreateWFProcess()
 {
-    TWFProcessFactory current;
-    {
-        std::lock_guard lock(factoryMutex());
-        current = factory();
-    }
-    if (current)
-        return current();
-    return std::make_shared<TPosixProcess>();
+    return factory().create();
 }
 
 TWFProcessFactory SetWFProcessFactory(TWFProcessFactory replacement)
 {
-    std::lock_guard lock(factoryMutex());
-    auto previous = std::move(factory());
-    factory() = std::move(replacement);
-    return previous;
+    return factory().replace(std::move(replacement));
 }

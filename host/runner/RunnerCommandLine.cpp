@@ -22,17 +22,17 @@ constexpr TCommandName kCommands[] = {
 using TApply = std::function<bool(TRunnerArguments&, const std::string& value, std::string& error)>;
 
 /// One option: its spelling, whether it takes a value, the commands that accept it.
-struct TOptionSpec {
+struct TOptionRule {
     std::string_view name;
     bool takesValue;
     std::vector<TRunnerCommand> commands;
     TApply apply;
 };
 
-const std::vector<TOptionSpec>& optionTable()
+const std::vector<TOptionRule>& optionTable()
 {
     using C = TRunnerCommand;
-    static const std::vector<TOptionSpec> table = {
+    static const std::vector<TOptionRule> table = {
         {"--config-dir", true, {C::Run, C::Validate, C::Options},
          [](TRunnerArguments& a, const std::string& v, std::string& error) {
              if (v.empty())
@@ -184,9 +184,9 @@ bool parseRunnerCommandLine(const std::vector<std::string>& arguments, TRunnerAr
         const auto eq = word.find('=');
         const std::string name = word.substr(0, eq);
         const auto& table = optionTable();
-        const auto spec = std::find_if(table.begin(), table.end(), [&](const auto& s) { return s.name == name; });
-        const bool accepted = spec != table.end()
-            && std::find(spec->commands.begin(), spec->commands.end(), result.command) != spec->commands.end();
+        const auto rule = std::find_if(table.begin(), table.end(), [&](const auto& s) { return s.name == name; });
+        const bool accepted = rule != table.end()
+            && std::find(rule->commands.begin(), rule->commands.end(), result.command) != rule->commands.end();
         if (!accepted) {
             error = "unknown option \"" + name + "\"";
             if (result.command != TRunnerCommand::Help)
@@ -194,7 +194,7 @@ bool parseRunnerCommandLine(const std::vector<std::string>& arguments, TRunnerAr
             return false;
         }
         std::string value;
-        if (spec->takesValue) {
+        if (rule->takesValue) {
             if (eq != std::string::npos) {
                 value = word.substr(eq + 1);
             } else if (i + 1 < arguments.size()) {
@@ -205,7 +205,7 @@ bool parseRunnerCommandLine(const std::vector<std::string>& arguments, TRunnerAr
         } else if (eq != std::string::npos) {
             return error = "option " + name + " takes no value", false;
         }
-        if (!spec->apply(result, value, error))
+        if (!rule->apply(result, value, error))
             return false;
     }
     return takesPositionals(result, words, error);

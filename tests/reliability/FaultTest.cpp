@@ -49,7 +49,7 @@ protected:
 
 TEST_F(Faults, ToolKilledMidOutputFailsTheActionAndKeepsWhatArrived)
 {
-    const std::string target = dir.file("spec.txt");
+    const std::string target = dir.file("cs.txt");
     const std::string output = dir.write("out.txt", "element * CHECKEDOUT\nelement * /main/LATEST\n");
     const auto run = wfbuild({"run", configSpecProject(target), "--config-dir", dir.file("config"), "--log", dir.file("build.log")},
                              {{"WF_FAKE_OUTPUT", output}, {"WF_FAKE_KILL_SELF", "1"}});
@@ -66,7 +66,7 @@ TEST_F(Faults, BinaryOutputReachesTheConfigSpecFileByteForByte)
     bytes += "bad utf-8 \xff\xfe\xc3\x28 end\r\n";
     for (int c = 0; c < 256; ++c)
         bytes += static_cast<char>(c);
-    const std::string target = dir.file("spec.bin");
+    const std::string target = dir.file("cs.bin");
     const auto run = wfbuild({"run", configSpecProject(target), "--config-dir", dir.file("config")},
                              {{"WF_FAKE_OUTPUT", dir.write("out.bin", bytes)}, {"WF_FAKE_CHUNKS", "4"}, {"WF_FAKE_CHUNK_DELAY_MS", "5"}});
     EXPECT_EQ(run.status, 0) << run.err;
@@ -87,7 +87,7 @@ TEST_F(Faults, FullDiskWhileWritingTheConfigSpecIsReportedNotFatal)
 TEST_F(Faults, HungToolStoppedByTheTimeoutLeavesNothingRunning)
 {
     const std::string pidFile = dir.file("child.pid");
-    const auto run = wfbuild({"run", configSpecProject(dir.file("spec.txt")), "--config-dir", dir.file("config"),
+    const auto run = wfbuild({"run", configSpecProject(dir.file("cs.txt")), "--config-dir", dir.file("config"),
                               "--timeout", "1", "--log", dir.file("build.log")},
                              {{"WF_FAKE_SLEEP_MS", "60000"}, {"WF_FAKE_CHILD_PIDFILE", pidFile}});
     EXPECT_EQ(run.status, 1) << run.err;
@@ -104,7 +104,7 @@ TEST_F(Faults, InterruptStopsTheToolAndExits130)
     const std::string pidFile = dir.file("child.pid");
     wftest::ProgramRequest request;
     request.program = WFBUILD_PATH;
-    request.arguments = {"run", configSpecProject(dir.file("spec.txt")), "--config-dir", dir.file("config")};
+    request.arguments = {"run", configSpecProject(dir.file("cs.txt")), "--config-dir", dir.file("config")};
     request.environment = {{"WF_FAKE_SLEEP_MS", "60000"}, {"WF_FAKE_CHILD_PIDFILE", pidFile}};
     request.signalWhenFileReady = pidFile;
     request.signal = SIGINT;
@@ -119,7 +119,7 @@ TEST_F(Faults, InterruptStopsTheToolAndExits130)
 TEST_F(Faults, InterruptWhileWaitingForAFifoReaderExits130)
 {
     // Nobody ever opens the FIFO for reading: opening it for writing waits for ever.
-    const std::string fifo = dir.file("spec.fifo");
+    const std::string fifo = dir.file("cs.fifo");
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
     wftest::ProgramRequest request;
     request.program = WFBUILD_PATH;
