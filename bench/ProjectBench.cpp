@@ -1,5 +1,7 @@
 // Loads, validates and saves generated projects of the sizes given, with the real package
 // registered, and prints one line per size: actions, load, validate, save (seconds).
+// With --attributes, reads projects whose one action has that many attributes and prints
+// one line per count: attributes, bytes, read (seconds), the first diagnostic.
 #include "WFAction.h"
 #include "shell/WFClearCaseRegistration.h"
 #include "WFFiles.h"
@@ -25,6 +27,25 @@ double seconds(std::chrono::steady_clock::time_point since)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - since).count();
 }
 
+int benchAttributes(int argc, char** argv)
+{
+    for (int n = 3; n < argc; ++n) {
+        const long count = std::atol(argv[n]);
+        std::string text = "<wfproject version=\"1\"><actions><action type=\"CC_CHECKOUT\"";
+        for (long i = 0; i < count; ++i)
+            text += " a" + std::to_string(i) + "=\"v\"";
+        text += "/></actions></wfproject>\n";
+        const auto start = std::chrono::steady_clock::now();
+        TWFProject project;
+        std::vector<TWFProjectDiagnostic> diagnostics;
+        ReadProjectText(text, "crowded.wfp", project, diagnostics);
+        const double read = seconds(start);
+        std::printf("%ld %zu %.6f %s\n", count, text.size(), read,
+                    diagnostics.empty() ? "(none)" : diagnostics.front().ToString().c_str());
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -35,6 +56,8 @@ int main(int argc, char** argv)
     }
     const std::string work = argv[1];
     ClearCaseRegister(false);
+    if (std::string(argv[2]) == "--attributes")
+        return benchAttributes(argc, argv);
     std::string error;
     WFOptionsServices().Load(work + "/options.ini", error);
     const char* types[] = {"CC_CHECKOUT", "CC_CHECKIN", "CC_LABEL", "CC_FINDCHECKOUTS", "UCM_MAKEBL"};

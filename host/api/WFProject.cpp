@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <string_view>
+#include <utility>
 
 #include <sys/stat.h>
 
@@ -219,13 +221,28 @@ void readAction(TReader& r, TWFProject& project)
     project.actions.push_back(std::move(action));
 }
 
+/// Line and column, in characters, of the byte at offset in UTF-8 text.
+std::pair<long long, long long> placeOf(const std::string& text, std::size_t offset)
+{
+    long long line = 1;
+    long long column = 1;
+    for (std::size_t i = 0; i < offset && i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte == '\n') {
+            line += 1;
+            column = 1;
+        } else if ((byte & 0xC0) != 0x80) {
+            ++column;
+        }
+    }
+    return {line, column};
+}
+
 /// The first byte a project may not hold: one that is not UTF-8, or a NUL, which XML forbids.
 /// The XML reader reports both at the wrong place (or as "Unexpected ''"), so they are found
 /// first, with their line and column in characters.
 bool findForbiddenByte(const std::string& text, const std::string& file, std::vector<TWFProjectDiagnostic>& diagnostics)
 {
-    long long line = 1;
-    long long column = 1;
     for (std::size_t i = 0; i < text.size();) {
         const auto byte = static_cast<unsigned char>(text[i]);
         const std::size_t length = utf8SequenceLength(text, i);
@@ -235,16 +252,73 @@ bool findForbiddenByte(const std::string& text, const std::string& file, std::ve
         else if (length == 0)
             problem = "the byte " + describeByte(byte) + " is not UTF-8 (projects are UTF-8 text)";
         if (!problem.empty()) {
+            const auto [line, column] = placeOf(text, i);
             diagnostics.push_back({file, line, column, problem, true});
             return true;
         }
-        if (byte == '\n') {
-            ++line;
-            column = 1;
-        } else {
-            ++column;
-        }
         i += length;
+    }
+    return false;
+}
+
+/// Finds the first start tag with more than kWFProjectAttributeLimit attributes, in one pass:
+/// the XML reader checks each attribute against all before it, so 200 000 of them would take
+/// minutes. Comments, CDATA sections and processing instructions are skipped, and so is
+/// markup inside quoted attribute values. Text left malformed is the XML reader's to report.
+bool findCrowdedElement(const std::string& text, const std::string& file, std::vector<TWFProjectDiagnostic>& diagnostics)
+{
+    const auto skipPast = [&](std::size_t from, std::string_view end) {
+        const std::size_t at = text.find(end, from);
+        return at == std::string::npos ? text.size() : at + end.size();
+    };
+    const auto startsWith = [&](std::size_t at, std::string_view prefix) {
+        return text.compare(at, prefix.size(), prefix) == 0;
+    };
+    std::size_t i = text.find('<');
+    while (i < text.size()) {
+        const std::size_t open = i;
+        if (startsWith(i, "<!--")) {
+            i = skipPast(i + 4, "-->");
+        } else if (startsWith(i, "<![CDATA[")) {
+            i = skipPast(i + 9, "]]>");
+        } else if (startsWith(i, "<?")) {
+            i = skipPast(i + 2, "?>");
+        } else {
+            // A start tag, an end tag or a declaration: each "=" outside quotes is one
+            // attribute (an end tag or a declaration has none outside its quoted text).
+            std::size_t attributes = 0;
+            char quote = 0;
+            for (++i; i < text.size(); ++i) {
+                const char c = text[i];
+                if (quote) {
+                    if (c == quote)
+                        quote = 0;
+                } else if (c == '"' || c == '\'') {
+                    quote = c;
+                } else if (c == '=') {
+                    ++attributes;
+                } else if (c == '>' || c == '<') {
+                    break;
+                }
+            }
+            if (attributes > kWFProjectAttributeLimit) {
+                std::size_t nameEnd = open + 1;
+                while (nameEnd < text.size() && nameEnd - open <= 64
+                       && std::string_view(" \t\r\n/>=").find(text[nameEnd]) == std::string_view::npos)
+                    ++nameEnd;
+                const std::string name = text.substr(open + 1, nameEnd - open - 1);
+                const auto [line, column] = placeOf(text, open);
+                diagnostics.push_back({file, line, column,
+                                       "<" + name + "> has " + std::to_string(attributes)
+                                           + " attributes; an element of a project has at most "
+                                           + std::to_string(kWFProjectAttributeLimit),
+                                       true});
+                return true;
+            }
+            if (i < text.size() && text[i] == '>')
+                ++i;
+        }
+        i = text.find('<', i);
     }
     return false;
 }
@@ -261,7 +335,7 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
         r.error("the file is empty (a project needs a <wfproject> element)");
         return false;
     }
-    if (findForbiddenByte(text, fileName, diagnostics))
+    if (findForbiddenByte(text, fileName, diagnostics) || findCrowdedElement(text, fileName, diagnostics))
         return false;
     if (!r.xml.readNextStartElement()) {
         if (!r.xml.hasError())

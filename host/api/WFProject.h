@@ -49,6 +49,9 @@ public:
 
 /// Larger project files are refused before they are read.
 inline constexpr long long kWFProjectSizeLimit = 16LL * 1024 * 1024;
+/// An element with more attributes is refused before the XML reader sees it: no element of
+/// the format has more than three, and the reader's cost grows with the square of the count.
+inline constexpr std::size_t kWFProjectAttributeLimit = 64;
 
 /// Reads a project file, creating its actions through WFActionServices. Returns false when
 /// any error was found; diagnostics then name the file, line and column.

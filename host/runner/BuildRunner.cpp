@@ -77,6 +77,7 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
 {
     using Clock = std::chrono::steady_clock;
     m_cases.clear();
+    m_summary = {};
     // A stop request of an earlier run must not stop this one; an interrupt that came before
     // the start has set m_interrupted, which the loop honours.
     if (!m_interrupted)
@@ -164,12 +165,17 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         status = kExitInterrupted;
         m_err << "Interrupted: no further action was started." << std::endl;
     }
-    if (status == kExitSuccess && m_log.WriteFailure().empty()) {
-        m_out << (settings.dryRun ? "Dry run succeeded: " : "Build succeeded: ") << plural(ran, "action")
-              << (settings.dryRun ? " prepared" : " run");
-        if (disabled)
-            m_out << ", " << disabled << " disabled";
-        m_out << "." << std::endl;
-    }
+    m_summary = {status, ran, disabled, settings.dryRun};
     return status;
+}
+
+void TBuildRunner::ReportSuccess()
+{
+    if (m_summary.status != kExitSuccess || !m_log.WriteFailure().empty())
+        return;
+    m_out << (m_summary.dryRun ? "Dry run succeeded: " : "Build succeeded: ") << plural(m_summary.ran, "action")
+          << (m_summary.dryRun ? " prepared" : " run");
+    if (m_summary.disabled)
+        m_out << ", " << m_summary.disabled << " disabled";
+    m_out << "." << std::endl;
 }

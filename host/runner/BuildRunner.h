@@ -39,6 +39,10 @@ public:
 
     /// 0 when every enabled action succeeded, 1 when one failed, 130 when interrupted.
     int Run(TWFProject& project, TWFBuildVariables& variables, const TRunSettings& settings);
+    /// The success line of the last run, if it passed and nothing failed to be written so far.
+    /// Called once every record of the run (log, JUnit report) is written, so that no
+    /// failure can follow a claim of success.
+    void ReportSuccess();
     /// One case per action of the last run, in project order.
     const std::vector<TJUnitCase>& Cases() const { return m_cases; }
 
@@ -50,6 +54,12 @@ private:
     std::ostream& m_out;
     std::ostream& m_err;
     std::vector<TJUnitCase> m_cases;
+    struct TSummary {
+        int status = -1;
+        std::size_t ran = 0;
+        std::size_t disabled = 0;
+        bool dryRun = false;
+    } m_summary;
     std::mutex m_currentMutex;
     TCustomWFAction* m_current = nullptr;
     std::atomic<bool> m_interrupted{false};

@@ -132,6 +132,8 @@ int commandRun(const TCommandContext& c)
         if (!writeFileAtomically(c.args.junitFile, renderJUnitReport(suite, runner.Cases()), error))
             log.NoteWriteFailure("cannot write the JUnit report: " + error);
     }
+    log.Flush();
+    runner.ReportSuccess();
     if (c.args.printVariables)
         c.out << variables.ToJson() << std::endl;
     log.Flush();

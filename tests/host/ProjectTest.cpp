@@ -188,6 +188,65 @@ INSTANTIATE_TEST_SUITE_P(
                     "p.wfp:4:20: error: a NUL byte (0x00), which a project cannot hold"}),
     [](const auto& info) { return std::string(info.param.name); });
 
+/// n attributes a0="v" a1="v" ... separated by sep.
+std::string attributes(std::size_t n, const std::string& sep = " ")
+{
+    std::string text;
+    for (std::size_t i = 0; i < n; ++i)
+        text += sep + "a" + std::to_string(i) + "=\"v\"";
+    return text;
+}
+
+struct CrowdedCase {
+    const char* name;
+    std::string text;
+    /// The first diagnostic; empty: the attribute bound must not refuse the text.
+    std::string diagnostic;
+};
+
+class ProjectAttributeBound : public Project, public ::testing::WithParamInterface<CrowdedCase> {};
+
+TEST_P(ProjectAttributeBound, RefusesAnElementWithMoreAttributesThanAnyNeeds)
+{
+    TWFProject project;
+    const bool ok = read(GetParam().text, project);
+    if (!GetParam().diagnostic.empty()) {
+        EXPECT_FALSE(ok);
+        EXPECT_EQ(firstDiagnostic(), GetParam().diagnostic);
+        EXPECT_EQ(diagnostics.size(), 1u) << "refused before the XML reader sees it";
+        return;
+    }
+    for (const auto& diagnostic : diagnostics)
+        EXPECT_EQ(diagnostic.message.find("attributes;"), std::string::npos) << diagnostic.ToString();
+}
+
+const std::string kOneAction = "<wfproject>\n<actions>\n  <action type=\"T_PROPS\"";
+const std::string kClose = "/></actions></wfproject>";
+
+INSTANTIATE_TEST_SUITE_P(
+    Bound, ProjectAttributeBound,
+    ::testing::Values(
+        // Before the bound, the XML reader took about 12 s here (the square of the count).
+        CrowdedCase{"hundredThousand", kOneAction + attributes(100000) + kClose,
+                    "p.wfp:3:3: error: <action> has 100001 attributes; an element of a project has at most 64"},
+        CrowdedCase{"oneAboveOnTheRoot", "<wfproject\n" + attributes(65, "\n") + "/>",
+                    "p.wfp:1:1: error: <wfproject> has 65 attributes; an element of a project has at most 64"},
+        CrowdedCase{"afterWideCharactersAndNamespaces",
+                    "<wfproject><!-- ✓✓ --><x:v xmlns:x=\"u\"" + attributes(64) + "/></wfproject>",
+                    "p.wfp:1:23: error: <x:v> has 65 attributes; an element of a project has at most 64"},
+        CrowdedCase{"singleQuotedValuesHoldingMarkup",
+                    "<wfproject>\n\n <variables a='<b c=\"d\">' " + attributes(70) + "/></wfproject>",
+                    "p.wfp:3:2: error: <variables> has 71 attributes; an element of a project has at most 64"},
+        CrowdedCase{"atTheBound", "<wfproject" + attributes(64) + "/>", ""},
+        CrowdedCase{"inAComment", "<wfproject><!-- <a" + attributes(100) + "> --></wfproject>", ""},
+        CrowdedCase{"inCData", kOneAction + "><property name=\"Text\"><![CDATA[<a" + attributes(100)
+                                   + ">]]></property></action></actions></wfproject>", ""},
+        CrowdedCase{"inAProcessingInstruction", "<?pi <a" + attributes(100) + "> ?><wfproject/>", ""},
+        CrowdedCase{"inAnAttributeValue", kOneAction + " description=\"" + std::string(100, '=') + "\"" + kClose, ""},
+        CrowdedCase{"inText", kOneAction + "><property name=\"Text\">" + std::string(100, '=')
+                                   + "</property></action></actions></wfproject>", ""}),
+    [](const auto& info) { return std::string(info.param.name); });
+
 TEST_F(Project, FilesAboveTheSizeLimitAreRefusedUnread)
 {
     wftest::TempDir dir;
