@@ -132,7 +132,7 @@ while IFS='|' read -r line expected; do
     printf "%s\n" "${COMPREPLY[@]}" | sort | paste -sd " " -' _ "$COMPLETION" "$line" 2>&1)
   if [ "$got" = "$expected" ]; then pass "completion of \"$line\""; else fail "completion of \"$line\": got \"$got\", expected \"$expected\""; fi
 done <<'EOF'
-wfbuild |--help --version actions help options resave run validate
+wfbuild |--help --version actions help options plugins resave run validate
 wfbuild run --j|--junit
 wfbuild run --d|--dry-run
 wfbuild resave --|--drop-unknown --help --no-default-plugins --output --plugin

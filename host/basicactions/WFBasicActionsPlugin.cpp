@@ -5,3 +5,9 @@ extern "C" __attribute__((visibility("default"))) void WFRegister(bool /*registe
 {
     RegisterBasicActions();
 }
+
+/// What a host lists for the package beside its file.
+extern "C" __attribute__((visibility("default"))) const char* WFPackageDescription()
+{
+    return "Wrenfield basic actions: log a message, set a variable, write a text file, run a program";
+}
