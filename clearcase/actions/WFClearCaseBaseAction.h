@@ -6,6 +6,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// Time stamp given to the files an update loads (used by the update action).
@@ -75,12 +76,29 @@ public:
     void SetPathNameStorageString(const std::string& value);
     std::string GetObjectsStorageString() const;
     void SetObjectsStorageString(const std::string& value);
+    std::string GetComment() const { return m_comment; }
+    void SetComment(const std::string& value) { m_comment = value; }
     std::string GetViewContextPath() const { return m_viewContextPath; }
+    void SetViewContextPath(const std::string& value) { m_viewContextPath = value; }
     bool GetUseDefaultViewContext() const { return m_useDefaultViewContext; }
+    void SetUseDefaultViewContext(bool value) { m_useDefaultViewContext = value; }
     std::string GetVOBSelector() const { return m_vobSelector; }
+    void SetVOBSelector(const std::string& value) { m_vobSelector = value; }
     std::string GetLabelTypeName() const { return m_labelTypeName; }
+    void SetLabelTypeName(const std::string& value) { m_labelTypeName = value; }
     std::string GetVersionSelector() const { return m_versionSelector; }
+    void SetVersionSelector(const std::string& value) { m_versionSelector = value; }
     bool GetUseVersionSelector() const { return m_useVersionSelector; }
+    void SetUseVersionSelector(bool value) { m_useVersionSelector = value; }
+
+    // The lists the property pages edit (stored together in PathNameStorageString and
+    // ObjectsStorageString).
+    const std::vector<std::string>& GetViewPathNames() const { return m_viewPathNames; }
+    void SetViewPathNames(std::vector<std::string> value) { m_viewPathNames = std::move(value); }
+    const std::vector<std::string>& GetExtendedPathNames() const { return m_extendedPathNames; }
+    void SetExtendedPathNames(std::vector<std::string> value) { m_extendedPathNames = std::move(value); }
+    const std::vector<std::string>& GetObjectSelectors() const { return m_objectSelectors; }
+    void SetObjectSelectors(std::vector<std::string> value) { m_objectSelectors = std::move(value); }
 
 protected:
     // Each concrete class publishes exactly its own properties, in its persistence order.

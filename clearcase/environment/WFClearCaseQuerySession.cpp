@@ -1,5 +1,6 @@
 #include "environment/WFClearCaseQuerySession.h"
 
+#include "WFBusy.h"
 #include "WFCommandLine.h"
 #include "WFFiles.h"
 #include "WFInteractiveProcess.h"
@@ -20,6 +21,8 @@ using Clock = std::chrono::steady_clock;
 
 /// As long as a query in a process of its own may stay silent.
 constexpr int kDefaultSilenceLimitMs = 5000;
+/// How often an unbounded wait looks whether it was cancelled.
+constexpr int kUnboundedReadSliceMs = 500;
 constexpr std::string_view kPrompt = "cleartool> ";
 
 std::atomic<bool> g_designTime{false};
@@ -190,15 +193,20 @@ TClearCaseQuerySession::Read TClearCaseQuerySession::readReply(IWFInteractivePro
         // A report cut short may begin up to a line before the end: search again from there.
         const std::size_t lineStart = m_pending.rfind('\n');
         searched = lineStart == std::string::npos ? 0 : lineStart + 1;
-        const int limit = m_silenceLimit;
+        // Once the session has answered, a slow server is waited for when the user can cancel;
+        // before that, silence is how a cleartool without the interactive mode shows itself.
+        const bool bounded = !m_answered || !WFBusyCanCancel();
+        const int limit = bounded ? static_cast<int>(m_silenceLimit) : kUnboundedReadSliceMs;
         const auto silent = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastOutput).count();
-        if (silent >= limit)
+        if (bounded && silent >= limit)
             return Read::Hung;
-        switch (process.Read(m_pending, static_cast<int>(limit - silent))) {
+        switch (process.Read(m_pending, static_cast<int>(bounded ? limit - silent : limit))) {
         case IWFInteractiveProcess::ReadResult::Data:
             lastOutput = Clock::now();
             break;
         case IWFInteractiveProcess::ReadResult::Timeout:
+            if (!bounded && !m_cancelled)
+                break;
             return Read::Hung;
         case IWFInteractiveProcess::ReadResult::Closed:
             return Read::Died;

@@ -1,6 +1,7 @@
 #include "environment/WFClearCaseUtils.h"
 
 #include "environment/WFClearCaseQuerySession.h"
+#include "WFBusy.h"
 #include "WFFiles.h"
 #include "WFProcess.h"
 
@@ -13,9 +14,8 @@
 
 namespace {
 
-/// cleartool that stays silent this long (milliseconds) is taken to hang, typically on a
-/// prompt or an unreachable server: the host kills it and the query yields nothing, so a page
-/// never freezes waiting for it.
+/// Without a user to cancel, cleartool that stays silent this long (milliseconds) is taken to
+/// hang, typically on a prompt or an unreachable server: it is killed and the query yields nothing.
 constexpr int kQuerySilenceLimitMs = 5000;
 
 constexpr const char* kLineBreak = "\r\n";
@@ -56,34 +56,35 @@ bool contains(const std::string& text, const char* part)
 }
 
 /// The output lines of a run that ended by itself with exit code 0; nothing otherwise.
-std::optional<Lines> runCleartool(const std::string& command, const std::string& arguments,
+std::optional<Lines> runCleartool(IWFProcess& process, const std::string& command, const std::string& arguments,
                                   const std::string& workingDirectory)
 {
-    const std::shared_ptr<IWFProcess> process = CreateWFProcess();
     IWFClearCaseOptions* options = ClearCaseOptions();
-    if (!process || !options)
+    if (!options)
         return std::nullopt;
     const std::string cleartool = options->GetCleartoolPath();
     if (!fileExists(cleartool))
         return std::nullopt;
-    process->SetExecutable(cleartool);
-    process->SetParameters(command + " " + arguments);
-    process->SetWorkingDirectory(workingDirectory.empty() ? parentDirectory(process->GetExecutable()) : workingDirectory);
+    process.SetExecutable(cleartool);
+    process.SetParameters(command + " " + arguments);
+    process.SetWorkingDirectory(workingDirectory.empty() ? parentDirectory(process.GetExecutable()) : workingDirectory);
     // A top-level switch such as -version is no sub-command: it keeps its own process.
     if (ClearCaseQuerySessionEnabled() && command.rfind('-', 0) != 0) {
-        auto reply = ClearCaseQuerySession().Run(cleartool, process->GetParameters(), process->GetWorkingDirectory());
+        auto reply = ClearCaseQuerySession().Run(cleartool, process.GetParameters(), process.GetWorkingDirectory());
         if (reply.outcome != TClearCaseQuerySession::Outcome::NotAnswered) {
             if (reply.outcome == TClearCaseQuerySession::Outcome::Failed || reply.status != 0)
                 return std::nullopt;
             return std::move(reply.lines);
         }
     }
-    process->SetRunHidden(true);
-    process->SetCollectOutput(true);
-    process->SetWaitTimeout(kQuerySilenceLimitMs);
-    if (!process->Execute() || process->GetTimedOut() || process->GetExitCode() != 0)
+    process.SetRunHidden(true);
+    process.SetCollectOutput(true);
+    // A slow server is waited for when the user can cancel; with nobody to cancel, silence
+    // bounds the wait so that nothing hangs.
+    process.SetWaitTimeout(WFBusyCanCancel() ? 0 : kQuerySilenceLimitMs);
+    if (!process.Execute() || process.GetTimedOut() || process.GetTerminated() || process.GetExitCode() != 0)
         return std::nullopt;
-    return process->GetOutputLines();
+    return process.GetOutputLines();
 }
 
 std::string queryInVob(const char* command, const std::string& vob)
@@ -106,16 +107,28 @@ std::string quotedIfBlank(const std::string& text)
 std::string CCGetCleartoolOutput(const std::string& command, const std::string& arguments,
                                  const std::string& workingDirectory, bool sort)
 {
-    try {
-        std::optional<Lines> lines = runCleartool(command, arguments, workingDirectory);
-        if (!lines)
-            return {};
-        if (sort)
-            sortLines(*lines);
-        return stringListText(*lines);
-    } catch (...) {
-        return {};
-    }
+    std::string result;
+    const std::shared_ptr<IWFProcess> process = CreateWFProcess();
+    if (!process)
+        return result;
+    const auto work = [&] {
+        try {
+            std::optional<Lines> lines = runCleartool(*process, command, arguments, workingDirectory);
+            if (!lines)
+                return;
+            if (sort)
+                sortLines(*lines);
+            result = stringListText(*lines);
+        } catch (...) {
+            result.clear();
+        }
+    };
+    const auto cancel = [process] {
+        process->Terminate();
+        ClearCaseQuerySession().Cancel();
+    };
+    WFRunBusy(kClearCaseBusyMessage, work, cancel);
+    return result;
 }
 
 std::string CCGetVOBNames()

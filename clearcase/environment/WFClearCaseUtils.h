@@ -12,6 +12,9 @@ std::string quoted(const std::string& text);
 /// The text in double quotes when it contains a blank; unchanged otherwise.
 std::string quotedIfBlank(const std::string& text);
 
+/// What a design-time host shows while a query keeps the user waiting.
+inline constexpr const char* kClearCaseBusyMessage = "Asking ClearCase...";
+
 // Synchronous cleartool queries for the property pages and the edition detection. Each
 // returns the lines of its result, every line ended by CR LF, or the empty string: a query
 // never fails loudly.

@@ -27,6 +27,9 @@
 #include "environment/WFClearCaseOptions.h"
 #include "environment/WFClearCaseQuerySession.h"
 
+#include <dlfcn.h>
+
+#include <iostream>
 #include <memory>
 
 namespace {
@@ -39,7 +42,47 @@ std::unique_ptr<TClearCaseBaseAction> make()
 
 TWFPageClass page(const char* className)
 {
-    return TWFPageClass{className};
+    return TWFPageClass{className, {}};
+}
+
+TClearCasePageFactory g_pageFactory = nullptr;
+
+/// The page library beside the plug-in this code was loaded from, loaded once.
+TClearCasePageFactory loadPageLibrary()
+{
+    static TClearCasePageFactory loaded = [] () -> TClearCasePageFactory {
+        Dl_info self{};
+        if (!dladdr(reinterpret_cast<void*>(&loadPageLibrary), &self) || !self.dli_fname) {
+            std::cerr << "WF30ClearCase: cannot tell where the package was loaded from; property pages unavailable\n";
+            return nullptr;
+        }
+        std::string path = self.dli_fname;
+        path = path.substr(0, path.find_last_of('/') + 1) + kClearCasePageLibrary;
+        void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+        const char* error = library ? nullptr : dlerror();
+        auto factory = library ? reinterpret_cast<TClearCasePageFactory>(dlsym(library, kClearCasePageFactorySymbol)) : nullptr;
+        if (!factory)
+            std::cerr << "WF30ClearCase: property pages unavailable: " << (error ? error : path + " exports no page factory") << "\n";
+        return factory;
+    }();
+    return loaded;
+}
+
+/// The page classes of a design-time host: each named class made by the page library.
+TWFPageClass pageClassFor(const TWFPageClass& named, TClearCasePageFactory factory)
+{
+    TWFPageClass result = named;
+    if (factory)
+        result.create = [factory, name = named.className](QWidget* parent) { return factory(name.c_str(), parent); };
+    return result;
+}
+
+std::vector<TWFPageClass> pageClassesFor(const std::vector<TWFPageClass>& named, TClearCasePageFactory factory)
+{
+    std::vector<TWFPageClass> result;
+    for (const auto& one : named)
+        result.push_back(pageClassFor(one, factory));
+    return result;
 }
 
 // The catalogue: type ID, class name, display name, help topic, class. One row per action, in
@@ -145,10 +188,16 @@ void ClearCaseRegister(bool registerPages)
     if (!registerPages)
         return;
     SetClearCaseDesignTime(true);
-    WFOptionsServices().RegisterOptionsPages(ClearCaseOptionsClass(), {page("TClearCaseOptionsFrame")});
+    const TClearCasePageFactory factory = g_pageFactory ? g_pageFactory : loadPageLibrary();
+    WFOptionsServices().RegisterOptionsPages(ClearCaseOptionsClass(), pageClassesFor({page("TClearCaseOptionsFrame")}, factory));
     // The host keys pages by class name alone.
     for (const auto& row : ClearCaseActionPages())
-        WFActionServices().RegisterActionPages(TWFActionClass{row.actionClassName, {}}, row.pages);
+        WFActionServices().RegisterActionPages(TWFActionClass{row.actionClassName, {}}, pageClassesFor(row.pages, factory));
+}
+
+void SetClearCasePageFactory(TClearCasePageFactory factory)
+{
+    g_pageFactory = factory;
 }
 
 std::string WFClearCasePackageDescription()

@@ -34,6 +34,18 @@ std::unique_ptr<TClearCaseBaseAction> ClearCaseCreateAction(const TClearCaseCata
 /// Every action's pages, in the order they are registered.
 const std::vector<TClearCasePagesRow>& ClearCaseActionPages();
 
+class QWidget;
+/// Makes a page of the named class, or nullptr for a class there is none of. The pages live in a
+/// library of their own so that a headless host never loads a widget library.
+using TClearCasePageFactory = QWidget* (*)(const char* className, QWidget* parent);
+/// The name the page library exports its factory under.
+inline constexpr const char* kClearCasePageFactorySymbol = "WFClearCaseCreatePage";
+/// The page library's file, relative to the folder of the plug-in.
+inline constexpr const char* kClearCasePageLibrary = "clearcase/WF30ClearCasePages.so";
+/// For a host that links the pages itself: registration then uses this factory instead of
+/// loading the page library. nullptr goes back to loading it.
+void SetClearCasePageFactory(TClearCasePageFactory factory);
+
 /// Registers the options, the catalogue and, for a design-time host, the options and action
 /// pages. The body of the package's exported WFRegister.
 void ClearCaseRegister(bool registerPages);

@@ -15,6 +15,8 @@ struct WF_API TWFBrowseFileRequest {
     std::string initialDir;
     std::string defaultExtension;
     bool mustExist = true;
+    /// A file to write (a save dialog) rather than one to open.
+    bool save = false;
 };
 /// Modal file picker; true when the user chose a file.
 WF_API bool WFBrowseForFile(const TWFBrowseFileRequest& request, std::string& file);

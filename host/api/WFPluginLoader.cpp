@@ -21,10 +21,25 @@ std::vector<TWFLoadedPlugin>& loaded()
     return plugins;
 }
 
-bool isLoaded(const std::string& canonical)
+/// Per loaded package: its entry point and whether it has registered its pages.
+struct TRegistration {
+    std::string path;
+    TWFRegisterFunction entry;
+    bool pages;
+};
+
+std::vector<TRegistration>& registrations()
 {
-    const auto& plugins = loaded();
-    return std::any_of(plugins.begin(), plugins.end(), [&](const auto& p) { return p.path == canonical; });
+    static std::vector<TRegistration> list;
+    return list;
+}
+
+TRegistration* findRegistration(const std::string& canonical)
+{
+    for (auto& registration : registrations())
+        if (registration.path == canonical)
+            return &registration;
+    return nullptr;
 }
 
 } // namespace
@@ -37,10 +52,21 @@ bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& erro
         return false;
     }
     const std::string canonical = info.canonicalFilePath().toStdString();
+    TWFRegisterFunction again = nullptr;
     {
         std::lock_guard lock(loadedMutex());
-        if (isLoaded(canonical))
-            return true;
+        if (TRegistration* registration = findRegistration(canonical)) {
+            // A package loaded by a headless part of the host registers its pages when a
+            // design-time part asks for them later.
+            if (!registerPages || registration->pages)
+                return true;
+            registration->pages = true;
+            again = registration->entry;
+        }
+    }
+    if (again) {
+        again(true);
+        return true;
     }
     // Packages stay loaded for the life of the process: their actions outlive any scope here.
     QLibrary library(QString::fromStdString(canonical));
@@ -61,6 +87,7 @@ bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& erro
     {
         std::lock_guard lock(loadedMutex());
         loaded().push_back({canonical, description ? description : ""});
+        registrations().push_back({canonical, entry, registerPages});
     }
     entry(registerPages);
     return true;

@@ -19,7 +19,8 @@ struct WF_API TWFLoadedPlugin {
 };
 
 /// Loads a package by path, finds its WFRegister and calls it once with RegisterPages.
-/// A package already loaded is not registered twice. False with a reason when the file
+/// A package already loaded is not registered twice, except that one loaded without pages registers
+/// again when pages are asked for. False with a reason when the file
 /// cannot be loaded or exports no entry point.
 WF_API bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& error);
 

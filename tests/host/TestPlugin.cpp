@@ -35,5 +35,5 @@ extern "C" __attribute__((visibility("default"))) void WFRegister(bool registerP
 {
     WFActionServices().RegisterAction("Echo", "Test", WFActionClassOf<TEchoAction>("TEchoAction"), "T_ECHO");
     if (registerPages)
-        WFActionServices().RegisterActionPages(WFActionClassOf<TEchoAction>("TEchoAction"), {{"TEchoFrame"}});
+        WFActionServices().RegisterActionPages(WFActionClassOf<TEchoAction>("TEchoAction"), {{"TEchoFrame", {}}});
 }

@@ -11,6 +11,7 @@
 //   WF_FAKE_CHUNKS=N         write the output in N pieces ...
 //   WF_FAKE_CHUNK_DELAY_MS=M ... with M milliseconds between them (default 50)
 //   WF_FAKE_SLEEP_MS=M       sleep before exiting
+//   WF_FAKE_SLEEP_BEFORE_MS=M sleep silently before any output (a slow server)
 //   WF_FAKE_CHILD_PIDFILE=F  start a child and write its pid to F; the child, by WF_FAKE_CHILD:
 //     sleep (default)        sleeps for a long time
 //     writer                 prints a line every 50 ms for a long time
@@ -94,6 +95,8 @@ int main(int argc, char** argv)
     }
 
     std::string output;
+    if (const std::string sleep = env("WF_FAKE_SLEEP_BEFORE_MS"); !sleep.empty())
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(sleep.c_str())));
     int exitCode = std::atoi(env("WF_FAKE_EXIT").c_str());
     bool matched = false;
     if (const std::string responses = env("WF_FAKE_RESPONSES"); !responses.empty()) {

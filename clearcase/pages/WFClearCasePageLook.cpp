@@ -1,0 +1,65 @@
+#include "pages/WFClearCasePageLook.h"
+
+#include "resources/WFClearCaseResources.h"
+#include "WFHeading.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QLabel>
+#include <QPixmap>
+
+namespace {
+
+QPixmap logo(int size)
+{
+    const auto bytes = WFClearCaseFindResource("CC_LOGO");
+    QPixmap pixmap;
+    pixmap.loadFromData(bytes.data(), static_cast<unsigned>(bytes.size()), "BMP");
+    return pixmap.isNull() ? pixmap : pixmap.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+void setHelpContext(QWidget* widget)
+{
+    widget->setProperty("helpContext", kClearCaseHeadingHelpContext);
+}
+
+} // namespace
+
+void ClearCaseSetHeadingImage(QLabel* image)
+{
+    image->setPixmap(logo(16));
+    setHelpContext(image);
+}
+
+void ClearCaseSetSectionImage(QLabel* image)
+{
+    image->setPixmap(logo(32));
+    setHelpContext(image);
+}
+
+void ClearCasePlaceHeading(QLabel* label, QWidget* bevel)
+{
+    WFPlaceHeadingBevel(label, bevel);
+    setHelpContext(label);
+    setHelpContext(bevel);
+}
+
+void ClearCaseSetChecked(QAbstractButton* button, bool checked)
+{
+    QButtonGroup* group = button->group();
+    if (checked || !group || !group->exclusive() || !button->isChecked()) {
+        button->setChecked(checked);
+        return;
+    }
+    group->setExclusive(false);
+    button->setChecked(false);
+    group->setExclusive(true);
+}
+
+QStringList ClearCaseLines(const std::string& queryResult)
+{
+    QStringList lines = QString::fromStdString(queryResult).split("\r\n");
+    if (!lines.isEmpty() && lines.back().isEmpty())
+        lines.pop_back();
+    return lines;
+}

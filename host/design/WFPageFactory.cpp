@@ -1,0 +1,26 @@
+#include "WFPageFactory.h"
+
+#include "WFFrame.h"
+
+#include <QWidget>
+
+QWidget* WFCreatePage(const TWFPageClass& pageClass, QWidget* parent, std::string& error)
+{
+    if (!pageClass.create) {
+        error = "page " + pageClass.className + " is not available: its package was loaded without pages";
+        return nullptr;
+    }
+    QWidget* page = pageClass.create(parent);
+    if (!page) {
+        error = "page " + pageClass.className + " could not be made";
+        return nullptr;
+    }
+    // Hosts and tests find pages and controls by name; a page must carry its class name.
+    if (page->objectName().toStdString() != pageClass.className || (!WFActionPageOf(page) && !WFOptionsPageOf(page))) {
+        error = "page " + pageClass.className + " made a widget named \"" + page->objectName().toStdString() +
+                "\" that is no page of that class";
+        delete page;
+        return nullptr;
+    }
+    return page;
+}

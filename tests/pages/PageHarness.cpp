@@ -1,0 +1,208 @@
+#include "PageHarness.h"
+
+#include "pages/WFClearCasePageTable.h"
+#include "WFAction.h"
+#include "WFFrame.h"
+#include "WFPageFactory.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace wfpage {
+
+namespace {
+
+TWFPageClass packagePage(const char* className)
+{
+    return {className, [name = std::string(className)](QWidget* parent) { return ClearCaseCreatePage(name.c_str(), parent); }};
+}
+
+QPoint indicatorCentre(QAbstractButton* button)
+{
+    QStyleOptionButton option;
+    option.initFrom(button);
+    const bool radio = qobject_cast<QRadioButton*>(button) != nullptr;
+    const bool check = qobject_cast<QCheckBox*>(button) != nullptr;
+    if (!radio && !check)
+        return button->rect().center();
+    const QRect indicator =
+        button->style()->subElementRect(radio ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator, &option, button);
+    return indicator.center();
+}
+
+} // namespace
+
+OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_action(action)
+{
+    std::string error;
+    m_widget.reset(WFCreatePage(pageClass, nullptr, error));
+    if (!m_widget)
+        throw std::runtime_error(error);
+    m_page = WFActionPageOf(m_widget.get());
+    if (!m_page)
+        throw std::runtime_error(pageClass.className + " is no action page");
+    m_widget->show();
+    m_page->InitFrame(m_widget.get());
+    m_page->InitPage(action);
+    m_page->ReadActionData(action);
+}
+
+OpenPage::OpenPage(const char* className, TCustomWFAction& action) : OpenPage(packagePage(className), action) {}
+
+OpenPage::~OpenPage() = default;
+
+void OpenPage::accept()
+{
+    m_page->WriteActionData(m_action);
+}
+
+void click(QAbstractButton* button)
+{
+    if (!button->isVisible() || !button->isEnabled())
+        throw std::runtime_error(button->objectName().toStdString() + " cannot be clicked: hidden or disabled");
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, indicatorCentre(button));
+}
+
+void type(QWidget* edit, const QString& text)
+{
+    if (!edit->isEnabled())
+        throw std::runtime_error(edit->objectName().toStdString() + " cannot take typing: disabled");
+    edit->setFocus();
+    if (auto* line = qobject_cast<QLineEdit*>(edit))
+        line->selectAll();
+    else if (auto* memo = qobject_cast<QPlainTextEdit*>(edit))
+        memo->selectAll();
+    else if (auto* combo = qobject_cast<QComboBox*>(edit); combo && combo->lineEdit())
+        combo->lineEdit()->selectAll();
+    QWidget* target = edit;
+    if (auto* combo = qobject_cast<QComboBox*>(edit); combo && combo->lineEdit())
+        target = combo->lineEdit();
+    if (text.isEmpty())
+        QTest::keyClick(target, Qt::Key_Delete);
+    for (const QChar c : text) {
+        if (c == '\n')
+            QTest::keyClick(target, Qt::Key_Return);
+        else
+            QTest::keyClicks(target, QString(c));
+    }
+}
+
+void dropDown(QWidget* combo)
+{
+    auto* box = qobject_cast<QComboBox*>(combo);
+    if (!box)
+        throw std::runtime_error(combo->objectName().toStdString() + " is no combo box");
+    box->showPopup();
+    box->hidePopup();
+}
+
+QStringList items(QWidget* list)
+{
+    QStringList result;
+    if (auto* box = qobject_cast<QComboBox*>(list))
+        for (int i = 0; i < box->count(); ++i)
+            result << box->itemText(i);
+    else if (auto* widget = qobject_cast<QListWidget*>(list))
+        for (int i = 0; i < widget->count(); ++i)
+            result << widget->item(i)->text();
+    else
+        throw std::runtime_error(list->objectName().toStdString() + " holds no items");
+    return result;
+}
+
+void answerModal(std::function<void(QWidget* dialog)> answer)
+{
+    auto started = std::make_shared<QElapsedTimer>();
+    started->start();
+    auto poll = std::make_shared<std::function<void()>>();
+    *poll = [answer = std::move(answer), started, poll]() {
+        if (QWidget* dialog = QApplication::activeModalWidget()) {
+            answer(dialog);
+            *poll = nullptr;
+            return;
+        }
+        if (started->elapsed() > 2000) {
+            ADD_FAILURE() << "no modal dialog opened";
+            *poll = nullptr;
+            return;
+        }
+        QTimer::singleShot(10, [poll] {
+            if (*poll)
+                (*poll)();
+        });
+    };
+    QTimer::singleShot(0, [poll] { (*poll)(); });
+}
+
+void pressButton(QWidget* dialog, const QString& text)
+{
+    for (QPushButton* button : dialog->findChildren<QPushButton*>())
+        if (button->text().remove('&') == text) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    ADD_FAILURE() << "dialog " << dialog->objectName().toStdString() << " has no button " << text.toStdString();
+    if (auto* modal = qobject_cast<QDialog*>(dialog))
+        modal->reject();
+}
+
+BrowseAnswers::BrowseAnswers()
+{
+    SetWFBrowseForDirectoryHook([this](const std::string& initialDir, std::string& dir, const std::string& caption) {
+        m_requests.push_back({initialDir, caption, {}});
+        return answer(dir);
+    });
+    SetWFBrowseForFileHook([this](const TWFBrowseFileRequest& request, std::string& file) {
+        m_requests.push_back({request.initialDir, request.title, request});
+        return answer(file);
+    });
+}
+
+BrowseAnswers::~BrowseAnswers()
+{
+    SetWFBrowseForDirectoryHook(nullptr);
+    SetWFBrowseForFileHook(nullptr);
+}
+
+bool BrowseAnswers::answer(std::string& result)
+{
+    if (m_answers.empty()) {
+        ADD_FAILURE() << "a browser opened that the test gave no answer for";
+        return false;
+    }
+    const std::optional<std::string> next = m_answers.front();
+    m_answers.erase(m_answers.begin());
+    if (!next)
+        return false;
+    result = *next;
+    return true;
+}
+
+std::string property(const TCustomWFAction& action, const std::string& name)
+{
+    if (!action.FindProperty(name))
+        throw std::runtime_error("the action has no property " + name);
+    return action.GetPropertyText(name);
+}
+
+void setProperty(TCustomWFAction& action, const std::string& name, const std::string& text)
+{
+    std::string error;
+    if (!action.SetPropertyText(name, text, &error))
+        throw std::runtime_error("property " + name + " = \"" + text + "\": " + error);
+}
+
+} // namespace wfpage
