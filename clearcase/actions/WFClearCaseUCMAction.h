@@ -28,6 +28,12 @@ public:
     void SetActivitySelectorStorageString(const std::string& value) { m_activities = splitStringListText(value); }
     std::string GetComponentSelectorStorageString() const { return stringListText(m_components); }
     void SetComponentSelectorStorageString(const std::string& value) { m_components = splitStringListText(value); }
+    bool GetUseCurrentActivity() const { return m_useCurrentActivity; }
+    void SetUseCurrentActivity(bool value) { m_useCurrentActivity = value; }
+    const std::vector<std::string>& GetActivities() const { return m_activities; }
+    void SetActivities(std::vector<std::string> value) { m_activities = std::move(value); }
+    const std::vector<std::string>& GetComponents() const { return m_components; }
+    void SetComponents(std::vector<std::string> value) { m_components = std::move(value); }
 
 protected:
     void PublishActivityName();

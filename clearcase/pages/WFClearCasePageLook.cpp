@@ -6,6 +6,8 @@
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QLabel>
+#include <QBitmap>
+#include <QColor>
 #include <QPixmap>
 
 namespace {
@@ -15,6 +17,9 @@ QPixmap logo(int size)
     const auto bytes = WFClearCaseFindResource("CC_LOGO");
     QPixmap pixmap;
     pixmap.loadFromData(bytes.data(), static_cast<unsigned>(bytes.size()), "BMP");
+    // The bitmaps mark their transparent parts in magenta.
+    if (!pixmap.isNull())
+        pixmap.setMask(pixmap.createMaskFromColor(QColor(255, 0, 255)));
     return pixmap.isNull() ? pixmap : pixmap.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 

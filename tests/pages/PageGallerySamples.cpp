@@ -1,0 +1,45 @@
+#include "PageGallery.h"
+
+#include "actions/WFClearCaseBaseAction.h"
+#include "environment/WFClearCaseOptions.h"
+#include "pages/WFClearCaseViewContextSubFrame.h"
+#include "WFServices.h"
+
+namespace wfgallery {
+
+const std::vector<Editor>& editors()
+{
+    // One row per editor class.
+    static const std::vector<Editor> list = {
+        {"TClearCaseViewContextSubFrame", [] { return new TClearCaseViewContextSubFrame; }},
+    };
+    return list;
+}
+
+void prepareSampleWorld()
+{
+    RegisterOptions();
+    if (IWFClearCaseOptions* options = ClearCaseOptions())
+        options->SetDefaultViewPath("/views/build_main");
+}
+
+void fillSample(TClearCaseBaseAction& action)
+{
+    action.SetViewContextPath("/views/build_main/vobs/product");
+    action.SetUseDefaultViewContext(false);
+    action.SetComment("Nightly build %BUILD_NUMBER%");
+    action.SetNoComment(false);
+    action.SetViewPathNames({"/views/build_main/vobs/product/src/main.c", "/views/build_main/vobs/product/include"});
+    action.SetExtendedPathNames({"src/main.c@@/main/rel2/4"});
+    action.SetObjectSelectors({"lbtype:REL2@/vobs/product", "brtype:rel2@/vobs/product"});
+    action.SetLabelTypeName("REL2");
+    action.SetVOBSelector("/vobs/product");
+}
+
+void readSampleOptions(IWFOptionsPage& page)
+{
+    if (IWFClearCaseOptions* options = ClearCaseOptions())
+        page.ReadOptions(*options->GetImplementation());
+}
+
+} // namespace wfgallery
