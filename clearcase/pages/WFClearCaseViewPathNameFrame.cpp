@@ -128,6 +128,7 @@ void TClearCaseViewPathNameFrame::ReadActionData(TCustomWFAction& action)
     m_fullPaths.clear();
     for (const auto& path : base.GetViewPathNames())
         m_fullPaths << QString::fromStdString(path);
+    ui.pathsListBox->clear();
     for (const QString& path : m_fullPaths)
         ui.pathsListBox->addItem(Abbreviated(path));
     completeHeading(action);

@@ -68,6 +68,15 @@ QListWidget* listOf(const OpenPage& page)
     return page.control<QListWidget>("pathsListBox");
 }
 
+/// The items of a list or combo box, as the action stores text.
+std::vector<std::string> texts(QWidget* list)
+{
+    std::vector<std::string> result;
+    for (const QString& item : items(list))
+        result.push_back(item.toStdString());
+    return result;
+}
+
 QPoint rowCentre(QListWidget* list, int row)
 {
     return list->visualItemRect(list->item(row)).center();
@@ -198,10 +207,7 @@ TEST_P(ViewPathPage, RoundTrip)
     setProperty(action, "PathNameStorageString", c.stored);
     OpenPage page(kViewPage, action);
     EXPECT_EQ(page.page().PageName(), "Pathnames");
-    std::vector<std::string> listed;
-    for (const QString& line : items(listOf(page)))
-        listed.push_back(line.toStdString());
-    EXPECT_EQ(listed, c.listed);
+    EXPECT_EQ(texts(listOf(page)), c.listed);
     EXPECT_FALSE(page.control<QPushButton>("editButton")->isEnabled());
     EXPECT_FALSE(page.control<QPushButton>("remButton")->isEnabled());
     for (const Step& step : c.steps)
@@ -396,10 +402,7 @@ TEST_P(ExtendedPage, RoundTrip)
     setProperty(action, "ViewContextPath", c.viewPath);
     OpenPage page(kExtendedPage, action);
     EXPECT_EQ(page.page().PageName(), "Extended Pathnames");
-    std::vector<std::string> listed;
-    for (const QString& line : items(listOf(page)))
-        listed.push_back(line.toStdString());
-    EXPECT_EQ(listed, c.listed);
+    EXPECT_EQ(texts(listOf(page)), c.listed);
     std::vector<std::string> enabled;
     for (const QWidget* control : page.widget()->findChildren<QWidget*>())
         if (control->isEnabled() && !control->objectName().startsWith("qt_"))
@@ -545,9 +548,7 @@ TEST_P(ExtendedDropDown, ListsComeFromTheViewContextFolder)
             auto* list = dialog->findChild<QComboBox*>(drop.selector ? "txtSelector" : "txtElement");
             type(element, drop.element);
             dropDown(list);
-            listed.clear();
-            for (const QString& item : items(list))
-                listed.push_back(item.toStdString());
+            listed = texts(list);
             EXPECT_EQ(element->currentText().toStdString(), drop.element) << "the typed text is kept";
         }
         pressButton(dialog, "Cancel");
