@@ -1,6 +1,8 @@
 #include "pages/WFClearCasePageTable.h"
 
 #include "pages/WFClearCaseCommentFrame.h"
+#include "pages/WFClearCaseExtendedPathNameFrame.h"
+#include "pages/WFClearCaseViewPathNameFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -9,6 +11,8 @@ namespace {
 
 // One row per page class, by name.
 const TClearCasePageMaker kPages[] = {
+    {"TClearCaseViewPathNameFrame", WFMakePage<TClearCaseViewPathNameFrame>},
+    {"TClearCaseExtendedPathNameFrame", WFMakePage<TClearCaseExtendedPathNameFrame>},
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
 };
 
