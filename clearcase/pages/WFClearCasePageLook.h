@@ -22,3 +22,22 @@ void ClearCaseSetChecked(QAbstractButton* button, bool checked);
 #include <string>
 /// A query's result (lines ended by CR LF) as list items.
 QStringList ClearCaseLines(const std::string& queryResult);
+
+class TWFComboBox;
+/// Fills a VOB list from cleartool unless it already holds VOBs, so that only the first
+/// drop-down asks.
+void ClearCaseFillVOBListOnce(TWFComboBox* list);
+/// Fills a list with the names of the types of `kind` (e.g. "attype") in the VOB; with no
+/// VOB the list stays as it is.
+void ClearCaseFillTypeList(TWFComboBox* list, const char* kind, const QString& vob);
+
+#include <QRadioButton>
+/// A radio button whose caption wraps onto further lines within its width, for captions longer
+/// than a page is wide. Its text stays the caption as given.
+class TClearCaseWrappingRadioButton : public QRadioButton {
+public:
+    using QRadioButton::QRadioButton;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};

@@ -1,6 +1,11 @@
 #include "pages/WFClearCasePageTable.h"
 
+#include "pages/WFClearCaseApplyAttributeFrame.h"
+#include "pages/WFClearCaseApplyAttributeObjectsFrame.h"
+#include "pages/WFClearCaseApplyAttributePathNamesFrame.h"
 #include "pages/WFClearCaseCommentFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -10,6 +15,11 @@ namespace {
 // One row per page class, by name.
 const TClearCasePageMaker kPages[] = {
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
+    {"TClearCaseMakeAttributeTypeFrame", WFMakePage<TClearCaseMakeAttributeTypeFrame>},
+    {"TClearCaseMakeAttributeTypeOptionsFrame", WFMakePage<TClearCaseMakeAttributeTypeOptionsFrame>},
+    {"TClearCaseApplyAttributePathNamesFrame", WFMakePage<TClearCaseApplyAttributePathNamesFrame>},
+    {"TClearCaseApplyAttributeFrame", WFMakePage<TClearCaseApplyAttributeFrame>},
+    {"TClearCaseApplyAttributeObjectsFrame", WFMakePage<TClearCaseApplyAttributeObjectsFrame>},
 };
 
 } // namespace

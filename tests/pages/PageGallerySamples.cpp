@@ -1,7 +1,8 @@
 #include "PageGallery.h"
 
-#include "actions/WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseMakeAttributeTypeAction.h"
 #include "environment/WFClearCaseOptions.h"
+#include "pages/WFClearCaseDateButtonEdit.h"
 #include "pages/WFClearCaseViewContextSubFrame.h"
 #include "WFServices.h"
 
@@ -12,6 +13,12 @@ const std::vector<Editor>& editors()
     // One row per editor class.
     static const std::vector<Editor> list = {
         {"TClearCaseViewContextSubFrame", [] { return new TClearCaseViewContextSubFrame; }},
+        {"TClearCaseDateButtonEdit",
+         [] {
+             auto* edit = new TClearCaseDateButtonEdit;
+             edit->SetDateString("15-Nov-06.14:30:00");
+             return edit;
+         }},
     };
     return list;
 }
@@ -34,6 +41,15 @@ void fillSample(TClearCaseBaseAction& action)
     action.SetObjectSelectors({"lbtype:REL2@/vobs/product", "brtype:rel2@/vobs/product"});
     action.SetLabelTypeName("REL2");
     action.SetVOBSelector("/vobs/product");
+    if (auto* attribute = dynamic_cast<TClearCaseBaseAttributeAction*>(&action)) {
+        attribute->SetAttributeName("BuildNo");
+        attribute->SetAttributeValue("42");
+    }
+    if (auto* attributeType = dynamic_cast<TClearCaseMakeAttributeTypeAction*>(&action)) {
+        attributeType->SetNewAttributeType(atDate);
+        attributeType->SetUseDefaultValue(true);
+        attributeType->SetDefaultValue("today");
+    }
 }
 
 void readSampleOptions(IWFOptionsPage& page)
