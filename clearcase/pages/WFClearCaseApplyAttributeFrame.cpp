@@ -9,11 +9,7 @@
 TClearCaseApplyAttributeFrame::TClearCaseApplyAttributeFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label4, ui.Bevel2);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3}, {{ui.Label1, ui.Bevel1}, {ui.Label4, ui.Bevel2}});
     // Waits for a pause in typing, so that cleartool is not asked once per letter.
     m_timer1 = new QTimer(this);
     m_timer1->setObjectName("Timer1");

@@ -6,11 +6,7 @@
 TClearCaseApplyAttributePathNamesFrame::TClearCaseApplyAttributePathNamesFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label2, ui.Bevel2);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3}, {{ui.Label1, ui.Bevel1}, {ui.Label2, ui.Bevel2}});
 }
 
 std::string TClearCaseApplyAttributePathNamesFrame::PageName() const

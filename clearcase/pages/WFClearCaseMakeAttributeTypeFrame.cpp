@@ -6,13 +6,8 @@
 TClearCaseMakeAttributeTypeFrame::TClearCaseMakeAttributeTypeFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCaseSetHeadingImage(ui.Image4);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label5, ui.Bevel2);
-    ClearCasePlaceHeading(ui.Label6, ui.Bevel3);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3, ui.Image4},
+                              {{ui.Label1, ui.Bevel1}, {ui.Label5, ui.Bevel2}, {ui.Label6, ui.Bevel3}});
     ui.minDateFrame->hide();
     ui.maxDateFrame->hide();
     ui.txtDefaultValue->SetShowButton(false);

@@ -53,6 +53,16 @@ void ClearCasePlaceHeading(QLabel* label, QWidget* bevel)
     setHelpContext(bevel);
 }
 
+void ClearCaseDecorateHeadings(QLabel* sectionImage, std::initializer_list<QLabel*> headingImages,
+                               std::initializer_list<std::pair<QLabel*, QWidget*>> headings)
+{
+    ClearCaseSetSectionImage(sectionImage);
+    for (QLabel* image : headingImages)
+        ClearCaseSetHeadingImage(image);
+    for (const auto& [label, bevel] : headings)
+        ClearCasePlaceHeading(label, bevel);
+}
+
 void ClearCaseSetChecked(QAbstractButton* button, bool checked)
 {
     QButtonGroup* group = button->group();

@@ -10,6 +10,13 @@ void ClearCaseSetSectionImage(QLabel* image);
 /// Sizes the heading and lays its bevel, and gives both the pages' help context.
 void ClearCasePlaceHeading(QLabel* label, QWidget* bevel);
 
+#include <initializer_list>
+#include <utility>
+/// Decorates a page's headings: the section image, the small image of each heading, and each
+/// heading label with its bevel.
+void ClearCaseDecorateHeadings(QLabel* sectionImage, std::initializer_list<QLabel*> headingImages,
+                               std::initializer_list<std::pair<QLabel*, QWidget*>> headings);
+
 /// The help context of headings, icons and bevels.
 inline constexpr int kClearCaseHeadingHelpContext = 2400;
 
