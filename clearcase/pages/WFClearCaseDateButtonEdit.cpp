@@ -124,6 +124,8 @@ void TClearCaseDateButtonEdit::ChooseDate1Click()
     calendar->setObjectName("Calendar");
     calendar->setMinimumDate(kBaseDate.addDays(1));
     PopupPanel panel(ui.txtEdit, "DatePanel", calendar);
+    // A click on a day or Enter picks it, as OK does.
+    connect(calendar, &QCalendarWidget::clicked, &panel, &QDialog::accept);
     connect(calendar, &QCalendarWidget::activated, &panel, &QDialog::accept);
     if (panel.exec() == QDialog::Accepted)
         SetDateTimeStamp(QDateTime(calendar->selectedDate(), QTime(0, 0)));

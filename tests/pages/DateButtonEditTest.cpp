@@ -131,9 +131,9 @@ TEST_P(DateEdit, PickedValueBecomesText)
         });
     choose(c.item);
     EXPECT_EQ(edit.GetDateString(), c.expected);
-    // The panels are gone once picked.
+    // The panels are freed, picked or cancelled.
     for (QWidget* widget : QApplication::topLevelWidgets())
-        EXPECT_FALSE(widget->isVisible() && widget->objectName().endsWith("Panel")) << widget->objectName().toStdString();
+        EXPECT_FALSE(widget->objectName().endsWith("Panel")) << widget->objectName().toStdString();
 }
 
 const QDate kNov15{2006, 11, 15};
@@ -177,6 +177,21 @@ TEST_F(DateEdit, MenuOpensUnderTheButtonWithItsItemsInOrder)
         days << action->text();
     EXPECT_EQ(days.join(" "), "Monday Tuesday Wednesday Thursday Friday Saturday Sunday");
     menu()->hide();
+}
+
+TEST_F(DateEdit, EnterInTheCalendarPicksTheDayShown)
+{
+    edit.SetDateString("today");
+    answerPanel("DatePanel", [](QWidget* panel) {
+        auto* calendar = panel->findChild<QCalendarWidget*>("Calendar");
+        calendar->setSelectedDate(QDate(2006, 11, 15));
+        QWidget* days = calendar->findChild<QWidget*>("qt_calendar_calendarview");
+        ASSERT_NE(days, nullptr);
+        QTest::keyClick(days, Qt::Key_Right);
+        QTest::keyClick(days, Qt::Key_Return);
+    });
+    choose("ChooseDate1");
+    EXPECT_EQ(edit.GetDateString(), "16-Nov-06");
 }
 
 TEST_F(DateEdit, DisablingTheFrameDisablesEditAndButton)
