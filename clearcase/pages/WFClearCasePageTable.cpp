@@ -1,8 +1,13 @@
 #include "pages/WFClearCasePageTable.h"
 
+#include "pages/WFClearCaseApplyAttributeFrame.h"
+#include "pages/WFClearCaseApplyAttributeObjectsFrame.h"
+#include "pages/WFClearCaseApplyAttributePathNamesFrame.h"
 #include "pages/WFClearCaseCommentFrame.h"
 #include "pages/WFClearCaseExtendedPathNameFrame.h"
 #include "pages/WFClearCaseViewPathNameFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -14,6 +19,11 @@ const TClearCasePageMaker kPages[] = {
     {"TClearCaseViewPathNameFrame", WFMakePage<TClearCaseViewPathNameFrame>},
     {"TClearCaseExtendedPathNameFrame", WFMakePage<TClearCaseExtendedPathNameFrame>},
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
+    {"TClearCaseMakeAttributeTypeFrame", WFMakePage<TClearCaseMakeAttributeTypeFrame>},
+    {"TClearCaseMakeAttributeTypeOptionsFrame", WFMakePage<TClearCaseMakeAttributeTypeOptionsFrame>},
+    {"TClearCaseApplyAttributePathNamesFrame", WFMakePage<TClearCaseApplyAttributePathNamesFrame>},
+    {"TClearCaseApplyAttributeFrame", WFMakePage<TClearCaseApplyAttributeFrame>},
+    {"TClearCaseApplyAttributeObjectsFrame", WFMakePage<TClearCaseApplyAttributeObjectsFrame>},
 };
 
 } // namespace
