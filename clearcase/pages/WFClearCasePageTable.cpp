@@ -1,6 +1,8 @@
 #include "pages/WFClearCasePageTable.h"
 
 #include "pages/WFClearCaseCommentFrame.h"
+#include "pages/WFClearCaseObjectSelectorFrame.h"
+#include "pages/WFClearCaseOptionsFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -10,6 +12,8 @@ namespace {
 // One row per page class, by name.
 const TClearCasePageMaker kPages[] = {
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
+    {"TClearCaseObjectSelectorFrame", WFMakePage<TClearCaseObjectSelectorFrame>},
+    {"TClearCaseOptionsFrame", WFMakePage<TClearCaseOptionsFrame>},
 };
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "actions/WFClearCaseBaseAction.h"
 #include "environment/WFClearCaseOptions.h"
+#include "pages/WFClearCaseObjectSelectorEditForm.h"
 #include "pages/WFClearCaseViewContextSubFrame.h"
 #include "WFServices.h"
 
@@ -12,6 +13,12 @@ const std::vector<Editor>& editors()
     // One row per editor class.
     static const std::vector<Editor> list = {
         {"TClearCaseViewContextSubFrame", [] { return new TClearCaseViewContextSubFrame; }},
+        {"TClearCaseObjectSelectorEditForm",
+         [] {
+             auto* editor = new TClearCaseObjectSelectorEditForm;
+             editor->SetObjectSelector("lbtype:REL2@/vobs/product");
+             return editor;
+         }},
     };
     return list;
 }
