@@ -70,7 +70,8 @@ void PrintTo(const EditorCase& c, std::ostream* os)
     *os << c.name;
 }
 
-class SelectorEditor : public ::testing::TestWithParam<EditorCase> {
+/// The editor on its own, shown, with a fake ClearCase for its lists.
+class EditorFixture : public ::testing::Test {
 protected:
     wftest::FakeCleartool cleartool;
     wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
@@ -80,6 +81,8 @@ protected:
     QComboBox* combo(const char* name) { return editor.findChild<QComboBox*>(name); }
     QLineEdit* selector() { return editor.findChild<QLineEdit*>("txtObjectSelector"); }
 };
+
+class SelectorEditor : public EditorFixture, public ::testing::WithParamInterface<EditorCase> {};
 
 TEST_P(SelectorEditor, PartsAndStringFollowEachOther)
 {
@@ -160,23 +163,16 @@ void PrintTo(const NameListCase& c, std::ostream* os)
     *os << c.name;
 }
 
-class SelectorNameList : public ::testing::TestWithParam<NameListCase> {
-protected:
-    wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
-    TClearCaseObjectSelectorEditForm editor;
-
-    void SetUp() override { editor.show(); }
-};
+class SelectorNameList : public EditorFixture, public ::testing::WithParamInterface<NameListCase> {};
 
 TEST_P(SelectorNameList, AskedForOnEveryDropDown)
 {
     const NameListCase& c = GetParam();
     if (c.query)
         cleartool.respond(c.query, c.output);
-    type(editor.findChild<QWidget*>("txtVOB"), c.vob);
-    choose(editor.findChild<QComboBox*>("cmbObjectTypeName"), c.type);
-    auto* names = editor.findChild<QComboBox*>("txtObjectName");
+    type(combo("txtVOB"), c.vob);
+    choose(combo("cmbObjectTypeName"), c.type);
+    QComboBox* names = combo("txtObjectName");
     dropDown(names);
     dropDown(names);
     EXPECT_EQ(items(names), c.names);
@@ -201,14 +197,14 @@ TEST_F(SelectorNameList, PickedNameComposesTheString)
 {
     cleartool.respond("lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n");
     editor.SetObjectSelector("lbtype:@/vobs/a");
-    choose(editor.findChild<QComboBox*>("txtObjectName"), "REL2");
+    choose(combo("txtObjectName"), "REL2");
     EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2@/vobs/a");
 }
 
 TEST_F(SelectorNameList, VOBListIsAskedForOncePerEditor)
 {
     cleartool.respond("lsvob -short", "/vobs/b\n/vobs/a\n");
-    auto* vobs = editor.findChild<QComboBox*>("txtVOB");
+    QComboBox* vobs = combo("txtVOB");
     type(vobs, "/vobs/typed");
     dropDown(vobs);
     dropDown(vobs);
