@@ -1,6 +1,7 @@
 #include "pages/WFClearCaseObjectSelectorFrame.h"
 
 #include "actions/WFClearCaseBaseAction.h"
+#include "environment/WFClearCaseStringList.h"
 #include "pages/WFClearCaseObjectSelectorEditForm.h"
 #include "pages/WFClearCasePageLook.h"
 
@@ -63,7 +64,9 @@ void TClearCaseObjectSelectorFrame::WriteActionData(TCustomWFAction& action)
     std::vector<std::string> selectors;
     for (int row = 0; row < ui.listObjects->count(); ++row)
         selectors.push_back(ui.listObjects->item(row)->text().toStdString());
-    base.SetObjectSelectors(std::move(selectors));
+    // Stored as one text, so a line break pasted into a selector makes two lines, as it will
+    // when the project is read back.
+    base.SetObjectsStorageString(stringListText(selectors));
 }
 
 int TClearCaseObjectSelectorFrame::selectedRow() const

@@ -305,6 +305,16 @@ const PageCase kPageCases[] = {
          click(page.control<QPushButton>("btnAdd"));
      },
      "brtype:rel2\r\n\r\n"},
+    {"PastedLineBreakMakesTwoLines", {},
+     [](OpenPage& page) {
+         answerModal([](QWidget* dialog) {
+             // What a paste of two lines puts into the field.
+             dialog->findChild<QLineEdit*>("txtObjectSelector")->setText("lbtype:A\nbrtype:b");
+             pressButton(dialog, "OK");
+         });
+         click(page.control<QPushButton>("btnAdd"));
+     },
+     "lbtype:A\r\nbrtype:b\r\n"},
     {"AddCancelledChangesNothing", {"brtype:rel2"},
      [](OpenPage& page) {
          answerEditor("", {{"txtObjectSelector", "lbtype:X"}}, "Cancel");
