@@ -8,6 +8,8 @@
 #include "pages/WFClearCaseViewPathNameFrame.h"
 #include "pages/WFClearCaseMakeAttributeTypeFrame.h"
 #include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
+#include "pages/WFClearCaseObjectSelectorFrame.h"
+#include "pages/WFClearCaseOptionsFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -24,6 +26,8 @@ const TClearCasePageMaker kPages[] = {
     {"TClearCaseApplyAttributePathNamesFrame", WFMakePage<TClearCaseApplyAttributePathNamesFrame>},
     {"TClearCaseApplyAttributeFrame", WFMakePage<TClearCaseApplyAttributeFrame>},
     {"TClearCaseApplyAttributeObjectsFrame", WFMakePage<TClearCaseApplyAttributeObjectsFrame>},
+    {"TClearCaseObjectSelectorFrame", WFMakePage<TClearCaseObjectSelectorFrame>},
+    {"TClearCaseOptionsFrame", WFMakePage<TClearCaseOptionsFrame>},
 };
 
 } // namespace

@@ -71,6 +71,11 @@ class PackagePages : public ::testing::Test {
 protected:
     static void SetUpTestSuite()
     {
+        // Suites share the process: the package is loaded once, by the first of them.
+        static bool loaded = false;
+        if (loaded)
+            return;
+        loaded = true;
         std::string error;
         // A host that first needed no pages, then does.
         ASSERT_TRUE(WFLoadPlugin(WF_CC_PLUGIN_PATH, false, error)) << error;

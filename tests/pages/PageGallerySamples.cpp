@@ -5,6 +5,7 @@
 #include "pages/WFClearCaseDateButtonEdit.h"
 #include "pages/WFClearCaseEditExtendedPathNameForm.h"
 #include "pages/WFClearCaseEditViewPathForm.h"
+#include "pages/WFClearCaseObjectSelectorEditForm.h"
 #include "pages/WFClearCaseViewContextSubFrame.h"
 #include "WFServices.h"
 
@@ -32,6 +33,12 @@ const std::vector<Editor>& editors()
              auto* edit = new TClearCaseDateButtonEdit;
              edit->SetDateString("15-Nov-06.14:30:00");
              return edit;
+         }},
+        {"TClearCaseObjectSelectorEditForm",
+         [] {
+             auto* editor = new TClearCaseObjectSelectorEditForm;
+             editor->SetObjectSelector("lbtype:REL2@/vobs/product");
+             return editor;
          }},
     };
     return list;
