@@ -1,6 +1,15 @@
 #include "pages/WFClearCasePageTable.h"
 
+#include "pages/WFClearCaseCheckInFrame.h"
+#include "pages/WFClearCaseCheckOutFrame.h"
+#include "pages/WFClearCaseCleartoolFrame.h"
 #include "pages/WFClearCaseCommentFrame.h"
+#include "pages/WFClearCaseFindCheckoutsFrame.h"
+#include "pages/WFClearCaseGetConfigSpecFrame.h"
+#include "pages/WFClearCaseSetConfigSpecFrame.h"
+#include "pages/WFClearCaseUnCheckOutActivityFrame.h"
+#include "pages/WFClearCaseUnCheckOutFrame.h"
+#include "pages/WFClearCaseUpdateFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -10,6 +19,15 @@ namespace {
 // One row per page class, by name.
 const TClearCasePageMaker kPages[] = {
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
+    {"TClearCaseUpdateFrame", WFMakePage<TClearCaseUpdateFrame>},
+    {"TClearCaseCheckInFrame", WFMakePage<TClearCaseCheckInFrame>},
+    {"TClearCaseCheckOutFrame", WFMakePage<TClearCaseCheckOutFrame>},
+    {"TClearCaseUnCheckOutFrame", WFMakePage<TClearCaseUnCheckOutFrame>},
+    {"TClearCaseUnCheckOutActivityFrame", WFMakePage<TClearCaseUnCheckOutActivityFrame>},
+    {"TClearCaseCleartoolFrame", WFMakePage<TClearCaseCleartoolFrame>},
+    {"TClearCaseSetConfigSpecFrame", WFMakePage<TClearCaseSetConfigSpecFrame>},
+    {"TClearCaseGetConfigSpecFrame", WFMakePage<TClearCaseGetConfigSpecFrame>},
+    {"TClearCaseFindCheckoutsFrame", WFMakePage<TClearCaseFindCheckoutsFrame>},
 };
 
 } // namespace

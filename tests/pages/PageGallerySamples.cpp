@@ -1,6 +1,7 @@
 #include "PageGallery.h"
 
 #include "actions/WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseCleartoolAction.h"
 #include "environment/WFClearCaseOptions.h"
 #include "pages/WFClearCaseViewContextSubFrame.h"
 #include "WFServices.h"
@@ -34,6 +35,10 @@ void fillSample(TClearCaseBaseAction& action)
     action.SetObjectSelectors({"lbtype:REL2@/vobs/product", "brtype:rel2@/vobs/product"});
     action.SetLabelTypeName("REL2");
     action.SetVOBSelector("/vobs/product");
+    if (auto* generic = dynamic_cast<TClearCaseCleartoolAction*>(&action)) {
+        generic->SetCommand("lsview");
+        generic->SetArguments("-short -cview");
+    }
 }
 
 void readSampleOptions(IWFOptionsPage& page)
