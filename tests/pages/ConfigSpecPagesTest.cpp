@@ -17,34 +17,6 @@ using namespace wfpage;
 
 namespace {
 
-std::function<void(OpenPage&)> clicks(std::vector<const char*> names)
-{
-    return [names](OpenPage& page) {
-        for (const char* name : names)
-            click(page.control<QAbstractButton>(name));
-    };
-}
-
-/// Each step: a click on a named button, or typing into a named control when text is given.
-struct Step {
-    const char* control;
-    const char* typed = nullptr;
-};
-
-std::function<void(OpenPage&)> steps(std::vector<Step> list)
-{
-    return [list](OpenPage& page) {
-        for (const Step& step : list) {
-            if (step.typed)
-                type(page.control<QWidget>(step.control), QString::fromUtf8(step.typed));
-            else
-                click(page.control<QAbstractButton>(step.control));
-        }
-    };
-}
-
-// ---------------------------------------------------------------------------------------------
-
 class SetConfigSpecPage : public ::testing::TestWithParam<PageCase> {};
 
 TEST_P(SetConfigSpecPage, RoundTrip)
@@ -94,7 +66,7 @@ const PageCase kSetConfigSpecCases[] = {
      .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}, {"CSpecChoice", "csCurrent"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, SetConfigSpecPage, ::testing::ValuesIn(kSetConfigSpecCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -139,7 +111,7 @@ const PageCase kGetConfigSpecCases[] = {
      .browsed = {{"/out/specs", "Save Config Spec As", "/out/specs/cs.txt", kSaveFilter, true}}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, GetConfigSpecPage, ::testing::ValuesIn(kGetConfigSpecCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -214,7 +186,7 @@ const PageCase kFindCheckoutsCases[] = {
      .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, FindCheckoutsPage, ::testing::ValuesIn(kFindCheckoutsCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -263,6 +235,6 @@ const PageCase kCleartoolCases[] = {
      .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, CleartoolPage, ::testing::ValuesIn(kCleartoolCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 } // namespace

@@ -26,24 +26,6 @@ using namespace wfpage;
 
 namespace {
 
-/// Clicks the named radio button, check box or tool button.
-std::function<void(OpenPage&)> clicks(std::vector<const char*> names)
-{
-    return [names](OpenPage& page) {
-        for (const char* name : names)
-            click(page.control<QAbstractButton>(name));
-    };
-}
-
-/// Types each text into its control, in order.
-std::function<void(OpenPage&)> types(std::vector<std::pair<const char*, QString>> entries)
-{
-    return [entries](OpenPage& page) {
-        for (const auto& [name, text] : entries)
-            type(page.control<QWidget>(name), text);
-    };
-}
-
 const auto isChecked = [](const char* control) { return Shown{control, true}; };
 
 // ---------------------------------------------------------------------------------------------
@@ -89,7 +71,7 @@ const PageCase kCheckOutCases[] = {
      .stored = {{"Reserved", "False"}, {"Unreserved", "True"}, {"DataLocation", "coView"}, {"SelectionMode", "coDefault"}}},
     {.name = "TypingAnExternalPathChoosesOut",
      .given = {},
-     .steps = types({{"txtExternalPath", "/tmp/out"}}),
+     .steps = steps({{"txtExternalPath", "/tmp/out"}}),
      .shown = {isChecked("btnOut")},
      .stored = {{"DataLocation", "coOut"}, {"OutExternalPath", "/tmp/out"}}},
     {.name = "StoredPathUnderViewLocationStaysView",
@@ -118,12 +100,12 @@ const PageCase kCheckOutCases[] = {
      .browsed = {{"", "Select Directory"}}},
     {.name = "TypingABranchChoosesBranchAndClearingKeepsIt",
      .given = {},
-     .steps = types({{"txtBranchName", "rel2"}, {"txtBranchName", ""}}),
+     .steps = steps({{"txtBranchName", "rel2"}, {"txtBranchName", ""}}),
      .shown = {isChecked("btnSelModeBranch")},
      .stored = {{"SelectionMode", "coBranch"}, {"BranchSelector", ""}}},
     {.name = "TypingAVersionChoosesVersion",
      .given = {{"SelectionMode", "coBranch"}, {"BranchSelector", "rel2"}},
-     .steps = types({{"txtVersionName", "/main/4"}}),
+     .steps = steps({{"txtVersionName", "/main/4"}}),
      .shown = {isChecked("btnSelModeVersion")},
      .stored = {{"SelectionMode", "coVersion"}, {"VersionSelector", "/main/4"}, {"BranchSelector", "rel2"}}},
     {.name = "StoredSelectorsDoNotOverruleDefaultMode",
@@ -143,7 +125,7 @@ const PageCase kCheckOutCases[] = {
      .edition = ccLT},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, CheckOutPage, ::testing::ValuesIn(kCheckOutCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -192,7 +174,7 @@ const PageCase kCheckInCases[] = {
      .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "False"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, CheckInPage, ::testing::ValuesIn(kCheckInCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -217,7 +199,7 @@ const PageCase kUnCheckOutCases[] = {
      .stored = {{"Keep", "True"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, UnCheckOutPage, ::testing::ValuesIn(kUnCheckOutCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 class UnCheckOutActivityPage : public ::testing::TestWithParam<PageCase> {};
 
@@ -244,7 +226,7 @@ const PageCase kUnCheckOutActivityCases[] = {
      .stored = {{"Keep", "False"}, {"UseDefaultViewContext", "True"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, UnCheckOutActivityPage, ::testing::ValuesIn(kUnCheckOutActivityCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -302,7 +284,7 @@ const PageCase kUpdateCases[] = {
                 {"UpdateTimestamp", "tbCheckin"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, UpdatePage, ::testing::ValuesIn(kUpdateCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 // ---------------------------------------------------------------------------------------------
 

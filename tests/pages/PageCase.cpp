@@ -11,6 +11,26 @@
 
 namespace wfpage {
 
+std::function<void(OpenPage&)> steps(std::vector<Step> list)
+{
+    return [list = std::move(list)](OpenPage& page) {
+        for (const Step& step : list) {
+            if (step.typed)
+                type(page.control<QWidget>(step.control), QString::fromUtf8(step.typed));
+            else
+                click(page.control<QAbstractButton>(step.control));
+        }
+    };
+}
+
+std::function<void(OpenPage&)> clicks(std::vector<const char*> names)
+{
+    std::vector<Step> list;
+    for (const char* name : names)
+        list.push_back({name});
+    return steps(std::move(list));
+}
+
 QString shownText(const OpenPage& page, const char* control)
 {
     QWidget* widget = page.control<QWidget>(control);

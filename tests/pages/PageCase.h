@@ -6,6 +6,8 @@
 #include "FakeCleartool.h"
 #include "PageHarness.h"
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <optional>
 #include <ostream>
@@ -50,6 +52,21 @@ inline void PrintTo(const PageCase& c, std::ostream* os)
 {
     *os << c.name;
 }
+
+/// Names a row's test after the row.
+inline std::string pageCaseName(const ::testing::TestParamInfo<PageCase>& info)
+{
+    return info.param.name;
+}
+
+/// A user's step: a click on the named button, or typing the text into the named control.
+struct Step {
+    const char* control;
+    const char* typed = nullptr;
+};
+std::function<void(OpenPage&)> steps(std::vector<Step> list);
+/// Clicks the named buttons in order.
+std::function<void(OpenPage&)> clicks(std::vector<const char*> names);
 
 /// Opens the page on a fresh action with the row's properties, runs the steps, checks what is
 /// shown and asked, accepts and checks the stored properties. Runs against a fake cleartool and
