@@ -5,6 +5,8 @@
 #include "pages/WFClearCasePageLook.h"
 #include "WFBrowse.h"
 
+#include <initializer_list>
+
 TClearCaseCheckOutFrame::TClearCaseCheckOutFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
