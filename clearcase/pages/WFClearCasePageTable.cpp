@@ -4,12 +4,14 @@
 #include "pages/WFClearCaseCheckOutFrame.h"
 #include "pages/WFClearCaseCleartoolFrame.h"
 #include "pages/WFClearCaseCommentFrame.h"
+#include "pages/WFClearCaseExtendedPathNameFrame.h"
 #include "pages/WFClearCaseFindCheckoutsFrame.h"
 #include "pages/WFClearCaseGetConfigSpecFrame.h"
 #include "pages/WFClearCaseSetConfigSpecFrame.h"
 #include "pages/WFClearCaseUnCheckOutActivityFrame.h"
 #include "pages/WFClearCaseUnCheckOutFrame.h"
 #include "pages/WFClearCaseUpdateFrame.h"
+#include "pages/WFClearCaseViewPathNameFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -18,6 +20,8 @@ namespace {
 
 // One row per page class, by name.
 const TClearCasePageMaker kPages[] = {
+    {"TClearCaseViewPathNameFrame", WFMakePage<TClearCaseViewPathNameFrame>},
+    {"TClearCaseExtendedPathNameFrame", WFMakePage<TClearCaseExtendedPathNameFrame>},
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
     {"TClearCaseUpdateFrame", WFMakePage<TClearCaseUpdateFrame>},
     {"TClearCaseCheckInFrame", WFMakePage<TClearCaseCheckInFrame>},

@@ -3,6 +3,8 @@
 #include "actions/WFClearCaseBaseAction.h"
 #include "actions/WFClearCaseCleartoolAction.h"
 #include "environment/WFClearCaseOptions.h"
+#include "pages/WFClearCaseEditExtendedPathNameForm.h"
+#include "pages/WFClearCaseEditViewPathForm.h"
 #include "pages/WFClearCaseViewContextSubFrame.h"
 #include "WFServices.h"
 
@@ -13,6 +15,18 @@ const std::vector<Editor>& editors()
     // One row per editor class.
     static const std::vector<Editor> list = {
         {"TClearCaseViewContextSubFrame", [] { return new TClearCaseViewContextSubFrame; }},
+        {"TClearCaseEditViewPathForm",
+         [] {
+             auto* form = new TClearCaseEditViewPathForm;
+             form->SetPathName("/views/build_main/vobs/product/src/main.c");
+             return form;
+         }},
+        {"TClearCaseEditExtendedPathNameForm",
+         [] {
+             auto* form = new TClearCaseEditExtendedPathNameForm;
+             form->SetPathName("src/main.c@@/main/rel2/4");
+             return form;
+         }},
     };
     return list;
 }
