@@ -1,5 +1,8 @@
 #include "pages/WFClearCasePageTable.h"
 
+#include "pages/WFClearCaseApplyAttributeFrame.h"
+#include "pages/WFClearCaseApplyAttributeObjectsFrame.h"
+#include "pages/WFClearCaseApplyAttributePathNamesFrame.h"
 #include "pages/WFClearCaseCheckInFrame.h"
 #include "pages/WFClearCaseCheckOutFrame.h"
 #include "pages/WFClearCaseCleartoolFrame.h"
@@ -7,6 +10,8 @@
 #include "pages/WFClearCaseExtendedPathNameFrame.h"
 #include "pages/WFClearCaseFindCheckoutsFrame.h"
 #include "pages/WFClearCaseGetConfigSpecFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
 #include "pages/WFClearCaseSetConfigSpecFrame.h"
 #include "pages/WFClearCaseUnCheckOutActivityFrame.h"
 #include "pages/WFClearCaseUnCheckOutFrame.h"
@@ -32,6 +37,11 @@ const TClearCasePageMaker kPages[] = {
     {"TClearCaseSetConfigSpecFrame", WFMakePage<TClearCaseSetConfigSpecFrame>},
     {"TClearCaseGetConfigSpecFrame", WFMakePage<TClearCaseGetConfigSpecFrame>},
     {"TClearCaseFindCheckoutsFrame", WFMakePage<TClearCaseFindCheckoutsFrame>},
+    {"TClearCaseMakeAttributeTypeFrame", WFMakePage<TClearCaseMakeAttributeTypeFrame>},
+    {"TClearCaseMakeAttributeTypeOptionsFrame", WFMakePage<TClearCaseMakeAttributeTypeOptionsFrame>},
+    {"TClearCaseApplyAttributePathNamesFrame", WFMakePage<TClearCaseApplyAttributePathNamesFrame>},
+    {"TClearCaseApplyAttributeFrame", WFMakePage<TClearCaseApplyAttributeFrame>},
+    {"TClearCaseApplyAttributeObjectsFrame", WFMakePage<TClearCaseApplyAttributeObjectsFrame>},
 };
 
 } // namespace

@@ -1,8 +1,9 @@
 #include "PageGallery.h"
 
-#include "actions/WFClearCaseBaseAction.h"
 #include "actions/WFClearCaseCleartoolAction.h"
+#include "actions/WFClearCaseMakeAttributeTypeAction.h"
 #include "environment/WFClearCaseOptions.h"
+#include "pages/WFClearCaseDateButtonEdit.h"
 #include "pages/WFClearCaseEditExtendedPathNameForm.h"
 #include "pages/WFClearCaseEditViewPathForm.h"
 #include "pages/WFClearCaseViewContextSubFrame.h"
@@ -26,6 +27,12 @@ const std::vector<Editor>& editors()
              auto* form = new TClearCaseEditExtendedPathNameForm;
              form->SetPathName("src/main.c@@/main/rel2/4");
              return form;
+         }},
+        {"TClearCaseDateButtonEdit",
+         [] {
+             auto* edit = new TClearCaseDateButtonEdit;
+             edit->SetDateString("15-Nov-06.14:30:00");
+             return edit;
          }},
     };
     return list;
@@ -52,6 +59,15 @@ void fillSample(TClearCaseBaseAction& action)
     if (auto* generic = dynamic_cast<TClearCaseCleartoolAction*>(&action)) {
         generic->SetCommand("lsview");
         generic->SetArguments("-short -cview");
+    }
+    if (auto* attribute = dynamic_cast<TClearCaseBaseAttributeAction*>(&action)) {
+        attribute->SetAttributeName("BuildNo");
+        attribute->SetAttributeValue("42");
+    }
+    if (auto* attributeType = dynamic_cast<TClearCaseMakeAttributeTypeAction*>(&action)) {
+        attributeType->SetNewAttributeType(atDate);
+        attributeType->SetUseDefaultValue(true);
+        attributeType->SetDefaultValue("today");
     }
 }
 
