@@ -1,5 +1,6 @@
 #include "PageGallery.h"
 
+#include "actions/WFClearCaseCleartoolAction.h"
 #include "actions/WFClearCaseMakeAttributeTypeAction.h"
 #include "environment/WFClearCaseOptions.h"
 #include "pages/WFClearCaseDateButtonEdit.h"
@@ -62,6 +63,10 @@ void fillSample(TClearCaseBaseAction& action)
     action.SetObjectSelectors({"lbtype:REL2@/vobs/product", "brtype:rel2@/vobs/product"});
     action.SetLabelTypeName("REL2");
     action.SetVOBSelector("/vobs/product");
+    if (auto* generic = dynamic_cast<TClearCaseCleartoolAction*>(&action)) {
+        generic->SetCommand("lsview");
+        generic->SetArguments("-short -cview");
+    }
     if (auto* attribute = dynamic_cast<TClearCaseBaseAttributeAction*>(&action)) {
         attribute->SetAttributeName("BuildNo");
         attribute->SetAttributeValue("42");
