@@ -48,8 +48,10 @@ const std::vector<Editor>& editors()
 void prepareSampleWorld()
 {
     RegisterOptions();
-    if (IWFClearCaseOptions* options = ClearCaseOptions())
+    if (IWFClearCaseOptions* options = ClearCaseOptions()) {
         options->SetDefaultViewPath("/views/build_main");
+        options->SetClearToolPath("/opt/rational/clearcase/bin/cleartool");
+    }
 }
 
 void fillSample(TClearCaseBaseAction& action)
