@@ -3,11 +3,15 @@
 #include "pages/WFClearCaseApplyAttributeFrame.h"
 #include "pages/WFClearCaseApplyAttributeObjectsFrame.h"
 #include "pages/WFClearCaseApplyAttributePathNamesFrame.h"
+#include "pages/WFClearCaseApplyLabelFrame.h"
 #include "pages/WFClearCaseCommentFrame.h"
 #include "pages/WFClearCaseExtendedPathNameFrame.h"
-#include "pages/WFClearCaseViewPathNameFrame.h"
+#include "pages/WFClearCaseLockFrame.h"
 #include "pages/WFClearCaseMakeAttributeTypeFrame.h"
 #include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
+#include "pages/WFClearCaseMakeElementFrame.h"
+#include "pages/WFClearCaseMkLbTypeFrame.h"
+#include "pages/WFClearCaseViewPathNameFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -24,6 +28,10 @@ const TClearCasePageMaker kPages[] = {
     {"TClearCaseApplyAttributePathNamesFrame", WFMakePage<TClearCaseApplyAttributePathNamesFrame>},
     {"TClearCaseApplyAttributeFrame", WFMakePage<TClearCaseApplyAttributeFrame>},
     {"TClearCaseApplyAttributeObjectsFrame", WFMakePage<TClearCaseApplyAttributeObjectsFrame>},
+    {"TClearCaseMakeElementFrame", WFMakePage<TClearCaseMakeElementFrame>},
+    {"TClearCaseLockFrame", WFMakePage<TClearCaseLockFrame>},
+    {"TClearCaseMkLbTypeFrame", WFMakePage<TClearCaseMkLbTypeFrame>},
+    {"TClearCaseApplyLabelFrame", WFMakePage<TClearCaseApplyLabelFrame>},
 };
 
 } // namespace
