@@ -1,8 +1,13 @@
-// The make-label-type and apply-label pages.
+// The make-label-type and apply-label pages, and the headings of the label, lock and
+// make-element pages.
 #include "PageScript.h"
 
 #include "actions/WFClearCaseApplyLabelAction.h"
+#include "actions/WFClearCaseLockPathNamesAction.h"
+#include "actions/WFClearCaseMakeElementAction.h"
 #include "actions/WFClearCaseMkLbTypeAction.h"
+
+#include <QLabel>
 
 using namespace wfpage;
 
@@ -151,6 +156,64 @@ const PageCase kApplyLabelCases[] = {
      .calls = {"lstype -short -kind lbtype -invob"}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, ApplyLabelPage, ::testing::ValuesIn(kApplyLabelCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+} // namespace
+
+namespace {
+
+/// The section headings of a page, top to bottom, and the action it is opened on.
+struct HeadingCase {
+    const char* name;
+    const char* pageClass;
+    std::function<std::unique_ptr<TCustomWFAction>()> makeAction;
+    std::vector<const char*> headings;
+};
+
+void PrintTo(const HeadingCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class PageHeadings : public ::testing::TestWithParam<HeadingCase> {};
+
+TEST_P(PageHeadings, BevelsRunToTheRightEdgeAndNothingSticksOut)
+{
+    const HeadingCase& row = GetParam();
+    wftest::FakeCleartool cleartool;
+    cleartool.options().SetTestForClearCaseType(false);
+    auto action = row.makeAction();
+    OpenPage page(row.pageClass, *action);
+    for (std::size_t i = 0; i < row.headings.size(); ++i) {
+        const std::string number = std::to_string(i + 1);
+        const QLabel* label = page.control<QLabel>(("Label" + number).c_str());
+        const QWidget* bevel = page.control<QWidget>(("Bevel" + number).c_str());
+        EXPECT_EQ(label->text().toStdString(), row.headings[i]);
+        // The label is as wide as its text, and the bevel starts just after it.
+        EXPECT_EQ(label->width(), label->sizeHint().width()) << row.headings[i];
+        EXPECT_EQ(bevel->x(), label->x() + label->width() + 8) << row.headings[i];
+        EXPECT_EQ(bevel->geometry().right() + 1, 497) << row.headings[i];
+    }
+    for (const QWidget* child : page.widget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        EXPECT_LE(child->geometry().right() + 1, 497) << child->objectName().toStdString();
+}
+
+template <typename T>
+std::unique_ptr<TCustomWFAction> make()
+{
+    return std::make_unique<T>();
+}
+
+const HeadingCase kHeadingCases[] = {
+    {"MakeLabelType", "TClearCaseMkLbTypeFrame", make<TClearCaseMkLbTypeAction>,
+     {"New Label Type Name", "View", "Usage Constraints", "Creation Options"}},
+    {"ApplyLabel", "TClearCaseApplyLabelFrame", make<TClearCaseApplyLabelAction>,
+     {"Label Type Selector", "Version", "Options"}},
+    {"Lock", "TClearCaseLockFrame", make<TClearCaseLockPathNamesAction>, {"Lock Options"}},
+    {"MakeElement", "TClearCaseMakeElementFrame", make<TClearCaseMakeElementAction>,
+     {"New Element Checkout", "Element Creation Options"}},
+};
+INSTANTIATE_TEST_SUITE_P(Pages, PageHeadings, ::testing::ValuesIn(kHeadingCases),
                          [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace
