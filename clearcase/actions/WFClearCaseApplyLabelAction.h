@@ -13,6 +13,12 @@ public:
     /// Every step runs; the AND of the base step and the four shared steps.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetReplace() const { return m_replace; }
+    void SetReplace(bool value) { m_replace = value; }
+    bool GetRecurse() const { return m_recurse; }
+    void SetRecurse(bool value) { m_recurse = value; }
+    bool GetFollowLinks() const { return m_followLinks; }
+    void SetFollowLinks(bool value) { m_followLinks = value; }
 
 private:
     bool m_followLinks = false;

@@ -14,6 +14,14 @@ public:
     /// AND of the base step and the comment.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetReplace() const { return m_replace; }
+    void SetReplace(bool value) { m_replace = value; }
+    bool GetObsolete() const { return m_obsolete; }
+    void SetObsolete(bool value) { m_obsolete = value; }
+    bool GetUseNUsers() const { return m_useNUsers; }
+    void SetUseNUsers(bool value) { m_useNUsers = value; }
+    std::string GetNUsersList() const { return m_nusersList; }
+    void SetNUsersList(const std::string& value) { m_nusersList = value; }
 
 private:
     bool m_useNUsers = false;

@@ -18,6 +18,20 @@ public:
     /// Every step runs; the AND of the base step, the comment and the path names.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    TClearCaseCheckOutType GetCheckout() const { return m_checkout; }
+    void SetCheckout(TClearCaseCheckOutType value) { m_checkout = value; }
+    bool GetUseElementType() const { return m_useElementType; }
+    void SetUseElementType(bool value) { m_useElementType = value; }
+    std::string GetElementType() const { return m_elementType; }
+    void SetElementType(const std::string& value) { m_elementType = value; }
+    bool GetPreserveTime() const { return m_preserveTime; }
+    void SetPreserveTime(bool value) { m_preserveTime = value; }
+    bool GetMakePath() const { return m_makePath; }
+    void SetMakePath(bool value) { m_makePath = value; }
+    bool GetMaster() const { return m_master; }
+    void SetMaster(bool value) { m_master = value; }
+    bool GetNoWarnings() const { return m_noWarnings; }
+    void SetNoWarnings(bool value) { m_noWarnings = value; }
 
 private:
     TClearCaseCheckOutType m_checkout = ccCheckedOut;

@@ -18,6 +18,14 @@
 #include "pages/WFClearCaseUnCheckOutActivityFrame.h"
 #include "pages/WFClearCaseUnCheckOutFrame.h"
 #include "pages/WFClearCaseUpdateFrame.h"
+#include "pages/WFClearCaseApplyLabelFrame.h"
+#include "pages/WFClearCaseCommentFrame.h"
+#include "pages/WFClearCaseExtendedPathNameFrame.h"
+#include "pages/WFClearCaseLockFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
+#include "pages/WFClearCaseMakeElementFrame.h"
+#include "pages/WFClearCaseMkLbTypeFrame.h"
 #include "pages/WFClearCaseViewPathNameFrame.h"
 #include "WFPageFactory.h"
 
@@ -46,6 +54,10 @@ const TClearCasePageMaker kPages[] = {
     {"TClearCaseApplyAttributeObjectsFrame", WFMakePage<TClearCaseApplyAttributeObjectsFrame>},
     {"TClearCaseObjectSelectorFrame", WFMakePage<TClearCaseObjectSelectorFrame>},
     {"TClearCaseOptionsFrame", WFMakePage<TClearCaseOptionsFrame>},
+    {"TClearCaseMakeElementFrame", WFMakePage<TClearCaseMakeElementFrame>},
+    {"TClearCaseLockFrame", WFMakePage<TClearCaseLockFrame>},
+    {"TClearCaseMkLbTypeFrame", WFMakePage<TClearCaseMkLbTypeFrame>},
+    {"TClearCaseApplyLabelFrame", WFMakePage<TClearCaseApplyLabelFrame>},
 };
 
 } // namespace

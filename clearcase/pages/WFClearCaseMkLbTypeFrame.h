@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ui_WFClearCaseMkLbTypeFrame.h"
+#include "WFFrame.h"
+
+class QValidator;
+
+/// The new label type: its name and VOB, ordinary or global, usage constraint and creation
+/// switches.
+class TClearCaseMkLbTypeFrame : public TFrame {
+    Q_OBJECT
+public:
+    explicit TClearCaseMkLbTypeFrame(QWidget* parent = nullptr);
+
+    /// A stored name with lower-case letters switches the name edit to normal case first, so
+    /// that the name is shown as it was typed.
+    void ReadActionData(TCustomWFAction& action) override;
+    /// The acquire tick is written also when the box is greyed.
+    void WriteActionData(TCustomWFAction& action) override;
+    std::string PageName() const override;
+
+    Ui::TClearCaseMkLbTypeFrame ui;
+
+private:
+    void btnGlobalClick();
+    void btnOrdinaryClick();
+    void boxUpperCaseClick();
+    void txtVOBSelectorDropDown();
+    void setUpperCaseEntry(bool upperCase);
+
+    QValidator* m_upperCase = nullptr;
+};
