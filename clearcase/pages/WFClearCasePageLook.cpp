@@ -1,6 +1,8 @@
 #include "pages/WFClearCasePageLook.h"
 
+#include "environment/WFClearCaseUtils.h"
 #include "resources/WFClearCaseResources.h"
+#include "WFComboBox.h"
 #include "WFHeading.h"
 
 #include <QAbstractButton>
@@ -67,4 +69,11 @@ QStringList ClearCaseLines(const std::string& queryResult)
     if (!lines.isEmpty() && lines.back().isEmpty())
         lines.pop_back();
     return lines;
+}
+
+void ClearCaseFillVOBsOnce(TWFComboBox* list)
+{
+    if (list->count() > 0 && !list->itemText(0).isEmpty())
+        return;
+    list->setItemsKeepingText(ClearCaseLines(CCGetVOBNames()));
 }

@@ -22,3 +22,8 @@ void ClearCaseSetChecked(QAbstractButton* button, bool checked);
 #include <string>
 /// A query's result (lines ended by CR LF) as list items.
 QStringList ClearCaseLines(const std::string& queryResult);
+
+class TWFComboBox;
+/// Fills a VOB list from cleartool unless it already holds VOBs (a first item that is not
+/// blank), so that a page asks for the VOBs once.
+void ClearCaseFillVOBsOnce(TWFComboBox* list);

@@ -1,6 +1,11 @@
 #include "pages/WFClearCasePageTable.h"
 
+#include "pages/WFClearCaseActivitySelectorFrame.h"
 #include "pages/WFClearCaseCommentFrame.h"
+#include "pages/WFClearCaseMakeActivityFrame.h"
+#include "pages/WFClearCaseMakeBaselineFrame.h"
+#include "pages/WFClearCaseMakeBaselineFromLabelFrame.h"
+#include "pages/WFClearCaseMakeBaseLineLabelFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -10,6 +15,11 @@ namespace {
 // One row per page class, by name.
 const TClearCasePageMaker kPages[] = {
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
+    {"TClearCaseActivitySelectorFrame", WFMakePage<TClearCaseActivitySelectorFrame>},
+    {"TClearCaseMakeActivityFrame", WFMakePage<TClearCaseMakeActivityFrame>},
+    {"TClearCaseMakeBaselineFrame", WFMakePage<TClearCaseMakeBaselineFrame>},
+    {"TClearCaseMakeBaseLineLabelFrame", WFMakePage<TClearCaseMakeBaseLineLabelFrame>},
+    {"TClearCaseMakeBaselineFromLabelFrame", WFMakePage<TClearCaseMakeBaselineFromLabelFrame>},
 };
 
 } // namespace

@@ -1,0 +1,50 @@
+#include "pages/WFClearCaseMakeActivityFrame.h"
+
+#include "actions/WFClearCaseMakeActivityAction.h"
+#include "pages/WFClearCasePageLook.h"
+
+TClearCaseMakeActivityFrame::TClearCaseMakeActivityFrame(QWidget* parent) : TFrame(parent)
+{
+    ui.setupUi(this);
+    ClearCaseSetHeadingImage(ui.Image1);
+    ClearCaseSetHeadingImage(ui.Image3);
+    ClearCaseSetHeadingImage(ui.Image4);
+    ClearCaseSetSectionImage(ui.Image2);
+    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    ClearCasePlaceHeading(ui.Label3, ui.Bevel3);
+    ClearCasePlaceHeading(ui.Label4, ui.Bevel4);
+    connect(ui.txtVOBSelector, &TWFComboBox::dropDown, this, &TClearCaseMakeActivityFrame::txtVOBSelectorDropDown);
+}
+
+std::string TClearCaseMakeActivityFrame::PageName() const
+{
+    return "Activity";
+}
+
+void TClearCaseMakeActivityFrame::ReadActionData(TCustomWFAction& action)
+{
+    auto& make = narrow<TClearCaseMakeActivityAction>(action);
+    ui.ClearCaseViewContextSubFrame1->ReadActionData(make);
+    ClearCaseSetChecked(ui.btnGenerateName, make.GetAutoGenerateName());
+    ClearCaseSetChecked(ui.btnCustomName, !ui.btnGenerateName->isChecked());
+    ui.txtActivityName->setCurrentText(QString::fromStdString(make.GetActivityName()));
+    ui.txtVOBSelector->setCurrentText(QString::fromStdString(make.GetVOBSelector()));
+    ui.txtHeadline->setText(QString::fromStdString(make.GetHeadline()));
+    ui.boxNSet->setChecked(make.GetDontSetAsCurrent());
+}
+
+void TClearCaseMakeActivityFrame::WriteActionData(TCustomWFAction& action)
+{
+    auto& make = narrow<TClearCaseMakeActivityAction>(action);
+    ui.ClearCaseViewContextSubFrame1->WriteActionData(make);
+    make.SetAutoGenerateName(ui.btnGenerateName->isChecked());
+    make.SetActivityName(ui.txtActivityName->currentText().toStdString());
+    make.SetVOBSelector(ui.txtVOBSelector->currentText().toStdString());
+    make.SetHeadline(ui.txtHeadline->text().toStdString());
+    make.SetDontSetAsCurrent(ui.boxNSet->isChecked());
+}
+
+void TClearCaseMakeActivityFrame::txtVOBSelectorDropDown()
+{
+    ClearCaseFillVOBsOnce(ui.txtVOBSelector);
+}
