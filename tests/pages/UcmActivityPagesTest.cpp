@@ -286,7 +286,8 @@ TEST_P(VobList, QueriesAsOftenAsThePageWants)
     auto* list = page.control<QComboBox>(c.control);
     dropDown(list);
     dropDown(list);
-    const QStringList expected = QString(c.lsvobOutput).split('\n', Qt::SkipEmptyParts);
+    QStringList expected = QString(c.lsvobOutput).split('\n');
+    expected.removeLast();
     EXPECT_EQ(items(list), expected);
     EXPECT_EQ(text(list), "/vobs/typed");
     EXPECT_EQ(cleartool.calls(), std::vector<std::string>(c.expectQueries, cleartool.folder() + "|lsvob -short"));
@@ -297,6 +298,8 @@ const VobListCase kVobListCases[] = {
      "/vobs/a\n/vobs/pvob\n", 1},
     {"SelectorAsksAgainAfterNoVobs", "TClearCaseActivitySelectorFrame", makeAction<TClearCaseSetActivityAction>,
      "txtVOBSelector", "", 2},
+    {"SelectorAsksAgainAfterBlankFirstVob", "TClearCaseActivitySelectorFrame", makeAction<TClearCaseSetActivityAction>,
+     "txtVOBSelector", "\n/vobs/pvob\n", 2},
     {"MakeActivityAsksOnce", "TClearCaseMakeActivityFrame", makeAction<TClearCaseMakeActivityAction>, "txtVOBSelector",
      "/vobs/pvob\n", 1},
     {"FromLabelAsksEveryTime", "TClearCaseMakeBaselineFromLabelFrame", makeAction<TClearCaseMakeBaselineFromLabelAction>,
