@@ -11,6 +11,7 @@ PACKAGES=(
   clang libclang-rt-14-dev
   python3 procps
   dpkg-dev file help2man lintian desktop-file-utils
+  xvfb xauth fonts-dejavu-core
 )
 
 missing=()

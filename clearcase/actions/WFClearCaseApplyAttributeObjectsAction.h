@@ -13,6 +13,8 @@ public:
     /// "-replace", comment, attribute and value, object selectors; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetReplace() const { return m_replace; }
+    void SetReplace(bool value) { m_replace = value; }
 
 private:
     bool m_replace = false;

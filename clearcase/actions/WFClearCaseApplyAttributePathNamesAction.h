@@ -16,6 +16,10 @@ public:
     /// path names; every step runs and the results are ANDed.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetRecurse() const { return m_recurse; }
+    void SetRecurse(bool value) { m_recurse = value; }
+    bool GetReplace() const { return m_replace; }
+    void SetReplace(bool value) { m_replace = value; }
 
 private:
     bool m_recurse = false;

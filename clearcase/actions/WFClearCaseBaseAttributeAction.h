@@ -21,6 +21,12 @@ public:
     /// (unless UseDefaultAttributeValue), exactly as it stands.
     bool AddAttributeNameAndValue(ICommandLineBuilder& builder);
 
+    std::string GetAttributeName() const { return m_attributeName; }
+    void SetAttributeName(const std::string& value) { m_attributeName = value; }
+    std::string GetAttributeValue() const { return m_attributeValue; }
+    void SetAttributeValue(const std::string& value) { m_attributeValue = value; }
+    bool GetUseDefaultAttributeValue() const { return m_useDefaultAttributeValue; }
+    void SetUseDefaultAttributeValue(bool value) { m_useDefaultAttributeValue = value; }
 
 protected:
     void PublishAttributeName();

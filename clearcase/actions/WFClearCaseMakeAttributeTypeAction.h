@@ -21,6 +21,33 @@ public:
     /// the comment and the name; the AND of the base step, the comment and the name.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetAcquire() const { return m_acquire; }
+    void SetAcquire(bool value) { m_acquire = value; }
+    bool GetGlobal() const { return m_global; }
+    void SetGlobal(bool value) { m_global = value; }
+    TClearCaseAttributeType GetNewAttributeType() const { return m_newAttributeType; }
+    void SetNewAttributeType(TClearCaseAttributeType value) { m_newAttributeType = value; }
+    TClearCaseLabelConstraints GetConstraints() const { return m_constraints; }
+    void SetConstraints(TClearCaseLabelConstraints value) { m_constraints = value; }
+    bool GetMinInclusive() const { return m_minInclusive; }
+    void SetMinInclusive(bool value) { m_minInclusive = value; }
+    bool GetMaxInclusive() const { return m_maxInclusive; }
+    void SetMaxInclusive(bool value) { m_maxInclusive = value; }
+    bool GetReplace() const { return m_replace; }
+    void SetReplace(bool value) { m_replace = value; }
+    bool GetShared() const { return m_shared; }
+    void SetShared(bool value) { m_shared = value; }
+    std::string GetDefaultValue() const { return m_defaultValue; }
+    void SetDefaultValue(const std::string& value) { m_defaultValue = value; }
+    /// The bounds change only when the host restores the persisted properties.
+    std::string GetMinValue() const { return m_minValue; }
+    std::string GetMaxValue() const { return m_maxValue; }
+    bool GetUseMin() const { return m_useMin; }
+    void SetUseMin(bool value) { m_useMin = value; }
+    bool GetUseMax() const { return m_useMax; }
+    void SetUseMax(bool value) { m_useMax = value; }
+    bool GetUseDefaultValue() const { return m_useDefaultValue; }
+    void SetUseDefaultValue(bool value) { m_useDefaultValue = value; }
 
 private:
     bool m_acquire = false;

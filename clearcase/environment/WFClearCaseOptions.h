@@ -52,6 +52,9 @@ public:
     void SetTestForClearCaseType(bool value) override;
     bool GetTestForClearCaseType() const override { return m_testForClearCaseType; }
 
+    /// The edition as stored, without detecting it.
+    TClearCaseType GetStoredClearCaseType() const { return m_clearCaseType; }
+
 private:
     std::string m_cleartoolPath;
     std::string m_defaultViewPath;

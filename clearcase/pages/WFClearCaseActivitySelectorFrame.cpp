@@ -9,9 +9,7 @@
 TClearCaseActivitySelectorFrame::TClearCaseActivitySelectorFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label1, ui.Bevel1}});
     connect(ui.btnCurrentActivity, &QRadioButton::clicked, this, &TClearCaseActivitySelectorFrame::btnCurrentActivityClick);
     connect(ui.btnCustomActivity, &QRadioButton::clicked, this, &TClearCaseActivitySelectorFrame::btnCustomActivityClick);
     connect(ui.txtActivityName, &TWFComboBox::dropDown, this, &TClearCaseActivitySelectorFrame::txtActivityNameDropDown);
@@ -79,5 +77,5 @@ void TClearCaseActivitySelectorFrame::txtActivityNameDropDown()
 
 void TClearCaseActivitySelectorFrame::txtVOBSelectorDropDown()
 {
-    ClearCaseFillVOBsOnce(ui.txtVOBSelector);
+    ClearCaseFillVOBListOnce(ui.txtVOBSelector);
 }

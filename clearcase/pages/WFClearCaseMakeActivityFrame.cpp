@@ -6,13 +6,8 @@
 TClearCaseMakeActivityFrame::TClearCaseMakeActivityFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCaseSetHeadingImage(ui.Image4);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label3, ui.Bevel3);
-    ClearCasePlaceHeading(ui.Label4, ui.Bevel4);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3, ui.Image4},
+                              {{ui.Label1, ui.Bevel1}, {ui.Label3, ui.Bevel3}, {ui.Label4, ui.Bevel4}});
     connect(ui.txtVOBSelector, &TWFComboBox::dropDown, this, &TClearCaseMakeActivityFrame::txtVOBSelectorDropDown);
 }
 
@@ -46,5 +41,5 @@ void TClearCaseMakeActivityFrame::WriteActionData(TCustomWFAction& action)
 
 void TClearCaseMakeActivityFrame::txtVOBSelectorDropDown()
 {
-    ClearCaseFillVOBsOnce(ui.txtVOBSelector);
+    ClearCaseFillVOBListOnce(ui.txtVOBSelector);
 }

@@ -53,11 +53,7 @@ void toggleCurrent(QListWidget* box)
 TClearCaseMakeBaselineFrame::TClearCaseMakeBaselineFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label3, ui.Bevel3);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3}, {{ui.Label1, ui.Bevel1}, {ui.Label3, ui.Bevel3}});
     connect(ui.btnAll, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnAllClick);
     connect(ui.btnComponents, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnComponentsClick);
     connect(ui.btnActivities, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnActivitiesClick);

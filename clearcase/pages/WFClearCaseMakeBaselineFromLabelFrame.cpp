@@ -7,11 +7,7 @@
 TClearCaseMakeBaselineFromLabelFrame::TClearCaseMakeBaselineFromLabelFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label4, ui.Bevel3);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3}, {{ui.Label1, ui.Bevel1}, {ui.Label4, ui.Bevel3}});
     connect(ui.txtLabel, &TWFComboBox::dropDown, this, &TClearCaseMakeBaselineFromLabelFrame::txtLabelDropDown);
     connect(ui.txtVOB, &TWFComboBox::dropDown, this, &TClearCaseMakeBaselineFromLabelFrame::txtVOBDropDown);
 }

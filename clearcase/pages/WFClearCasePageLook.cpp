@@ -11,6 +11,8 @@
 #include <QBitmap>
 #include <QColor>
 #include <QPixmap>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace {
 
@@ -51,6 +53,16 @@ void ClearCasePlaceHeading(QLabel* label, QWidget* bevel)
     setHelpContext(bevel);
 }
 
+void ClearCaseDecorateHeadings(QLabel* sectionImage, std::initializer_list<QLabel*> headingImages,
+                               std::initializer_list<std::pair<QLabel*, QWidget*>> headings)
+{
+    ClearCaseSetSectionImage(sectionImage);
+    for (QLabel* image : headingImages)
+        ClearCaseSetHeadingImage(image);
+    for (const auto& [label, bevel] : headings)
+        ClearCasePlaceHeading(label, bevel);
+}
+
 void ClearCaseSetChecked(QAbstractButton* button, bool checked)
 {
     QButtonGroup* group = button->group();
@@ -71,9 +83,29 @@ QStringList ClearCaseLines(const std::string& queryResult)
     return lines;
 }
 
-void ClearCaseFillVOBsOnce(TWFComboBox* list)
+void ClearCaseFillVOBListOnce(TWFComboBox* list)
 {
     if (list->count() > 0 && !list->itemText(0).isEmpty())
         return;
     list->setItemsKeepingText(ClearCaseLines(CCGetVOBNames()));
+}
+
+void ClearCaseFillTypeList(TWFComboBox* list, const char* kind, const QString& vob)
+{
+    if (vob.isEmpty())
+        return;
+    list->setItemsKeepingText(ClearCaseLines(CCGetTypeNames(kind, vob.toStdString())));
+}
+
+void TClearCaseWrappingRadioButton::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QString caption = option.text;
+    option.text.clear();
+    painter.drawControl(QStyle::CE_RadioButton, option);
+    const QRect textRect = style()->subElementRect(QStyle::SE_RadioButtonContents, &option, this);
+    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, caption);
 }

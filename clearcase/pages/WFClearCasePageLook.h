@@ -10,6 +10,13 @@ void ClearCaseSetSectionImage(QLabel* image);
 /// Sizes the heading and lays its bevel, and gives both the pages' help context.
 void ClearCasePlaceHeading(QLabel* label, QWidget* bevel);
 
+#include <initializer_list>
+#include <utility>
+/// Decorates a page's headings: the section image, the small image of each heading, and each
+/// heading label with its bevel.
+void ClearCaseDecorateHeadings(QLabel* sectionImage, std::initializer_list<QLabel*> headingImages,
+                               std::initializer_list<std::pair<QLabel*, QWidget*>> headings);
+
 /// The help context of headings, icons and bevels.
 inline constexpr int kClearCaseHeadingHelpContext = 2400;
 
@@ -24,6 +31,20 @@ void ClearCaseSetChecked(QAbstractButton* button, bool checked);
 QStringList ClearCaseLines(const std::string& queryResult);
 
 class TWFComboBox;
-/// Fills a VOB list from cleartool unless it already holds VOBs (a first item that is not
-/// blank), so that a page asks for the VOBs once.
-void ClearCaseFillVOBsOnce(TWFComboBox* list);
+/// Fills a VOB list from cleartool unless it already holds VOBs, so that only the first
+/// drop-down asks.
+void ClearCaseFillVOBListOnce(TWFComboBox* list);
+/// Fills a list with the names of the types of `kind` (e.g. "attype") in the VOB; with no
+/// VOB the list stays as it is.
+void ClearCaseFillTypeList(TWFComboBox* list, const char* kind, const QString& vob);
+
+#include <QRadioButton>
+/// A radio button whose caption wraps onto further lines within its width, for captions longer
+/// than a page is wide. Its text stays the caption as given.
+class TClearCaseWrappingRadioButton : public QRadioButton {
+public:
+    using QRadioButton::QRadioButton;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};

@@ -1,7 +1,16 @@
 #include "pages/WFClearCasePageTable.h"
 
-#include "pages/WFClearCaseActivitySelectorFrame.h"
+#include "pages/WFClearCaseApplyAttributeFrame.h"
+#include "pages/WFClearCaseApplyAttributeObjectsFrame.h"
+#include "pages/WFClearCaseApplyAttributePathNamesFrame.h"
 #include "pages/WFClearCaseCommentFrame.h"
+#include "pages/WFClearCaseExtendedPathNameFrame.h"
+#include "pages/WFClearCaseViewPathNameFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeFrame.h"
+#include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
+#include "pages/WFClearCaseObjectSelectorFrame.h"
+#include "pages/WFClearCaseOptionsFrame.h"
+#include "pages/WFClearCaseActivitySelectorFrame.h"
 #include "pages/WFClearCaseMakeActivityFrame.h"
 #include "pages/WFClearCaseMakeBaselineFrame.h"
 #include "pages/WFClearCaseMakeBaselineFromLabelFrame.h"
@@ -14,7 +23,16 @@ namespace {
 
 // One row per page class, by name.
 const TClearCasePageMaker kPages[] = {
+    {"TClearCaseViewPathNameFrame", WFMakePage<TClearCaseViewPathNameFrame>},
+    {"TClearCaseExtendedPathNameFrame", WFMakePage<TClearCaseExtendedPathNameFrame>},
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
+    {"TClearCaseMakeAttributeTypeFrame", WFMakePage<TClearCaseMakeAttributeTypeFrame>},
+    {"TClearCaseMakeAttributeTypeOptionsFrame", WFMakePage<TClearCaseMakeAttributeTypeOptionsFrame>},
+    {"TClearCaseApplyAttributePathNamesFrame", WFMakePage<TClearCaseApplyAttributePathNamesFrame>},
+    {"TClearCaseApplyAttributeFrame", WFMakePage<TClearCaseApplyAttributeFrame>},
+    {"TClearCaseApplyAttributeObjectsFrame", WFMakePage<TClearCaseApplyAttributeObjectsFrame>},
+    {"TClearCaseObjectSelectorFrame", WFMakePage<TClearCaseObjectSelectorFrame>},
+    {"TClearCaseOptionsFrame", WFMakePage<TClearCaseOptionsFrame>},
     {"TClearCaseActivitySelectorFrame", WFMakePage<TClearCaseActivitySelectorFrame>},
     {"TClearCaseMakeActivityFrame", WFMakePage<TClearCaseMakeActivityFrame>},
     {"TClearCaseMakeBaselineFrame", WFMakePage<TClearCaseMakeBaselineFrame>},

@@ -1,7 +1,11 @@
 #include "PageGallery.h"
 
-#include "actions/WFClearCaseBaseAction.h"
+#include "actions/WFClearCaseMakeAttributeTypeAction.h"
 #include "environment/WFClearCaseOptions.h"
+#include "pages/WFClearCaseDateButtonEdit.h"
+#include "pages/WFClearCaseEditExtendedPathNameForm.h"
+#include "pages/WFClearCaseEditViewPathForm.h"
+#include "pages/WFClearCaseObjectSelectorEditForm.h"
 #include "pages/WFClearCaseViewContextSubFrame.h"
 #include "WFServices.h"
 
@@ -12,6 +16,30 @@ const std::vector<Editor>& editors()
     // One row per editor class.
     static const std::vector<Editor> list = {
         {"TClearCaseViewContextSubFrame", [] { return new TClearCaseViewContextSubFrame; }},
+        {"TClearCaseEditViewPathForm",
+         [] {
+             auto* form = new TClearCaseEditViewPathForm;
+             form->SetPathName("/views/build_main/vobs/product/src/main.c");
+             return form;
+         }},
+        {"TClearCaseEditExtendedPathNameForm",
+         [] {
+             auto* form = new TClearCaseEditExtendedPathNameForm;
+             form->SetPathName("src/main.c@@/main/rel2/4");
+             return form;
+         }},
+        {"TClearCaseDateButtonEdit",
+         [] {
+             auto* edit = new TClearCaseDateButtonEdit;
+             edit->SetDateString("15-Nov-06.14:30:00");
+             return edit;
+         }},
+        {"TClearCaseObjectSelectorEditForm",
+         [] {
+             auto* editor = new TClearCaseObjectSelectorEditForm;
+             editor->SetObjectSelector("lbtype:REL2@/vobs/product");
+             return editor;
+         }},
     };
     return list;
 }
@@ -34,6 +62,15 @@ void fillSample(TClearCaseBaseAction& action)
     action.SetObjectSelectors({"lbtype:REL2@/vobs/product", "brtype:rel2@/vobs/product"});
     action.SetLabelTypeName("REL2");
     action.SetVOBSelector("/vobs/product");
+    if (auto* attribute = dynamic_cast<TClearCaseBaseAttributeAction*>(&action)) {
+        attribute->SetAttributeName("BuildNo");
+        attribute->SetAttributeValue("42");
+    }
+    if (auto* attributeType = dynamic_cast<TClearCaseMakeAttributeTypeAction*>(&action)) {
+        attributeType->SetNewAttributeType(atDate);
+        attributeType->SetUseDefaultValue(true);
+        attributeType->SetDefaultValue("today");
+    }
 }
 
 void readSampleOptions(IWFOptionsPage& page)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,11 @@ struct GoldenAction {
     /// The persisted properties of a new action, in persistence order, as "Name=text".
     std::vector<std::string> defaults;
 };
+
+inline void PrintTo(const GoldenAction& action, std::ostream* os)
+{
+    *os << action.typeId;
+}
 
 /// The package's catalogue, written out by hand in registration order: the catalogue, the
 /// registered host catalogue and the actions made from them are checked against it.

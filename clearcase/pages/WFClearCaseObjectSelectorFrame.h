@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ui_WFClearCaseObjectSelectorFrame.h"
+#include "WFFrame.h"
+
+/// The object selectors an action works on, one per line, each composed in the editor.
+class TClearCaseObjectSelectorFrame : public TFrame {
+    Q_OBJECT
+public:
+    explicit TClearCaseObjectSelectorFrame(QWidget* parent = nullptr);
+
+    void ReadActionData(TCustomWFAction& action) override;
+    void WriteActionData(TCustomWFAction& action) override;
+    std::string PageName() const override;
+
+    Ui::TClearCaseObjectSelectorFrame ui;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void btnAddClick();
+    void btnEditClick();
+    void btnRemoveClick();
+    void listObjectsClick();
+    void listObjectsDblClick();
+    /// The selected line's row, or -1.
+    int selectedRow() const;
+};

@@ -1,0 +1,439 @@
+// The object selector page and its editor.
+#include "PageHarness.h"
+
+#include "actions/WFClearCaseLockObjectsAction.h"
+#include "environment/WFClearCaseIniFile.h"
+#include "FakeCleartool.h"
+#include "pages/WFClearCaseObjectSelectorEditForm.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+using namespace wfpage;
+
+namespace {
+
+/// Opens a combo box's list and picks the item with that text, as a user does with the keyboard.
+void choose(QComboBox* combo, const QString& text)
+{
+    combo->showPopup();
+    const int row = combo->findText(text);
+    if (row < 0) {
+        combo->hidePopup();
+        throw std::runtime_error(combo->objectName().toStdString() + " has no item " + text.toStdString());
+    }
+    combo->view()->setCurrentIndex(combo->model()->index(row, 0));
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+}
+
+/// A user's step in the editor: a type chosen from the list, or text typed into a field.
+struct Step {
+    const char* control;
+    const char* value;
+};
+
+void apply(QWidget* editor, const Step& step)
+{
+    if (std::string(step.control) == "cmbObjectTypeName")
+        choose(editor->findChild<QComboBox*>(step.control), step.value);
+    else
+        type(editor->findChild<QWidget*>(step.control), step.value);
+}
+
+struct EditorCase {
+    const char* name;
+    const char* opened; // nullptr: the editor opens empty
+    std::vector<Step> steps;
+    const char* selector;
+    int typeRow;
+    const char* objectName;
+    const char* vob;
+    bool vobEnabled;
+    const char* nameLabel;
+};
+
+void PrintTo(const EditorCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+/// The editor on its own, shown, with a fake ClearCase for its lists.
+class EditorFixture : public ::testing::Test {
+protected:
+    wftest::FakeCleartool cleartool;
+    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
+    TClearCaseObjectSelectorEditForm editor;
+
+    void SetUp() override { editor.show(); }
+    QComboBox* combo(const char* name) { return editor.findChild<QComboBox*>(name); }
+    QLineEdit* selector() { return editor.findChild<QLineEdit*>("txtObjectSelector"); }
+};
+
+class SelectorEditor : public EditorFixture, public ::testing::WithParamInterface<EditorCase> {};
+
+TEST_P(SelectorEditor, PartsAndStringFollowEachOther)
+{
+    const EditorCase& c = GetParam();
+    if (c.opened)
+        editor.SetObjectSelector(c.opened);
+    for (const Step& step : c.steps)
+        apply(&editor, step);
+    EXPECT_EQ(editor.GetObjectSelector(), c.selector);
+    EXPECT_EQ(combo("cmbObjectTypeName")->currentIndex(), c.typeRow);
+    EXPECT_EQ(combo("cmbObjectTypeTag")->currentIndex(), c.typeRow);
+    EXPECT_EQ(combo("txtObjectName")->currentText().toStdString(), c.objectName);
+    EXPECT_EQ(combo("txtVOB")->currentText().toStdString(), c.vob);
+    EXPECT_EQ(combo("txtVOB")->isEnabled(), c.vobEnabled);
+    EXPECT_EQ(editor.findChild<QLabel*>("lblObjName")->text().toStdString(), c.nameLabel);
+}
+
+const EditorCase kEditorCases[] = {
+    {"OpensOnLabelSelectorUnchanged", R"(lbtype:REL1@\vobs\main)", {}, R"(lbtype:REL1@\vobs\main)", 6, "REL1",
+     R"(\vobs\main)", true, "Selector Object Name:"},
+    {"VOBTypeTakesTypedVOBAsName", nullptr, {{"txtVOB", R"(\vobs\main)"}, {"cmbObjectTypeName", "VOB"}},
+     R"(vob:\vobs\main)", 1, R"(\vobs\main)", "", false, "VOB Name:"},
+    {"VOBTypeWithoutVOBLeavesNameEmpty", nullptr, {{"cmbObjectTypeName", "VOB"}}, "vob:", 1, "", "", false, "VOB Name:"},
+    {"StringWithoutColonChoosesNoType", nullptr,
+     {{"cmbObjectTypeName", "Label"}, {"txtObjectSelector", R"(REL1@\vobs\main)"}}, R"(REL1@\vobs\main)", 0, "REL1",
+     R"(\vobs\main)", true, "Label Name:"},
+    {"UnknownPrefixLosesItsColon", "foo:bar@/vobs/a", {}, "foobar@/vobs/a", 0, "foobar", "/vobs/a", true,
+     "Selector Object Name:"},
+    {"TypingPassesThroughNoType", nullptr, {{"cmbObjectTypeName", "Branch"}, {"txtObjectSelector", "xx:main"}},
+     "xx:main", 0, "main", "", true, "Branch Name:"},
+    {"PartsCompose", nullptr, {{"cmbObjectTypeName", "Label"}, {"txtObjectName", "REL2"}, {"txtVOB", "/vobs/a"}},
+     "lbtype:REL2@/vobs/a", 6, "REL2", "/vobs/a", true, "Label Name:"},
+    {"ClearingVOBDropsAt", "lbtype:REL2@/vobs/a", {{"txtVOB", ""}}, "lbtype:REL2", 6, "REL2", "", true,
+     "Selector Object Name:"},
+    {"ChoosingTypeEmptiesName", "lbtype:REL1@/vobs/a", {{"cmbObjectTypeName", "Branch"}}, "brtype:@/vobs/a", 3, "",
+     "/vobs/a", true, "Branch Name:"},
+    {"ObjectIDLabel", nullptr, {{"cmbObjectTypeName", "Object ID"}, {"txtObjectName", "1234.56"}}, "oid:1234.56", 9,
+     "1234.56", "", true, "Object ID:"},
+    {"UCMTypeLabel", nullptr, {{"cmbObjectTypeName", "UCM Stream"}, {"txtObjectName", "int"}, {"txtVOB", "/vobs/pvob"}},
+     "stream:int@/vobs/pvob", 15, "int", "/vobs/pvob", true, "UCM Stream Name:"},
+    {"NoTypeAgainKeepsPrefixWithoutColon", "lbtype:REL1@/vobs/a", {{"cmbObjectTypeName", "(Click to select a type)"}},
+     "lbtype@/vobs/a", 0, "lbtype", "/vobs/a", true, "Selector Object Name:"},
+    {"VOBSelectorDisablesVOBField", "vob:/vobs/a", {}, "vob:/vobs/a", 1, "/vobs/a", "", false, "Selector Object Name:"},
+    {"NameEndsAtFirstAt", "lbtype:A@/vobs/a@x", {}, "lbtype:A@/vobs/a@x", 6, "A", "/vobs/a@x", true,
+     "Selector Object Name:"},
+    {"ColonAfterAtLeavesNoName", "REL1@C:/vobs", {}, "REL1@C@C:/vobs", 0, "", "C@C:/vobs", true, "Selector Object Name:"},
+    {"EmptyStaysEmpty", "", {}, "", 0, "", "", true, "Selector Object Name:"},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, SelectorEditor, ::testing::ValuesIn(kEditorCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(SelectorEditor, UnknownPrefixTypedKeepsTheChosenType)
+{
+    editor.SetObjectSelector("lbtype:REL1");
+    QLineEdit* string = selector();
+    string->setFocus();
+    string->setCursorPosition(6);
+    QTest::keyClicks(string, "x");
+    EXPECT_EQ(editor.GetObjectSelector(), "lbtypex:REL1");
+    EXPECT_EQ(combo("cmbObjectTypeName")->currentIndex(), 6);
+    EXPECT_EQ(combo("txtObjectName")->currentText(), "REL1");
+    // Composing again puts the chosen type's prefix in place of the unknown one.
+    type(combo("txtObjectName"), "REL2");
+    EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2");
+}
+
+struct NameListCase {
+    const char* name;
+    const char* vob; // typed before the type is chosen
+    const char* type;
+    const char* query; // nullptr: nothing is asked
+    const char* output;
+    QStringList names;
+};
+
+void PrintTo(const NameListCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+class SelectorNameList : public EditorFixture, public ::testing::WithParamInterface<NameListCase> {};
+
+TEST_P(SelectorNameList, AskedForOnEveryDropDown)
+{
+    const NameListCase& c = GetParam();
+    if (c.query)
+        cleartool.respond(c.query, c.output);
+    type(combo("txtVOB"), c.vob);
+    choose(combo("cmbObjectTypeName"), c.type);
+    QComboBox* names = combo("txtObjectName");
+    dropDown(names);
+    dropDown(names);
+    EXPECT_EQ(items(names), c.names);
+    std::vector<std::string> expected;
+    if (c.query)
+        expected.assign(2, cleartool.folder() + "|" + c.query);
+    EXPECT_EQ(cleartool.calls(), expected);
+}
+
+const NameListCase kNameListCases[] = {
+    {"LabelTypes", "/vobs/a", "Label", "lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n", {"REL1", "REL2"}},
+    {"BranchTypes", "/vobs/b", "Branch", "lstype -short -kind brtype -invob /vobs/b", "main\nrel2\n", {"main", "rel2"}},
+    {"VOBs", "/vobs/b", "VOB", "lsvob -short", "/vobs/b\n/vobs/a\n", {"/vobs/a", "/vobs/b"}},
+    {"Streams", "/vobs/pvob", "UCM Stream", "lsstream -short -invob /vobs/pvob", "int\ndev\n", {"dev", "int"}},
+    {"NoTypeAsksNothing", "/vobs/a", "(Click to select a type)", nullptr, "", {}},
+    {"ObjectIDAsksNothing", "/vobs/a", "Object ID", nullptr, "", {}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, SelectorNameList, ::testing::ValuesIn(kNameListCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(SelectorNameList, PickedNameComposesTheString)
+{
+    cleartool.respond("lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n");
+    editor.SetObjectSelector("lbtype:@/vobs/a");
+    choose(combo("txtObjectName"), "REL2");
+    EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2@/vobs/a");
+}
+
+TEST_F(SelectorNameList, VOBListIsAskedForOncePerEditor)
+{
+    cleartool.respond("lsvob -short", "/vobs/b\n/vobs/a\n");
+    QComboBox* vobs = combo("txtVOB");
+    type(vobs, "/vobs/typed");
+    dropDown(vobs);
+    dropDown(vobs);
+    EXPECT_EQ(items(vobs), QStringList({"/vobs/a", "/vobs/b"}));
+    EXPECT_EQ(vobs->currentText(), "/vobs/typed");
+    EXPECT_EQ(cleartool.calls().size(), 1u);
+    choose(vobs, "/vobs/b");
+    EXPECT_EQ(editor.GetObjectSelector(), "@/vobs/b");
+    EXPECT_EQ(cleartool.calls().size(), 1u);
+
+    TClearCaseObjectSelectorEditForm next;
+    next.show();
+    dropDown(next.findChild<QComboBox*>("txtVOB"));
+    EXPECT_EQ(cleartool.calls().size(), 2u);
+}
+
+// --- The page ---------------------------------------------------------------------------
+
+/// What the user does on the page; the editor is answered while it is open.
+using PageSteps = std::function<void(OpenPage&)>;
+
+struct PageCase {
+    const char* name;
+    std::vector<std::string> stored;
+    PageSteps steps;
+    const char* storedAfter; // ObjectsStorageString
+};
+
+void PrintTo(const PageCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+QListWidget* list(OpenPage& page)
+{
+    return page.control<QListWidget>("listObjects");
+}
+
+void clickLine(OpenPage& page, int row)
+{
+    QListWidget* objects = list(page);
+    QTest::mouseClick(objects->viewport(), Qt::LeftButton, {}, objects->visualItemRect(objects->item(row)).center());
+}
+
+void doubleClickLine(OpenPage& page, int row)
+{
+    QListWidget* objects = list(page);
+    const QPoint at = objects->visualItemRect(objects->item(row)).center();
+    // A double click is a press followed by the double-click event itself.
+    QTest::mousePress(objects->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(objects->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseRelease(objects->viewport(), Qt::LeftButton, {}, at);
+}
+
+/// Answers the editor: checks what it shows, then does the steps and presses the button.
+void answerEditor(const char* expectShown, std::vector<Step> steps, const char* button)
+{
+    answerModal([expectShown, steps = std::move(steps), button](QWidget* dialog) {
+        EXPECT_EQ(dialog->objectName(), "TClearCaseObjectSelectorEditForm");
+        EXPECT_EQ(dialog->windowTitle(), "Edit Object Selector");
+        EXPECT_EQ(dialog->findChild<QLineEdit*>("txtObjectSelector")->text().toStdString(), expectShown);
+        for (const Step& step : steps)
+            apply(dialog, step);
+        pressButton(dialog, button);
+    });
+}
+
+class SelectorPage : public ::testing::TestWithParam<PageCase> {
+protected:
+    wftest::FakeCleartool cleartool;
+    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
+};
+
+TEST_P(SelectorPage, RoundTrip)
+{
+    const PageCase& c = GetParam();
+    TClearCaseLockObjectsAction action;
+    action.SetObjectSelectors(c.stored);
+    OpenPage page("TClearCaseObjectSelectorFrame", action);
+    EXPECT_EQ(page.page().PageName(), "Objects");
+    EXPECT_EQ(items(list(page)).size(), static_cast<qsizetype>(c.stored.size()));
+    c.steps(page);
+    page.accept();
+    EXPECT_EQ(property(action, "ObjectsStorageString"), c.storedAfter);
+}
+
+const PageCase kPageCases[] = {
+    {"Unchanged", {"lbtype:REL1@/vobs/a", "brtype:rel2"}, [](OpenPage&) {}, "lbtype:REL1@/vobs/a\r\nbrtype:rel2\r\n"},
+    {"AddAppendsComposed", {"brtype:rel2"},
+     [](OpenPage& page) {
+         answerEditor("", {{"cmbObjectTypeName", "Label"}, {"txtObjectName", "REL3"}}, "OK");
+         click(page.control<QPushButton>("btnAdd"));
+     },
+     "brtype:rel2\r\nlbtype:REL3\r\n"},
+    {"AddEmptyAppendsEmptyLine", {"brtype:rel2"},
+     [](OpenPage& page) {
+         answerEditor("", {}, "OK");
+         click(page.control<QPushButton>("btnAdd"));
+     },
+     "brtype:rel2\r\n\r\n"},
+    {"PastedLineBreakMakesTwoLines", {},
+     [](OpenPage& page) {
+         answerModal([](QWidget* dialog) {
+             // What a paste of two lines puts into the field.
+             dialog->findChild<QLineEdit*>("txtObjectSelector")->setText("lbtype:A\nbrtype:b");
+             pressButton(dialog, "OK");
+         });
+         click(page.control<QPushButton>("btnAdd"));
+     },
+     "lbtype:A\r\nbrtype:b\r\n"},
+    {"AddCancelledChangesNothing", {"brtype:rel2"},
+     [](OpenPage& page) {
+         answerEditor("", {{"txtObjectSelector", "lbtype:X"}}, "Cancel");
+         click(page.control<QPushButton>("btnAdd"));
+     },
+     "brtype:rel2\r\n"},
+    {"EditReplacesSelectedLine", {"lbtype:REL1@/vobs/a", "brtype:rel2@/vobs/a"},
+     [](OpenPage& page) {
+         clickLine(page, 1);
+         answerEditor("brtype:rel2@/vobs/a", {{"txtObjectName", "rel3"}}, "OK");
+         click(page.control<QPushButton>("btnEdit"));
+     },
+     "lbtype:REL1@/vobs/a\r\nbrtype:rel3@/vobs/a\r\n"},
+    {"EditCancelledChangesNothing", {"lbtype:REL1", "brtype:rel2"},
+     [](OpenPage& page) {
+         clickLine(page, 0);
+         answerEditor("lbtype:REL1", {{"txtObjectSelector", "vob:/vobs/x"}}, "Cancel");
+         click(page.control<QPushButton>("btnEdit"));
+     },
+     "lbtype:REL1\r\nbrtype:rel2\r\n"},
+    {"EditStoresComposedStringOfUnknownPrefix", {"foo:bar"},
+     [](OpenPage& page) {
+         clickLine(page, 0);
+         answerEditor("foobar", {}, "OK");
+         click(page.control<QPushButton>("btnEdit"));
+     },
+     "foobar\r\n"},
+    {"DoubleClickEdits", {"lbtype:REL1", "brtype:rel2"},
+     [](OpenPage& page) {
+         answerEditor("lbtype:REL1", {{"txtObjectSelector", "attype:Status@/vobs/a"}}, "OK");
+         doubleClickLine(page, 0);
+     },
+     "attype:Status@/vobs/a\r\nbrtype:rel2\r\n"},
+    {"RemoveDeletesSelectedLine", {"a:1", "b:2", "c:3"},
+     [](OpenPage& page) {
+         clickLine(page, 1);
+         click(page.control<QPushButton>("btnRemove"));
+     },
+     "a:1\r\nc:3\r\n"},
+    {"DeleteKeyRemoves", {"a:1", "b:2"},
+     [](OpenPage& page) {
+         clickLine(page, 0);
+         QTest::keyClick(list(page), Qt::Key_Delete);
+     },
+     "b:2\r\n"},
+    {"BackspaceRemoves", {"a:1", "b:2"},
+     [](OpenPage& page) {
+         clickLine(page, 1);
+         QTest::keyClick(list(page), Qt::Key_Backspace);
+     },
+     "a:1\r\n"},
+    {"DeleteKeyWithoutSelectionKeepsAll", {"a:1", "b:2"},
+     [](OpenPage& page) {
+         list(page)->setFocus();
+         QTest::keyClick(list(page), Qt::Key_Delete);
+     },
+     "a:1\r\nb:2\r\n"},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, SelectorPage, ::testing::ValuesIn(kPageCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+class SelectorPageButtons : public ::testing::Test {
+protected:
+    wftest::FakeCleartool cleartool;
+    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
+    TClearCaseLockObjectsAction action;
+};
+
+TEST_F(SelectorPageButtons, FollowTheChosenLineOnly)
+{
+    action.SetObjectSelectors({"a:1", "b:2"});
+    OpenPage page("TClearCaseObjectSelectorFrame", action);
+    auto* edit = page.control<QPushButton>("btnEdit");
+    auto* remove = page.control<QPushButton>("btnRemove");
+    EXPECT_FALSE(edit->isEnabled());
+    EXPECT_FALSE(remove->isEnabled());
+    clickLine(page, 0);
+    EXPECT_TRUE(edit->isEnabled());
+    EXPECT_TRUE(remove->isEnabled());
+    // Removing leaves no line selected, yet the buttons stay as they were.
+    click(remove);
+    EXPECT_TRUE(list(page)->selectedItems().isEmpty());
+    EXPECT_TRUE(edit->isEnabled());
+    EXPECT_TRUE(remove->isEnabled());
+    // With nothing selected there is nothing to edit or remove.
+    click(edit);
+    click(remove);
+    page.accept();
+    EXPECT_EQ(property(action, "ObjectsStorageString"), "b:2\r\n");
+}
+
+TEST_F(SelectorPageButtons, EditorReopensOnTheFieldUsedLast)
+{
+    OpenPage page("TClearCaseObjectSelectorFrame", action);
+    // Working in the string, then cancelling, is still remembered.
+    answerModal([](QWidget* dialog) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+        type(dialog->findChild<QWidget*>("txtObjectSelector"), "lbtype:X");
+        pressButton(dialog, "Cancel");
+    });
+    click(page.control<QPushButton>("btnAdd"));
+    EXPECT_TRUE(CCGetUsingCustomObjectSelector());
+    answerModal([](QWidget* dialog) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+        EXPECT_EQ(QApplication::focusWidget(), dialog->findChild<QWidget*>("txtObjectSelector"));
+        type(dialog->findChild<QWidget*>("txtObjectName"), "REL1");
+        pressButton(dialog, "OK");
+    });
+    click(page.control<QPushButton>("btnAdd"));
+    EXPECT_FALSE(CCGetUsingCustomObjectSelector());
+    answerModal([](QWidget* dialog) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+        EXPECT_NE(QApplication::focusWidget(), dialog->findChild<QWidget*>("txtObjectSelector"));
+        pressButton(dialog, "Cancel");
+    });
+    click(page.control<QPushButton>("btnAdd"));
+    EXPECT_FALSE(CCGetUsingCustomObjectSelector());
+    page.accept();
+    EXPECT_EQ(property(action, "ObjectsStorageString"), "REL1\r\n");
+}
+
+} // namespace

@@ -1,0 +1,152 @@
+// The built package as a design-time host meets it: loaded with pages (after a load without
+// them), every action type and the options get exactly their pages, in tab order, with their
+// titles, and each page opens on a new action and writes it back.
+#include "GoldenCatalogue.h"
+#include "WFAction.h"
+#include "WFFrame.h"
+#include "WFPageFactory.h"
+#include "WFPluginLoader.h"
+#include "WFServices.h"
+
+#include <QApplication>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using PageList = std::vector<std::pair<std::string, std::string>>; // class, title
+
+const std::pair<std::string, std::string> kViewPaths{"TClearCaseViewPathNameFrame", "Pathnames"};
+const std::pair<std::string, std::string> kExtendedPaths{"TClearCaseExtendedPathNameFrame", "Extended Pathnames"};
+const std::pair<std::string, std::string> kComment{"TClearCaseCommentFrame", "Comment"};
+const std::pair<std::string, std::string> kObjects{"TClearCaseObjectSelectorFrame", "Objects"};
+const std::pair<std::string, std::string> kActivity{"TClearCaseActivitySelectorFrame", "Activity"};
+const std::pair<std::string, std::string> kCheckIn{"TClearCaseCheckInFrame", "Checkin Options"};
+const std::pair<std::string, std::string> kLock{"TClearCaseLockFrame", "Options"};
+const std::pair<std::string, std::string> kAttribute{"TClearCaseApplyAttributeFrame", "Attribute"};
+
+/// Written out by hand: what a build engineer sees on each action, tab by tab.
+const std::map<std::string, PageList>& goldenPages()
+{
+    static const std::map<std::string, PageList> pages = {
+        {"TClearCaseUpdateAction", {{"TClearCaseUpdateFrame", "Update Options"}}},
+        {"TClearCaseCheckoutAction", {kViewPaths, kExtendedPaths, {"TClearCaseCheckOutFrame", "Checkout Options"}, kComment}},
+        {"TClearCaseCheckInPathAction", {kViewPaths, kExtendedPaths, kCheckIn, kComment}},
+        {"TClearCaseUnCheckOutAction", {kViewPaths, kExtendedPaths, {"TClearCaseUnCheckOutFrame", "Uncheckout Options"}}},
+        {"TClearCaseUnCheckOutActivityAction", {{"TClearCaseUnCheckOutActivityFrame", "Uncheckout Options"}}},
+        {"TClearCaseCheckInActivityAction", {kActivity, kCheckIn, kComment}},
+        {"TClearCaseSetActivityAction", {kActivity, kComment}},
+        {"TClearCaseMkLbTypeAction", {{"TClearCaseMkLbTypeFrame", "Options"}, kComment}},
+        {"TClearCaseApplyLabelAction", {kViewPaths, kExtendedPaths, {"TClearCaseApplyLabelFrame", "Options"}, kComment}},
+        {"TClearCaseLockPathNamesAction", {kViewPaths, kExtendedPaths, kLock, kComment}},
+        {"TClearCaseLockObjectsAction", {kObjects, kLock, kComment}},
+        {"TClearCaseUnlockObjectsAction", {kObjects, kComment}},
+        {"TClearCaseUnlockPathNamesAction", {kViewPaths, kExtendedPaths, kComment}},
+        {"TClearCaseMakeBaselineAction",
+         {{"TClearCaseMakeBaselineFrame", "New Baseline"}, {"TClearCaseMakeBaseLineLabelFrame", "Labelling"}, kComment}},
+        {"TClearCaseMakeBaselineFromLabelAction", {{"TClearCaseMakeBaselineFromLabelFrame", "Components"}, kComment}},
+        {"TClearCaseCleartoolAction", {{"TClearCaseCleartoolFrame", "Cleartool Parameters"}}},
+        {"TClearCaseMakeActivityAction", {{"TClearCaseMakeActivityFrame", "Activity"}, kComment}},
+        {"TClearCaseMakeAttributeTypeAction",
+         {{"TClearCaseMakeAttributeTypeFrame", "New Type"}, {"TClearCaseMakeAttributeTypeOptionsFrame", "Options"}, kComment}},
+        {"TClearCaseApplyAttributePathNamesAction",
+         {kViewPaths, kAttribute, {"TClearCaseApplyAttributePathNamesFrame", "Options"}}},
+        {"TClearCaseApplyAttributeObjectsAction", {kObjects, kAttribute, {"TClearCaseApplyAttributeObjectsFrame", "Options"}}},
+        {"TClearCaseSetConfigSpecAction", {{"TClearCaseSetConfigSpecFrame", "Options"}}},
+        {"TClearCaseGetConfigSpecAction", {{"TClearCaseGetConfigSpecFrame", "Options"}}},
+        {"TClearCaseFindCheckoutsAction", {{"TClearCaseFindCheckoutsFrame", "Options"}}},
+        {"TClearCaseMakeElementAction", {kViewPaths, {"TClearCaseMakeElementFrame", "New Element"}, kComment}},
+    };
+    return pages;
+}
+
+class PackagePages : public ::testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        // Suites share the process: the package is loaded once, by the first of them.
+        static bool loaded = false;
+        if (loaded)
+            return;
+        loaded = true;
+        std::string error;
+        // A host that first needed no pages, then does.
+        ASSERT_TRUE(WFLoadPlugin(WF_CC_PLUGIN_PATH, false, error)) << error;
+        ASSERT_TRUE(WFActionServices().PagesOf("TClearCaseCheckoutAction").empty());
+        ASSERT_TRUE(WFLoadPlugin(WF_CC_PLUGIN_PATH, true, error)) << error;
+    }
+};
+
+TEST_F(PackagePages, PageLibraryIsLoadedOnlyWhenPagesAreAsked)
+{
+    QFile maps("/proc/self/maps");
+    ASSERT_TRUE(maps.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(maps.readAll().contains("WF30ClearCasePages.so"));
+}
+
+class ActionPages : public PackagePages, public ::testing::WithParamInterface<wftest::GoldenAction> {};
+
+TEST_P(ActionPages, AreTheActionsPagesInTabOrderAndOpenOnANewAction)
+{
+    const wftest::GoldenAction& golden = GetParam();
+    const auto expected = goldenPages().at(golden.className);
+    const std::vector<TWFPageClass> classes = WFActionServices().PagesOf(golden.className);
+    std::vector<std::string> names;
+    for (const auto& pageClass : classes)
+        names.push_back(pageClass.className);
+    std::vector<std::string> expectedNames;
+    for (const auto& [name, title] : expected)
+        expectedNames.push_back(name);
+    ASSERT_EQ(names, expectedNames);
+
+    auto action = WFActionServices().CreateAction(golden.typeId);
+    ASSERT_NE(action, nullptr);
+    for (std::size_t i = 0; i < classes.size(); ++i) {
+        SCOPED_TRACE(classes[i].className);
+        QWidget host;
+        std::string error;
+        QWidget* widget = WFCreatePage(classes[i], &host, error);
+        ASSERT_NE(widget, nullptr) << error;
+        IWFActionPage* page = WFActionPageOf(widget);
+        ASSERT_NE(page, nullptr);
+        EXPECT_EQ(page->PageName(), expected[i].second);
+        host.show();
+        page->InitFrame(&host);
+        page->InitPage(*action);
+        page->ReadActionData(*action);
+        page->OnPageActivate();
+        page->OnPageDeActivate();
+        page->WriteActionData(*action);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, ActionPages, ::testing::ValuesIn(wftest::goldenCatalogue()),
+                         [](const auto& info) { return info.param.typeId; });
+
+TEST_F(PackagePages, OptionsHaveTheOptionsPage)
+{
+    TWFOptionsObject* options = WFOptionsServices().FindOptions("Version Control Systems", "ClearCase");
+    ASSERT_NE(options, nullptr);
+    const auto classes = WFOptionsServices().PagesOf("TWFClearCaseOptions");
+    ASSERT_EQ(classes.size(), 1u);
+    EXPECT_EQ(classes[0].className, "TClearCaseOptionsFrame");
+    std::string error;
+    std::unique_ptr<QWidget> widget(WFCreatePage(classes[0], nullptr, error));
+    ASSERT_NE(widget, nullptr) << error;
+    IWFOptionsPage* page = WFOptionsPageOf(widget.get());
+    ASSERT_NE(page, nullptr);
+    EXPECT_EQ(page->GetPageName(), "ClearCase Options");
+    page->InitPage(nullptr);
+    page->OnPageActivate();
+    page->ReadOptions(*options);
+    page->WriteOptions(*options);
+}
+
+} // namespace
