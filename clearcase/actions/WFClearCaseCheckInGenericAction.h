@@ -15,6 +15,16 @@ public:
     /// "-identical"; the base step's result.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetNoWarnings() const { return m_noWarnings; }
+    void SetNoWarnings(bool value) { m_noWarnings = value; }
+    bool GetKeep() const { return m_keep; }
+    void SetKeep(bool value) { m_keep = value; }
+    bool GetRemove() const { return m_remove; }
+    void SetRemove(bool value) { m_remove = value; }
+    bool GetPreserveTime() const { return m_preserveTime; }
+    void SetPreserveTime(bool value) { m_preserveTime = value; }
+    bool GetIdenticalCheckin() const { return m_identicalCheckin; }
+    void SetIdenticalCheckin(bool value) { m_identicalCheckin = value; }
 
 private:
     bool m_noWarnings = false;

@@ -22,6 +22,20 @@ public:
     /// external path or the version/branch selector stops at once.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetReserved() const { return m_reserved; }
+    void SetReserved(bool value) { m_reserved = value; }
+    bool GetUnreserved() const { return m_unreserved; }
+    void SetUnreserved(bool value) { m_unreserved = value; }
+    bool GetPreserveTime() const { return m_preserveTime; }
+    void SetPreserveTime(bool value) { m_preserveTime = value; }
+    TCCDataLocation GetDataLocation() const { return m_dataLocation; }
+    void SetDataLocation(TCCDataLocation value) { m_dataLocation = value; }
+    TCCCheckOutSelector GetSelectionMode() const { return m_selectionMode; }
+    void SetSelectionMode(TCCCheckOutSelector value) { m_selectionMode = value; }
+    std::string GetOutExternalPath() const { return m_outExternalPath; }
+    void SetOutExternalPath(const std::string& value) { m_outExternalPath = value; }
+    std::string GetBranchSelector() const { return m_branchSelector; }
+    void SetBranchSelector(const std::string& value) { m_branchSelector = value; }
 
 private:
     bool m_reserved = false;

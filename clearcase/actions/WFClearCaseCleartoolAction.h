@@ -14,6 +14,9 @@ public:
     /// Sub-command, then the expanded Arguments as one argument written unchanged.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    std::string GetArguments() const { return m_arguments; }
+    void SetArguments(const std::string& value) { m_arguments = value; }
+    void SetCommand(const std::string& value) { m_command = value; }
 
 private:
     std::string m_arguments;

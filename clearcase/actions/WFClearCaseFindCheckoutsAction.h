@@ -18,6 +18,12 @@ public:
     /// The host's handling, then the chunk appended to the variable (when defined).
     void OnStdOutData(IWFProcess& process, const std::string& data) override;
 
+    bool GetWriteToVariable() const { return m_writeToVariable; }
+    void SetWriteToVariable(bool value) { m_writeToVariable = value; }
+    std::string GetVariableName() const { return m_variableName; }
+    void SetVariableName(const std::string& value) { m_variableName = value; }
+    bool GetUseShort() const { return m_useShort; }
+    void SetUseShort(bool value) { m_useShort = value; }
 
 private:
     bool m_writeToVariable = false;

@@ -20,6 +20,10 @@ public:
     /// Closes the file, then the host's interpretation of the exit code.
     bool InterpretResult(int exitCode) override;
 
+    bool GetOutputToFile() const { return m_outputToFile; }
+    void SetOutputToFile(bool value) { m_outputToFile = value; }
+    std::string GetOutputFilePath() const { return m_outputFilePath; }
+    void SetOutputFilePath(const std::string& value) { m_outputFilePath = value; }
 
 private:
     class TOutputFile;

@@ -18,6 +18,10 @@ public:
     /// Sub-command, the mode switch, or for csFile the quoted (existing) file.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    TConfigSpecType GetCSpecChoice() const { return m_cspecChoice; }
+    void SetCSpecChoice(TConfigSpecType value) { m_cspecChoice = value; }
+    std::string GetCSFilePath() const { return m_csFilePath; }
+    void SetCSFilePath(const std::string& value) { m_csFilePath = value; }
 
 private:
     TConfigSpecType m_cspecChoice = csCurrent;

@@ -13,6 +13,8 @@ public:
     /// Sub-command, "-keep" or "-rm", the path names; the AND of the base step and the path names.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetKeep() const { return m_keep; }
+    void SetKeep(bool value) { m_keep = value; }
 
 private:
     bool m_keep = false;

@@ -20,6 +20,12 @@ public:
     /// Sub-command, "-print", then (only with a view) "-force", the hijack and time stamp switches.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetPretendOnly() const { return m_pretendOnly; }
+    void SetPretendOnly(bool value) { m_pretendOnly = value; }
+    TCCTimeStampBehaviour GetUpdateTimestamp() const { return m_updateTimestamp; }
+    void SetUpdateTimestamp(TCCTimeStampBehaviour value) { m_updateTimestamp = value; }
+    TCCHijackMode GetHijackMode() const { return m_hijackMode; }
+    void SetHijackMode(TCCHijackMode value) { m_hijackMode = value; }
 
 private:
     bool m_pretendOnly = false;

@@ -1,20 +1,29 @@
 #include "pages/WFClearCasePageTable.h"
 
+#include "pages/WFClearCaseActivitySelectorFrame.h"
 #include "pages/WFClearCaseApplyAttributeFrame.h"
 #include "pages/WFClearCaseApplyAttributeObjectsFrame.h"
 #include "pages/WFClearCaseApplyAttributePathNamesFrame.h"
+#include "pages/WFClearCaseCheckInFrame.h"
+#include "pages/WFClearCaseCheckOutFrame.h"
+#include "pages/WFClearCaseCleartoolFrame.h"
 #include "pages/WFClearCaseCommentFrame.h"
 #include "pages/WFClearCaseExtendedPathNameFrame.h"
-#include "pages/WFClearCaseViewPathNameFrame.h"
+#include "pages/WFClearCaseFindCheckoutsFrame.h"
+#include "pages/WFClearCaseGetConfigSpecFrame.h"
+#include "pages/WFClearCaseMakeActivityFrame.h"
 #include "pages/WFClearCaseMakeAttributeTypeFrame.h"
 #include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
-#include "pages/WFClearCaseObjectSelectorFrame.h"
-#include "pages/WFClearCaseOptionsFrame.h"
-#include "pages/WFClearCaseActivitySelectorFrame.h"
-#include "pages/WFClearCaseMakeActivityFrame.h"
 #include "pages/WFClearCaseMakeBaselineFrame.h"
 #include "pages/WFClearCaseMakeBaselineFromLabelFrame.h"
 #include "pages/WFClearCaseMakeBaseLineLabelFrame.h"
+#include "pages/WFClearCaseObjectSelectorFrame.h"
+#include "pages/WFClearCaseOptionsFrame.h"
+#include "pages/WFClearCaseSetConfigSpecFrame.h"
+#include "pages/WFClearCaseUnCheckOutActivityFrame.h"
+#include "pages/WFClearCaseUnCheckOutFrame.h"
+#include "pages/WFClearCaseUpdateFrame.h"
+#include "pages/WFClearCaseViewPathNameFrame.h"
 #include "WFPageFactory.h"
 
 #include <cstring>
@@ -26,6 +35,15 @@ const TClearCasePageMaker kPages[] = {
     {"TClearCaseViewPathNameFrame", WFMakePage<TClearCaseViewPathNameFrame>},
     {"TClearCaseExtendedPathNameFrame", WFMakePage<TClearCaseExtendedPathNameFrame>},
     {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
+    {"TClearCaseUpdateFrame", WFMakePage<TClearCaseUpdateFrame>},
+    {"TClearCaseCheckInFrame", WFMakePage<TClearCaseCheckInFrame>},
+    {"TClearCaseCheckOutFrame", WFMakePage<TClearCaseCheckOutFrame>},
+    {"TClearCaseUnCheckOutFrame", WFMakePage<TClearCaseUnCheckOutFrame>},
+    {"TClearCaseUnCheckOutActivityFrame", WFMakePage<TClearCaseUnCheckOutActivityFrame>},
+    {"TClearCaseCleartoolFrame", WFMakePage<TClearCaseCleartoolFrame>},
+    {"TClearCaseSetConfigSpecFrame", WFMakePage<TClearCaseSetConfigSpecFrame>},
+    {"TClearCaseGetConfigSpecFrame", WFMakePage<TClearCaseGetConfigSpecFrame>},
+    {"TClearCaseFindCheckoutsFrame", WFMakePage<TClearCaseFindCheckoutsFrame>},
     {"TClearCaseMakeAttributeTypeFrame", WFMakePage<TClearCaseMakeAttributeTypeFrame>},
     {"TClearCaseMakeAttributeTypeOptionsFrame", WFMakePage<TClearCaseMakeAttributeTypeOptionsFrame>},
     {"TClearCaseApplyAttributePathNamesFrame", WFMakePage<TClearCaseApplyAttributePathNamesFrame>},

@@ -11,12 +11,16 @@ WF_API bool WFBrowseForDirectory(const std::string& initialDir, std::string& dir
 
 struct WF_API TWFBrowseFileRequest {
     std::string title;
+    /// Alternating descriptions and patterns separated by '|' ("Text Files (*.txt)|*.txt|All Files|*"),
+    /// or a single pattern.
     std::string filter;
     std::string initialDir;
     std::string defaultExtension;
     bool mustExist = true;
     /// A file to write (a save dialog) rather than one to open.
     bool save = false;
+    /// The file name the dialog proposes.
+    std::string fileName;
 };
 /// Modal file picker; true when the user chose a file.
 WF_API bool WFBrowseForFile(const TWFBrowseFileRequest& request, std::string& file);

@@ -12,6 +12,21 @@ QString text(const std::string& value)
     return QString::fromStdString(value);
 }
 
+/// Qt's name filters for a request's filter: "Text Files (*.txt)|*.txt|All Files|*" gives
+/// "Text Files (*.txt)" and "All Files (*)"; a description without its patterns gets them added.
+QStringList nameFilters(const std::string& filter)
+{
+    const QStringList parts = text(filter).split('|');
+    if (parts.size() < 2)
+        return parts;
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString patterns = QString(parts[i + 1]).replace(';', ' ');
+        filters << (parts[i].contains('(') ? parts[i] : parts[i] + " (" + patterns + ")");
+    }
+    return filters;
+}
+
 } // namespace
 
 void WFInstallDialogBrowsers()
@@ -26,7 +41,9 @@ void WFInstallDialogBrowsers()
     SetWFBrowseForFileHook([](const TWFBrowseFileRequest& request, std::string& file) {
         QFileDialog dialog(QApplication::activeWindow(), text(request.title), text(request.initialDir));
         if (!request.filter.empty())
-            dialog.setNameFilter(text(request.filter));
+            dialog.setNameFilters(nameFilters(request.filter));
+        if (!request.fileName.empty())
+            dialog.selectFile(text(request.fileName));
         dialog.setDefaultSuffix(text(request.defaultExtension));
         dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
         dialog.setFileMode(request.save || !request.mustExist ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

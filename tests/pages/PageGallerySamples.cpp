@@ -1,5 +1,6 @@
 #include "PageGallery.h"
 
+#include "actions/WFClearCaseCleartoolAction.h"
 #include "actions/WFClearCaseMakeAttributeTypeAction.h"
 #include "environment/WFClearCaseOptions.h"
 #include "pages/WFClearCaseDateButtonEdit.h"
@@ -47,8 +48,10 @@ const std::vector<Editor>& editors()
 void prepareSampleWorld()
 {
     RegisterOptions();
-    if (IWFClearCaseOptions* options = ClearCaseOptions())
+    if (IWFClearCaseOptions* options = ClearCaseOptions()) {
         options->SetDefaultViewPath("/views/build_main");
+        options->SetClearToolPath("/opt/rational/clearcase/bin/cleartool");
+    }
 }
 
 void fillSample(TClearCaseBaseAction& action)
@@ -62,6 +65,10 @@ void fillSample(TClearCaseBaseAction& action)
     action.SetObjectSelectors({"lbtype:REL2@/vobs/product", "brtype:rel2@/vobs/product"});
     action.SetLabelTypeName("REL2");
     action.SetVOBSelector("/vobs/product");
+    if (auto* generic = dynamic_cast<TClearCaseCleartoolAction*>(&action)) {
+        generic->SetCommand("lsview");
+        generic->SetArguments("-short -cview");
+    }
     if (auto* attribute = dynamic_cast<TClearCaseBaseAttributeAction*>(&action)) {
         attribute->SetAttributeName("BuildNo");
         attribute->SetAttributeValue("42");

@@ -1,4 +1,5 @@
 // The pages that choose or make a UCM activity, and the VOB lists of the UCM pages.
+#include "PageCase.h"
 #include "PageHarness.h"
 
 #include "actions/WFClearCaseCheckInActivityAction.h"
@@ -7,9 +8,7 @@
 #include "actions/WFClearCaseSetActivityAction.h"
 #include "FakeCleartool.h"
 
-#include <QCheckBox>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QRadioButton>
 
 #include <gtest/gtest.h>
@@ -28,95 +27,76 @@ std::string text(QComboBox* combo)
 
 // ---- Activity selector ----
 
-enum class Radio { None, Current, Custom };
-
-struct SelectorCase {
-    const char* name;
-    bool setActivityAction; // else a check-in-for-activity action
-    bool useCurrent;
-    bool setToNone;
-    const char* activity;
-    const char* vob;
-    Radio click;
-    const char* typedName; // nullptr: left alone
-    const char* expectFirstCaption;
-    bool expectCombosEnabled;
-    const char* storedUseCurrent;
-    const char* storedSetToNone; // only on the set-activity action
-    const char* storedActivity;
-};
-
-void PrintTo(const SelectorCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class ActivitySelectorPage : public ::testing::TestWithParam<SelectorCase> {};
-
-TEST_P(ActivitySelectorPage, RoundTrip)
-{
-    const SelectorCase& c = GetParam();
-    std::unique_ptr<TClearCaseUCMAction> action;
-    if (c.setActivityAction) {
-        auto setActivity = std::make_unique<TClearCaseSetActivityAction>();
-        setActivity->SetSetActivityToNone(c.setToNone);
-        action = std::move(setActivity);
-    } else {
-        action = std::make_unique<TClearCaseCheckInActivityAction>();
-    }
-    action->SetUseCurrentActivity(c.useCurrent);
-    action->SetActivityName(c.activity);
-    action->SetVOBSelector(c.vob);
-    OpenPage page("TClearCaseActivitySelectorFrame", *action);
-    EXPECT_EQ(page.page().PageName(), "Activity");
-    auto* current = page.control<QRadioButton>("btnCurrentActivity");
-    auto* custom = page.control<QRadioButton>("btnCustomActivity");
-    auto* name = page.control<QComboBox>("txtActivityName");
-    auto* vob = page.control<QComboBox>("txtVOBSelector");
-    EXPECT_EQ(current->text().toStdString(), c.expectFirstCaption);
-    EXPECT_EQ(text(name), c.activity);
-    EXPECT_EQ(text(vob), c.vob);
-    if (c.click == Radio::Current)
-        click(current);
-    if (c.click == Radio::Custom)
-        click(custom);
-    EXPECT_EQ(name->isEnabled(), c.expectCombosEnabled);
-    EXPECT_EQ(vob->isEnabled(), c.expectCombosEnabled);
-    EXPECT_NE(current->isChecked(), custom->isChecked());
-    if (c.typedName)
-        type(name, c.typedName);
-    page.accept();
-    EXPECT_EQ(property(*action, "UseCurrentActivity"), c.storedUseCurrent);
-    if (c.setActivityAction) {
-        EXPECT_EQ(property(*action, "SetActivityToNone"), c.storedSetToNone);
-    }
-    EXPECT_EQ(property(*action, "ActivityName"), c.storedActivity);
-    EXPECT_EQ(property(*action, "VOBSelector"), c.vob);
-}
+using wfpage::PageCase;
+using wfpage::Shown;
 
 const char* const kUseCurrent = "Use the Current Activity for the view";
 const char* const kSetNone = "Set Current Activity to None (-none)";
 
-const SelectorCase kSelectorCases[] = {
-    {"CurrentActivityDisablesCombosButKeepsNameAndVob", false, true, false, "fix1", "/vobs/pvob", Radio::None, nullptr,
-     kUseCurrent, false, "True", "", "fix1"},
-    {"NamedActivityOpensEnabled", false, false, false, "fix1", "/vobs/pvob", Radio::None, "fix 2", kUseCurrent, true,
-     "False", "", "fix 2"},
-    {"ClickingCurrentDisablesCombos", false, false, false, "fix1", "", Radio::Current, nullptr, kUseCurrent, false, "True",
-     "", "fix1"},
-    {"ClickingCustomEnablesCombos", false, true, false, "", "/vobs/pvob", Radio::Custom, "fix3", kUseCurrent, true,
-     "False", "", "fix3"},
-    {"SetActivityNoneLeavesUseCurrentAlone", true, false, false, "fix1", "/vobs/pvob", Radio::Current, nullptr, kSetNone,
-     false, "False", "True", "fix1"},
-    {"SetActivityOpensFromNoneFlagNotUseCurrent", true, true, false, "fix1", "", Radio::None, nullptr, kSetNone, true,
-     "True", "False", "fix1"},
-    {"SetActivityNoneOpensDisabled", true, false, true, "fix1", "", Radio::None, nullptr, kSetNone, false, "False", "True",
-     "fix1"},
-    {"SetActivityChoosingNamedClearsNone", true, true, true, "fix1", "", Radio::Custom, nullptr, kSetNone, true, "True",
-     "False", "fix1"},
+class ActivitySelectorPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(ActivitySelectorPage, RoundTrip)
+{
+    runPageCase<TClearCaseCheckInActivityAction>("TClearCaseActivitySelectorFrame", "Activity", GetParam());
+}
+
+const PageCase kSelectorRows[] = {
+    {.name = "CurrentActivityDisablesCombosButKeepsNameAndVob",
+     .given = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = {},
+     .shown = {{"btnCurrentActivity", true, {}, kUseCurrent},
+               {"txtActivityName", {}, false, "fix1"},
+               {"txtVOBSelector", {}, false, "/vobs/pvob"}},
+     .stored = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}}},
+    {.name = "NamedActivityOpensEnabled",
+     .given = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = steps({{"txtActivityName", "fix 2"}}),
+     .shown = {{"btnCustomActivity", true}, {"txtActivityName", {}, true}, {"txtVOBSelector", {}, true}},
+     .stored = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix 2"}, {"VOBSelector", "/vobs/pvob"}}},
+    {.name = "ClickingCurrentDisablesCombos",
+     .given = {{"ActivityName", "fix1"}},
+     .steps = clicks({"btnCurrentActivity"}),
+     .shown = {{"btnCustomActivity", false}, {"txtActivityName", {}, false}, {"txtVOBSelector", {}, false}},
+     .stored = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}}},
+    {.name = "ClickingCustomEnablesCombos",
+     .given = {{"UseCurrentActivity", "True"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = steps({{"btnCustomActivity"}, {"txtActivityName", "fix3"}}),
+     .shown = {{"btnCurrentActivity", false}, {"txtActivityName", {}, true}, {"txtVOBSelector", {}, true}},
+     .stored = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix3"}, {"VOBSelector", "/vobs/pvob"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ActivitySelectorPage, ::testing::ValuesIn(kSelectorCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, ActivitySelectorPage, ::testing::ValuesIn(kSelectorRows), wfpage::pageCaseName);
+
+/// On the set-activity action the first choice means no current activity at all.
+class SetActivitySelectorPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(SetActivitySelectorPage, RoundTrip)
+{
+    runPageCase<TClearCaseSetActivityAction>("TClearCaseActivitySelectorFrame", "Activity", GetParam());
+}
+
+const PageCase kSetActivityRows[] = {
+    {.name = "ChoosingNoneLeavesUseCurrentAlone",
+     .given = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix1"}},
+     .steps = clicks({"btnCurrentActivity"}),
+     .shown = {{"btnCurrentActivity", true, {}, kSetNone}, {"txtActivityName", {}, false}},
+     .stored = {{"SetActivityToNone", "True"}, {"UseCurrentActivity", "False"}, {"ActivityName", "fix1"}}},
+    {.name = "OpensFromTheNoneFlagNotUseCurrent",
+     .given = {{"UseCurrentActivity", "True"}, {"SetActivityToNone", "False"}, {"ActivityName", "fix1"}},
+     .steps = {},
+     .shown = {{"btnCustomActivity", true}, {"txtActivityName", {}, true, "fix1"}},
+     .stored = {{"SetActivityToNone", "False"}, {"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}}},
+    {.name = "NoneOpensDisabled",
+     .given = {{"SetActivityToNone", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = {},
+     .shown = {{"btnCurrentActivity", true, {}, kSetNone}, {"txtVOBSelector", {}, false, "/vobs/pvob"}},
+     .stored = {{"SetActivityToNone", "True"}, {"UseCurrentActivity", "False"}, {"VOBSelector", "/vobs/pvob"}}},
+    {.name = "ChoosingNamedClearsNone",
+     .given = {{"SetActivityToNone", "True"}, {"UseCurrentActivity", "True"}},
+     .steps = clicks({"btnCustomActivity"}),
+     .shown = {{"txtActivityName", {}, true}},
+     .stored = {{"SetActivityToNone", "False"}, {"UseCurrentActivity", "True"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, SetActivitySelectorPage, ::testing::ValuesIn(kSetActivityRows), wfpage::pageCaseName);
 
 /// The activity list asks the view the page shows, and only a view that is there.
 class ActivitySelectorQueries : public ::testing::Test {
@@ -168,88 +148,48 @@ TEST_F(ActivitySelectorQueries, MissingDefaultViewKeepsTheListAndAsksNothing)
 
 // ---- Make activity ----
 
-struct MakeActivityCase {
-    const char* name;
-    bool autoGenerate;
-    const char* activity;
-    const char* headline;
-    bool nset;
-    Radio click; // Current: the generated name, Custom: the given name
-    const char* typedName;
-    const char* typedHeadline;
-    bool clickNSet;
-    bool expectGenerateChecked;
-    const char* storedAutoGenerate;
-    const char* storedActivity;
-    const char* storedHeadline;
-    const char* storedNSet;
-};
-
-void PrintTo(const MakeActivityCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class MakeActivityPage : public ::testing::TestWithParam<MakeActivityCase> {};
+class MakeActivityPage : public ::testing::TestWithParam<PageCase> {};
 
 TEST_P(MakeActivityPage, RoundTrip)
 {
-    const MakeActivityCase& c = GetParam();
-    TClearCaseMakeActivityAction action;
-    action.SetAutoGenerateName(c.autoGenerate);
-    action.SetActivityName(c.activity);
-    action.SetVOBSelector("/vobs/pvob");
-    action.SetHeadline(c.headline);
-    action.SetDontSetAsCurrent(c.nset);
-    action.SetUseDefaultViewContext(false);
-    action.SetViewContextPath("/views/dev");
-    OpenPage page("TClearCaseMakeActivityFrame", action);
-    EXPECT_EQ(page.page().PageName(), "Activity");
-    auto* generate = page.control<QRadioButton>("btnGenerateName");
-    auto* custom = page.control<QRadioButton>("btnCustomName");
-    auto* name = page.control<QComboBox>("txtActivityName");
-    EXPECT_EQ(text(name), c.activity);
-    EXPECT_EQ(page.control<QLineEdit>("txtHeadline")->text().toStdString(), c.headline);
-    EXPECT_EQ(page.control<QCheckBox>("boxNSet")->isChecked(), c.nset);
-    if (c.click == Radio::Current)
-        click(generate);
-    if (c.click == Radio::Custom)
-        click(custom);
-    // Choosing the generated name leaves the name and VOB to edit.
-    EXPECT_TRUE(name->isEnabled());
-    EXPECT_TRUE(page.control<QComboBox>("txtVOBSelector")->isEnabled());
-    EXPECT_EQ(generate->isChecked(), c.expectGenerateChecked);
-    EXPECT_NE(custom->isChecked(), c.expectGenerateChecked);
-    if (c.typedName)
-        type(name, c.typedName);
-    if (c.typedHeadline)
-        type(page.control<QLineEdit>("txtHeadline"), c.typedHeadline);
-    if (c.clickNSet)
-        click(page.control<QCheckBox>("boxNSet"));
-    page.accept();
-    EXPECT_EQ(property(action, "AutoGenerateName"), c.storedAutoGenerate);
-    EXPECT_EQ(property(action, "ActivityName"), c.storedActivity);
-    EXPECT_EQ(property(action, "Headline"), c.storedHeadline);
-    EXPECT_EQ(property(action, "DontSetAsCurrent"), c.storedNSet);
-    EXPECT_EQ(property(action, "VOBSelector"), "/vobs/pvob");
-    EXPECT_EQ(property(action, "ViewContextPath"), "/views/dev");
-    EXPECT_EQ(property(action, "UseDefaultViewContext"), "False");
+    runPageCase<TClearCaseMakeActivityAction>("TClearCaseMakeActivityFrame", "Activity", GetParam());
 }
 
-const MakeActivityCase kMakeActivityCases[] = {
-    {"GeneratedNameKeepsStoredName", true, "fix1", "", false, Radio::None, nullptr, nullptr, false, true, "True", "fix1",
-     "", "False"},
-    {"GivenNameTyped", false, "", "", false, Radio::None, "fix 2", "Fix build", true, false, "False", "fix 2", "Fix build",
-     "True"},
-    {"ChoosingGeneratedStoresTypedNameToo", false, "fix1", "", false, Radio::Current, "other", nullptr, false, true,
-     "True", "other", "", "False"},
-    {"ChoosingGivenName", true, "fix1", "Fix build", true, Radio::Custom, nullptr, nullptr, false, false, "False", "fix1",
-     "Fix build", "True"},
-    {"ClearingHeadlineAndNSet", false, "fix1", "Fix build", true, Radio::None, nullptr, "", true, false, "False", "fix1",
-     "", "False"},
+const wfpage::Properties kCustomView = {{"UseDefaultViewContext", "False"}, {"ViewContextPath", "/views/dev"}};
+
+// Choosing the generated name leaves the name and VOB to edit, and the name is stored.
+const PageCase kMakeActivityRows[] = {
+    {.name = "GeneratedNameKeepsStoredName",
+     .given = {{"AutoGenerateName", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = {},
+     .shown = {{"btnGenerateName", true}, {"btnCustomName", false}, {"txtActivityName", {}, true, "fix1"},
+               {"txtVOBSelector", {}, true, "/vobs/pvob"}},
+     .stored = {{"AutoGenerateName", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}}},
+    {.name = "GivenNameHeadlineAndNSetTyped",
+     .given = kCustomView,
+     .steps = steps({{"txtActivityName", "fix 2"}, {"txtVOBSelector", "/vobs/pvob"}, {"txtHeadline", "Fix build"},
+                     {"boxNSet"}}),
+     .shown = {{"btnCustomName", true}, {"boxNSet", true}},
+     .stored = {{"AutoGenerateName", "False"}, {"ActivityName", "fix 2"}, {"VOBSelector", "/vobs/pvob"},
+                {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}, {"ViewContextPath", "/views/dev"},
+                {"UseDefaultViewContext", "False"}}},
+    {.name = "ChoosingGeneratedStoresTypedNameToo",
+     .given = {{"ActivityName", "fix1"}},
+     .steps = steps({{"btnGenerateName"}, {"txtActivityName", "other"}}),
+     .shown = {{"btnCustomName", false}, {"txtActivityName", {}, true}},
+     .stored = {{"AutoGenerateName", "True"}, {"ActivityName", "other"}}},
+    {.name = "StoredHeadlineAndNSetShown",
+     .given = {{"AutoGenerateName", "True"}, {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}},
+     .steps = clicks({"btnCustomName"}),
+     .shown = {{"txtHeadline", {}, true, "Fix build"}, {"boxNSet", true}, {"btnGenerateName", false}},
+     .stored = {{"AutoGenerateName", "False"}, {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}}},
+    {.name = "ClearingHeadlineAndNSet",
+     .given = {{"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}},
+     .steps = steps({{"txtHeadline", ""}, {"boxNSet"}}),
+     .shown = {{"boxNSet", false}},
+     .stored = {{"Headline", ""}, {"DontSetAsCurrent", "False"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, MakeActivityPage, ::testing::ValuesIn(kMakeActivityCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, MakeActivityPage, ::testing::ValuesIn(kMakeActivityRows), wfpage::pageCaseName);
 
 // ---- VOB lists ----
 

@@ -1,16 +1,15 @@
 // The pages of the two baseline actions: check lists filled from ClearCase, the labelling
 // choice and the import from a label.
+#include "PageCase.h"
 #include "PageHarness.h"
 
 #include "actions/WFClearCaseMakeBaselineAction.h"
 #include "actions/WFClearCaseMakeBaselineFromLabelAction.h"
 #include "FakeCleartool.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QTest>
 
@@ -311,105 +310,84 @@ TEST(NewBaselinePageLook, SelectedActivityOutsideTheListStaysSelectedWhileOpen)
 
 // ---- Labelling ----
 
-struct LabellingCase {
-    const char* name;
-    const char* stored;
-    const char* expectChecked;
-    const char* clickRadio;
-    const char* expectStored;
-};
+using wfpage::PageCase;
 
-void PrintTo(const LabellingCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class LabellingPage : public ::testing::TestWithParam<LabellingCase> {};
+class LabellingPage : public ::testing::TestWithParam<PageCase> {};
 
 TEST_P(LabellingPage, RoundTrip)
 {
-    const LabellingCase& c = GetParam();
-    TClearCaseMakeBaselineAction action;
-    setProperty(action, "Labelling", c.stored);
-    OpenPage page("TClearCaseMakeBaseLineLabelFrame", action);
-    EXPECT_EQ(page.page().PageName(), "Labelling");
-    for (const char* name : {"btnIncremental", "btnFulllabel", "btnNlabel"})
-        EXPECT_EQ(page.control<QRadioButton>(name)->isChecked(), std::string(name) == c.expectChecked) << name;
-    if (c.clickRadio)
-        click(page.control<QRadioButton>(c.clickRadio));
-    page.accept();
-    EXPECT_EQ(property(action, "Labelling"), c.expectStored);
+    runPageCase<TClearCaseMakeBaselineAction>("TClearCaseMakeBaseLineLabelFrame", "Labelling", GetParam());
 }
 
-const LabellingCase kLabellingCases[] = {
-    {"Incremental", "lbIncremental", "btnIncremental", nullptr, "lbIncremental"},
-    {"Full", "lbAll", "btnFulllabel", nullptr, "lbAll"},
-    {"Unlabelled", "lbNone", "btnNlabel", nullptr, "lbNone"},
-    {"ChoosingFull", "lbIncremental", "btnIncremental", "btnFulllabel", "lbAll"},
-    {"ChoosingIncremental", "lbNone", "btnNlabel", "btnIncremental", "lbIncremental"},
-    {"ChoosingUnlabelled", "lbAll", "btnFulllabel", "btnNlabel", "lbNone"},
+const PageCase kLabellingRows[] = {
+    {.name = "Incremental",
+     .given = {{"Labelling", "lbIncremental"}},
+     .steps = {},
+     .shown = {{"btnIncremental", true}, {"btnFulllabel", false}, {"btnNlabel", false}},
+     .stored = {{"Labelling", "lbIncremental"}}},
+    {.name = "Full",
+     .given = {{"Labelling", "lbAll"}},
+     .steps = {},
+     .shown = {{"btnIncremental", false}, {"btnFulllabel", true}, {"btnNlabel", false}},
+     .stored = {{"Labelling", "lbAll"}}},
+    {.name = "Unlabelled",
+     .given = {{"Labelling", "lbNone"}},
+     .steps = {},
+     .shown = {{"btnIncremental", false}, {"btnFulllabel", false}, {"btnNlabel", true}},
+     .stored = {{"Labelling", "lbNone"}}},
+    {.name = "ChoosingFull", .given = {{"Labelling", "lbIncremental"}}, .steps = clicks({"btnFulllabel"}), .shown = {},
+     .stored = {{"Labelling", "lbAll"}}},
+    {.name = "ChoosingIncremental", .given = {{"Labelling", "lbNone"}}, .steps = clicks({"btnIncremental"}), .shown = {},
+     .stored = {{"Labelling", "lbIncremental"}}},
+    {.name = "ChoosingUnlabelled", .given = {{"Labelling", "lbAll"}}, .steps = clicks({"btnNlabel"}), .shown = {},
+     .stored = {{"Labelling", "lbNone"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, LabellingPage, ::testing::ValuesIn(kLabellingCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, LabellingPage, ::testing::ValuesIn(kLabellingRows), wfpage::pageCaseName);
 
 // ---- Baseline from label ----
 
-struct FromLabelCase {
-    const char* name;
-    bool specify;
-    const char* components;
-    bool clickSpecify;
-    const char* typedComponents;
-    const char* expectMemo;
-    const char* storedSpecify;
-    const char* storedComponents;
-};
-
-void PrintTo(const FromLabelCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class FromLabelPage : public ::testing::TestWithParam<FromLabelCase> {};
+class FromLabelPage : public ::testing::TestWithParam<PageCase> {};
 
 TEST_P(FromLabelPage, RoundTrip)
 {
-    const FromLabelCase& c = GetParam();
-    TClearCaseMakeBaselineFromLabelAction action;
-    action.SetSpecifyComponents(c.specify);
-    setProperty(action, "ComponentSelectorStorageString", c.components);
-    action.SetVOBSelector("/vobs/a");
-    action.SetLabelTypeName("REL1");
-    action.SetUseDefaultViewContext(false);
-    action.SetViewContextPath("/views/dev");
-    OpenPage page("TClearCaseMakeBaselineFromLabelFrame", action);
-    EXPECT_EQ(page.page().PageName(), "Components");
-    auto* memo = page.control<QPlainTextEdit>("txtComponent");
-    EXPECT_EQ(memo->toPlainText().toStdString(), c.expectMemo);
-    EXPECT_EQ(page.control<QCheckBox>("btnSpecifyComponents")->isChecked(), c.specify);
-    EXPECT_EQ(page.control<QComboBox>("txtVOB")->currentText(), "/vobs/a");
-    EXPECT_EQ(page.control<QComboBox>("txtLabel")->currentText(), "REL1");
-    if (c.clickSpecify)
-        click(page.control<QCheckBox>("btnSpecifyComponents"));
-    if (c.typedComponents)
-        type(memo, c.typedComponents);
-    page.accept();
-    EXPECT_EQ(property(action, "SpecifyComponents"), c.storedSpecify);
-    EXPECT_EQ(property(action, "ComponentSelectorStorageString"), c.storedComponents);
-    EXPECT_EQ(property(action, "VOBSelector"), "/vobs/a");
-    EXPECT_EQ(property(action, "LabelTypeName"), "REL1");
-    EXPECT_EQ(property(action, "ViewContextPath"), "/views/dev");
+    runPageCase<TClearCaseMakeBaselineFromLabelAction>("TClearCaseMakeBaselineFromLabelFrame", "Components", GetParam());
 }
 
-const FromLabelCase kFromLabelCases[] = {
-    {"StoredListOneALine", true, "c1@/vobs/a\r\nc2@/vobs/a\r\n", false, nullptr, "c1@/vobs/a\nc2@/vobs/a\n", "True",
-     "c1@/vobs/a\r\nc2@/vobs/a\r\n"},
-    {"TypedListOneALine", false, "", true, "c1@/vobs/a\nc 2@/vobs/a", "", "True", "c1@/vobs/a\r\nc 2@/vobs/a\r\n"},
-    {"UncheckedKeepsTheList", true, "c1@/vobs/a\r\n", true, nullptr, "c1@/vobs/a\n", "False", "c1@/vobs/a\r\n"},
-    {"ClearedListStoresNone", true, "c1@/vobs/a\r\n", false, "", "c1@/vobs/a\n", "True", ""},
+const wfpage::Properties kLabel = {{"VOBSelector", "/vobs/a"}, {"LabelTypeName", "REL1"},
+                                   {"UseDefaultViewContext", "False"}, {"ViewContextPath", "/views/dev"}};
+
+wfpage::Properties withLabel(wfpage::Properties more)
+{
+    more.insert(more.begin(), kLabel.begin(), kLabel.end());
+    return more;
+}
+
+const PageCase kFromLabelRows[] = {
+    {.name = "StoredListOneALine",
+     .given = withLabel({{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\nc2@/vobs/a\r\n"}}),
+     .steps = {},
+     .shown = {{"txtComponent", {}, {}, "c1@/vobs/a\nc2@/vobs/a\n"}, {"btnSpecifyComponents", true},
+               {"txtVOB", {}, {}, "/vobs/a"}, {"txtLabel", {}, {}, "REL1"}, {"btnCustomView", true}},
+     .stored = withLabel({{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\nc2@/vobs/a\r\n"}})},
+    {.name = "TypedListOneALine",
+     .given = {},
+     .steps = steps({{"btnSpecifyComponents"}, {"txtComponent", "c1@/vobs/a\nc 2@/vobs/a"}, {"txtVOB", "/vobs/a"},
+                     {"txtLabel", "REL 2"}}),
+     .shown = {},
+     .stored = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\nc 2@/vobs/a\r\n"},
+                {"VOBSelector", "/vobs/a"}, {"LabelTypeName", "REL 2"}}},
+    {.name = "UncheckedKeepsTheList",
+     .given = withLabel({{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\n"}}),
+     .steps = clicks({"btnSpecifyComponents"}),
+     .shown = {{"txtComponent", {}, true}},
+     .stored = withLabel({{"SpecifyComponents", "False"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\n"}})},
+    {.name = "ClearedListStoresNone",
+     .given = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\n"}},
+     .steps = steps({{"txtComponent", ""}}),
+     .shown = {},
+     .stored = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", ""}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, FromLabelPage, ::testing::ValuesIn(kFromLabelCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, FromLabelPage, ::testing::ValuesIn(kFromLabelRows), wfpage::pageCaseName);
 
 TEST(FromLabelPageQueries, LabelsAskedForTheVobOnEveryDropDownButNotWithoutOne)
 {

@@ -1,0 +1,57 @@
+#include "pages/WFClearCaseCleartoolFrame.h"
+
+#include "actions/WFClearCaseCleartoolAction.h"
+#include "pages/WFClearCasePageLook.h"
+
+TClearCaseCleartoolFrame::TClearCaseCleartoolFrame(QWidget* parent) : TFrame(parent)
+{
+    ui.setupUi(this);
+    ClearCaseSetHeadingImage(ui.Image3);
+    ClearCaseSetSectionImage(ui.Image4);
+    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    connect(ui.txtCommand, &QLineEdit::textChanged, this, &TClearCaseCleartoolFrame::txtCommandChange);
+    connect(ui.txtArgs, &QPlainTextEdit::textChanged, this, &TClearCaseCleartoolFrame::txtArgsChange);
+    UpdateLabel();
+}
+
+std::string TClearCaseCleartoolFrame::PageName() const
+{
+    return "Cleartool Parameters";
+}
+
+void TClearCaseCleartoolFrame::ReadActionData(TCustomWFAction& action)
+{
+    auto& cleartool = narrow<TClearCaseCleartoolAction>(action);
+    ui.txtCommand->setText(QString::fromStdString(cleartool.GetCommand()));
+    ui.txtArgs->setPlainText(QString::fromStdString(cleartool.GetArguments()).replace("\r\n", "\n"));
+    ui.ViewContext->SetCaption("View Context (Starting Directory)");
+    ui.ViewContext->ReadActionData(cleartool);
+}
+
+void TClearCaseCleartoolFrame::WriteActionData(TCustomWFAction& action)
+{
+    auto& cleartool = narrow<TClearCaseCleartoolAction>(action);
+    ui.ViewContext->WriteActionData(cleartool);
+    cleartool.SetCommand(ui.txtCommand->text().toStdString());
+    cleartool.SetArguments(arguments().toStdString());
+}
+
+QString TClearCaseCleartoolFrame::arguments() const
+{
+    return ui.txtArgs->toPlainText().replace('\n', "\r\n");
+}
+
+void TClearCaseCleartoolFrame::txtCommandChange()
+{
+    UpdateLabel();
+}
+
+void TClearCaseCleartoolFrame::txtArgsChange()
+{
+    UpdateLabel();
+}
+
+void TClearCaseCleartoolFrame::UpdateLabel()
+{
+    ui.lblPath->setText("Full Command Will Be: 'cleartool " + ui.txtCommand->text() + " " + ui.txtArgs->toPlainText() + "'");
+}

@@ -1,0 +1,31 @@
+#include "pages/WFClearCaseUnCheckOutActivityFrame.h"
+
+#include "actions/WFClearCaseUnCheckOutActivityAction.h"
+#include "pages/WFClearCasePageLook.h"
+
+TClearCaseUnCheckOutActivityFrame::TClearCaseUnCheckOutActivityFrame(QWidget* parent) : TFrame(parent)
+{
+    ui.setupUi(this);
+    ClearCaseSetHeadingImage(ui.Image3);
+    ClearCaseSetSectionImage(ui.Image4);
+    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+}
+
+std::string TClearCaseUnCheckOutActivityFrame::PageName() const
+{
+    return "Uncheckout Options";
+}
+
+void TClearCaseUnCheckOutActivityFrame::ReadActionData(TCustomWFAction& action)
+{
+    auto& undo = narrow<TClearCaseUnCheckOutActivityAction>(action);
+    ui.boxKeep->setChecked(undo.GetKeep());
+    ui.ClearCaseViewContextSubFrame1->ReadActionData(undo);
+}
+
+void TClearCaseUnCheckOutActivityFrame::WriteActionData(TCustomWFAction& action)
+{
+    auto& undo = narrow<TClearCaseUnCheckOutActivityAction>(action);
+    undo.SetKeep(ui.boxKeep->isChecked());
+    ui.ClearCaseViewContextSubFrame1->WriteActionData(undo);
+}

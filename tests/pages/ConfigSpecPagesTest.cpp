@@ -1,0 +1,240 @@
+// The set and get config spec, find checkouts and generic cleartool pages, driven as a user
+// drives them.
+#include "PageCase.h"
+
+#include "actions/WFClearCaseCleartoolAction.h"
+#include "actions/WFClearCaseFindCheckoutsAction.h"
+#include "actions/WFClearCaseGetConfigSpecAction.h"
+#include "actions/WFClearCaseSetConfigSpecAction.h"
+#include "WFServices.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+
+#include <gtest/gtest.h>
+
+using namespace wfpage;
+
+namespace {
+
+class SetConfigSpecPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(SetConfigSpecPage, RoundTrip)
+{
+    runPageCase<TClearCaseSetConfigSpecAction>("TClearCaseSetConfigSpecFrame", "Options", GetParam());
+}
+
+const PageCase kSetConfigSpecCases[] = {
+    {.name = "StreamOpensWithTheFileGreyedOut",
+     .given = {{"CSpecChoice", "csStream"}, {"CSFilePath", "/specs/rel.cs"}},
+     .steps = {},
+     .shown = {{"btnStream", true}, {"txtSpecFile", {}, false, "/specs/rel.cs"}, {"txtSpecFileButton", {}, false}},
+     .stored = {{"CSpecChoice", "csStream"}, {"CSFilePath", "/specs/rel.cs"}}},
+    {.name = "FileChoiceEnablesTheEdit",
+     .given = {},
+     .steps = steps({{"btnFile"}, {"txtSpecFile", "/specs/new.cs"}}),
+     .shown = {{"txtSpecFile", {}, true}, {"txtSpecFileButton", {}, true}},
+     .stored = {{"CSpecChoice", "csFile"}, {"CSFilePath", "/specs/new.cs"}}},
+    {.name = "OtherChoiceGreysOutAndKeepsTheFile",
+     .given = {{"CSpecChoice", "csFile"}, {"CSFilePath", "/specs/rel.cs"}},
+     .steps = clicks({"btnDefault"}),
+     .shown = {{"txtSpecFile", {}, false}},
+     .stored = {{"CSpecChoice", "csDefault"}, {"CSFilePath", "/specs/rel.cs"}}},
+    {.name = "CurrentChosen",
+     .given = {{"CSpecChoice", "csStream"}},
+     .steps = clicks({"btnCurrent"}),
+     .shown = {{"txtSpecFile", {}, false}},
+     .stored = {{"CSpecChoice", "csCurrent"}}},
+    {.name = "BrowseOpensOnTheFileAndTakesTheChoice",
+     .given = {{"CSpecChoice", "csFile"}, {"CSFilePath", "/specs/old.cs"}},
+     .steps = clicks({"txtSpecFileButton"}),
+     .shown = {{"txtSpecFile", {}, {}, "/specs/new.cs"}},
+     .stored = {{"CSpecChoice", "csFile"}, {"CSFilePath", "/specs/new.cs"}},
+     .answers = {"/specs/new.cs"},
+     .browsed = {{"/specs", "Select Config Spec File", "/specs/old.cs", "*.*"}}},
+    {.name = "CancelledBrowseKeepsTheFile",
+     .given = {{"CSpecChoice", "csFile"}, {"CSFilePath", ""}},
+     .steps = clicks({"txtSpecFileButton"}),
+     .shown = {},
+     .stored = {{"CSFilePath", ""}},
+     .answers = {std::nullopt},
+     .browsed = {{"", "Select Config Spec File", "", "*.*"}}},
+    {.name = "ViewContextWrittenToo",
+     .given = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}},
+     .steps = clicks({"btnCustomView"}),
+     .shown = {{"Label5", {}, {}, "View Context"}},
+     .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}, {"CSpecChoice", "csCurrent"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, SetConfigSpecPage, ::testing::ValuesIn(kSetConfigSpecCases),
+                         pageCaseName);
+
+// ---------------------------------------------------------------------------------------------
+
+class GetConfigSpecPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(GetConfigSpecPage, RoundTrip)
+{
+    runPageCase<TClearCaseGetConfigSpecAction>("TClearCaseGetConfigSpecFrame", "Options", GetParam());
+}
+
+const char* const kSaveFilter = "Text Files (*.txt)|*.TXT|All Files (*.*)|*.*";
+
+const PageCase kGetConfigSpecCases[] = {
+    {.name = "NoFileGreysOutTheStoredPath",
+     .given = {{"OutputFilePath", "/out/cs.txt"}},
+     .steps = {},
+     .shown = {{"boxUseFile", false}, {"txtFilePath", {}, false, "/out/cs.txt"}, {"txtFilePathButton", {}, false}},
+     .stored = {{"OutputToFile", "False"}, {"OutputFilePath", "/out/cs.txt"}}},
+    {.name = "TickingEnablesTheFile",
+     .given = {},
+     .steps = steps({{"boxUseFile"}, {"txtFilePath", "/out/cs.txt"}}),
+     .shown = {{"txtFilePathButton", {}, true}},
+     .stored = {{"OutputToFile", "True"}, {"OutputFilePath", "/out/cs.txt"}}},
+    {.name = "UntickingKeepsThePath",
+     .given = {{"OutputToFile", "True"}, {"OutputFilePath", "/out/cs.txt"}},
+     .steps = clicks({"boxUseFile"}),
+     .shown = {{"txtFilePath", {}, false}},
+     .stored = {{"OutputToFile", "False"}, {"OutputFilePath", "/out/cs.txt"}}},
+    {.name = "BrowseWithEmptyPathProposesConfigSpecTxt",
+     .given = {{"OutputToFile", "True"}},
+     .steps = clicks({"txtFilePathButton"}),
+     .shown = {{"txtFilePath", {}, {}, "/out/chosen.txt"}},
+     .stored = {{"OutputFilePath", "/out/chosen.txt"}},
+     .answers = {"/out/chosen.txt"},
+     .browsed = {{"", "Save Config Spec As", "config_spec.txt", kSaveFilter, true}}},
+    {.name = "BrowseOpensInTheFolderOfThePath",
+     .given = {{"OutputToFile", "True"}, {"OutputFilePath", "/out/specs/cs.txt"}},
+     .steps = clicks({"txtFilePathButton"}),
+     .shown = {},
+     .stored = {{"OutputFilePath", "/out/specs/cs.txt"}},
+     .answers = {std::nullopt},
+     .browsed = {{"/out/specs", "Save Config Spec As", "/out/specs/cs.txt", kSaveFilter, true}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, GetConfigSpecPage, ::testing::ValuesIn(kGetConfigSpecCases),
+                         pageCaseName);
+
+// ---------------------------------------------------------------------------------------------
+
+/// The open project's variables, as the designer reports them.
+class FindCheckoutsPage : public ::testing::TestWithParam<PageCase> {
+protected:
+    void SetUp() override
+    {
+        WFDesignApplicationServices().variableNamesProvider = [] {
+            return std::vector<std::string>{"CHECKOUTS", "CHECKOUTS_OLD", "LIST"};
+        };
+    }
+    void TearDown() override { WFDesignApplicationServices().variableNamesProvider = nullptr; }
+};
+
+TEST_P(FindCheckoutsPage, RoundTrip)
+{
+    runPageCase<TClearCaseFindCheckoutsAction>("TClearCaseFindCheckoutsFrame", "Options", GetParam());
+}
+
+TEST_F(FindCheckoutsPage, OffersTheProjectsVariables)
+{
+    TClearCaseFindCheckoutsAction action;
+    wftest::FakeCleartool cleartool;
+    OpenPage page("TClearCaseFindCheckoutsFrame", action);
+    EXPECT_EQ(items(page.control<QComboBox>("cmbVariable")), QStringList({"CHECKOUTS", "CHECKOUTS_OLD", "LIST"}));
+}
+
+std::function<void(OpenPage&)> chooseVariable(const char* name)
+{
+    return [name](OpenPage& page) {
+        auto* combo = page.control<QComboBox>("cmbVariable");
+        combo->setCurrentIndex(combo->findText(name));
+    };
+}
+
+const PageCase kFindCheckoutsCases[] = {
+    {.name = "StoredVariableSelected",
+     .given = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS_OLD"}},
+     .steps = {},
+     .shown = {{"boxVariable", true}, {"cmbVariable", {}, {}, "CHECKOUTS_OLD"}},
+     .stored = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS_OLD"}}},
+    {.name = "DeletedVariableSelectsNoneAndStoresEmpty",
+     .given = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUT"}},
+     .steps = {},
+     .shown = {{"cmbVariable", {}, {}, ""}},
+     .stored = {{"WriteToVariable", "True"}, {"VariableName", ""}}},
+    {.name = "ChosenVariableAndLongFormat",
+     .given = {},
+     .steps =
+         [](OpenPage& page) {
+             click(page.control<QAbstractButton>("boxVariable"));
+             chooseVariable("LIST")(page);
+             click(page.control<QAbstractButton>("boxShort"));
+         },
+     .shown = {},
+     .stored = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}, {"UseShort", "False"}}},
+    {.name = "NewActionUsesShortFormat",
+     .given = {},
+     .steps = {},
+     .shown = {{"boxShort", true}, {"boxVariable", false}},
+     .stored = {{"UseShort", "True"}, {"WriteToVariable", "False"}, {"VariableName", ""}}},
+    {.name = "VariableKeptWhenNotWritten",
+     .given = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}},
+     .steps = clicks({"boxVariable"}),
+     .shown = {},
+     .stored = {{"WriteToVariable", "False"}, {"VariableName", "LIST"}}},
+    {.name = "ViewContextWrittenToo",
+     .given = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}},
+     .steps = clicks({"btnDefaultView"}),
+     .shown = {},
+     .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, FindCheckoutsPage, ::testing::ValuesIn(kFindCheckoutsCases),
+                         pageCaseName);
+
+// ---------------------------------------------------------------------------------------------
+
+class CleartoolPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(CleartoolPage, RoundTrip)
+{
+    runPageCase<TClearCaseCleartoolAction>("TClearCaseCleartoolFrame", "Cleartool Parameters", GetParam());
+}
+
+const PageCase kCleartoolCases[] = {
+    {.name = "CommandWithoutArgumentsPreviewsTheTrailingBlank",
+     .given = {},
+     .steps = steps({{"txtCommand", "lsco"}}),
+     .shown = {{"lblPath", {}, {}, "Full Command Will Be: 'cleartool lsco '"}},
+     .stored = {{"Command", "lsco"}, {"Arguments", ""}}},
+    {.name = "ArgumentsWithoutCommandPreviewTwoBlanks",
+     .given = {},
+     .steps = steps({{"txtArgs", "-short"}}),
+     .shown = {{"lblPath", {}, {}, "Full Command Will Be: 'cleartool  -short'"}},
+     .stored = {{"Command", ""}, {"Arguments", "-short"}}},
+    {.name = "StoredCommandPreviewedOnOpening",
+     .given = {{"Command", "lsview"}, {"Arguments", "-short -cview"}},
+     .steps = {},
+     .shown = {{"txtCommand", {}, {}, "lsview"}, {"lblPath", {}, {}, "Full Command Will Be: 'cleartool lsview -short -cview'"}},
+     .stored = {{"Command", "lsview"}, {"Arguments", "-short -cview"}}},
+    {.name = "QuotedPathWithBlanksKeptAsTyped",
+     .given = {{"Command", "describe"}},
+     .steps = steps({{"txtArgs", "-fmt \"%n\"  \"/vobs/my dir/a.c\""}}),
+     .shown = {},
+     .stored = {{"Command", "describe"}, {"Arguments", "-fmt \"%n\"  \"/vobs/my dir/a.c\""}}},
+    {.name = "LinesOfTheArgumentsJoinedByCrLf",
+     .given = {{"Command", "mkattr"}},
+     .steps = steps({{"txtArgs", "-rep\nBuildNo"}}),
+     .shown = {{"txtArgs", {}, {}, "-rep\nBuildNo"}},
+     .stored = {{"Arguments", "-rep\r\nBuildNo"}}},
+    {.name = "StoredLinesRoundTripUnchanged",
+     .given = {{"Command", "mkattr"}, {"Arguments", "-rep\r\nBuildNo"}},
+     .steps = {},
+     .shown = {{"txtArgs", {}, {}, "-rep\nBuildNo"}},
+     .stored = {{"Arguments", "-rep\r\nBuildNo"}}},
+    {.name = "StartingDirectoryHeadingAndViewWritten",
+     .given = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}},
+     .steps = clicks({"btnDefaultView"}),
+     .shown = {{"Label5", {}, {}, "View Context (Starting Directory)"}},
+     .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, CleartoolPage, ::testing::ValuesIn(kCleartoolCases),
+                         pageCaseName);
+
+} // namespace

@@ -1,0 +1,368 @@
+// The check-out, check-in, undo check-out and update pages, driven as a user drives them.
+#include "PageCase.h"
+
+#include "actions/WFClearCaseCheckInActivityAction.h"
+#include "actions/WFClearCaseCheckInPathAction.h"
+#include "actions/WFClearCaseCheckOutAction.h"
+#include "actions/WFClearCaseCleartoolAction.h"
+#include "actions/WFClearCaseFindCheckoutsAction.h"
+#include "actions/WFClearCaseGetConfigSpecAction.h"
+#include "actions/WFClearCaseSetConfigSpecAction.h"
+#include "actions/WFClearCaseUnCheckOutActivityAction.h"
+#include "actions/WFClearCaseUnCheckOutAction.h"
+#include "actions/WFClearCaseUpdateAction.h"
+#include "pages/WFClearCaseViewContextSubFrame.h"
+#include "WFFrame.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+
+#include <memory>
+
+#include <gtest/gtest.h>
+
+using namespace wfpage;
+
+namespace {
+
+const auto isChecked = [](const char* control) { return Shown{control, true}; };
+
+// ---------------------------------------------------------------------------------------------
+
+class CheckOutPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(CheckOutPage, RoundTrip)
+{
+    runPageCase<TClearCaseCheckoutAction>("TClearCaseCheckOutFrame", "Checkout Options", GetParam());
+}
+
+const PageCase kCheckOutCases[] = {
+    {.name = "LazyReservedStoresBothFlags",
+     .given = {{"Reserved", "True"}},
+     .steps = clicks({"boxLazyReserved"}),
+     .shown = {},
+     .stored = {{"Reserved", "True"}, {"Unreserved", "True"}}},
+    {.name = "BothFlagsReopenReservedWithBoxTickedAndEnabled",
+     .given = {{"Reserved", "True"}, {"Unreserved", "True"}},
+     .steps = {},
+     .shown = {isChecked("btnReserved"), {"btnUnreserved", false}, {"boxLazyReserved", true, true}},
+     .stored = {{"Reserved", "True"}, {"Unreserved", "True"}}},
+    {.name = "ReservedAloneLeavesBoxUnticked",
+     .given = {{"Reserved", "True"}},
+     .steps = {},
+     .shown = {{"boxLazyReserved", false, true}},
+     .stored = {{"Reserved", "True"}, {"Unreserved", "False"}}},
+    {.name = "UnreservedGreysOutTheBoxButKeepsItsMark",
+     .given = {{"Reserved", "True"}, {"Unreserved", "True"}},
+     .steps = clicks({"btnUnreserved"}),
+     .shown = {{"boxLazyReserved", true, false}},
+     .stored = {{"Reserved", "False"}, {"Unreserved", "True"}}},
+    {.name = "ReservedAgainEnablesTheBox",
+     .given = {{"Unreserved", "True"}},
+     .steps = clicks({"btnReserved"}),
+     .shown = {{"boxLazyReserved", false, true}},
+     .stored = {{"Reserved", "True"}, {"Unreserved", "False"}}},
+    {.name = "NewActionOpensUnreserved",
+     .given = {},
+     .steps = {},
+     .shown = {isChecked("btnUnreserved"), {"boxLazyReserved", false, false}, isChecked("btnViewDefault"),
+               isChecked("btnSelModeDefault")},
+     .stored = {{"Reserved", "False"}, {"Unreserved", "True"}, {"DataLocation", "coView"}, {"SelectionMode", "coDefault"}}},
+    {.name = "TypingAnExternalPathChoosesOut",
+     .given = {},
+     .steps = steps({{"txtExternalPath", "/tmp/out"}}),
+     .shown = {isChecked("btnOut")},
+     .stored = {{"DataLocation", "coOut"}, {"OutExternalPath", "/tmp/out"}}},
+    {.name = "StoredPathUnderViewLocationStaysView",
+     .given = {{"DataLocation", "coView"}, {"OutExternalPath", "/tmp/kept"}},
+     .steps = {},
+     .shown = {isChecked("btnViewDefault"), {"txtExternalPath", {}, {}, "/tmp/kept"}},
+     .stored = {{"DataLocation", "coView"}, {"OutExternalPath", "/tmp/kept"}}},
+    {.name = "NoDataKeepsThePathAndPreservesTime",
+     .given = {{"DataLocation", "coOut"}, {"OutExternalPath", "/tmp/out"}},
+     .steps = clicks({"btnNData", "boxPTime"}),
+     .shown = {},
+     .stored = {{"DataLocation", "coNoData"}, {"OutExternalPath", "/tmp/out"}, {"PreserveTime", "True"}}},
+    {.name = "BrowsingForTheLocationChoosesOut",
+     .given = {{"OutExternalPath", "/tmp/old"}, {"DataLocation", "coNoData"}},
+     .steps = clicks({"txtExternalPathButton"}),
+     .shown = {isChecked("btnOut")},
+     .stored = {{"DataLocation", "coOut"}, {"OutExternalPath", "/tmp/picked"}},
+     .answers = {"/tmp/picked"},
+     .browsed = {{"/tmp/old", "Select Directory"}}},
+    {.name = "CancelledBrowseChangesNothing",
+     .given = {{"OutExternalPath", ""}, {"DataLocation", "coNoData"}},
+     .steps = clicks({"txtExternalPathButton"}),
+     .shown = {isChecked("btnNData")},
+     .stored = {{"DataLocation", "coNoData"}, {"OutExternalPath", ""}},
+     .answers = {std::nullopt},
+     .browsed = {{"", "Select Directory"}}},
+    {.name = "TypingABranchChoosesBranchAndClearingKeepsIt",
+     .given = {},
+     .steps = steps({{"txtBranchName", "rel2"}, {"txtBranchName", ""}}),
+     .shown = {isChecked("btnSelModeBranch")},
+     .stored = {{"SelectionMode", "coBranch"}, {"BranchSelector", ""}}},
+    {.name = "TypingAVersionChoosesVersion",
+     .given = {{"SelectionMode", "coBranch"}, {"BranchSelector", "rel2"}},
+     .steps = steps({{"txtVersionName", "/main/4"}}),
+     .shown = {isChecked("btnSelModeVersion")},
+     .stored = {{"SelectionMode", "coVersion"}, {"VersionSelector", "/main/4"}, {"BranchSelector", "rel2"}}},
+    {.name = "StoredSelectorsDoNotOverruleDefaultMode",
+     .given = {{"SelectionMode", "coDefault"}, {"BranchSelector", "rel2"}, {"VersionSelector", "/main/4"}},
+     .steps = {},
+     .shown = {isChecked("btnSelModeDefault"), {"txtBranchName", {}, true, "rel2"}, {"txtVersionName", {}, true, "/main/4"}},
+     .stored = {{"SelectionMode", "coDefault"}, {"BranchSelector", "rel2"}, {"VersionSelector", "/main/4"}}},
+    {.name = "LightEditionOffersNoSelectionAndClearsTheSelectors",
+     .given = {{"SelectionMode", "coBranch"}, {"BranchSelector", "rel2"}, {"VersionSelector", "/main/4"}},
+     .steps = {},
+     .shown = {{"btnSelModeDefault", true, false},
+               {"btnSelModeBranch", false, false},
+               {"btnSelModeVersion", false, false},
+               {"txtBranchName", {}, false, ""},
+               {"txtVersionName", {}, false, ""}},
+     .stored = {{"SelectionMode", "coDefault"}, {"BranchSelector", ""}, {"VersionSelector", ""}},
+     .edition = ccLT},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, CheckOutPage, ::testing::ValuesIn(kCheckOutCases),
+                         pageCaseName);
+
+// ---------------------------------------------------------------------------------------------
+
+class CheckInPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(CheckInPage, RoundTripOnPathCheckIn)
+{
+    runPageCase<TClearCaseCheckInPathAction>("TClearCaseCheckInFrame", "Checkin Options", GetParam());
+}
+
+TEST_P(CheckInPage, RoundTripOnActivityCheckIn)
+{
+    runPageCase<TClearCaseCheckInActivityAction>("TClearCaseCheckInFrame", "Checkin Options", GetParam());
+}
+
+const PageCase kCheckInCases[] = {
+    {.name = "RemoveAfterKeepUnticksKeep",
+     .given = {},
+     .steps = clicks({"boxKeep", "boxRemove"}),
+     .shown = {{"boxKeep", false}, {"boxRemove", true}},
+     .stored = {{"Keep", "False"}, {"Remove", "True"}}},
+    {.name = "KeepAfterRemoveUnticksRemove",
+     .given = {{"Remove", "True"}},
+     .steps = clicks({"boxKeep"}),
+     .shown = {{"boxKeep", true}, {"boxRemove", false}},
+     .stored = {{"Keep", "True"}, {"Remove", "False"}}},
+    {.name = "BothStoredAreShownAsStored",
+     .given = {{"Keep", "True"}, {"Remove", "True"}},
+     .steps = {},
+     .shown = {{"boxKeep", true}, {"boxRemove", true}},
+     .stored = {{"Keep", "True"}, {"Remove", "True"}}},
+    {.name = "UntickingKeepLeavesRemoveAlone",
+     .given = {{"Keep", "True"}},
+     .steps = clicks({"boxKeep"}),
+     .shown = {},
+     .stored = {{"Keep", "False"}, {"Remove", "False"}}},
+    {.name = "OtherSwitchesEachToTheirOwnProperty",
+     .given = {{"NoWarnings", "True"}},
+     .steps = clicks({"boxPTime", "boxIdentical"}),
+     .shown = {{"boxNoWarn", true}},
+     .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "True"}, {"Keep", "False"}}},
+    {.name = "UntickingWarningsOnly",
+     .given = {{"NoWarnings", "True"}, {"PreserveTime", "True"}, {"IdenticalCheckin", "True"}},
+     .steps = clicks({"boxNoWarn"}),
+     .shown = {},
+     .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "False"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, CheckInPage, ::testing::ValuesIn(kCheckInCases),
+                         pageCaseName);
+
+// ---------------------------------------------------------------------------------------------
+
+class UnCheckOutPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(UnCheckOutPage, RoundTrip)
+{
+    runPageCase<TClearCaseUnCheckOutAction>("TClearCaseUnCheckOutFrame", "Uncheckout Options", GetParam());
+}
+
+const PageCase kUnCheckOutCases[] = {
+    {.name = "TickingKeepStoresIt", .given = {}, .steps = clicks({"boxKeep"}), .shown = {}, .stored = {{"Keep", "True"}}},
+    {.name = "StoredKeepShownAndUnticked",
+     .given = {{"Keep", "True"}},
+     .steps = clicks({"boxKeep"}),
+     .shown = {{"boxKeep", false}},
+     .stored = {{"Keep", "False"}}},
+    {.name = "UntouchedKeepsTheStoredValue",
+     .given = {{"Keep", "True"}},
+     .steps = {},
+     .shown = {{"boxKeep", true}},
+     .stored = {{"Keep", "True"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, UnCheckOutPage, ::testing::ValuesIn(kUnCheckOutCases),
+                         pageCaseName);
+
+class UnCheckOutActivityPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(UnCheckOutActivityPage, RoundTrip)
+{
+    runPageCase<TClearCaseUnCheckOutActivityAction>("TClearCaseUnCheckOutActivityFrame", "Uncheckout Options", GetParam());
+}
+
+const PageCase kUnCheckOutActivityCases[] = {
+    {.name = "KeepAndTheViewContext",
+     .given = {{"ViewContextPath", "/views/dev"}, {"UseDefaultViewContext", "False"}},
+     .steps = clicks({"boxKeep"}),
+     .shown = {isChecked("btnCustomView"), {"Label5", {}, {}, "View Context"}, {"txtViewPath", {}, {}, "/views/dev"}},
+     .stored = {{"Keep", "True"}, {"UseDefaultViewContext", "False"}, {"ViewContextPath", "/views/dev"}}},
+    {.name = "DefaultViewChosenKeepsThePath",
+     .given = {{"Keep", "True"}, {"ViewContextPath", "/views/dev"}, {"UseDefaultViewContext", "False"}},
+     .steps = clicks({"btnDefaultView"}),
+     .shown = {{"boxKeep", true}},
+     .stored = {{"Keep", "True"}, {"UseDefaultViewContext", "True"}, {"ViewContextPath", "/views/dev"}}},
+    {.name = "BlankCustomViewIsStoredAsDefault",
+     .given = {{"ViewContextPath", ""}, {"UseDefaultViewContext", "False"}},
+     .steps = {},
+     .shown = {isChecked("btnDefaultView")},
+     .stored = {{"Keep", "False"}, {"UseDefaultViewContext", "True"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, UnCheckOutActivityPage, ::testing::ValuesIn(kUnCheckOutActivityCases),
+                         pageCaseName);
+
+// ---------------------------------------------------------------------------------------------
+
+class UpdatePage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(UpdatePage, RoundTrip)
+{
+    runPageCase<TClearCaseUpdateAction>("TClearCaseUpdateFrame", "Update Options", GetParam());
+}
+
+const std::vector<const char*> kUpdateRadios = {"overwriteButton", "noOverwriteButton", "renameButton",
+                                                "TSctimeButton",   "TSptimeButton",     "TSdefaultButton"};
+
+std::vector<Shown> radiosEnabled(bool enabled, std::vector<Shown> more = {})
+{
+    for (const char* radio : kUpdateRadios)
+        more.push_back({radio, {}, enabled});
+    return more;
+}
+
+const PageCase kUpdateCases[] = {
+    {.name = "StoredChoicesShown",
+     .given = {{"HijackMode", "hmRename"}, {"UpdateTimestamp", "tbCheckin"}, {"UseDefaultViewContext", "True"}},
+     .steps = {},
+     .shown = radiosEnabled(true, {isChecked("renameButton"), isChecked("TSptimeButton"), {"checkPretend", false},
+                                   {"Label5", {}, {}, "Snapshot View to update"}}),
+     .stored = {{"HijackMode", "hmRename"}, {"UpdateTimestamp", "tbCheckin"}, {"PretendOnly", "False"}}},
+    {.name = "PretendGreysOutBothGroupsAndStillWritesThem",
+     .given = {{"HijackMode", "hmNooverwrite"}, {"UpdateTimestamp", "tbCurrent"}},
+     .steps = clicks({"checkPretend"}),
+     .shown = radiosEnabled(false, {isChecked("noOverwriteButton"), isChecked("TSctimeButton")}),
+     .stored = {{"PretendOnly", "True"}, {"HijackMode", "hmNooverwrite"}, {"UpdateTimestamp", "tbCurrent"}}},
+    {.name = "StoredPretendOpensGreyedAndUntickingEnables",
+     .given = {{"PretendOnly", "True"}},
+     .steps = clicks({"checkPretend", "noOverwriteButton", "TSctimeButton"}),
+     .shown = radiosEnabled(true),
+     .stored = {{"PretendOnly", "False"}, {"HijackMode", "hmNooverwrite"}, {"UpdateTimestamp", "tbCurrent"}}},
+    {.name = "StoredPretendOpensGreyed",
+     .given = {{"PretendOnly", "True"}},
+     .steps = {},
+     .shown = radiosEnabled(false, {{"checkPretend", true}}),
+     .stored = {{"PretendOnly", "True"}}},
+    {.name = "EachChoiceToItsValue",
+     .given = {{"HijackMode", "hmRename"}, {"UpdateTimestamp", "tbCurrent"}},
+     .steps = clicks({"overwriteButton", "TSdefaultButton"}),
+     .shown = {},
+     .stored = {{"HijackMode", "hmOverwrite"}, {"UpdateTimestamp", "tbDefault"}}},
+    {.name = "ViewToUpdateWritten",
+     .given = {{"UseDefaultViewContext", "True"}, {"ViewContextPath", "/views/snap"}},
+     .steps = clicks({"btnCustomView", "renameButton", "TSptimeButton"}),
+     .shown = {},
+     .stored = {{"UseDefaultViewContext", "False"},
+                {"ViewContextPath", "/views/snap"},
+                {"HijackMode", "hmRename"},
+                {"UpdateTimestamp", "tbCheckin"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, UpdatePage, ::testing::ValuesIn(kUpdateCases),
+                         pageCaseName);
+
+// ---------------------------------------------------------------------------------------------
+
+template <typename Action>
+std::unique_ptr<TCustomWFAction> make()
+{
+    return std::make_unique<Action>();
+}
+
+struct LayoutCase {
+    const char* pageClass;
+    std::unique_ptr<TCustomWFAction> (*makeAction)();
+    int height;
+    std::vector<std::pair<const char*, const char*>> headings; ///< label and its bevel
+    const char* viewContext = nullptr;                         ///< the embedded sub-frame's name
+    const char* viewCaption = nullptr;
+};
+
+void PrintTo(const LayoutCase& c, std::ostream* os)
+{
+    *os << c.pageClass;
+}
+
+class PageLayout : public ::testing::TestWithParam<LayoutCase> {};
+
+/// Every heading ends its bevel at the page's right edge, 8 pixels after its whole caption; a
+/// page embeds its view context under the name and heading its action's users know.
+TEST_P(PageLayout, HeadingsAndViewContext)
+{
+    const LayoutCase& c = GetParam();
+    wftest::FakeCleartool cleartool;
+    auto action = c.makeAction();
+    OpenPage page(c.pageClass, *action);
+    EXPECT_EQ(page.widget()->objectName(), c.pageClass);
+    EXPECT_EQ(page.widget()->minimumWidth(), kWFPageWidth);
+    EXPECT_EQ(page.widget()->minimumHeight(), c.height);
+    for (const auto& [labelName, bevelName] : c.headings) {
+        auto* label = page.control<QLabel>(labelName);
+        auto* bevel = page.control<QWidget>(bevelName);
+        EXPECT_GE(label->width(), label->sizeHint().width()) << labelName << " clipped";
+        EXPECT_EQ(bevel->x(), label->x() + label->width() + 8) << bevelName;
+        EXPECT_EQ(bevel->x() + bevel->width(), kWFPageRightEdge) << bevelName;
+        EXPECT_EQ(bevel->property("helpContext").toInt(), 2400) << bevelName;
+    }
+    if (c.viewContext) {
+        auto* frame = page.control<TClearCaseViewContextSubFrame>(c.viewContext);
+        EXPECT_EQ(frame->GetCaption(), c.viewCaption);
+        EXPECT_EQ(frame->x(), 0);
+        EXPECT_LE(frame->y() + frame->height(), c.height);
+    }
+    // Nothing sticks out of the page; the view context spans it by design.
+    for (QWidget* child : page.widget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (!qobject_cast<TClearCaseViewContextSubFrame*>(child)) {
+            EXPECT_LE(child->geometry().right(), kWFPageRightEdge) << child->objectName().toStdString();
+        }
+    }
+}
+
+const LayoutCase kLayoutCases[] = {
+    {"TClearCaseCheckOutFrame", make<TClearCaseCheckoutAction>, 338,
+     {{"Label1", "Bevel1"}, {"Label2", "Bevel2"}, {"Label3", "Bevel3"}}},
+    {"TClearCaseCheckInFrame", make<TClearCaseCheckInPathAction>, 188, {{"Label1", "Bevel1"}, {"Label2", "Bevel2"}}},
+    {"TClearCaseUnCheckOutFrame", make<TClearCaseUnCheckOutAction>, 62, {{"Label1", "Bevel1"}}},
+    {"TClearCaseUnCheckOutActivityFrame", make<TClearCaseUnCheckOutActivityAction>, 180, {{"Label1", "Bevel1"}},
+     "ClearCaseViewContextSubFrame1", "View Context"},
+    {"TClearCaseUpdateFrame", make<TClearCaseUpdateAction>, 350,
+     {{"Label1", "Bevel1"}, {"Label2", "Bevel3"}, {"Label3", "Bevel4"}}, "ClearCaseViewContextSubFrame1",
+     "Snapshot View to update"},
+    {"TClearCaseSetConfigSpecFrame", make<TClearCaseSetConfigSpecAction>, 218, {{"Label1", "Bevel1"}},
+     "ClearCaseViewContextSubFrame1", "View Context"},
+    {"TClearCaseGetConfigSpecFrame", make<TClearCaseGetConfigSpecAction>, 124, {}, "ClearCaseViewContextSubFrame1",
+     "View Context"},
+    {"TClearCaseFindCheckoutsFrame", make<TClearCaseFindCheckoutsAction>, 172, {{"Label1", "Bevel1"}},
+     "ClearCaseViewContextSubFrame1", "View Context"},
+    {"TClearCaseCleartoolFrame", make<TClearCaseCleartoolAction>, 324, {{"Label1", "Bevel1"}}, "ViewContext",
+     "View Context (Starting Directory)"},
+};
+INSTANTIATE_TEST_SUITE_P(Pages, PageLayout, ::testing::ValuesIn(kLayoutCases),
+                         [](const auto& info) { return std::string(info.param.pageClass); });
+
+} // namespace
