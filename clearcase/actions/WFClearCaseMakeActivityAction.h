@@ -14,6 +14,12 @@ public:
     /// a headline that fails to expand stops at once.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetDontSetAsCurrent() const { return m_dontSetAsCurrent; }
+    void SetDontSetAsCurrent(bool value) { m_dontSetAsCurrent = value; }
+    bool GetAutoGenerateName() const { return m_autoGenerateName; }
+    void SetAutoGenerateName(bool value) { m_autoGenerateName = value; }
+    std::string GetHeadline() const { return m_headline; }
+    void SetHeadline(const std::string& value) { m_headline = value; }
 
 private:
     bool m_dontSetAsCurrent = false;

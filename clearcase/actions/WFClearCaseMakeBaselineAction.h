@@ -22,6 +22,14 @@ public:
     /// name; every step runs and the results are ANDed.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    TLabelBehaviour GetLabelling() const { return m_labelling; }
+    void SetLabelling(TLabelBehaviour value) { m_labelling = value; }
+    std::string GetBaselineRootName() const { return m_baselineRootName; }
+    void SetBaselineRootName(const std::string& value) { m_baselineRootName = value; }
+    bool GetUseBaselineNameTemplate() const { return m_useBaselineNameTemplate; }
+    void SetUseBaselineNameTemplate(bool value) { m_useBaselineNameTemplate = value; }
+    TSelectionType GetSelectionType() const { return m_selectionType; }
+    void SetSelectionType(TSelectionType value) { m_selectionType = value; }
 
 private:
     bool m_selectIdenticalComponents = false;

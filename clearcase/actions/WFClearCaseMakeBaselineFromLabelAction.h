@@ -14,6 +14,8 @@ public:
     /// run), the label type operand.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetSpecifyComponents() const { return m_specifyComponents; }
+    void SetSpecifyComponents(bool value) { m_specifyComponents = value; }
 
 private:
     bool m_specifyComponents = false;

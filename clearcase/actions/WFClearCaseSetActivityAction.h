@@ -13,6 +13,8 @@ public:
     /// Sub-command, comment, then "-none" or the activity operand; every step runs.
     bool GetCommandLine(ICommandLineBuilder& builder) override;
 
+    bool GetSetActivityToNone() const { return m_setActivityToNone; }
+    void SetSetActivityToNone(bool value) { m_setActivityToNone = value; }
 
 private:
     bool m_setActivityToNone = false;

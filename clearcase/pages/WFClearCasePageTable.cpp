@@ -1,5 +1,6 @@
 #include "pages/WFClearCasePageTable.h"
 
+#include "pages/WFClearCaseActivitySelectorFrame.h"
 #include "pages/WFClearCaseApplyAttributeFrame.h"
 #include "pages/WFClearCaseApplyAttributeObjectsFrame.h"
 #include "pages/WFClearCaseApplyAttributePathNamesFrame.h"
@@ -10,8 +11,12 @@
 #include "pages/WFClearCaseExtendedPathNameFrame.h"
 #include "pages/WFClearCaseFindCheckoutsFrame.h"
 #include "pages/WFClearCaseGetConfigSpecFrame.h"
+#include "pages/WFClearCaseMakeActivityFrame.h"
 #include "pages/WFClearCaseMakeAttributeTypeFrame.h"
 #include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
+#include "pages/WFClearCaseMakeBaselineFrame.h"
+#include "pages/WFClearCaseMakeBaselineFromLabelFrame.h"
+#include "pages/WFClearCaseMakeBaseLineLabelFrame.h"
 #include "pages/WFClearCaseObjectSelectorFrame.h"
 #include "pages/WFClearCaseOptionsFrame.h"
 #include "pages/WFClearCaseSetConfigSpecFrame.h"
@@ -58,6 +63,11 @@ const TClearCasePageMaker kPages[] = {
     {"TClearCaseLockFrame", WFMakePage<TClearCaseLockFrame>},
     {"TClearCaseMkLbTypeFrame", WFMakePage<TClearCaseMkLbTypeFrame>},
     {"TClearCaseApplyLabelFrame", WFMakePage<TClearCaseApplyLabelFrame>},
+    {"TClearCaseActivitySelectorFrame", WFMakePage<TClearCaseActivitySelectorFrame>},
+    {"TClearCaseMakeActivityFrame", WFMakePage<TClearCaseMakeActivityFrame>},
+    {"TClearCaseMakeBaselineFrame", WFMakePage<TClearCaseMakeBaselineFrame>},
+    {"TClearCaseMakeBaseLineLabelFrame", WFMakePage<TClearCaseMakeBaseLineLabelFrame>},
+    {"TClearCaseMakeBaselineFromLabelFrame", WFMakePage<TClearCaseMakeBaselineFromLabelFrame>},
 };
 
 } // namespace

@@ -1,0 +1,251 @@
+// The pages that choose or make a UCM activity, and the VOB lists of the UCM pages.
+#include "PageCase.h"
+#include "PageHarness.h"
+
+#include "actions/WFClearCaseCheckInActivityAction.h"
+#include "actions/WFClearCaseMakeActivityAction.h"
+#include "actions/WFClearCaseMakeBaselineFromLabelAction.h"
+#include "actions/WFClearCaseSetActivityAction.h"
+#include "FakeCleartool.h"
+
+#include <QComboBox>
+#include <QRadioButton>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+
+using namespace wfpage;
+
+namespace {
+
+std::string text(QComboBox* combo)
+{
+    return combo->currentText().toStdString();
+}
+
+// ---- Activity selector ----
+
+using wfpage::PageCase;
+using wfpage::Shown;
+
+const char* const kUseCurrent = "Use the Current Activity for the view";
+const char* const kSetNone = "Set Current Activity to None (-none)";
+
+class ActivitySelectorPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(ActivitySelectorPage, RoundTrip)
+{
+    runPageCase<TClearCaseCheckInActivityAction>("TClearCaseActivitySelectorFrame", "Activity", GetParam());
+}
+
+const PageCase kSelectorRows[] = {
+    {.name = "CurrentActivityDisablesCombosButKeepsNameAndVob",
+     .given = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = {},
+     .shown = {{"btnCurrentActivity", true, {}, kUseCurrent},
+               {"txtActivityName", {}, false, "fix1"},
+               {"txtVOBSelector", {}, false, "/vobs/pvob"}},
+     .stored = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}}},
+    {.name = "NamedActivityOpensEnabled",
+     .given = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = steps({{"txtActivityName", "fix 2"}}),
+     .shown = {{"btnCustomActivity", true}, {"txtActivityName", {}, true}, {"txtVOBSelector", {}, true}},
+     .stored = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix 2"}, {"VOBSelector", "/vobs/pvob"}}},
+    {.name = "ClickingCurrentDisablesCombos",
+     .given = {{"ActivityName", "fix1"}},
+     .steps = clicks({"btnCurrentActivity"}),
+     .shown = {{"btnCustomActivity", false}, {"txtActivityName", {}, false}, {"txtVOBSelector", {}, false}},
+     .stored = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}}},
+    {.name = "ClickingCustomEnablesCombos",
+     .given = {{"UseCurrentActivity", "True"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = steps({{"btnCustomActivity"}, {"txtActivityName", "fix3"}}),
+     .shown = {{"btnCurrentActivity", false}, {"txtActivityName", {}, true}, {"txtVOBSelector", {}, true}},
+     .stored = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix3"}, {"VOBSelector", "/vobs/pvob"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, ActivitySelectorPage, ::testing::ValuesIn(kSelectorRows), wfpage::pageCaseName);
+
+/// On the set-activity action the first choice means no current activity at all.
+class SetActivitySelectorPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(SetActivitySelectorPage, RoundTrip)
+{
+    runPageCase<TClearCaseSetActivityAction>("TClearCaseActivitySelectorFrame", "Activity", GetParam());
+}
+
+const PageCase kSetActivityRows[] = {
+    {.name = "ChoosingNoneLeavesUseCurrentAlone",
+     .given = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix1"}},
+     .steps = clicks({"btnCurrentActivity"}),
+     .shown = {{"btnCurrentActivity", true, {}, kSetNone}, {"txtActivityName", {}, false}},
+     .stored = {{"SetActivityToNone", "True"}, {"UseCurrentActivity", "False"}, {"ActivityName", "fix1"}}},
+    {.name = "OpensFromTheNoneFlagNotUseCurrent",
+     .given = {{"UseCurrentActivity", "True"}, {"SetActivityToNone", "False"}, {"ActivityName", "fix1"}},
+     .steps = {},
+     .shown = {{"btnCustomActivity", true}, {"txtActivityName", {}, true, "fix1"}},
+     .stored = {{"SetActivityToNone", "False"}, {"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}}},
+    {.name = "NoneOpensDisabled",
+     .given = {{"SetActivityToNone", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = {},
+     .shown = {{"btnCurrentActivity", true, {}, kSetNone}, {"txtVOBSelector", {}, false, "/vobs/pvob"}},
+     .stored = {{"SetActivityToNone", "True"}, {"UseCurrentActivity", "False"}, {"VOBSelector", "/vobs/pvob"}}},
+    {.name = "ChoosingNamedClearsNone",
+     .given = {{"SetActivityToNone", "True"}, {"UseCurrentActivity", "True"}},
+     .steps = clicks({"btnCustomActivity"}),
+     .shown = {{"txtActivityName", {}, true}},
+     .stored = {{"SetActivityToNone", "False"}, {"UseCurrentActivity", "True"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, SetActivitySelectorPage, ::testing::ValuesIn(kSetActivityRows), wfpage::pageCaseName);
+
+/// The activity list asks the view the page shows, and only a view that is there.
+class ActivitySelectorQueries : public ::testing::Test {
+protected:
+    wftest::FakeCleartool cleartool;
+    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
+    std::string view = cleartool.temp().path() + "/views/dev";
+    TClearCaseCheckInActivityAction action;
+
+    void SetUp() override
+    {
+        std::filesystem::create_directories(view);
+        cleartool.respond("lsstream -long -cview",
+                          "stream \"dev\"\n  contains activities:\n    fix2@/vobs/pvob\n    fix1@/vobs/pvob\n  views:\n");
+        action.SetUseDefaultViewContext(false);
+        action.SetViewContextPath(view);
+    }
+};
+
+TEST_F(ActivitySelectorQueries, ActivityListAsksTheViewOnEveryDropDown)
+{
+    OpenPage page("TClearCaseActivitySelectorFrame", action);
+    auto* name = page.control<QComboBox>("txtActivityName");
+    type(name, "typed");
+    dropDown(name);
+    dropDown(name);
+    EXPECT_EQ(items(name), QStringList({"fix1@/vobs/pvob", "fix2@/vobs/pvob"}));
+    EXPECT_EQ(text(name), "typed");
+    const std::string query = view + "|lsstream -long -cview";
+    EXPECT_EQ(cleartool.calls(), std::vector<std::string>({query, query}));
+}
+
+TEST_F(ActivitySelectorQueries, MissingDefaultViewKeepsTheListAndAsksNothing)
+{
+    cleartool.options().SetDefaultViewPath(cleartool.temp().path() + "/views/gone");
+    OpenPage page("TClearCaseActivitySelectorFrame", action);
+    auto* name = page.control<QComboBox>("txtActivityName");
+    click(page.control<QRadioButton>("btnDefaultView"));
+    dropDown(name);
+    EXPECT_TRUE(items(name).isEmpty());
+    EXPECT_TRUE(cleartool.calls().empty());
+    click(page.control<QRadioButton>("btnCustomView"));
+    dropDown(name);
+    click(page.control<QRadioButton>("btnDefaultView"));
+    dropDown(name);
+    EXPECT_EQ(items(name), QStringList({"fix1@/vobs/pvob", "fix2@/vobs/pvob"}));
+    EXPECT_EQ(cleartool.calls().size(), 1u);
+}
+
+// ---- Make activity ----
+
+class MakeActivityPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(MakeActivityPage, RoundTrip)
+{
+    runPageCase<TClearCaseMakeActivityAction>("TClearCaseMakeActivityFrame", "Activity", GetParam());
+}
+
+const wfpage::Properties kCustomView = {{"UseDefaultViewContext", "False"}, {"ViewContextPath", "/views/dev"}};
+
+// Choosing the generated name leaves the name and VOB to edit, and the name is stored.
+const PageCase kMakeActivityRows[] = {
+    {.name = "GeneratedNameKeepsStoredName",
+     .given = {{"AutoGenerateName", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .steps = {},
+     .shown = {{"btnGenerateName", true}, {"btnCustomName", false}, {"txtActivityName", {}, true, "fix1"},
+               {"txtVOBSelector", {}, true, "/vobs/pvob"}},
+     .stored = {{"AutoGenerateName", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}}},
+    {.name = "GivenNameHeadlineAndNSetTyped",
+     .given = kCustomView,
+     .steps = steps({{"txtActivityName", "fix 2"}, {"txtVOBSelector", "/vobs/pvob"}, {"txtHeadline", "Fix build"},
+                     {"boxNSet"}}),
+     .shown = {{"btnCustomName", true}, {"boxNSet", true}},
+     .stored = {{"AutoGenerateName", "False"}, {"ActivityName", "fix 2"}, {"VOBSelector", "/vobs/pvob"},
+                {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}, {"ViewContextPath", "/views/dev"},
+                {"UseDefaultViewContext", "False"}}},
+    {.name = "ChoosingGeneratedStoresTypedNameToo",
+     .given = {{"ActivityName", "fix1"}},
+     .steps = steps({{"btnGenerateName"}, {"txtActivityName", "other"}}),
+     .shown = {{"btnCustomName", false}, {"txtActivityName", {}, true}},
+     .stored = {{"AutoGenerateName", "True"}, {"ActivityName", "other"}}},
+    {.name = "StoredHeadlineAndNSetShown",
+     .given = {{"AutoGenerateName", "True"}, {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}},
+     .steps = clicks({"btnCustomName"}),
+     .shown = {{"txtHeadline", {}, true, "Fix build"}, {"boxNSet", true}, {"btnGenerateName", false}},
+     .stored = {{"AutoGenerateName", "False"}, {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}}},
+    {.name = "ClearingHeadlineAndNSet",
+     .given = {{"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}},
+     .steps = steps({{"txtHeadline", ""}, {"boxNSet"}}),
+     .shown = {{"boxNSet", false}},
+     .stored = {{"Headline", ""}, {"DontSetAsCurrent", "False"}}},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, MakeActivityPage, ::testing::ValuesIn(kMakeActivityRows), wfpage::pageCaseName);
+
+// ---- VOB lists ----
+
+struct VobListCase {
+    const char* name;
+    const char* pageClass;
+    std::unique_ptr<TClearCaseBaseAction> (*make)();
+    const char* control;
+    const char* lsvobOutput;
+    size_t expectQueries; // after two drop-downs
+};
+
+void PrintTo(const VobListCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+template <typename T>
+std::unique_ptr<TClearCaseBaseAction> makeAction()
+{
+    return std::make_unique<T>();
+}
+
+class VobList : public ::testing::TestWithParam<VobListCase> {};
+
+TEST_P(VobList, QueriesAsOftenAsThePageWants)
+{
+    const VobListCase& c = GetParam();
+    wftest::FakeCleartool cleartool;
+    cleartool.respond("lsvob -short", c.lsvobOutput);
+    auto action = c.make();
+    action->SetVOBSelector("/vobs/typed");
+    OpenPage page(c.pageClass, *action);
+    auto* list = page.control<QComboBox>(c.control);
+    dropDown(list);
+    dropDown(list);
+    QStringList expected = QString(c.lsvobOutput).split('\n');
+    expected.removeLast();
+    EXPECT_EQ(items(list), expected);
+    EXPECT_EQ(text(list), "/vobs/typed");
+    EXPECT_EQ(cleartool.calls(), std::vector<std::string>(c.expectQueries, cleartool.folder() + "|lsvob -short"));
+}
+
+const VobListCase kVobListCases[] = {
+    {"SelectorAsksOnce", "TClearCaseActivitySelectorFrame", makeAction<TClearCaseSetActivityAction>, "txtVOBSelector",
+     "/vobs/a\n/vobs/pvob\n", 1},
+    {"SelectorAsksAgainAfterNoVobs", "TClearCaseActivitySelectorFrame", makeAction<TClearCaseSetActivityAction>,
+     "txtVOBSelector", "", 2},
+    {"SelectorAsksAgainAfterBlankFirstVob", "TClearCaseActivitySelectorFrame", makeAction<TClearCaseSetActivityAction>,
+     "txtVOBSelector", "\n/vobs/pvob\n", 2},
+    {"MakeActivityAsksOnce", "TClearCaseMakeActivityFrame", makeAction<TClearCaseMakeActivityAction>, "txtVOBSelector",
+     "/vobs/pvob\n", 1},
+    {"FromLabelAsksEveryTime", "TClearCaseMakeBaselineFromLabelFrame", makeAction<TClearCaseMakeBaselineFromLabelAction>,
+     "txtVOB", "/vobs/a\n/vobs/b\n", 2},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, VobList, ::testing::ValuesIn(kVobListCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+} // namespace
