@@ -31,7 +31,9 @@ QWidget* unavailablePage(const std::string& reason)
     auto* page = new QWidget;
     page->setObjectName("pageNotAvailable");
     auto* layout = new QVBoxLayout(page);
-    auto* label = new QLabel(QObject::tr("<b>Page not available</b><p>%1</p>").arg(QString::fromStdString(reason).toHtmlEscaped()));
+    auto* label = new QLabel(QObject::tr("<b>Page not available</b><p>%1.</p><p>The package registered this page, but the "
+                                         "installed package cannot show it. The other tabs still edit the action.</p>")
+                                 .arg(QString::fromStdString(reason).toHtmlEscaped()));
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignCenter);
     layout->addWidget(label);
@@ -114,6 +116,7 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent)
     connect(buttons, &QDialogButtonBox::rejected, this, &TActionDialog::reject);
     connect(buttons, &QDialogButtonBox::helpRequested, this, &TActionDialog::showHelp);
     layout->addWidget(buttons);
+    resize(760, 480);
 }
 
 TActionDialog::~TActionDialog() = default;

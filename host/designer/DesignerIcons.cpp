@@ -2,7 +2,9 @@
 
 #include "WFPluginLoader.h"
 
+#include <QBitmap>
 #include <QHash>
+#include <QImage>
 #include <QObject>
 #include <QPainter>
 #include <QPixmap>
@@ -42,8 +44,14 @@ QIcon packageIcon(const std::string& resourceName)
         return *found;
     QPixmap pixmap;
     const std::string bytes = WFFindPackageResource(resourceName);
-    if (bytes.empty() || !pixmap.loadFromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<uint>(bytes.size()), "BMP"))
+    QImage image;
+    if (bytes.empty() || !image.loadFromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "BMP")) {
         pixmap = placeholder();
+    } else {
+        // Package bitmaps have no alpha channel: the bottom-left pixel's colour is the transparent one.
+        pixmap = QPixmap::fromImage(image);
+        pixmap.setMask(pixmap.createMaskFromColor(image.pixelColor(0, image.height() - 1), Qt::MaskInColor));
+    }
     // Loaded packages stay loaded: an icon once found stays right.
     const QIcon icon(pixmap);
     if (!bytes.empty())

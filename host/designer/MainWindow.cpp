@@ -176,6 +176,7 @@ void TMainWindow::createCatalogue()
     dock->setWidget(panel);
     dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
     addDockWidget(Qt::LeftDockWidgetArea, dock);
+    resizeDocks({dock}, {300}, Qt::Horizontal);
     connect(m_filter, &QLineEdit::textChanged, this, &TMainWindow::filterCatalogue);
     connect(m_catalogue, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
         if (const QVariant typeId = item->data(0, kTypeIdRole); !typeId.isNull())

@@ -40,7 +40,8 @@ TOptionsDialog::TOptionsDialog(QWidget* parent) : QDialog(parent), m_tabs(new QT
             IWFOptionsPage* page = widget ? WFOptionsPageOf(widget) : nullptr;
             if (!page) {
                 delete widget;
-                auto* label = new QLabel(tr("<b>Page not available</b><p>%1</p>")
+                auto* label = new QLabel(tr("<b>Page not available</b><p>%1.</p><p>The package registered this page, but the installed "
+                                                "package cannot show it.</p>")
                                              .arg(QString::fromStdString(error.empty() ? pageClass.className + " is no options page" : error)
                                                       .toHtmlEscaped()));
                 label->setObjectName("pageNotAvailable");
@@ -72,6 +73,7 @@ TOptionsDialog::TOptionsDialog(QWidget* parent) : QDialog(parent), m_tabs(new QT
     connect(buttons, &QDialogButtonBox::accepted, this, &TOptionsDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &TOptionsDialog::reject);
     layout->addWidget(buttons);
+    resize(620, 460);
 }
 
 TOptionsDialog::~TOptionsDialog() = default;

@@ -75,7 +75,7 @@ QVariant TProjectModel::data(const QModelIndex& index, int role) const
         return {};
     case TimeColumn:
         if (role == Qt::DisplayRole && run.seconds >= 0)
-            return QString::number(run.seconds, 'f', 1) + " s";
+            return QString::number(run.seconds, 'f', run.seconds < 10 ? 2 : 1) + " s";
         if (role == Qt::TextAlignmentRole)
             return int(Qt::AlignRight | Qt::AlignVCenter);
         return {};
