@@ -91,6 +91,15 @@ void closeMessageBox(QWidget* modal, QString* text = nullptr)
     box->button(QMessageBox::Ok) ? box->button(QMessageBox::Ok)->click() : box->reject();
 }
 
+/// A table row's name as gtest accepts it.
+std::string testName(std::string name)
+{
+    for (char& c : name)
+        if (!std::isalnum(static_cast<unsigned char>(c)))
+            c = '_';
+    return name;
+}
+
 class DesignerWindow : public ::testing::Test {
 protected:
     void SetUp() override
@@ -146,6 +155,11 @@ struct CommandLineRow {
     std::string errorPiece;
 };
 
+void PrintTo(const CommandLineRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 class DesignerCommandLine : public ::testing::TestWithParam<CommandLineRow> {};
 
 TEST_P(DesignerCommandLine, Parses)
@@ -178,13 +192,7 @@ INSTANTIATE_TEST_SUITE_P(
         CommandLineRow{"plugin with empty value", {"--plugin", ""}, false, "", "", {}, false, false, "--plugin needs a value"},
         CommandLineRow{"unknown option", {"--colour"}, false, "", "", {}, false, false, "unknown option \"--colour\""},
         CommandLineRow{"two projects", {"a.wfp", "b.wfp"}, false, "", "", {}, false, false, "\"b.wfp\""}),
-    [](const auto& info) {
-        std::string name = info.param.name;
-        for (char& c : name)
-            if (!std::isalnum(static_cast<unsigned char>(c)))
-                c = '_';
-        return name;
-    });
+    [](const auto& info) { return testName(info.param.name); });
 
 TEST(DesignerProgram, HelpAndVersionNeedNoDisplay)
 {
@@ -288,6 +296,11 @@ struct EditRow {
     std::function<void(TMainWindow&)> check;
 };
 
+void PrintTo(const EditRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 class ProjectEdits : public DesignerWindow, public ::testing::WithParamInterface<EditRow> {};
 
 TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
@@ -372,13 +385,7 @@ INSTANTIATE_TEST_SUITE_P(
                     const auto names = WFDesignApplicationServices().GetVariableNames();
                     EXPECT_EQ(names, (std::vector<std::string>{"VIEW", "BUILD", "VOB", "PVOB", "CHECKOUTS", "TARGET"}));
                 }}),
-    [](const auto& info) {
-        std::string name = info.param.name;
-        for (char& c : name)
-            if (!std::isalnum(static_cast<unsigned char>(c)))
-                c = '_';
-        return name;
-    });
+    [](const auto& info) { return testName(info.param.name); });
 
 TEST_F(DesignerWindow, VariableRowsThatCannotBeKeptAreNamed)
 {
@@ -610,6 +617,11 @@ struct RunRow {
     QStringList errorLines;
 };
 
+void PrintTo(const RunRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 class ProjectRuns : public DesignerWindow, public ::testing::WithParamInterface<RunRow> {};
 
 TEST_P(ProjectRuns, ShowStatusesAndTheLog)
@@ -649,13 +661,7 @@ INSTANTIATE_TEST_SUITE_P(
                {S::Succeeded}, {"Dry run succeeded"}, {"ran\n"}, {}},
         RunRow{"from the selected action", logAction("before") + logAction("after"), 1, false, 0,
                {S::None, S::Succeeded}, {"after", "[1/1]"}, {"before"}, {}}),
-    [](const auto& info) {
-        std::string name = info.param.name;
-        for (char& c : name)
-            if (!std::isalnum(static_cast<unsigned char>(c)))
-                c = '_';
-        return name;
-    });
+    [](const auto& info) { return testName(info.param.name); });
 
 TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
 {
