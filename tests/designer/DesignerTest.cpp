@@ -14,6 +14,7 @@
 #include "WFTestSupport.h"
 
 #include "WFIniFile.h"
+#include "WFPluginLoader.h"
 #include "WFServices.h"
 
 #include <QAction>
@@ -38,6 +39,7 @@
 #include <gtest/gtest.h>
 
 #include <signal.h>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -211,6 +213,35 @@ TEST(DesignerProgram, HelpAndVersionNeedNoDisplay)
         const auto run = wftest::runProgram(request);
         EXPECT_EQ(run.status, row.status) << row.argument << run.err;
         EXPECT_NE((run.out + run.err).find(row.piece), std::string::npos) << row.argument << ": " << run.out << run.err;
+    }
+}
+
+// --- package icons -----------------------------------------------------------------------
+
+TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
+{
+    designertest::loadPackages();
+    struct Row {
+        std::string name;
+        bool carried;
+    };
+    const QImage placeholder = packageIcon("NO_SUCH_RESOURCE").pixmap(16, 16).toImage();
+    for (const Row& row : {Row{"CC_CHECKOUT", true}, Row{"UCM_MAKEBL_LABEL", true}, Row{"CC_LOGO", true},
+                           Row{"WF_LOGMESSAGE", false}, Row{"", false}, Row{"cc_checkout", false}}) {
+        const std::string bytes = WFFindPackageResource(row.name);
+        EXPECT_EQ(!bytes.empty(), row.carried) << row.name;
+        const QImage icon = packageIcon(row.name).pixmap(16, 16).toImage();
+        EXPECT_EQ(icon.size(), QSize(16, 16)) << row.name;
+        if (!row.carried) {
+            EXPECT_EQ(icon, placeholder) << row.name;
+            continue;
+        }
+        EXPECT_EQ(bytes.substr(0, 2), "BM") << row.name;
+        EXPECT_NE(icon, placeholder) << row.name;
+        // The bottom-left pixel's colour is the bitmap's background: see-through in the icon.
+        EXPECT_EQ(icon.pixelColor(0, 15).alpha(), 0) << row.name;
+        EXPECT_TRUE(std::any_of(icon.constBits(), icon.constBits() + icon.sizeInBytes(), [](uchar b) { return b != 0; }))
+            << row.name;
     }
 }
 
@@ -565,6 +596,21 @@ TEST_F(DesignerWindow, F1OpensThePackageHelpAtTheActionsTopicAndAboutListsThePac
         EXPECT_TRUE(browser->source().path().endsWith("ClearCase.html"));
         EXPECT_FALSE(browser->toPlainText().isEmpty());
     }
+    // F1 in an action's dialog opens the same topic.
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (top->objectName() == "helpViewer")
+            top->close();
+    QString topicFromDialog;
+    whenModal([&](QWidget* dialog) {
+        QTest::keyClick(dialog, Qt::Key_F1);
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->objectName() == "helpViewer" && top->isVisible())
+                topicFromDialog = top->findChild<QTextBrowser*>("helpBrowser")->source().fragment();
+        clickButton(dialog, QDialogButtonBox::Cancel);
+    });
+    window->editAction(4);
+    EXPECT_EQ(topicFromDialog, "4460");
+
     QString about;
     whenModal([&](QWidget* box) { closeMessageBox(box, &about); });
     window->showAbout();
