@@ -42,8 +42,8 @@ QWidget* unavailablePage(const std::string& reason)
 
 } // namespace
 
-TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent)
-    : QDialog(parent), m_action(cloneAction(action)), m_tabs(new QTabWidget(this)), m_description(new QLineEdit),
+TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWFActionHost* validationHost)
+    : QDialog(parent), m_action(cloneAction(action)), m_validationHost(validationHost), m_tabs(new QTabWidget(this)), m_description(new QLineEdit),
       m_enabled(new QCheckBox(tr("Enabled: the action runs with the project")))
 {
     setObjectName("actionDialog");
@@ -140,9 +140,9 @@ void TActionDialog::accept()
     edited->SetDescription(m_description->text().toStdString());
     edited->SetEnabled(m_enabled->isChecked());
 
-    TWFActionHost host;
-    host.functions = WFScriptingServices().Resolver();
-    edited->SetHost(&host);
+    TWFActionHost bareHost;
+    bareHost.functions = WFScriptingServices().Resolver();
+    edited->SetHost(m_validationHost ? m_validationHost : &bareHost);
     bool ok = false;
     const auto errors = validateActionErrors(*edited, ok);
     edited->SetHost(nullptr);

@@ -18,7 +18,8 @@ class QTabWidget;
 class TActionDialog final : public QDialog {
     Q_OBJECT
 public:
-    TActionDialog(const TCustomWFAction& action, QWidget* parent = nullptr);
+    /// validationHost: what Validate sees on OK (the project's variables and folder); a bare host when null.
+    TActionDialog(const TCustomWFAction& action, QWidget* parent = nullptr, TWFActionHost* validationHost = nullptr);
     ~TActionDialog() override;
 
     /// The edited copy, after the dialog was accepted.
@@ -37,6 +38,7 @@ private:
 
     std::unique_ptr<TCustomWFAction> m_action;
     std::unique_ptr<TCustomWFAction> m_result;
+    TWFActionHost* m_validationHost;
     QTabWidget* m_tabs;
     QLineEdit* m_description;
     QCheckBox* m_enabled;

@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -537,7 +538,10 @@ bool TMainWindow::editAction(int row, const QString& page)
 {
     if (row < 0 || row >= m_model->rowCount() || m_runner->isRunning())
         return false;
-    TActionDialog dialog(*m_document->project().actions[row], this);
+    TWFBuildVariables variables;
+    m_document->project().DefineVariables(variables);
+    TWFActionHost host = validationHost(variables);
+    TActionDialog dialog(*m_document->project().actions[row], this, &host);
     if (!page.isEmpty())
         dialog.showPage(page);
     if (dialog.exec() != QDialog::Accepted)
@@ -695,10 +699,7 @@ int TMainWindow::validateProject()
         return -1;
     TWFBuildVariables variables;
     project.DefineVariables(variables);
-    TWFActionHost host;
-    host.variables = &variables;
-    host.defaultStartingDir = QFileInfo(m_document->path()).absolutePath().toStdString();
-    host.functions = WFScriptingServices().Resolver();
+    TWFActionHost host = validationHost(variables);
     int invalid = 0;
     const std::size_t checked = ::validateProject(project, host, [&](const TActionValidation& action) {
         ++invalid;
@@ -722,6 +723,16 @@ int TMainWindow::validateProject()
     if (!invalid)
         new QTreeWidgetItem(m_problems, {tr("All %1 enabled actions are valid.").arg(checked)});
     return invalid;
+}
+
+TWFActionHost TMainWindow::validationHost(TWFBuildVariables& variables) const
+{
+    TWFActionHost host;
+    host.variables = &variables;
+    host.defaultStartingDir = m_document->path().isEmpty() ? QDir::currentPath().toStdString()
+                                                           : QFileInfo(m_document->path()).absolutePath().toStdString();
+    host.functions = WFScriptingServices().Resolver();
+    return host;
 }
 
 void TMainWindow::openProblem(QTreeWidgetItem* item)

@@ -21,6 +21,8 @@ class QTreeWidgetItem;
 class TDesignerDocument;
 class TProjectModel;
 class TRunController;
+class TWFActionHost;
+class TWFBuildVariables;
 
 /// The designer's window: the catalogue on the left, the project's actions in the middle, the
 /// build log and the validation results below.
@@ -86,6 +88,8 @@ private:
     void runFinished(int status);
     void showActionHelp();
     void openProblem(QTreeWidgetItem* item);
+    /// What validation runs with, as `wfbuild validate` gives it: the project's variables and folder.
+    TWFActionHost validationHost(TWFBuildVariables& variables) const;
 
     QSettings* m_settings;
     TDesignerDocument* m_document;
