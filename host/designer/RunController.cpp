@@ -136,6 +136,9 @@ bool TRunController::start(const std::string& projectText, const QString& projec
                                     emit actionFinished(row, status, seconds, message);
                                 });
                             }});
+    // Relative paths in actions (an output file) mean what they mean to `wfbuild run` started in
+    // the project's folder, not wherever the designer was started.
+    QDir::setCurrent(QString::fromStdString(run->settings.projectDirectory));
     TRun* raw = run.get();
     run->thread = QThread::create([raw] {
         raw->status = raw->runner.Run(raw->project, raw->variables, raw->settings);

@@ -52,7 +52,8 @@ int main(int argc, char** argv)
         std::cerr << "usage: wf_designer_screenshots OUTPUT-FOLDER\n";
         return 2;
     }
-    const QString folder = QString::fromLocal8Bit(argv[1]);
+    // Absolute: a run moves into the project's folder.
+    const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
     QDir().mkpath(folder);
 
     e2e::ClearCaseWorld world;

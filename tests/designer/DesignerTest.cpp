@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -106,6 +107,7 @@ class DesignerWindow : public ::testing::Test {
 protected:
     void SetUp() override
     {
+        m_startFolder = QDir::currentPath();
         designertest::loadPackages();
         SetWFConfigDirectory(m_config.path());
         window = std::make_unique<TMainWindow>(QString::fromStdString(m_config.file("wfdesigner.ini")));
@@ -116,6 +118,8 @@ protected:
         window->document().undoStack().setClean();
         window.reset();
         SetWFConfigDirectory("");
+        // A run moves into its project's folder, which this test's temporary folder may have been.
+        QDir::setCurrent(m_startFolder);
     }
 
     /// A copy of an example, opened.
@@ -139,6 +143,7 @@ protected:
         return found.isEmpty() ? nullptr : found.first();
     }
 
+    QString m_startFolder;
     wftest::TempDir m_config;
     std::unique_ptr<TMainWindow> window;
 };
@@ -764,6 +769,8 @@ TEST_F(DesignerWindow, RunsTheReleaseDemoAgainstTheSimulator)
     for (int row = 0; row < 17; ++row)
         EXPECT_FALSE(window->model().data(window->model().index(row, TProjectModel::TimeColumn), Qt::DisplayRole).toString().isEmpty());
     e2e::expectLooks(world, {{"vobs/main", {"lstype", "-kind", "lbtype", "-short"}, {"REL_1"}}});
+    // The config spec's relative output file is written beside the project, as wfbuild run there writes it.
+    EXPECT_TRUE(std::filesystem::exists(world.dir() + "/release-configspec.txt"));
     WFOptionsServices().Load(m_config.file("none.ini"), error);
 }
 
