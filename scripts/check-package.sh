@@ -92,6 +92,16 @@ actions=$(wfbuild actions) || fail "wfbuild actions failed"
 count=$(awk -F'\t' '$3 == "ClearCase"' <<<"$actions" | wc -l)
 if [ "$count" -eq 24 ]; then pass "wfbuild actions lists the 24 ClearCase actions"; else fail "wfbuild actions lists $count ClearCase actions, not 24"; fi
 
+# The designer answers --help and --version before it needs a display, as a build agent's man-db does.
+if [ -x "$PREFIX/bin/wfdesigner" ]; then
+  designer_version=$(env -u DISPLAY -u WAYLAND_DISPLAY QT_QPA_PLATFORM=none "$PREFIX/bin/wfdesigner" --version 2>&1) || true
+  if [ "$designer_version" = "wfdesigner $VERSION" ]; then pass "wfdesigner --version without a display"; else fail "wfdesigner --version says \"$designer_version\""; fi
+  page="$PREFIX/share/man/man1/wfdesigner.1.gz"
+  if zcat "$page" 2>/dev/null | grep -q -- "--config-dir"; then pass "man page wfdesigner(1)"; else fail "man page $page is missing or lacks --config-dir"; fi
+else
+  fail "the designer package holds no wfdesigner"
+fi
+
 demo_out="$WORK/demo.out"
 if bash "$ROOT/scripts/run-demo.sh" --prefix "$PREFIX" --work-dir "$WORK/demo" >"$demo_out" 2>&1; then
   for expected in "label type   REL_42 (locked)" "version.h    BuildNumber = 42" "baselines    REL_42_BL"; do

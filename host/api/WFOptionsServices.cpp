@@ -94,6 +94,14 @@ std::vector<TWFPageClass> TWFOptionsServices::PagesOf(const std::string& classNa
     return found ? found->pages : std::vector<TWFPageClass>{};
 }
 
+std::vector<TWFPageClass> TWFOptionsServices::PagesFor(const TWFOptionsObject& options) const
+{
+    for (const auto& entry : m_entries)
+        if (entry.instance.get() == &options)
+            return entry.pages;
+    return {};
+}
+
 bool TWFOptionsServices::Load(const std::string& iniPath, std::string& error)
 {
     std::string bytes;

@@ -26,6 +26,8 @@ public:
     std::vector<TWFOptionsObject*> AllOptions() const;
     std::string IconOf(const TWFOptionsObject& options) const;
     std::vector<TWFPageClass> PagesOf(const std::string& className) const;
+    /// The pages registered for the class of a live instance.
+    std::vector<TWFPageClass> PagesFor(const TWFOptionsObject& options) const;
 
     /// Loads every live instance from `options.ini` (a missing file is an empty store).
     /// False with a reason when the file exists but cannot be read.

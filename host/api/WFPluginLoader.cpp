@@ -26,6 +26,7 @@ struct TRegistration {
     std::string path;
     TWFRegisterFunction entry;
     bool pages;
+    TWFResourceFunction resources;
 };
 
 std::vector<TRegistration>& registrations()
@@ -87,7 +88,8 @@ bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& erro
     {
         std::lock_guard lock(loadedMutex());
         loaded().push_back({canonical, description ? description : ""});
-        registrations().push_back({canonical, entry, registerPages});
+        registrations().push_back({canonical, entry, registerPages,
+                                   reinterpret_cast<TWFResourceFunction>(library.resolve(kWFResourceSymbol))});
     }
     entry(registerPages);
     return true;
@@ -110,4 +112,21 @@ std::vector<std::string> WFListPlugins(const std::string& directory)
         if (QLibrary::isLibrary(name))
             result.push_back(dir.filePath(name).toStdString());
     return result;
+}
+
+std::string WFFindPackageResource(const std::string& name)
+{
+    std::vector<TWFResourceFunction> sources;
+    {
+        std::lock_guard lock(loadedMutex());
+        for (const auto& registration : registrations())
+            if (registration.resources)
+                sources.push_back(registration.resources);
+    }
+    for (const auto source : sources) {
+        std::size_t size = 0;
+        if (const unsigned char* data = source(name.c_str(), &size); data && size)
+            return std::string(reinterpret_cast<const char*>(data), size);
+    }
+    return {};
 }

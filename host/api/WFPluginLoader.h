@@ -2,6 +2,7 @@
 
 #include "WFExport.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,11 @@ inline constexpr const char* kWFRegisterSymbol = "WFRegister";
 /// Optional: what a host shows for the package in its list of plug-ins.
 using TWFDescriptionFunction = const char* (*)();
 inline constexpr const char* kWFDescriptionSymbol = "WFPackageDescription";
+
+/// Optional: the bytes of a resource the package carries (a bitmap named by an action's type ID
+/// is a whole .bmp file), or nullptr when it has none of that name.
+using TWFResourceFunction = const unsigned char* (*)(const char* name, std::size_t* size);
+inline constexpr const char* kWFResourceSymbol = "WFPackageResource";
 
 /// A loaded package: its file and the description it gives (empty when it gives none).
 struct WF_API TWFLoadedPlugin {
@@ -29,3 +35,6 @@ WF_API std::vector<std::string> WFListPlugins(const std::string& directory);
 
 /// The packages loaded so far, in load order.
 WF_API std::vector<TWFLoadedPlugin> WFLoadedPlugins();
+
+/// The bytes of the named resource from the first loaded package that has one; empty when none has.
+WF_API std::string WFFindPackageResource(const std::string& name);

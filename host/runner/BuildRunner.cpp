@@ -16,9 +16,9 @@ class TCollectedErrors final : public IWFActionValidationError {
 public:
     void AddError(const std::string& location, const std::string& message) override
     {
-        lines.push_back(location.empty() ? message : location + ": " + message);
+        errors.push_back({location, message});
     }
-    std::vector<std::string> lines;
+    std::vector<TValidationError> errors;
 };
 
 std::string failureReason(const TCustomWFAction& action)
@@ -50,13 +50,45 @@ std::string actionTitle(const TCustomWFAction& action)
     return description.empty() ? name : name + ": " + description;
 }
 
+std::string TValidationError::ToString() const
+{
+    return location.empty() ? message : location + ": " + message;
+}
+
+std::vector<TValidationError> validateActionErrors(TCustomWFAction& action, bool& ok)
+{
+    TCollectedErrors collected;
+    ok = action.Validate(collected) && collected.errors.empty();
+    if (!ok && collected.errors.empty())
+        collected.errors.push_back({"", "the action is not valid (no reason given)"});
+    return collected.errors;
+}
+
 std::vector<std::string> validateAction(TCustomWFAction& action, bool& ok)
 {
-    TCollectedErrors errors;
-    ok = action.Validate(errors) && errors.lines.empty();
-    if (!ok && errors.lines.empty())
-        errors.lines.push_back("the action is not valid (no reason given)");
-    return errors.lines;
+    std::vector<std::string> lines;
+    for (const auto& error : validateActionErrors(action, ok))
+        lines.push_back(error.ToString());
+    return lines;
+}
+
+std::size_t validateProject(TWFProject& project, TWFActionHost& host,
+                            const std::function<void(const TActionValidation&)>& onInvalid)
+{
+    std::size_t checked = 0;
+    for (std::size_t index = 0; index < project.actions.size(); ++index) {
+        TCustomWFAction& action = *project.actions[index];
+        if (!action.GetEnabled())
+            continue;
+        ++checked;
+        action.SetHost(&host);
+        bool ok = false;
+        auto errors = validateActionErrors(action, ok);
+        action.SetHost(nullptr);
+        if (!ok)
+            onInvalid({index, actionTitle(action), std::move(errors)});
+    }
+    return checked;
 }
 
 TBuildRunner::TBuildRunner(TConsoleLog& log, std::ostream& out, std::ostream& err) : m_log(log), m_out(out), m_err(err) {}
@@ -104,6 +136,7 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
             m_out << consoleHeader(number, total, title) << " (disabled)" << std::endl;
             result.message = "disabled";
             m_cases.push_back(std::move(result));
+            notifyFinished(index);
             continue;
         }
         if (status != kExitSuccess || m_interrupted || !m_log.WriteFailure().empty()) {
@@ -111,9 +144,12 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
                 : status != kExitSuccess   ? "not run: an earlier action failed"
                                            : "not run: the build log could not be written";
             m_cases.push_back(std::move(result));
+            notifyFinished(index);
             continue;
         }
 
+        if (m_watcher.started)
+            m_watcher.started(index);
         m_log.BeginAction(number, total, title);
         action.SetHost(&host);
         {
@@ -160,6 +196,7 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
             result.outcome = TJUnitCase::Outcome::Passed;
         }
         m_cases.push_back(std::move(result));
+        notifyFinished(index);
     }
     if (status == kExitSuccess && m_interrupted) {
         status = kExitInterrupted;
@@ -167,6 +204,12 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
     }
     m_summary = {status, ran, disabled, settings.dryRun};
     return status;
+}
+
+void TBuildRunner::notifyFinished(std::size_t index)
+{
+    if (m_watcher.finished)
+        m_watcher.finished(index, m_cases.back());
 }
 
 void TBuildRunner::ReportSuccess()

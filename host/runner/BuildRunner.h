@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <mutex>
 #include <string>
@@ -26,9 +27,41 @@ struct TRunSettings {
 /// How an action is named to the user: its display name and, when it has one, its description.
 std::string actionTitle(const TCustomWFAction& action);
 
-/// Runs Validate and returns its errors as "<location>: <message>" lines; ok tells the verdict.
-/// An action that fails without saying why gets one line that says so.
+/// One validation error: where the user fixes it ("Options" or a page caption, may be empty) and what.
+struct TValidationError {
+    std::string location;
+    std::string message;
+    /// "<location>: <message>", or the message alone when there is no location.
+    std::string ToString() const;
+};
+
+/// Runs Validate and returns its errors; ok tells the verdict. An action that fails without
+/// saying why gets one error that says so.
+std::vector<TValidationError> validateActionErrors(TCustomWFAction& action, bool& ok);
+/// validateActionErrors as "<location>: <message>" lines.
 std::vector<std::string> validateAction(TCustomWFAction& action, bool& ok);
+
+/// The errors of one action of a project that is not valid.
+struct TActionValidation {
+    /// From 0, in project order.
+    std::size_t index = 0;
+    std::string title;
+    std::vector<TValidationError> errors;
+};
+
+/// Validates every enabled action of a project as a run would, with the host's services bound,
+/// handing each action that is not valid to onInvalid as soon as it is checked. Returns how many
+/// enabled actions were checked.
+std::size_t validateProject(TWFProject& project, TWFActionHost& host,
+                            const std::function<void(const TActionValidation&)>& onInvalid);
+
+/// What a watching host learns of a run while it goes, on the running thread. Every action of
+/// the project is finished once, in order (disabled and not-run ones too); only those that run
+/// are started first.
+struct TRunWatcher {
+    std::function<void(std::size_t index)> started;
+    std::function<void(std::size_t index, const TJUnitCase& result)> finished;
+};
 
 /// The run loop of wfbuild: the enabled actions in order, each validated then executed, up to
 /// the first that fails. Console sections and log lines go to the log; the summary and failures
@@ -48,12 +81,17 @@ public:
 
     /// From any thread: stops the running action's program and starts no further action.
     void Interrupt();
+    /// Set before Run.
+    void SetWatcher(TRunWatcher watcher) { m_watcher = std::move(watcher); }
 
 private:
+    void notifyFinished(std::size_t index);
+
     TConsoleLog& m_log;
     std::ostream& m_out;
     std::ostream& m_err;
     std::vector<TJUnitCase> m_cases;
+    TRunWatcher m_watcher;
     struct TSummary {
         int status = -1;
         std::size_t ran = 0;

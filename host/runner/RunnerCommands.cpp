@@ -159,23 +159,12 @@ int commandValidate(const TCommandContext& c)
     host.defaultStartingDir = c.projectDirectory();
     host.functions = WFScriptingServices().Resolver();
 
-    std::size_t checked = 0;
     std::size_t invalid = 0;
-    for (std::size_t index = 0; index < project.actions.size(); ++index) {
-        TCustomWFAction& action = *project.actions[index];
-        if (!action.GetEnabled())
-            continue;
-        ++checked;
-        action.SetHost(&host);
-        bool ok = false;
-        const auto errors = validateAction(action, ok);
-        action.SetHost(nullptr);
-        if (ok)
-            continue;
+    const std::size_t checked = validateProject(project, host, [&](const TActionValidation& action) {
         ++invalid;
-        for (const auto& line : errors)
-            c.out << "Action " << index + 1 << " (" << actionTitle(action) << "): " << line << std::endl;
-    }
+        for (const auto& error : action.errors)
+            c.out << "Action " << action.index + 1 << " (" << action.title << "): " << error.ToString() << std::endl;
+    });
     if (invalid) {
         c.out << c.args.project << ": " << invalid << " of " << checked << " enabled actions are not valid." << std::endl;
         return kExitFailed;

@@ -19,7 +19,7 @@ std::vector<std::string> defaultPluginFolders(const std::string& executableDirec
             (base / ".." / "lib" / "wrenfield" / "plugins").lexically_normal().string()};
 }
 
-bool loadRunnerPlugins(bool withDefaults, const std::vector<std::string>& extra, std::string& error)
+bool loadRunnerPlugins(bool withDefaults, const std::vector<std::string>& extra, std::string& error, bool registerPages)
 {
     std::vector<std::string> paths;
     if (withDefaults)
@@ -29,7 +29,7 @@ bool loadRunnerPlugins(bool withDefaults, const std::vector<std::string>& extra,
     paths.insert(paths.end(), extra.begin(), extra.end());
     for (const auto& path : paths) {
         // The loader's reasons name the file.
-        if (!WFLoadPlugin(path, false, error))
+        if (!WFLoadPlugin(path, registerPages, error))
             return false;
     }
     return true;

@@ -11,5 +11,7 @@ std::string executableDirectory();
 std::vector<std::string> defaultPluginFolders(const std::string& executableDirectory);
 
 /// Loads every shared library of the default folders (unless told not to), then each extra
-/// path, registering them without pages. False with a message naming the file that failed.
-bool loadRunnerPlugins(bool withDefaults, const std::vector<std::string>& extra, std::string& error);
+/// path, registering them with pages only when asked (a host with a user interface). False with a
+/// message naming the file that failed.
+bool loadRunnerPlugins(bool withDefaults, const std::vector<std::string>& extra, std::string& error,
+                       bool registerPages = false);

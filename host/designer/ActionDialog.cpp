@@ -1,0 +1,185 @@
+#include "ActionDialog.h"
+
+#include "DesignerDocument.h"
+#include "DesignerIcons.h"
+#include "HelpViewer.h"
+
+#include "BuildRunner.h"
+
+#include "WFAction.h"
+#include "WFFrame.h"
+#include "WFPageFactory.h"
+#include "WFServices.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+/// Where a page that cannot be made would be: says so instead of leaving a hole.
+QWidget* unavailablePage(const std::string& reason)
+{
+    auto* page = new QWidget;
+    page->setObjectName("pageNotAvailable");
+    auto* layout = new QVBoxLayout(page);
+    auto* label = new QLabel(QObject::tr("<b>Page not available</b><p>%1.</p><p>The package registered this page, but the "
+                                         "installed package cannot show it. The other tabs still edit the action.</p>")
+                                 .arg(QString::fromStdString(reason).toHtmlEscaped()));
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignCenter);
+    layout->addWidget(label);
+    return page;
+}
+
+} // namespace
+
+TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWFActionHost* validationHost)
+    : QDialog(parent), m_action(cloneAction(action)), m_validationHost(validationHost), m_tabs(new QTabWidget(this)), m_description(new QLineEdit),
+      m_enabled(new QCheckBox(tr("Enabled: the action runs with the project")))
+{
+    setObjectName("actionDialog");
+    const auto* entry = WFActionServices().Find(action.GetActionTypeID());
+    const QString name = QString::fromStdString(entry ? entry->displayName : action.GetActionName());
+    setWindowTitle(tr("%1 Properties").arg(name));
+    setWindowIcon(packageIcon(action.GetActionTypeID()));
+
+    auto* layout = new QVBoxLayout(this);
+    auto* heading = new QLabel(QStringLiteral("<b>%1</b>").arg(name.toHtmlEscaped()));
+    auto* headingRow = new QHBoxLayout;
+    auto* icon = new QLabel;
+    icon->setPixmap(packageIcon(action.GetActionTypeID()).pixmap(16, 16));
+    headingRow->addWidget(icon);
+    headingRow->addWidget(heading, 1);
+    layout->addLayout(headingRow);
+    layout->addWidget(m_tabs, 1);
+
+    const std::string className = entry ? entry->actionClass.className : std::string();
+    for (const auto& pageClass : WFActionServices().PagesOf(className)) {
+        std::string error;
+        QWidget* widget = WFCreatePage(pageClass, nullptr, error);
+        IWFActionPage* page = widget ? WFActionPageOf(widget) : nullptr;
+        if (!page) {
+            delete widget;
+            m_tabs->addTab(unavailablePage(error.empty() ? pageClass.className + " is no action page" : error),
+                           QString::fromStdString(pageClass.className));
+            m_pages.push_back(nullptr);
+            continue;
+        }
+        page->InitFrame(this);
+        page->InitPage(*m_action);
+        page->ReadActionData(*m_action);
+        // Pages are laid out for a fixed width; a scroll area keeps a small screen usable.
+        auto* scroll = new QScrollArea;
+        scroll->setWidget(widget);
+        scroll->setWidgetResizable(true);
+        scroll->setFrameShape(QFrame::NoFrame);
+        m_tabs->addTab(scroll, QString::fromStdString(page->PageName()));
+        m_pages.push_back(page);
+    }
+
+    auto* general = new QWidget;
+    general->setObjectName("generalPage");
+    auto* form = new QFormLayout(general);
+    m_description->setObjectName("txtDescription");
+    m_description->setText(QString::fromStdString(m_action->GetDescription()));
+    m_enabled->setObjectName("boxEnabled");
+    m_enabled->setChecked(m_action->GetEnabled());
+    auto* type = new QLabel(QStringLiteral("%1 (%2)").arg(name, QString::fromStdString(action.GetActionTypeID())));
+    type->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    form->addRow(tr("Action:"), type);
+    form->addRow(tr("Description:"), m_description);
+    form->addRow(QString(), m_enabled);
+    m_tabs->addTab(general, tr("General"));
+
+    connect(m_tabs, &QTabWidget::currentChanged, this, [this](int index) {
+        if (m_activePage >= 0 && m_activePage < static_cast<int>(m_pages.size()) && m_pages[m_activePage])
+            m_pages[m_activePage]->OnPageDeActivate();
+        m_activePage = index;
+        if (index >= 0 && index < static_cast<int>(m_pages.size()) && m_pages[index])
+            m_pages[index]->OnPageActivate();
+    });
+    m_activePage = 0;
+    if (!m_pages.empty() && m_pages.front())
+        m_pages.front()->OnPageActivate();
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
+    connect(buttons, &QDialogButtonBox::accepted, this, &TActionDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &TActionDialog::reject);
+    connect(buttons, &QDialogButtonBox::helpRequested, this, &TActionDialog::showHelp);
+    layout->addWidget(buttons);
+    resize(760, 480);
+}
+
+TActionDialog::~TActionDialog() = default;
+
+bool TActionDialog::showPage(const QString& caption)
+{
+    for (int i = 0; i < m_tabs->count(); ++i)
+        if (m_tabs->tabText(i) == caption) {
+            m_tabs->setCurrentIndex(i);
+            return true;
+        }
+    return false;
+}
+
+void TActionDialog::accept()
+{
+    auto edited = cloneAction(*m_action);
+    for (IWFActionPage* page : m_pages)
+        if (page)
+            page->WriteActionData(*edited);
+    edited->SetDescription(m_description->text().toStdString());
+    edited->SetEnabled(m_enabled->isChecked());
+
+    TWFActionHost bareHost;
+    bareHost.functions = WFScriptingServices().Resolver();
+    edited->SetHost(m_validationHost ? m_validationHost : &bareHost);
+    bool ok = false;
+    const auto errors = validateActionErrors(*edited, ok);
+    edited->SetHost(nullptr);
+    if (!ok) {
+        QStringList lines;
+        for (const auto& error : errors)
+            lines << QString::fromStdString(error.ToString()).toHtmlEscaped();
+        QMessageBox box(QMessageBox::Warning, tr("The action is not valid"),
+                        tr("The action would not run as it is:<ul><li>%1</li></ul>").arg(lines.join("</li><li>")),
+                        QMessageBox::NoButton, this);
+        box.setObjectName("validationMessage");
+        QPushButton* back = box.addButton(tr("Go Back"), QMessageBox::RejectRole);
+        back->setObjectName("btnGoBack");
+        QPushButton* keep = box.addButton(tr("Keep As It Is"), QMessageBox::AcceptRole);
+        keep->setObjectName("btnKeep");
+        box.setDefaultButton(back);
+        box.exec();
+        if (box.clickedButton() != keep) {
+            if (!errors.empty())
+                showPage(QString::fromStdString(errors.front().location));
+            return;
+        }
+    }
+    m_result = std::move(edited);
+    QDialog::accept();
+}
+
+void TActionDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F1) {
+        showHelp();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void TActionDialog::showHelp()
+{
+    showActionHelp(*m_action, this);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "WFAction.h"
+
+#include <QDialog>
+
+#include <memory>
+#include <vector>
+
+class IWFActionPage;
+class QCheckBox;
+class QLineEdit;
+class QTabWidget;
+
+/// Edits a copy of an action on the pages its package registered, in their order, and the
+/// host's General tab. The pages read the copy when the dialog opens and write it back on OK;
+/// the action given is never touched, so Cancel changes nothing.
+class TActionDialog final : public QDialog {
+    Q_OBJECT
+public:
+    /// validationHost: what Validate sees on OK (the project's variables and folder); a bare host when null.
+    TActionDialog(const TCustomWFAction& action, QWidget* parent = nullptr, TWFActionHost* validationHost = nullptr);
+    ~TActionDialog() override;
+
+    /// The edited copy, after the dialog was accepted.
+    std::unique_ptr<TCustomWFAction> takeResult() { return std::move(m_result); }
+    /// Shows the tab whose caption is `caption` ("General" for the host's own); false when none is.
+    bool showPage(const QString& caption);
+    QTabWidget* tabs() const { return m_tabs; }
+
+    void accept() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void showHelp();
+
+    std::unique_ptr<TCustomWFAction> m_action;
+    std::unique_ptr<TCustomWFAction> m_result;
+    TWFActionHost* m_validationHost;
+    QTabWidget* m_tabs;
+    QLineEdit* m_description;
+    QCheckBox* m_enabled;
+    std::vector<IWFActionPage*> m_pages;
+    int m_activePage = -1;
+};

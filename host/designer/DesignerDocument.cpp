@@ -1,0 +1,200 @@
+#include "DesignerDocument.h"
+
+#include "WFAction.h"
+#include "WFServices.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+/// Project texts before and after a change; the first redo is the change already made.
+class TProjectChange final : public QUndoCommand {
+public:
+    TProjectChange(TDesignerDocument& document, const QString& label, std::string before, std::string after)
+        : QUndoCommand(label), m_document(document), m_before(std::move(before)), m_after(std::move(after))
+    {
+    }
+    void undo() override { m_document.restore(m_before); }
+    void redo() override
+    {
+        if (m_done)
+            m_document.restore(m_after);
+        m_done = true;
+    }
+
+private:
+    TDesignerDocument& m_document;
+    std::string m_before;
+    std::string m_after;
+    bool m_done = false;
+};
+
+QString joinDiagnostics(const std::vector<TWFProjectDiagnostic>& diagnostics, bool errors)
+{
+    QStringList lines;
+    for (const auto& diagnostic : diagnostics)
+        if (diagnostic.isError == errors)
+            lines << QString::fromStdString(diagnostic.ToString());
+    return lines.join('\n');
+}
+
+} // namespace
+
+std::unique_ptr<TCustomWFAction> cloneAction(const TCustomWFAction& action)
+{
+    auto copy = WFActionServices().CreateAction(action.GetActionTypeID());
+    if (!copy)
+        return nullptr;
+    copy->SetDescription(action.GetDescription());
+    copy->SetEnabled(action.GetEnabled());
+    for (const auto& property : action.Properties())
+        copy->SetPropertyText(property.name, action.GetPropertyText(property.name));
+    return copy;
+}
+
+TDesignerDocument::TDesignerDocument(QObject* parent) : QObject(parent) {}
+
+TDesignerDocument::~TDesignerDocument() = default;
+
+void TDesignerDocument::newProject()
+{
+    m_undo.clear();
+    m_project = TWFProject();
+    m_path.clear();
+    emit pathChanged();
+    emit projectChanged();
+}
+
+bool TDesignerDocument::open(const QString& path, QString& error, QString& warnings)
+{
+    TWFProject project;
+    std::vector<TWFProjectDiagnostic> diagnostics;
+    if (!ReadProjectFile(path.toStdString(), project, diagnostics)) {
+        error = joinDiagnostics(diagnostics, true);
+        if (error.isEmpty())
+            error = path + ": the project could not be read";
+        return false;
+    }
+    warnings = joinDiagnostics(diagnostics, false);
+    m_undo.clear();
+    m_project = std::move(project);
+    m_path = QFileInfo(path).absoluteFilePath();
+    emit pathChanged();
+    emit projectChanged();
+    return true;
+}
+
+bool TDesignerDocument::saveAs(const QString& path, QString& error)
+{
+    std::string reason;
+    if (!WriteProjectFile(path.toStdString(), m_project, reason)) {
+        error = QString::fromStdString(reason);
+        return false;
+    }
+    m_path = QFileInfo(path).absoluteFilePath();
+    m_undo.setClean();
+    emit pathChanged();
+    return true;
+}
+
+void TDesignerDocument::change(const QString& label, const std::function<void(TWFProject&)>& edit)
+{
+    std::string before = WriteProjectText(m_project);
+    edit(m_project);
+    std::string after = WriteProjectText(m_project);
+    if (before == after)
+        return;
+    m_undo.push(new TProjectChange(*this, label, std::move(before), std::move(after)));
+    emit projectChanged();
+}
+
+void TDesignerDocument::insertActions(int row, std::vector<std::unique_ptr<TCustomWFAction>> actions, const QString& label)
+{
+    if (actions.empty())
+        return;
+    change(label, [&](TWFProject& project) {
+        const auto at = std::clamp<std::size_t>(static_cast<std::size_t>(std::max(row, 0)), 0, project.actions.size());
+        project.actions.insert(project.actions.begin() + static_cast<std::ptrdiff_t>(at),
+                               std::make_move_iterator(actions.begin()), std::make_move_iterator(actions.end()));
+    });
+}
+
+void TDesignerDocument::removeActions(std::vector<int> rows)
+{
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    change(rows.size() == 1 ? tr("Remove action") : tr("Remove %1 actions").arg(rows.size()), [&](TWFProject& project) {
+        for (auto it = rows.rbegin(); it != rows.rend(); ++it)
+            if (*it >= 0 && static_cast<std::size_t>(*it) < project.actions.size())
+                project.actions.erase(project.actions.begin() + *it);
+    });
+}
+
+void TDesignerDocument::moveAction(int from, int to)
+{
+    const int count = static_cast<int>(m_project.actions.size());
+    if (from < 0 || from >= count || to < 0 || to >= count || from == to)
+        return;
+    change(tr("Move action"), [&](TWFProject& project) {
+        auto moved = std::move(project.actions[from]);
+        project.actions.erase(project.actions.begin() + from);
+        project.actions.insert(project.actions.begin() + to, std::move(moved));
+    });
+}
+
+void TDesignerDocument::replaceAction(int row, std::unique_ptr<TCustomWFAction> action)
+{
+    if (row < 0 || static_cast<std::size_t>(row) >= m_project.actions.size() || !action)
+        return;
+    change(tr("Edit action"), [&](TWFProject& project) { project.actions[row] = std::move(action); });
+}
+
+void TDesignerDocument::setEnabled(const std::vector<int>& rows, bool enabled)
+{
+    change(enabled ? tr("Enable") : tr("Disable"), [&](TWFProject& project) {
+        for (const int row : rows)
+            if (row >= 0 && static_cast<std::size_t>(row) < project.actions.size())
+                project.actions[row]->SetEnabled(enabled);
+    });
+}
+
+void TDesignerDocument::setVariables(std::vector<TWFProjectVariable> variables)
+{
+    change(tr("Edit variables"), [&](TWFProject& project) { project.variables = std::move(variables); });
+}
+
+std::string TDesignerDocument::actionsText(const std::vector<int>& rows) const
+{
+    TWFProject selection;
+    for (const int row : rows)
+        if (row >= 0 && static_cast<std::size_t>(row) < m_project.actions.size())
+            if (auto copy = cloneAction(*m_project.actions[row]))
+                selection.actions.push_back(std::move(copy));
+    return WriteProjectText(selection);
+}
+
+bool TDesignerDocument::actionsFromText(const std::string& text, std::vector<std::unique_ptr<TCustomWFAction>>& actions,
+                                        QString& error)
+{
+    TWFProject project;
+    std::vector<TWFProjectDiagnostic> diagnostics;
+    if (!ReadProjectText(text, "clipboard", project, diagnostics)) {
+        error = joinDiagnostics(diagnostics, true);
+        return false;
+    }
+    actions = std::move(project.actions);
+    return true;
+}
+
+void TDesignerDocument::restore(const std::string& text)
+{
+    TWFProject project;
+    std::vector<TWFProjectDiagnostic> diagnostics;
+    // The text was written from a project of registered actions: it reads back.
+    if (ReadProjectText(text, m_path.toStdString(), project, diagnostics))
+        m_project = std::move(project);
+    emit projectChanged();
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "WFProject.h"
+
+#include <QObject>
+#include <QString>
+#include <QUndoStack>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class TCustomWFAction;
+
+/// A copy of an action made through the catalogue: same type, description, enabled state and
+/// property values. nullptr when its type is no longer registered.
+std::unique_ptr<TCustomWFAction> cloneAction(const TCustomWFAction& action);
+
+/// The open project with its file and history. Every change goes through the undo stack as a
+/// pair of canonical project texts, so undo restores exactly what the file would hold.
+class TDesignerDocument : public QObject {
+    Q_OBJECT
+public:
+    explicit TDesignerDocument(QObject* parent = nullptr);
+    ~TDesignerDocument() override;
+
+    const TWFProject& project() const { return m_project; }
+    /// Empty for a project never saved.
+    const QString& path() const { return m_path; }
+    bool isModified() const { return !m_undo.isClean(); }
+    QUndoStack& undoStack() { return m_undo; }
+
+    void newProject();
+    /// Reads a project file. On errors nothing changes and error holds every diagnostic
+    /// (file:line:column). warnings receives the problems that were reported and ignored.
+    bool open(const QString& path, QString& error, QString& warnings);
+    /// Writes atomically in canonical form; the document then takes that path.
+    bool saveAs(const QString& path, QString& error);
+
+    /// One undoable change of the project, made by `edit` on the live project.
+    void change(const QString& label, const std::function<void(TWFProject&)>& edit);
+    void insertActions(int row, std::vector<std::unique_ptr<TCustomWFAction>> actions, const QString& label);
+    void removeActions(std::vector<int> rows);
+    void moveAction(int from, int to);
+    void replaceAction(int row, std::unique_ptr<TCustomWFAction> action);
+    void setEnabled(const std::vector<int>& rows, bool enabled);
+    void setVariables(std::vector<TWFProjectVariable> variables);
+
+    /// The selected actions as project text (the clipboard's form) and back.
+    std::string actionsText(const std::vector<int>& rows) const;
+    /// Reads actions from project text; false with a reason when it is no project.
+    static bool actionsFromText(const std::string& text, std::vector<std::unique_ptr<TCustomWFAction>>& actions,
+                                QString& error);
+
+    /// Replaces the live project with a canonical text (the undo stack's restore step).
+    void restore(const std::string& text);
+
+signals:
+    /// The project's actions or variables changed (also by undo and redo and on open).
+    void projectChanged();
+    void pathChanged();
+
+private:
+    TWFProject m_project;
+    QString m_path;
+    QUndoStack m_undo;
+};

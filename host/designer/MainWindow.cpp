@@ -1,0 +1,770 @@
+#include "MainWindow.h"
+
+#include "ActionDialog.h"
+#include "DesignerDocument.h"
+#include "HelpViewer.h"
+#include "OptionsDialog.h"
+#include "ProjectModel.h"
+#include "RunController.h"
+#include "VariablesDialog.h"
+
+#include "BuildRunner.h"
+
+#include "WFAction.h"
+#include "WFBrowse.h"
+#include "WFPluginLoader.h"
+#include "WFServices.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QSettings>
+#include <QStatusBar>
+#include <QStyle>
+#include <QTextBlock>
+#include <QTimer>
+#include <QToolBar>
+#include <QTreeView>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kTypeIdRole = Qt::UserRole + 1;
+constexpr int kRowRole = Qt::UserRole + 2;
+constexpr int kLocationRole = Qt::UserRole + 3;
+constexpr int kMaxRecentFiles = 8;
+/// Marks a log block that came from standard error (QTextBlock::userState).
+constexpr int kErrorLine = 1;
+
+/// The catalogue: a drag carries the type ID of the action to add.
+class TCatalogueTree final : public QTreeWidget {
+public:
+    using QTreeWidget::QTreeWidget;
+
+protected:
+    QStringList mimeTypes() const override { return {kActionTypeMime}; }
+    QMimeData* mimeData(const QList<QTreeWidgetItem*>& items) const override
+    {
+        if (items.isEmpty() || items.first()->data(0, kTypeIdRole).isNull())
+            return nullptr;
+        auto* data = new QMimeData;
+        data->setData(kActionTypeMime, items.first()->data(0, kTypeIdRole).toString().toUtf8());
+        return data;
+    }
+};
+
+QString projectFilter()
+{
+    return QObject::tr("Wrenfield projects (*.wfp)|*.wfp|All files|*");
+}
+
+} // namespace
+
+TMainWindow::TMainWindow(const QString& settingsFile, QWidget* parent)
+    : QMainWindow(parent), m_settings(new QSettings(settingsFile, QSettings::IniFormat, this)),
+      m_document(new TDesignerDocument(this)), m_model(new TProjectModel(*m_document, this)),
+      m_runner(new TRunController(this))
+{
+    setObjectName("mainWindow");
+    setWindowIcon(QIcon::fromTheme("wfdesigner", packageIcon("CC_LOGO")));
+
+    m_projectView = new QTreeView;
+    m_projectView->setObjectName("projectView");
+    m_projectView->setModel(m_model);
+    m_projectView->setRootIsDecorated(false);
+    m_projectView->setUniformRowHeights(true);
+    m_projectView->setAlternatingRowColors(true);
+    m_projectView->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_projectView->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_projectView->setDragDropMode(QAbstractItemView::DragDrop);
+    m_projectView->setDefaultDropAction(Qt::MoveAction);
+    m_projectView->setDropIndicatorShown(true);
+    m_projectView->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_projectView->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_projectView->header()->setStretchLastSection(false);
+    m_projectView->header()->setSectionResizeMode(TProjectModel::ActionColumn, QHeaderView::Stretch);
+    m_projectView->header()->resizeSection(TProjectModel::StatusColumn, 110);
+    m_projectView->header()->resizeSection(TProjectModel::TimeColumn, 70);
+    setCentralWidget(m_projectView);
+    connect(m_projectView, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) { editAction(index.row()); });
+
+    createCatalogue();
+    createDocks();
+    createActions();
+
+    m_runLabel = new QLabel;
+    m_runLabel->setObjectName("runLabel");
+    statusBar()->addPermanentWidget(m_runLabel);
+    m_clock = new QTimer(this);
+    m_clock->setInterval(200);
+    connect(m_clock, &QTimer::timeout, this, [this] {
+        m_runLabel->setText(tr("Running: %1 s").arg(m_runTime.elapsed() / 1000.0, 0, 'f', 1));
+    });
+
+    connect(m_document, &TDesignerDocument::pathChanged, this, &TMainWindow::updateTitle);
+    connect(&m_document->undoStack(), &QUndoStack::cleanChanged, this, &TMainWindow::updateTitle);
+    connect(m_document, &TDesignerDocument::projectChanged, this, &TMainWindow::updateActions);
+    connect(m_projectView->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TMainWindow::updateActions);
+    connect(m_model, &QAbstractItemModel::modelReset, this, [this] {
+        connect(m_projectView->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TMainWindow::updateActions,
+                Qt::UniqueConnection);
+    });
+
+    connect(m_runner, &TRunController::logLine, this, &TMainWindow::appendLog);
+    connect(m_runner, &TRunController::actionStarted, this, [this](int row) { m_model->setRunState(row, TRunStatus::Running); });
+    connect(m_runner, &TRunController::actionFinished, this,
+            [this](int row, TRunStatus status, double seconds, const QString&) {
+                m_model->setRunState(row, status, status == TRunStatus::Skipped ? -1 : seconds);
+            });
+    connect(m_runner, &TRunController::finished, this, &TMainWindow::runFinished);
+
+    // The project's variables are what the pages offer as variable names.
+    WFDesignApplicationServices().variableNamesProvider = [this] {
+        std::vector<std::string> names;
+        for (const auto& variable : m_document->project().variables)
+            names.push_back(variable.name);
+        return names;
+    };
+
+    resize(1100, 720);
+    restoreGeometry(m_settings->value("window/geometry").toByteArray());
+    restoreState(m_settings->value("window/state").toByteArray());
+    fillRecentMenu();
+    updateTitle();
+    updateActions();
+}
+
+TMainWindow::~TMainWindow()
+{
+    WFDesignApplicationServices().variableNamesProvider = nullptr;
+}
+
+void TMainWindow::createCatalogue()
+{
+    auto* panel = new QWidget;
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(4, 4, 4, 4);
+    m_filter = new QLineEdit;
+    m_filter->setObjectName("catalogueFilter");
+    m_filter->setPlaceholderText(tr("Type to filter actions"));
+    m_filter->setClearButtonEnabled(true);
+    m_catalogue = new TCatalogueTree;
+    m_catalogue->setObjectName("catalogue");
+    m_catalogue->setHeaderHidden(true);
+    m_catalogue->setDragEnabled(true);
+    m_catalogue->setDragDropMode(QAbstractItemView::DragOnly);
+    m_catalogue->setIconSize(QSize(16, 16));
+    layout->addWidget(m_filter);
+    layout->addWidget(m_catalogue, 1);
+    auto* dock = new QDockWidget(tr("Actions"), this);
+    dock->setObjectName("catalogueDock");
+    dock->setWidget(panel);
+    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
+    addDockWidget(Qt::LeftDockWidgetArea, dock);
+    resizeDocks({dock}, {300}, Qt::Horizontal);
+    connect(m_filter, &QLineEdit::textChanged, this, &TMainWindow::filterCatalogue);
+    connect(m_catalogue, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
+        if (const QVariant typeId = item->data(0, kTypeIdRole); !typeId.isNull())
+            addCatalogueAction(typeId.toString());
+    });
+    fillCatalogue();
+}
+
+void TMainWindow::fillCatalogue()
+{
+    m_catalogue->clear();
+    QHash<QString, QTreeWidgetItem*> categories;
+    for (const auto& entry : WFActionServices().Catalogue()) {
+        const QString category = QString::fromStdString(entry.category);
+        QTreeWidgetItem*& parent = categories[category];
+        if (!parent) {
+            parent = new QTreeWidgetItem(m_catalogue, {category});
+            parent->setFlags(Qt::ItemIsEnabled);
+            QFont bold = parent->font(0);
+            bold.setBold(true);
+            parent->setFont(0, bold);
+        }
+        auto* item = new QTreeWidgetItem(parent, {QString::fromStdString(entry.displayName)});
+        item->setIcon(0, packageIcon(entry.typeId));
+        item->setData(0, kTypeIdRole, QString::fromStdString(entry.typeId));
+        item->setToolTip(0, QString::fromStdString(entry.typeId));
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
+    }
+    m_catalogue->expandAll();
+}
+
+void TMainWindow::filterCatalogue(const QString& text)
+{
+    for (int c = 0; c < m_catalogue->topLevelItemCount(); ++c) {
+        QTreeWidgetItem* category = m_catalogue->topLevelItem(c);
+        const bool categoryMatches = category->text(0).contains(text, Qt::CaseInsensitive);
+        int shown = 0;
+        for (int i = 0; i < category->childCount(); ++i) {
+            QTreeWidgetItem* item = category->child(i);
+            const bool show = text.isEmpty() || categoryMatches || item->text(0).contains(text, Qt::CaseInsensitive)
+                || item->data(0, kTypeIdRole).toString().contains(text, Qt::CaseInsensitive);
+            item->setHidden(!show);
+            shown += show ? 1 : 0;
+        }
+        category->setHidden(shown == 0);
+    }
+}
+
+void TMainWindow::createDocks()
+{
+    m_log = new QPlainTextEdit;
+    m_log->setObjectName("buildLog");
+    m_log->setReadOnly(true);
+    m_log->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_log->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_log->setMaximumBlockCount(200000);
+    auto* logDock = new QDockWidget(tr("Build Log"), this);
+    logDock->setObjectName("logDock");
+    logDock->setWidget(m_log);
+    addDockWidget(Qt::BottomDockWidgetArea, logDock);
+
+    m_problems = new QTreeWidget;
+    m_problems->setObjectName("problems");
+    m_problems->setHeaderLabels({tr("Action / Where"), tr("Problem")});
+    m_problems->setRootIsDecorated(true);
+    auto* problemsDock = new QDockWidget(tr("Validation"), this);
+    problemsDock->setObjectName("problemsDock");
+    problemsDock->setWidget(m_problems);
+    addDockWidget(Qt::BottomDockWidgetArea, problemsDock);
+    tabifyDockWidget(logDock, problemsDock);
+    logDock->raise();
+    connect(m_problems, &QTreeWidget::itemDoubleClicked, this, &TMainWindow::openProblem);
+}
+
+void TMainWindow::createActions()
+{
+    const auto make = [this](const QString& text, const char* name, QKeySequence key, auto slot,
+                             QStyle::StandardPixmap icon = QStyle::SP_CustomBase) {
+        auto* action = new QAction(text, this);
+        action->setObjectName(name);
+        if (!key.isEmpty())
+            action->setShortcut(key);
+        if (icon != QStyle::SP_CustomBase)
+            action->setIcon(style()->standardIcon(icon));
+        connect(action, &QAction::triggered, this, slot);
+        return action;
+    };
+
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* newAction = make(tr("&New"), "actionNew", QKeySequence::New, [this] {
+        if (maybeSave())
+            newProject();
+    }, QStyle::SP_FileIcon);
+    QAction* open = make(tr("&Open..."), "actionOpen", QKeySequence::Open, [this] {
+        if (!maybeSave())
+            return;
+        TWFBrowseFileRequest request{tr("Open Project").toStdString(), projectFilter().toStdString(),
+                                     QFileInfo(m_document->path()).absolutePath().toStdString(), "wfp", true, false, {}};
+        if (std::string path; WFBrowseForFile(request, path))
+            openProject(QString::fromStdString(path));
+    }, QStyle::SP_DialogOpenButton);
+    m_save = make(tr("&Save"), "actionSave", QKeySequence::Save, [this] { saveProject(); }, QStyle::SP_DialogSaveButton);
+    QAction* saveAs = make(tr("Save &As..."), "actionSaveAs", QKeySequence::SaveAs, [this] { saveProjectAs({}); });
+    file->addActions({newAction, open});
+    m_recentMenu = file->addMenu(tr("Open &Recent"));
+    file->addActions({m_save, saveAs});
+    file->addSeparator();
+    file->addAction(make(tr("E&xit"), "actionExit", QKeySequence::Quit, [this] { close(); }));
+
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    QAction* undo = m_document->undoStack().createUndoAction(this, tr("&Undo"));
+    undo->setObjectName("actionUndo");
+    undo->setShortcut(QKeySequence::Undo);
+    undo->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
+    QAction* redo = m_document->undoStack().createRedoAction(this, tr("&Redo"));
+    redo->setObjectName("actionRedo");
+    redo->setShortcut(QKeySequence::Redo);
+    redo->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
+    m_copy = make(tr("&Copy"), "actionCopy", QKeySequence::Copy, [this] { copySelection(); });
+    m_paste = make(tr("&Paste"), "actionPaste", QKeySequence::Paste, [this] { paste(); });
+    m_remove = make(tr("Re&move"), "actionRemove", QKeySequence::Delete, [this] { removeSelection(); }, QStyle::SP_TrashIcon);
+    m_moveUp = make(tr("Move &Up"), "actionMoveUp", QKeySequence(Qt::CTRL | Qt::Key_Up), [this] { moveSelection(-1); },
+                    QStyle::SP_ArrowUp);
+    m_moveDown = make(tr("Move &Down"), "actionMoveDown", QKeySequence(Qt::CTRL | Qt::Key_Down), [this] { moveSelection(1); },
+                      QStyle::SP_ArrowDown);
+    m_enable = make(tr("&Enable"), "actionEnable", {}, [this] { setSelectionEnabled(true); });
+    m_disable = make(tr("D&isable"), "actionDisable", {}, [this] { setSelectionEnabled(false); });
+    m_properties = make(tr("&Properties..."), "actionProperties", QKeySequence(Qt::Key_Return), [this] {
+        editAction(currentRow());
+    }, QStyle::SP_FileDialogDetailedView);
+    QAction* variables = make(tr("&Variables..."), "actionVariables", {}, [this] { editVariables(); });
+    edit->addActions({undo, redo});
+    edit->addSeparator();
+    edit->addActions({m_copy, m_paste, m_remove});
+    edit->addSeparator();
+    edit->addActions({m_moveUp, m_moveDown, m_enable, m_disable});
+    edit->addSeparator();
+    edit->addActions({m_properties, variables});
+    m_projectView->addActions({m_properties, m_copy, m_paste, m_remove, m_moveUp, m_moveDown, m_enable, m_disable});
+
+    QMenu* project = menuBar()->addMenu(tr("&Project"));
+    m_run = make(tr("&Run"), "actionRun", QKeySequence(Qt::Key_F9), [this] { runProject(0, false); }, QStyle::SP_MediaPlay);
+    m_runFrom = make(tr("Run &From Selected Action"), "actionRunFrom", QKeySequence(Qt::SHIFT | Qt::Key_F9),
+                     [this] { runProject(std::max(currentRow(), 0), false); }, QStyle::SP_MediaSeekForward);
+    m_dryRun = make(tr("&Dry Run (start no programs)"), "actionDryRun", {}, [this] { runProject(0, true); });
+    m_stop = make(tr("&Stop"), "actionStop", QKeySequence(Qt::CTRL | Qt::Key_Period), [this] { stopRun(); }, QStyle::SP_MediaStop);
+    m_validate = make(tr("&Validate"), "actionValidate", QKeySequence(Qt::CTRL | Qt::Key_T), [this] { validateProject(); },
+                      QStyle::SP_DialogApplyButton);
+    project->addActions({m_run, m_runFrom, m_dryRun, m_stop});
+    project->addSeparator();
+    project->addAction(m_validate);
+
+    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
+    tools->addAction(make(tr("&Options..."), "actionOptions", {}, [this] { editOptions(); }, QStyle::SP_ComputerIcon));
+
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(make(tr("Action &Help"), "actionHelp", QKeySequence(Qt::Key_F1), [this] { showActionHelp(); },
+                         QStyle::SP_DialogHelpButton));
+    help->addAction(make(tr("&About..."), "actionAbout", {}, [this] { showAbout(); }));
+
+    QToolBar* bar = addToolBar(tr("Main"));
+    bar->setObjectName("mainToolBar");
+    bar->setIconSize(QSize(16, 16));
+    bar->addActions({newAction, open, m_save});
+    bar->addSeparator();
+    bar->addActions({undo, redo});
+    bar->addSeparator();
+    bar->addActions({m_moveUp, m_moveDown, m_remove, m_properties});
+    bar->addSeparator();
+    bar->addActions({m_run, m_runFrom, m_stop, m_validate});
+}
+
+void TMainWindow::updateTitle()
+{
+    const QString name = m_document->path().isEmpty() ? tr("Untitled") : QFileInfo(m_document->path()).fileName();
+    setWindowFilePath(m_document->path());
+    setWindowTitle(QStringLiteral("%1%2 - Wrenfield Designer").arg(name, m_document->isModified() ? "*" : ""));
+}
+
+void TMainWindow::updateActions()
+{
+    const bool running = m_runner->isRunning();
+    const bool selected = !selectedRows().empty();
+    const bool hasActions = !m_document->project().actions.empty();
+    for (QAction* action : {m_copy, m_remove, m_moveUp, m_moveDown, m_enable, m_disable, m_properties})
+        action->setEnabled(selected && !running);
+    m_paste->setEnabled(!running);
+    m_run->setEnabled(hasActions && !running);
+    m_runFrom->setEnabled(selected && !running);
+    m_dryRun->setEnabled(hasActions && !running);
+    m_validate->setEnabled(hasActions && !running);
+    m_stop->setEnabled(running);
+    m_projectView->setDragEnabled(!running);
+    m_projectView->setAcceptDrops(!running);
+}
+
+std::vector<int> TMainWindow::selectedRows() const
+{
+    std::vector<int> rows;
+    if (!m_projectView->selectionModel())
+        return rows;
+    for (const auto& index : m_projectView->selectionModel()->selectedRows())
+        rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+int TMainWindow::currentRow() const
+{
+    const auto rows = selectedRows();
+    if (!rows.empty())
+        return rows.front();
+    return m_projectView->currentIndex().isValid() ? m_projectView->currentIndex().row() : -1;
+}
+
+void TMainWindow::selectRow(int row)
+{
+    if (row < 0 || row >= m_model->rowCount())
+        return;
+    const QModelIndex index = m_model->index(row, 0);
+    m_projectView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void TMainWindow::newProject()
+{
+    m_document->newProject();
+    m_log->clear();
+    m_problems->clear();
+}
+
+bool TMainWindow::openProject(const QString& path)
+{
+    QString error;
+    QString warnings;
+    if (!m_document->open(path, error, warnings)) {
+        QMessageBox::critical(this, tr("Cannot open the project"), error);
+        return false;
+    }
+    if (!warnings.isEmpty())
+        QMessageBox::warning(this, tr("Project opened with warnings"),
+                             tr("These were ignored and will not be saved:\n%1").arg(warnings));
+    m_log->clear();
+    m_problems->clear();
+    addRecentFile(m_document->path());
+    statusBar()->showMessage(tr("Opened %1").arg(m_document->path()), 5000);
+    return true;
+}
+
+bool TMainWindow::saveProject()
+{
+    return saveProjectAs(m_document->path());
+}
+
+bool TMainWindow::saveProjectAs(const QString& path)
+{
+    QString target = path;
+    if (target.isEmpty()) {
+        TWFBrowseFileRequest request{tr("Save Project As").toStdString(), projectFilter().toStdString(),
+                                     QFileInfo(m_document->path()).absolutePath().toStdString(), "wfp", false, true, QFileInfo(m_document->path()).fileName().toStdString()};
+        std::string chosen;
+        if (!WFBrowseForFile(request, chosen))
+            return false;
+        target = QString::fromStdString(chosen);
+        if (QFileInfo(target).suffix().isEmpty())
+            target += ".wfp";
+    }
+    QString error;
+    if (!m_document->saveAs(target, error)) {
+        QMessageBox::critical(this, tr("Cannot save the project"), error);
+        return false;
+    }
+    addRecentFile(m_document->path());
+    statusBar()->showMessage(tr("Saved %1").arg(m_document->path()), 5000);
+    return true;
+}
+
+bool TMainWindow::maybeSave()
+{
+    if (!m_document->isModified())
+        return true;
+    QMessageBox box(QMessageBox::Question, tr("Unsaved changes"),
+                    tr("The project has changes that are not saved. Save them?"),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setObjectName("unsavedChanges");
+    box.setDefaultButton(QMessageBox::Save);
+    switch (box.exec()) {
+    case QMessageBox::Save:
+        return saveProject();
+    case QMessageBox::Discard:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TMainWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_runner->isRunning()) {
+        if (QMessageBox::question(this, tr("A run is going on"), tr("Stop the run and close?")) != QMessageBox::Yes) {
+            event->ignore();
+            return;
+        }
+        m_runner->stop();
+    }
+    if (!maybeSave()) {
+        event->ignore();
+        return;
+    }
+    m_settings->setValue("window/geometry", saveGeometry());
+    m_settings->setValue("window/state", saveState());
+    event->accept();
+}
+
+QStringList TMainWindow::recentFiles() const
+{
+    return m_settings->value("recentFiles").toStringList();
+}
+
+void TMainWindow::addRecentFile(const QString& path)
+{
+    QStringList files = recentFiles();
+    files.removeAll(path);
+    files.prepend(path);
+    while (files.size() > kMaxRecentFiles)
+        files.removeLast();
+    m_settings->setValue("recentFiles", files);
+    fillRecentMenu();
+}
+
+void TMainWindow::fillRecentMenu()
+{
+    m_recentMenu->clear();
+    const QStringList files = recentFiles();
+    for (int i = 0; i < files.size(); ++i) {
+        QAction* action = m_recentMenu->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(files[i]));
+        connect(action, &QAction::triggered, this, [this, path = files[i]] {
+            if (maybeSave())
+                openProject(path);
+        });
+    }
+    m_recentMenu->setEnabled(!files.isEmpty());
+}
+
+bool TMainWindow::addCatalogueAction(const QString& typeId)
+{
+    auto action = WFActionServices().CreateAction(typeId.toStdString());
+    if (!action)
+        return false;
+    const int row = currentRow() < 0 ? m_model->rowCount() : currentRow() + 1;
+    std::vector<std::unique_ptr<TCustomWFAction>> actions;
+    actions.push_back(std::move(action));
+    m_document->insertActions(row, std::move(actions), tr("Add action"));
+    selectRow(row);
+    return true;
+}
+
+bool TMainWindow::editAction(int row, const QString& page)
+{
+    if (row < 0 || row >= m_model->rowCount() || m_runner->isRunning())
+        return false;
+    TWFBuildVariables variables;
+    m_document->project().DefineVariables(variables);
+    TWFActionHost host = validationHost(variables);
+    TActionDialog dialog(*m_document->project().actions[row], this, &host);
+    if (!page.isEmpty())
+        dialog.showPage(page);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    m_document->replaceAction(row, dialog.takeResult());
+    selectRow(row);
+    return true;
+}
+
+void TMainWindow::editVariables()
+{
+    TVariablesDialog dialog(m_document->project().variables, this);
+    if (dialog.exec() == QDialog::Accepted)
+        m_document->setVariables(dialog.variables());
+}
+
+void TMainWindow::editOptions()
+{
+    TOptionsDialog dialog(this);
+    dialog.exec();
+}
+
+void TMainWindow::copySelection()
+{
+    const auto rows = selectedRows();
+    if (rows.empty())
+        return;
+    auto* data = new QMimeData;
+    const QByteArray text = QByteArray::fromStdString(m_document->actionsText(rows));
+    data->setData("application/x-wrenfield-project", text);
+    data->setText(QString::fromUtf8(text));
+    QApplication::clipboard()->setMimeData(data);
+}
+
+void TMainWindow::paste()
+{
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    if (!data)
+        return;
+    const QByteArray text = data->hasFormat("application/x-wrenfield-project") ? data->data("application/x-wrenfield-project")
+                                                                               : data->text().toUtf8();
+    std::vector<std::unique_ptr<TCustomWFAction>> actions;
+    QString error;
+    if (!TDesignerDocument::actionsFromText(text.toStdString(), actions, error) || actions.empty()) {
+        statusBar()->showMessage(tr("The clipboard holds no actions."), 5000);
+        return;
+    }
+    const int row = currentRow() < 0 ? m_model->rowCount() : currentRow() + 1;
+    const int count = static_cast<int>(actions.size());
+    m_document->insertActions(row, std::move(actions), count == 1 ? tr("Paste action") : tr("Paste %1 actions").arg(count));
+    selectRow(row);
+}
+
+void TMainWindow::removeSelection()
+{
+    const auto rows = selectedRows();
+    if (rows.empty())
+        return;
+    m_document->removeActions(rows);
+    selectRow(std::min(rows.front(), m_model->rowCount() - 1));
+}
+
+void TMainWindow::moveSelection(int delta)
+{
+    const int row = currentRow();
+    const int target = row + delta;
+    if (row < 0 || target < 0 || target >= m_model->rowCount())
+        return;
+    m_document->moveAction(row, target);
+    selectRow(target);
+}
+
+void TMainWindow::setSelectionEnabled(bool enabled)
+{
+    const auto rows = selectedRows();
+    m_document->setEnabled(rows, enabled);
+    if (!rows.empty())
+        selectRow(rows.front());
+}
+
+bool TMainWindow::isRunning() const
+{
+    return m_runner->isRunning();
+}
+
+bool TMainWindow::runProject(int first, bool dryRun)
+{
+    if (m_runner->isRunning() || m_document->project().actions.empty())
+        return false;
+    m_log->clear();
+    m_model->clearRunState();
+    for (int row = first; row < m_model->rowCount(); ++row)
+        m_model->setRunState(row, TRunStatus::Waiting);
+    QString error;
+    if (!m_runner->start(WriteProjectText(m_document->project()), m_document->path(), first, dryRun, error)) {
+        QMessageBox::critical(this, tr("Cannot run"), error);
+        m_model->clearRunState();
+        return false;
+    }
+    m_runTime.start();
+    m_clock->start();
+    m_runLabel->setText(tr("Running"));
+    updateActions();
+    return true;
+}
+
+void TMainWindow::stopRun()
+{
+    if (m_runner->isRunning()) {
+        m_runLabel->setText(tr("Stopping..."));
+        m_runner->stop();
+    }
+}
+
+void TMainWindow::runFinished(int status)
+{
+    m_clock->stop();
+    const QString seconds = QString::number(m_runTime.elapsed() / 1000.0, 'f', 1);
+    const QString outcome = status == 0 ? tr("Succeeded") : status == 130 ? tr("Stopped") : tr("Failed");
+    m_runLabel->setText(tr("%1 in %2 s").arg(outcome, seconds));
+    // Anything that never started (after a failure or a stop) is not waiting any longer.
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        if (m_model->runStatus(row) == TRunStatus::Waiting || m_model->runStatus(row) == TRunStatus::Running)
+            m_model->setRunState(row, TRunStatus::Skipped);
+    updateActions();
+}
+
+void TMainWindow::appendLog(const QString& text, bool isError)
+{
+    QScrollBar* bar = m_log->verticalScrollBar();
+    const bool atEnd = bar->value() >= bar->maximum() - 2;
+    m_log->appendPlainText(text);
+    QTextBlock block = m_log->document()->lastBlock();
+    if (isError) {
+        block.setUserState(kErrorLine);
+        QTextCursor cursor(block);
+        cursor.select(QTextCursor::BlockUnderCursor);
+        QTextCharFormat format;
+        format.setForeground(QColor(190, 30, 30));
+        cursor.movePosition(QTextCursor::StartOfBlock);
+        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(format);
+    }
+    if (atEnd)
+        bar->setValue(bar->maximum());
+}
+
+int TMainWindow::validateProject()
+{
+    m_problems->clear();
+    TWFProject project;
+    std::vector<TWFProjectDiagnostic> diagnostics;
+    // Validation sees what a run would: the project as it would be saved.
+    if (!ReadProjectText(WriteProjectText(m_document->project()), m_document->path().toStdString(), project, diagnostics))
+        return -1;
+    TWFBuildVariables variables;
+    project.DefineVariables(variables);
+    TWFActionHost host = validationHost(variables);
+    int invalid = 0;
+    const std::size_t checked = ::validateProject(project, host, [&](const TActionValidation& action) {
+        ++invalid;
+        auto* parent = new QTreeWidgetItem(m_problems, {tr("Action %1 (%2)").arg(action.index + 1).arg(QString::fromStdString(action.title))});
+        parent->setIcon(0, statusIcon(TRunStatus::Failed));
+        parent->setData(0, kRowRole, static_cast<int>(action.index));
+        for (const auto& error : action.errors) {
+            auto* item = new QTreeWidgetItem(parent, {QString::fromStdString(error.location), QString::fromStdString(error.message)});
+            item->setData(0, kRowRole, static_cast<int>(action.index));
+            item->setData(0, kLocationRole, QString::fromStdString(error.location));
+        }
+        m_model->setRunState(static_cast<int>(action.index), TRunStatus::Failed);
+    });
+    m_problems->expandAll();
+    m_problems->resizeColumnToContents(0);
+    if (auto* dock = findChild<QDockWidget*>("problemsDock"))
+        dock->raise();
+    statusBar()->showMessage(invalid ? tr("%1 of %2 enabled actions are not valid.").arg(invalid).arg(checked)
+                                     : tr("All %1 enabled actions are valid.").arg(checked),
+                             10000);
+    if (!invalid)
+        new QTreeWidgetItem(m_problems, {tr("All %1 enabled actions are valid.").arg(checked)});
+    return invalid;
+}
+
+TWFActionHost TMainWindow::validationHost(TWFBuildVariables& variables) const
+{
+    TWFActionHost host;
+    host.variables = &variables;
+    host.defaultStartingDir = m_document->path().isEmpty() ? QDir::currentPath().toStdString()
+                                                           : QFileInfo(m_document->path()).absolutePath().toStdString();
+    host.functions = WFScriptingServices().Resolver();
+    return host;
+}
+
+void TMainWindow::openProblem(QTreeWidgetItem* item)
+{
+    const QVariant row = item->data(0, kRowRole);
+    if (row.isNull())
+        return;
+    editAction(row.toInt(), item->data(0, kLocationRole).toString());
+}
+
+void TMainWindow::showActionHelp()
+{
+    const int row = currentRow();
+    if (row < 0) {
+        statusBar()->showMessage(tr("Select an action to see its help."), 5000);
+        return;
+    }
+    ::showActionHelp(*m_document->project().actions[row], this);
+}
+
+void TMainWindow::showAbout()
+{
+    QString packages;
+    for (const auto& plugin : WFLoadedPlugins())
+        packages += QStringLiteral("<li><b>%1</b><br>%2</li>")
+                        .arg(QFileInfo(QString::fromStdString(plugin.path)).fileName().toHtmlEscaped(),
+                             QString::fromStdString(plugin.description.empty() ? "(no description)" : plugin.description).toHtmlEscaped());
+    QMessageBox box(QMessageBox::Information, tr("About Wrenfield Designer"),
+                    tr("<h3>Wrenfield Designer %1</h3><p>Edit, validate and run build projects.</p>"
+                       "<p>Loaded packages:</p><ul>%2</ul>")
+                        .arg(QApplication::applicationVersion(), packages.isEmpty() ? tr("<li>none</li>") : packages),
+                    QMessageBox::Ok, this);
+    box.setObjectName("aboutBox");
+    box.exec();
+}

@@ -1,0 +1,193 @@
+#include "ProjectModel.h"
+
+#include "DesignerDocument.h"
+
+#include "WFAction.h"
+#include "WFServices.h"
+
+#include <QColor>
+#include <QDataStream>
+#include <QIODevice>
+#include <QMimeData>
+
+namespace {
+
+QString displayNameOf(const TCustomWFAction& action)
+{
+    const auto* entry = WFActionServices().Find(action.GetActionTypeID());
+    return QString::fromStdString(entry ? entry->displayName : action.GetActionName());
+}
+
+} // namespace
+
+TProjectModel::TProjectModel(TDesignerDocument& document, QObject* parent) : QAbstractTableModel(parent), m_document(document)
+{
+    connect(&m_document, &TDesignerDocument::projectChanged, this, &TProjectModel::reset);
+    m_run.resize(m_document.project().actions.size());
+}
+
+void TProjectModel::reset()
+{
+    beginResetModel();
+    m_run.assign(m_document.project().actions.size(), TRunState{});
+    endResetModel();
+}
+
+int TProjectModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_document.project().actions.size());
+}
+
+int TProjectModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant TProjectModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    const TCustomWFAction& action = *m_document.project().actions[index.row()];
+    const TRunState& run = m_run[index.row()];
+    switch (index.column()) {
+    case ActionColumn:
+        switch (role) {
+        case Qt::DisplayRole: {
+            const QString description = QString::fromStdString(action.GetDescription());
+            return description.isEmpty() ? displayNameOf(action) : description;
+        }
+        case Qt::ToolTipRole:
+            return displayNameOf(action) + " (" + QString::fromStdString(action.GetActionTypeID()) + ")";
+        case Qt::DecorationRole:
+            return packageIcon(action.GetActionTypeID());
+        case Qt::CheckStateRole:
+            return action.GetEnabled() ? Qt::Checked : Qt::Unchecked;
+        case Qt::ForegroundRole:
+            return action.GetEnabled() ? QVariant() : QVariant(QColor(Qt::gray));
+        default:
+            return {};
+        }
+    case StatusColumn:
+        if (role == Qt::DisplayRole)
+            return statusText(run.status);
+        if (role == Qt::DecorationRole)
+            return statusIcon(run.status);
+        return {};
+    case TimeColumn:
+        if (role == Qt::DisplayRole && run.seconds >= 0)
+            return QString::number(run.seconds, 'f', run.seconds < 10 ? 2 : 1) + " s";
+        if (role == Qt::TextAlignmentRole)
+            return int(Qt::AlignRight | Qt::AlignVCenter);
+        return {};
+    default:
+        return {};
+    }
+}
+
+bool TProjectModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!index.isValid() || index.column() != ActionColumn || role != Qt::CheckStateRole)
+        return false;
+    m_document.setEnabled({index.row()}, value.toInt() == Qt::Checked);
+    return true;
+}
+
+QVariant TProjectModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    switch (section) {
+    case ActionColumn:
+        return tr("Action");
+    case StatusColumn:
+        return tr("Status");
+    case TimeColumn:
+        return tr("Time");
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags TProjectModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid())
+        return Qt::ItemIsDropEnabled;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
+    if (index.column() == ActionColumn)
+        flags |= Qt::ItemIsUserCheckable;
+    return flags;
+}
+
+QStringList TProjectModel::mimeTypes() const
+{
+    return {kActionRowsMime, kActionTypeMime};
+}
+
+QMimeData* TProjectModel::mimeData(const QModelIndexList& indexes) const
+{
+    QList<int> rows;
+    for (const auto& index : indexes)
+        if (!rows.contains(index.row()))
+            rows << index.row();
+    auto* data = new QMimeData;
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << rows;
+    data->setData(kActionRowsMime, bytes);
+    return data;
+}
+
+Qt::DropActions TProjectModel::supportedDropActions() const
+{
+    // Copy: the view must not remove the dragged rows itself; the move is one undoable change.
+    return Qt::CopyAction | Qt::MoveAction;
+}
+
+bool TProjectModel::dropMimeData(const QMimeData* data, Qt::DropAction, int row, int, const QModelIndex& parent)
+{
+    if (row < 0)
+        row = parent.isValid() ? parent.row() : rowCount();
+    if (data->hasFormat(kActionTypeMime)) {
+        const std::string typeId = QString::fromUtf8(data->data(kActionTypeMime)).toStdString();
+        auto action = WFActionServices().CreateAction(typeId);
+        if (!action)
+            return false;
+        std::vector<std::unique_ptr<TCustomWFAction>> actions;
+        actions.push_back(std::move(action));
+        m_document.insertActions(row, std::move(actions), tr("Add action"));
+        return false;
+    }
+    if (data->hasFormat(kActionRowsMime)) {
+        QList<int> rows;
+        QByteArray bytes = data->data(kActionRowsMime);
+        QDataStream stream(&bytes, QIODevice::ReadOnly);
+        stream >> rows;
+        if (rows.size() == 1) {
+            const int from = rows.first();
+            m_document.moveAction(from, row > from ? row - 1 : row);
+        }
+    }
+    // The change is made; false keeps the view from removing the source rows as for a move.
+    return false;
+}
+
+void TProjectModel::setRunState(int row, TRunStatus status, double seconds)
+{
+    if (row < 0 || static_cast<std::size_t>(row) >= m_run.size())
+        return;
+    m_run[row] = {status, seconds};
+    emit dataChanged(index(row, StatusColumn), index(row, TimeColumn));
+}
+
+TRunStatus TProjectModel::runStatus(int row) const
+{
+    return row >= 0 && static_cast<std::size_t>(row) < m_run.size() ? m_run[row].status : TRunStatus::None;
+}
+
+void TProjectModel::clearRunState()
+{
+    for (auto& run : m_run)
+        run = {};
+    if (!m_run.empty())
+        emit dataChanged(index(0, StatusColumn), index(rowCount() - 1, TimeColumn));
+}

@@ -1,0 +1,127 @@
+// The designer's smoke run: examples/release.wfp against a fresh simulator store, every action
+// must succeed; screenshots of the main window, an action dialog, the options dialog and a run
+// in progress go to the folder given. Exit status 0 only when the run was all green.
+#include "ActionDialog.h"
+#include "ClearCaseWorld.h"
+#include "DesignerApp.h"
+#include "DesignerDocument.h"
+#include "MainWindow.h"
+#include "OptionsDialog.h"
+#include "ProjectModel.h"
+#include "RunController.h"
+#include "WFTestSupport.h"
+
+#include "WFDesignHost.h"
+#include "WFIniFile.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeView>
+
+#include <filesystem>
+#include <iostream>
+
+namespace {
+
+bool save(QWidget* widget, const QString& folder, const QString& name, bool settle = true)
+{
+    if (settle)
+        QTest::qWait(150);
+    const QString path = QDir(folder).filePath(name);
+    if (!widget->grab().save(path)) {
+        std::cerr << "cannot write " << path.toStdString() << "\n";
+        return false;
+    }
+    std::cout << "wrote " << path.toStdString() << "\n";
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setApplicationVersion(WF_VERSION);
+    if (argc != 2) {
+        std::cerr << "usage: wf_designer_screenshots OUTPUT-FOLDER\n";
+        return 2;
+    }
+    // Absolute: a run moves into the project's folder.
+    const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
+    QDir().mkpath(folder);
+
+    e2e::ClearCaseWorld world;
+    qputenv("CCSIM_HOME", QByteArray::fromStdString(world.dir() + "/store"));
+    qputenv("CCSIM_NOW", "2013-03-12T10:22:31");
+    qputenv("USER", "builder");
+    WFInstallDesignHooks();
+    TDesignerArguments args;
+    args.configDir = world.configDir();
+    args.noDefaultPlugins = true;
+    args.plugins = {WF_CLEARCASE_PLUGIN, WF_BASICACTIONS_PLUGIN};
+    QString error;
+    if (!prepareDesigner(args, error)) {
+        std::cerr << error.toStdString() << "\n";
+        return 1;
+    }
+
+    TMainWindow window(designerSettingsFile());
+    window.resize(1180, 760);
+    window.show();
+    const std::string project = world.dir() + "/release.wfp";
+    std::filesystem::copy_file(std::string(WF_EXAMPLES_DIR) + "/release.wfp", project);
+    if (!window.openProject(QString::fromStdString(project)))
+        return 1;
+    auto variables = window.document().project().variables;
+    for (auto& variable : variables)
+        if (variable.name == "VIEW")
+            variable.value = world.view();
+    window.document().setVariables(variables);
+    window.saveProject();
+    window.projectView()->setCurrentIndex(window.model().index(4, 0));
+
+    bool ok = true;
+    {
+        TActionDialog dialog(*window.document().project().actions[4], &window);
+        dialog.showPage("Comment");
+        dialog.show();
+        ok = save(&dialog, folder, "action-dialog.png") && ok;
+    }
+    {
+        TOptionsDialog dialog(&window);
+        dialog.show();
+        ok = save(&dialog, folder, "options-dialog.png") && ok;
+    }
+
+    bool grabbed = false;
+    int status = -1;
+    QObject::connect(&window.runner(), &TRunController::actionFinished, [&](int row, TRunStatus, double, const QString&) {
+        if (row == 8 && !grabbed) {
+            grabbed = true;
+            ok = save(&window, folder, "run-in-progress.png", false) && ok;
+        }
+    });
+    QObject::connect(&window.runner(), &TRunController::finished, [&](int result) { status = result; });
+    if (!window.runProject(0, false))
+        return 1;
+    QElapsedTimer timer;
+    timer.start();
+    while (status < 0 && timer.elapsed() < 120000)
+        QTest::qWait(20);
+    for (int row = 0; row < window.model().rowCount(); ++row)
+        if (window.model().runStatus(row) != TRunStatus::Succeeded) {
+            std::cerr << "action " << row + 1 << " did not succeed\n";
+            ok = false;
+        }
+    window.projectView()->setCurrentIndex(window.model().index(4, 0));
+    ok = save(&window, folder, "main-window.png") && ok;
+    std::cout << (status == 0 && ok ? "smoke run: every action succeeded\n" : "smoke run FAILED\n");
+    window.document().undoStack().setClean();
+    return status == 0 && ok ? 0 : 1;
+}

@@ -1,0 +1,775 @@
+// The designer driven as a user drives it: menus, the catalogue, the project list, the action
+// and options dialogs, runs with their log and statuses.
+#include "DesignerTestSupport.h"
+
+#include "ClearCaseWorld.h"
+#include "DesignerCommandLine.h"
+#include "DesignerDocument.h"
+#include "MainWindow.h"
+#include "ProjectModel.h"
+#include "RunController.h"
+#include "VariablesDialog.h"
+
+#include "ProgramRun.h"
+#include "WFTestSupport.h"
+
+#include "WFIniFile.h"
+#include "WFPluginLoader.h"
+#include "WFServices.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTreeView>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+#include <signal.h>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+using designertest::waitFor;
+using designertest::whenModal;
+
+namespace {
+
+std::string examplePath(const std::string& name)
+{
+    return std::string(WF_EXAMPLES_DIR) + "/" + name;
+}
+
+std::string projectText(TMainWindow& window)
+{
+    return WriteProjectText(window.document().project());
+}
+
+std::string property(TMainWindow& window, int row, const std::string& name)
+{
+    return window.document().project().actions.at(row)->GetPropertyText(name);
+}
+
+QStringList tabTexts(QTabWidget* tabs)
+{
+    QStringList texts;
+    for (int i = 0; i < tabs->count(); ++i)
+        texts << tabs->tabText(i);
+    return texts;
+}
+
+void clickButton(QWidget* dialog, QDialogButtonBox::StandardButton which)
+{
+    auto* box = dialog->findChild<QDialogButtonBox*>();
+    ASSERT_NE(box, nullptr);
+    QTest::mouseClick(box->button(which), Qt::LeftButton);
+}
+
+/// Clicks a radio button on its indicator, where a user aims.
+void clickRadio(QRadioButton* button)
+{
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+}
+
+void closeMessageBox(QWidget* modal, QString* text = nullptr)
+{
+    auto* box = qobject_cast<QMessageBox*>(modal);
+    ASSERT_NE(box, nullptr) << modal->objectName().toStdString();
+    if (text)
+        *text = box->text();
+    box->button(QMessageBox::Ok) ? box->button(QMessageBox::Ok)->click() : box->reject();
+}
+
+/// A table row's name as gtest accepts it.
+std::string testName(std::string name)
+{
+    for (char& c : name)
+        if (!std::isalnum(static_cast<unsigned char>(c)))
+            c = '_';
+    return name;
+}
+
+class DesignerWindow : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_startFolder = QDir::currentPath();
+        designertest::loadPackages();
+        SetWFConfigDirectory(m_config.path());
+        window = std::make_unique<TMainWindow>(QString::fromStdString(m_config.file("wfdesigner.ini")));
+        window->show();
+    }
+    void TearDown() override
+    {
+        window->document().undoStack().setClean();
+        window.reset();
+        SetWFConfigDirectory("");
+        // A run moves into its project's folder, which this test's temporary folder may have been.
+        QDir::setCurrent(m_startFolder);
+    }
+
+    /// A copy of an example, opened.
+    void openExample(const std::string& name)
+    {
+        const std::string copy = m_config.write(name, wftest::readFile(examplePath(name)));
+        ASSERT_TRUE(window->openProject(QString::fromStdString(copy)));
+    }
+    std::string writeProject(const std::string& name, const std::string& actions, const std::string& variables = "")
+    {
+        return m_config.write(name, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"1\">\n  <variables>" +
+                                        variables + "</variables>\n  <actions>\n" + actions + "  </actions>\n</wfproject>\n");
+    }
+    void select(int row)
+    {
+        window->projectView()->setCurrentIndex(window->model().index(row, 0));
+    }
+    QTreeWidgetItem* catalogueItem(const QString& name)
+    {
+        const auto found = window->catalogue()->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
+        return found.isEmpty() ? nullptr : found.first();
+    }
+
+    QString m_startFolder;
+    wftest::TempDir m_config;
+    std::unique_ptr<TMainWindow> window;
+};
+
+// --- the command line ---------------------------------------------------------------------
+
+struct CommandLineRow {
+    const char* name;
+    std::vector<std::string> arguments;
+    bool ok;
+    std::string project;
+    std::string configDir;
+    std::vector<std::string> plugins;
+    bool help;
+    bool version;
+    std::string errorPiece;
+};
+
+void PrintTo(const CommandLineRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class DesignerCommandLine : public ::testing::TestWithParam<CommandLineRow> {};
+
+TEST_P(DesignerCommandLine, Parses)
+{
+    const auto& row = GetParam();
+    TDesignerArguments args;
+    std::string error;
+    ASSERT_EQ(parseDesignerCommandLine(row.arguments, args, error), row.ok) << error;
+    if (!row.ok) {
+        EXPECT_NE(error.find(row.errorPiece), std::string::npos) << error;
+        return;
+    }
+    EXPECT_EQ(args.project, row.project);
+    EXPECT_EQ(args.configDir, row.configDir);
+    EXPECT_EQ(args.plugins, row.plugins);
+    EXPECT_EQ(args.help, row.help);
+    EXPECT_EQ(args.version, row.version);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, DesignerCommandLine,
+    ::testing::Values(
+        CommandLineRow{"nothing", {}, true, "", "", {}, false, false, ""},
+        CommandLineRow{"everything", {"p.wfp", "--config-dir", "cfg", "--plugin", "a.so", "--plugin", "b.so"}, true, "p.wfp", "cfg", {"a.so", "b.so"}, false, false, ""},
+        CommandLineRow{"options first", {"--plugin", "a.so", "p.wfp"}, true, "p.wfp", "", {"a.so"}, false, false, ""},
+        CommandLineRow{"help", {"--help"}, true, "", "", {}, true, false, ""},
+        CommandLineRow{"short help", {"-h"}, true, "", "", {}, true, false, ""},
+        CommandLineRow{"version", {"--version"}, true, "", "", {}, false, true, ""},
+        CommandLineRow{"config dir without value", {"--config-dir"}, false, "", "", {}, false, false, "--config-dir needs a value"},
+        CommandLineRow{"plugin with empty value", {"--plugin", ""}, false, "", "", {}, false, false, "--plugin needs a value"},
+        CommandLineRow{"unknown option", {"--colour"}, false, "", "", {}, false, false, "unknown option \"--colour\""},
+        CommandLineRow{"two projects", {"a.wfp", "b.wfp"}, false, "", "", {}, false, false, "\"b.wfp\""}),
+    [](const auto& info) { return testName(info.param.name); });
+
+TEST(DesignerProgram, HelpAndVersionNeedNoDisplay)
+{
+    struct Row {
+        std::string argument;
+        std::string piece;
+        int status;
+    };
+    for (const Row& row : {Row{"--help", "Usage: wfdesigner [PROJECT.wfp]", 0}, Row{"--version", "wfdesigner 3.", 0},
+                           Row{"--bogus", "unknown option", 2}}) {
+        wftest::ProgramRequest request;
+        request.program = WFDESIGNER_PATH;
+        request.arguments = {row.argument};
+        // No platform that could open a window: the answer must come before one is needed.
+        request.environment = {{"QT_QPA_PLATFORM", "none-such"}, {"DISPLAY", ""}};
+        const auto run = wftest::runProgram(request);
+        EXPECT_EQ(run.status, row.status) << row.argument << run.err;
+        EXPECT_NE((run.out + run.err).find(row.piece), std::string::npos) << row.argument << ": " << run.out << run.err;
+    }
+}
+
+// --- package icons -----------------------------------------------------------------------
+
+TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
+{
+    designertest::loadPackages();
+    struct Row {
+        std::string name;
+        bool carried;
+    };
+    const QImage placeholder = packageIcon("NO_SUCH_RESOURCE").pixmap(16, 16).toImage();
+    for (const Row& row : {Row{"CC_CHECKOUT", true}, Row{"UCM_MAKEBL_LABEL", true}, Row{"CC_LOGO", true},
+                           Row{"WF_LOGMESSAGE", false}, Row{"", false}, Row{"cc_checkout", false}}) {
+        const std::string bytes = WFFindPackageResource(row.name);
+        EXPECT_EQ(!bytes.empty(), row.carried) << row.name;
+        const QImage icon = packageIcon(row.name).pixmap(16, 16).toImage();
+        EXPECT_EQ(icon.size(), QSize(16, 16)) << row.name;
+        if (!row.carried) {
+            EXPECT_EQ(icon, placeholder) << row.name;
+            continue;
+        }
+        EXPECT_EQ(bytes.substr(0, 2), "BM") << row.name;
+        EXPECT_NE(icon, placeholder) << row.name;
+        // The bottom-left pixel's colour is the bitmap's background: see-through in the icon.
+        EXPECT_EQ(icon.pixelColor(0, 15).alpha(), 0) << row.name;
+        EXPECT_TRUE(std::any_of(icon.constBits(), icon.constBits() + icon.sizeInBytes(), [](uchar b) { return b != 0; }))
+            << row.name;
+    }
+}
+
+// --- projects, catalogue, pages, undo, save ----------------------------------------------
+
+TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsResaveWould)
+{
+    openExample("release.wfp");
+    const std::size_t before = window->document().project().actions.size();
+    EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp - Wrenfield Designer");
+    select(0);
+
+    // Typing filters the catalogue down to the one action.
+    QTest::keyClicks(window->catalogueFilter(), "check out");
+    QStringList visible;
+    for (auto* item : window->catalogue()->findItems("*", Qt::MatchWildcard | Qt::MatchRecursive))
+        if (!item->isHidden() && item->parent() && !item->parent()->isHidden())
+            visible << item->text(0);
+    EXPECT_EQ(visible, QStringList{"ClearCase Check Out"});
+    QTreeWidgetItem* item = catalogueItem("ClearCase Check Out");
+    ASSERT_NE(item, nullptr);
+    EXPECT_FALSE(item->icon(0).isNull());
+    const QRect rect = window->catalogue()->visualItemRect(item);
+    QTest::mouseClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
+    QTest::mouseDClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
+    ASSERT_EQ(window->document().project().actions.size(), before + 1);
+    EXPECT_EQ(window->document().project().actions[1]->GetActionTypeID(), "CC_CHECKOUT");
+    EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp* - Wrenfield Designer");
+
+    QString validation;
+    whenModal([&](QWidget* dialog) {
+        auto* tabs = dialog->findChild<QTabWidget*>();
+        ASSERT_NE(tabs, nullptr);
+        // The pages in their registered order, then the host's tab.
+        EXPECT_EQ(tabTexts(tabs), (QStringList{"Pathnames", "Extended Pathnames", "Checkout Options", "Comment", "General"}));
+        EXPECT_EQ(tabs->widget(0)->objectName(), "TClearCaseViewPathNameFrame");
+        tabs->setCurrentIndex(3);
+        clickRadio(dialog->findChild<QRadioButton*>("btnComment"));
+        QTest::keyClicks(dialog->findChild<QPlainTextEdit*>("txtComment"), "nightly build");
+        tabs->setCurrentIndex(4);
+        QTest::keyClicks(dialog->findChild<QLineEdit*>("txtDescription"), "Check out for the nightly");
+        // Without a cleartool in the options the action is not valid; the user keeps it anyway.
+        whenModal([&](QWidget* box) {
+            validation = qobject_cast<QMessageBox*>(box)->text();
+            QTest::mouseClick(box->findChild<QPushButton*>("btnKeep"), Qt::LeftButton);
+        });
+        clickButton(dialog, QDialogButtonBox::Ok);
+    });
+    ASSERT_TRUE(window->editAction(1));
+    EXPECT_TRUE(validation.contains("Options: The path to cleartool.exe has not been specified")) << validation.toStdString();
+    EXPECT_EQ(property(*window, 1, "Comment"), "nightly build");
+    EXPECT_EQ(property(*window, 1, "NoComment"), "False");
+    EXPECT_EQ(window->document().project().actions[1]->GetDescription(), "Check out for the nightly");
+
+    window->findChild<QAction*>("actionUndo")->trigger();
+    EXPECT_EQ(property(*window, 1, "Comment"), "");
+    window->findChild<QAction*>("actionUndo")->trigger();
+    EXPECT_EQ(window->document().project().actions.size(), before);
+    window->findChild<QAction*>("actionRedo")->trigger();
+    window->findChild<QAction*>("actionRedo")->trigger();
+    EXPECT_EQ(property(*window, 1, "Comment"), "nightly build");
+
+    ASSERT_TRUE(window->saveProject());
+    EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp - Wrenfield Designer");
+    const std::string saved = wftest::readFile(window->document().path().toStdString());
+    EXPECT_NE(saved.find("<property name=\"Comment\">nightly build</property>"), std::string::npos) << saved;
+    // What wfbuild writes for the same file is what the designer wrote.
+    wftest::ProgramRequest resave;
+    resave.program = WFBUILD_PATH;
+    const std::string resaved = m_config.file("resaved.wfp");
+    resave.arguments = {"resave", window->document().path().toStdString(), "--output", resaved, "--no-default-plugins",
+                        "--plugin", WF_CLEARCASE_PLUGIN, "--plugin", WF_BASICACTIONS_PLUGIN};
+    const auto run = wftest::runProgram(resave);
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(wftest::readFile(resaved), saved);
+}
+
+/// One edit of the project list, with what it must have done.
+struct EditRow {
+    const char* name;
+    std::function<void(TMainWindow&)> edit;
+    std::function<void(TMainWindow&)> check;
+};
+
+void PrintTo(const EditRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class ProjectEdits : public DesignerWindow, public ::testing::WithParamInterface<EditRow> {};
+
+TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
+{
+    openExample("release.wfp");
+    const std::string original = projectText(*window);
+    GetParam().edit(*window);
+    const std::string edited = projectText(*window);
+    ASSERT_NE(edited, original) << "the edit changed nothing";
+    GetParam().check(*window);
+    EXPECT_TRUE(window->document().isModified());
+    window->findChild<QAction*>("actionUndo")->trigger();
+    EXPECT_EQ(projectText(*window), original);
+    EXPECT_FALSE(window->document().isModified());
+    window->findChild<QAction*>("actionRedo")->trigger();
+    EXPECT_EQ(projectText(*window), edited);
+}
+
+void selectRow(TMainWindow& w, int row)
+{
+    w.projectView()->setCurrentIndex(w.model().index(row, 0));
+}
+
+std::string typeAt(TMainWindow& w, int row)
+{
+    return w.document().project().actions.at(row)->GetActionTypeID();
+}
+
+QMimeData* rowsMime(TMainWindow& w, int row)
+{
+    return w.model().mimeData({w.model().index(row, 0)});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, ProjectEdits,
+    ::testing::Values(
+        EditRow{"remove", [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionRemove")->trigger(); },
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 1), "WF_LOGMESSAGE"); EXPECT_EQ(w.model().rowCount(), 16); }},
+        EditRow{"move up", [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionMoveUp")->trigger(); },
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS"); EXPECT_EQ(typeAt(w, 1), "CC_UPDATE"); }},
+        EditRow{"move down", [](TMainWindow& w) { selectRow(w, 0); w.findChild<QAction*>("actionMoveDown")->trigger(); },
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 1), "CC_UPDATE"); EXPECT_EQ(w.projectView()->currentIndex().row(), 1); }},
+        EditRow{"untick the enabled box",
+                [](TMainWindow& w) { w.model().setData(w.model().index(2, 0), Qt::Unchecked, Qt::CheckStateRole); },
+                [](TMainWindow& w) { EXPECT_FALSE(w.document().project().actions[2]->GetEnabled()); }},
+        EditRow{"disable from the menu", [](TMainWindow& w) { selectRow(w, 3); w.findChild<QAction*>("actionDisable")->trigger(); },
+                [](TMainWindow& w) { EXPECT_FALSE(w.document().project().actions[3]->GetEnabled()); }},
+        EditRow{"copy and paste",
+                [](TMainWindow& w) {
+                    selectRow(w, 4);
+                    w.findChild<QAction*>("actionCopy")->trigger();
+                    selectRow(w, 0);
+                    w.findChild<QAction*>("actionPaste")->trigger();
+                },
+                [](TMainWindow& w) {
+                    EXPECT_EQ(typeAt(w, 1), "CC_CHECKOUT");
+                    EXPECT_EQ(property(w, 1, "PathNameStorageString"), property(w, 5, "PathNameStorageString"));
+                }},
+        EditRow{"drag a row down",
+                [](TMainWindow& w) { std::unique_ptr<QMimeData> data(rowsMime(w, 0)); w.model().dropMimeData(data.get(), Qt::MoveAction, 3, 0, {}); },
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_UPDATE"); EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS"); EXPECT_EQ(w.model().rowCount(), 17); }},
+        EditRow{"drag from the catalogue",
+                [](TMainWindow& w) {
+                    QMimeData data;
+                    data.setData(kActionTypeMime, "CC_LOCK");
+                    w.model().dropMimeData(&data, Qt::CopyAction, 2, 0, {});
+                },
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_LOCK"); EXPECT_EQ(w.model().rowCount(), 18); }},
+        EditRow{"edit the variables",
+                [](TMainWindow& w) {
+                    whenModal([](QWidget* dialog) {
+                        auto* table = dialog->findChild<QTableWidget*>("variablesTable");
+                        QTest::mouseClick(dialog->findChild<QPushButton*>("btnAddVariable"), Qt::LeftButton);
+                        const int row = table->rowCount() - 1;
+                        table->item(row, 0)->setText("TARGET");
+                        table->item(row, 2)->setText("release");
+                        clickButton(dialog, QDialogButtonBox::Ok);
+                    });
+                    w.editVariables();
+                },
+                [](TMainWindow&) {
+                    const auto names = WFDesignApplicationServices().GetVariableNames();
+                    EXPECT_EQ(names, (std::vector<std::string>{"VIEW", "BUILD", "VOB", "PVOB", "CHECKOUTS", "TARGET"}));
+                }}),
+    [](const auto& info) { return testName(info.param.name); });
+
+TEST_F(DesignerWindow, VariableRowsThatCannotBeKeptAreNamed)
+{
+    struct Row {
+        std::vector<TWFProjectVariable> variables;
+        std::string piece;
+    };
+    for (const Row& row : std::vector<Row>{
+             {{{"A", "string", "x"}, {"B", "integer", "12"}, {"C", "boolean", "true"}}, ""},
+             {{{"", "string", "x"}}, "Row 1: the variable has no name."},
+             {{{"A", "string", ""}, {"a", "string", ""}}, "Row 2: \"a\" is defined twice."},
+             {{{"N", "integer", "twelve"}}, "Row 1: \"twelve\" is no integer value."},
+             {{{"F", "boolean", "yes"}}, "\"yes\" is no boolean value."},
+             {{{"MY VAR", "string", ""}}, "cannot be used in %NAME% expressions"}}) {
+        const QString problem = TVariablesDialog::problemOf(row.variables);
+        if (row.piece.empty())
+            EXPECT_TRUE(problem.isEmpty()) << problem.toStdString();
+        else
+            EXPECT_TRUE(problem.contains(QString::fromStdString(row.piece))) << problem.toStdString();
+    }
+}
+
+TEST_F(DesignerWindow, AProjectThatFailsToLoadIsNamedWithItsPlaceAndOpensNothing)
+{
+    struct Row {
+        std::string content;
+        std::string place;
+        std::string piece;
+    };
+    openExample("locks.wfp");
+    const QString openPath = window->document().path();
+    const std::string openText = projectText(*window);
+    const std::vector<Row> rows = {
+        {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\"\n", ":5:", ""},
+        {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"NO_SUCH\"/>\n  </actions>\n</wfproject>\n", ":4:", "NO_SUCH"},
+        {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\">\n      <property name=\"NoComment\">maybe</property>\n    </action>\n  </actions>\n</wfproject>\n", ":5:", "maybe"},
+    };
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const std::string path = m_config.write("broken" + std::to_string(i) + ".wfp", rows[i].content);
+        QString message;
+        whenModal([&](QWidget* box) { closeMessageBox(box, &message); });
+        EXPECT_FALSE(window->openProject(QString::fromStdString(path)));
+        EXPECT_TRUE(message.contains(QString::fromStdString(path + rows[i].place))) << message.toStdString();
+        EXPECT_TRUE(message.contains(QString::fromStdString(rows[i].piece))) << message.toStdString();
+        EXPECT_EQ(window->document().path(), openPath);
+        EXPECT_EQ(projectText(*window), openText);
+    }
+}
+
+TEST_F(DesignerWindow, TitleRecentFilesAndClosingWithUnsavedChanges)
+{
+    openExample("locks.wfp");
+    openExample("ucm.wfp");
+    ASSERT_GE(window->recentFiles().size(), 2);
+    EXPECT_TRUE(window->recentFiles()[0].endsWith("ucm.wfp"));
+    EXPECT_TRUE(window->recentFiles()[1].endsWith("locks.wfp"));
+    // Another window (the next start) sees the same list.
+    TMainWindow second(QString::fromStdString(m_config.file("wfdesigner.ini")));
+    EXPECT_EQ(second.recentFiles(), window->recentFiles());
+
+    selectRow(*window, 0);
+    window->findChild<QAction*>("actionRemove")->trigger();
+    EXPECT_TRUE(window->windowTitle().startsWith("ucm.wfp*"));
+    whenModal([](QWidget* box) { qobject_cast<QMessageBox*>(box)->button(QMessageBox::Cancel)->click(); });
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    whenModal([](QWidget* box) { qobject_cast<QMessageBox*>(box)->button(QMessageBox::Discard)->click(); });
+    EXPECT_TRUE(window->close());
+}
+
+// --- the action dialog ---------------------------------------------------------------------
+
+TEST_F(DesignerWindow, CancelChangesNothing)
+{
+    openExample("release.wfp");
+    const std::string before = projectText(*window);
+    whenModal([](QWidget* dialog) {
+        auto* tabs = dialog->findChild<QTabWidget*>();
+        tabs->setCurrentIndex(tabs->indexOf(tabs->findChild<QWidget*>("generalPage")));
+        QTest::keyClicks(dialog->findChild<QLineEdit*>("txtDescription"), " and more");
+        clickRadio(dialog->findChild<QRadioButton*>("btnNoComment"));
+        clickButton(dialog, QDialogButtonBox::Cancel);
+    });
+    EXPECT_FALSE(window->editAction(4));
+    EXPECT_EQ(projectText(*window), before);
+    EXPECT_FALSE(window->document().isModified());
+}
+
+TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
+{
+    writeProject("t.wfp", "    <action type=\"TEST_ACTION\" description=\"\" enabled=\"True\">\n"
+                          "      <property name=\"Text\"></property>\n    </action>\n");
+    ASSERT_TRUE(window->openProject(QString::fromStdString(m_config.file("t.wfp"))));
+    ASSERT_EQ(window->validateProject(), 1);
+    QTreeWidgetItem* error = window->problems()->topLevelItem(0)->child(0);
+    EXPECT_EQ(error->text(0), "Text Options");
+    EXPECT_EQ(error->text(1), "No text given.");
+    EXPECT_EQ(window->model().runStatus(0), TRunStatus::Failed);
+
+    // Double-clicking the error opens the action on the page it names; OK with the error
+    // still there offers to go back, which keeps the dialog open on that page.
+    int boxes = 0;
+    whenModal([&](QWidget* dialog) {
+        auto* tabs = dialog->findChild<QTabWidget*>();
+        EXPECT_EQ(tabs->tabText(tabs->currentIndex()), "Text Options");
+        tabs->setCurrentIndex(tabs->count() - 1);
+        whenModal([&](QWidget* box) {
+            ++boxes;
+            QTest::mouseClick(box->findChild<QPushButton*>("btnGoBack"), Qt::LeftButton);
+        });
+        clickButton(dialog, QDialogButtonBox::Ok);
+        QTest::qWait(50);
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_EQ(tabs->tabText(tabs->currentIndex()), "Text Options");
+        QTest::keyClicks(dialog->findChild<QLineEdit*>("txtText"), "fixed");
+        clickButton(dialog, QDialogButtonBox::Ok);
+    });
+    const QRect rect = window->problems()->visualItemRect(error);
+    QTest::mouseClick(window->problems()->viewport(), Qt::LeftButton, {}, rect.center());
+    QTest::mouseDClick(window->problems()->viewport(), Qt::LeftButton, {}, rect.center());
+    EXPECT_EQ(boxes, 1);
+    EXPECT_EQ(property(*window, 0, "Text"), "fixed");
+    EXPECT_EQ(window->validateProject(), 0);
+}
+
+// --- options -----------------------------------------------------------------------------
+
+TEST_F(DesignerWindow, OptionsPagesWriteOptionsIniKeepingWhatTheyDoNotOwn)
+{
+    const std::string original = "; written by hand\n[Elsewhere]\nKept=1\n\n[TestOptions]\nGreeting=hi\n";
+    for (const bool accept : {false, true}) {
+        const std::string ini = m_config.write("options.ini", original);
+        std::string error;
+        ASSERT_TRUE(WFOptionsServices().Load(GetWFOptionsFileName(), error)) << error;
+        whenModal([accept](QWidget* dialog) {
+            auto* tabs = dialog->findChild<QTabWidget*>();
+            EXPECT_TRUE(tabTexts(tabs).contains("Test Options"));
+            EXPECT_TRUE(tabTexts(tabs).contains("ClearCase Options"));
+            auto* edit = dialog->findChild<QLineEdit*>("txtGreeting");
+            EXPECT_EQ(edit->text(), "hi");
+            edit->clear();
+            QTest::keyClicks(edit, "bonjour");
+            clickButton(dialog, accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
+        });
+        window->editOptions();
+        const std::string written = wftest::readFile(ini);
+        if (!accept) {
+            EXPECT_EQ(written, original);
+            continue;
+        }
+        EXPECT_NE(written.find("; written by hand"), std::string::npos) << written;
+        EXPECT_NE(written.find("[Elsewhere]\nKept=1"), std::string::npos) << written;
+        EXPECT_NE(written.find("Greeting=bonjour"), std::string::npos) << written;
+        EXPECT_EQ(written.find("Greeting=hi"), std::string::npos) << written;
+    }
+}
+
+// --- help and about ------------------------------------------------------------------------
+
+TEST_F(DesignerWindow, F1OpensThePackageHelpAtTheActionsTopicAndAboutListsThePackages)
+{
+    openExample("release.wfp");
+    struct Row {
+        int row;
+        QString topic;
+    };
+    for (const Row& row : {Row{0, "4440"}, Row{4, "4460"}, Row{12, "4560"}}) {
+        selectRow(*window, row.row);
+        window->findChild<QAction*>("actionHelp")->trigger();
+        QTextBrowser* browser = nullptr;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->objectName() == "helpViewer" && top->isVisible())
+                browser = top->findChild<QTextBrowser*>("helpBrowser");
+        ASSERT_NE(browser, nullptr);
+        EXPECT_EQ(browser->source().fragment(), row.topic);
+        EXPECT_TRUE(browser->source().path().endsWith("ClearCase.html"));
+        EXPECT_FALSE(browser->toPlainText().isEmpty());
+    }
+    // F1 in an action's dialog opens the same topic.
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (top->objectName() == "helpViewer")
+            top->close();
+    QString topicFromDialog;
+    whenModal([&](QWidget* dialog) {
+        QTest::keyClick(dialog, Qt::Key_F1);
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->objectName() == "helpViewer" && top->isVisible())
+                topicFromDialog = top->findChild<QTextBrowser*>("helpBrowser")->source().fragment();
+        clickButton(dialog, QDialogButtonBox::Cancel);
+    });
+    window->editAction(4);
+    EXPECT_EQ(topicFromDialog, "4460");
+
+    QString about;
+    whenModal([&](QWidget* box) { closeMessageBox(box, &about); });
+    window->showAbout();
+    EXPECT_TRUE(about.contains("WF30ClearCase.so")) << about.toStdString();
+    EXPECT_TRUE(about.contains("Wrenfield 3.x clearcase Support")) << about.toStdString();
+    EXPECT_TRUE(about.contains("WFBasicActions.so")) << about.toStdString();
+}
+
+// --- running -------------------------------------------------------------------------------
+
+std::vector<TRunStatus> statuses(TMainWindow& w)
+{
+    std::vector<TRunStatus> result;
+    for (int row = 0; row < w.model().rowCount(); ++row)
+        result.push_back(w.model().runStatus(row));
+    return result;
+}
+
+QStringList logLines(TMainWindow& w, bool errorsOnly)
+{
+    QStringList lines;
+    for (QTextBlock block = w.log()->document()->begin(); block.isValid(); block = block.next())
+        if (!errorsOnly || block.userState() == 1)
+            lines << block.text();
+    return lines;
+}
+
+std::string runProgramAction(const std::string& arguments, const std::string& description = "program")
+{
+    return "    <action type=\"WF_RUNPROGRAM\" description=\"" + description + "\" enabled=\"True\">\n"
+           "      <property name=\"Program\">sh</property>\n      <property name=\"Arguments\">" + arguments +
+           "</property>\n    </action>\n";
+}
+
+std::string logAction(const std::string& text, bool enabled = true)
+{
+    return "    <action type=\"WF_LOGMESSAGE\" description=\"say\" enabled=\"" + std::string(enabled ? "True" : "False") +
+           "\">\n      <property name=\"Text\">" + text + "</property>\n    </action>\n";
+}
+
+struct RunRow {
+    const char* name;
+    std::string actions;
+    int first;
+    bool dryRun;
+    int status;
+    std::vector<TRunStatus> statuses;
+    QStringList logHolds;
+    QStringList logLacks;
+    QStringList errorLines;
+};
+
+void PrintTo(const RunRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class ProjectRuns : public DesignerWindow, public ::testing::WithParamInterface<RunRow> {};
+
+TEST_P(ProjectRuns, ShowStatusesAndTheLog)
+{
+    const RunRow& row = GetParam();
+    ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject("run.wfp", row.actions))));
+    int finished = -1;
+    QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
+    ASSERT_TRUE(window->runProject(row.first, row.dryRun));
+    EXPECT_FALSE(window->findChild<QAction*>("actionRun")->isEnabled());
+    EXPECT_TRUE(window->findChild<QAction*>("actionStop")->isEnabled());
+    ASSERT_TRUE(waitFor([&] { return finished >= 0; }));
+    EXPECT_EQ(finished, row.status);
+    EXPECT_EQ(statuses(*window), row.statuses);
+    const QString log = logLines(*window, false).join('\n');
+    for (const QString& piece : row.logHolds)
+        EXPECT_TRUE(log.contains(piece)) << "log lacks " << piece.toStdString() << ":\n" << log.toStdString();
+    for (const QString& piece : row.logLacks)
+        EXPECT_FALSE(log.contains(piece)) << "log holds " << piece.toStdString() << ":\n" << log.toStdString();
+    EXPECT_EQ(logLines(*window, true), row.errorLines) << log.toStdString();
+    EXPECT_TRUE(window->findChild<QAction*>("actionRun")->isEnabled());
+}
+
+using S = TRunStatus;
+INSTANTIATE_TEST_SUITE_P(
+    Rows, ProjectRuns,
+    ::testing::Values(
+        RunRow{"all pass", logAction("first") + runProgramAction("-c \"echo from the program\""), 0, false, 0,
+               {S::Succeeded, S::Succeeded}, {"[1/2]", "first", "[2/2]", "from the program", "Build succeeded: 2 actions run."}, {}, {}},
+        RunRow{"a failure marks standard error and stops the run",
+               runProgramAction("-c \"echo oops &gt;&amp;2; exit 3\"") + logAction("never"), 0, false, 1,
+               {S::Failed, S::Skipped}, {"oops"}, {"never"},
+               {"oops", "Action 1 (Run Program: program) failed: exit code 3"}},
+        RunRow{"a disabled action is skipped", logAction("off", false) + logAction("on"), 0, false, 0,
+               {S::Skipped, S::Succeeded}, {"on", "1 disabled"}, {}, {}},
+        RunRow{"a dry run starts no program", runProgramAction("-c \"echo ran\""), 0, true, 0,
+               {S::Succeeded}, {"Dry run succeeded"}, {"ran\n"}, {}},
+        RunRow{"from the selected action", logAction("before") + logAction("after"), 1, false, 0,
+               {S::None, S::Succeeded}, {"after", "[1/1]"}, {"before"}, {}}),
+    [](const auto& info) { return testName(info.param.name); });
+
+TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
+{
+    const std::string pidFile = m_config.file("child.pid");
+    ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject(
+        "hang.wfp", runProgramAction("-c \"sleep 600 &amp; echo $! &gt; " + pidFile + "; wait\"", "hang") + logAction("after")))));
+    int finished = -1;
+    QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
+    ASSERT_TRUE(window->runProject(0, false));
+    ASSERT_TRUE(waitFor([&] { return std::filesystem::exists(pidFile) && std::filesystem::file_size(pidFile) > 0; }));
+    EXPECT_TRUE(waitFor([&] { return window->model().runStatus(0) == TRunStatus::Running; }, 2000))
+        << static_cast<int>(window->model().runStatus(0));
+    // The window answers while the program runs.
+    QTest::qWait(300);
+    EXPECT_TRUE(window->findChild<QLabel*>("runLabel")->text().startsWith("Running"));
+    const pid_t child = std::stoi(wftest::readFile(pidFile));
+    window->findChild<QAction*>("actionStop")->trigger();
+    ASSERT_TRUE(waitFor([&] { return finished >= 0; }, 5000));
+    EXPECT_EQ(finished, 130);
+    EXPECT_EQ(statuses(*window), (std::vector<TRunStatus>{S::Failed, S::Skipped}));
+    EXPECT_TRUE(waitFor([&] { return ::kill(child, 0) != 0; }, 3000)) << "the program's own child still runs";
+    EXPECT_TRUE(window->findChild<QLabel*>("runLabel")->text().startsWith("Stopped"));
+}
+
+TEST_F(DesignerWindow, RunsTheReleaseDemoAgainstTheSimulator)
+{
+    e2e::ClearCaseWorld world;
+    wftest::ScopedEnv home("CCSIM_HOME", world.dir() + "/store");
+    wftest::ScopedEnv now("CCSIM_NOW", "2013-03-12T10:22:31");
+    wftest::ScopedEnv user("USER", "builder");
+    SetWFConfigDirectory(world.configDir());
+    std::string error;
+    ASSERT_TRUE(WFOptionsServices().Load(GetWFOptionsFileName(), error)) << error;
+
+    const std::string copy = world.dir() + "/release.wfp";
+    std::filesystem::copy_file(examplePath("release.wfp"), copy);
+    ASSERT_TRUE(window->openProject(QString::fromStdString(copy)));
+    auto variables = window->document().project().variables;
+    for (auto& variable : variables)
+        if (variable.name == "VIEW")
+            variable.value = world.view();
+    window->document().setVariables(variables);
+
+    int finished = -1;
+    QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
+    ASSERT_TRUE(window->runProject(0, false));
+    ASSERT_TRUE(waitFor([&] { return finished >= 0; }, 60000));
+    const QString log = logLines(*window, false).join('\n');
+    EXPECT_EQ(finished, 0) << log.toStdString();
+    EXPECT_EQ(statuses(*window), std::vector<TRunStatus>(17, TRunStatus::Succeeded)) << log.toStdString();
+    for (const char* piece : {"[1/17] ClearCase Update Snapshot View: Bring the release view up to date",
+                              "Command Line: checkout -reserved -c \"Stamp build 1\" -nquery", "Build succeeded: 17 actions run."})
+        EXPECT_TRUE(log.contains(piece)) << piece << "\n" << log.toStdString();
+    for (int row = 0; row < 17; ++row)
+        EXPECT_FALSE(window->model().data(window->model().index(row, TProjectModel::TimeColumn), Qt::DisplayRole).toString().isEmpty());
+    e2e::expectLooks(world, {{"vobs/main", {"lstype", "-kind", "lbtype", "-short"}, {"REL_1"}}});
+    // The config spec's relative output file is written beside the project, as wfbuild run there writes it.
+    EXPECT_TRUE(std::filesystem::exists(world.dir() + "/release-configspec.txt"));
+    WFOptionsServices().Load(m_config.file("none.ini"), error);
+}
+
+} // namespace
