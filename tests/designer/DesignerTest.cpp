@@ -282,7 +282,7 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
         ASSERT_NE(tabs, nullptr);
         // The pages in their registered order, then the host's tab.
         EXPECT_EQ(tabTexts(tabs), (QStringList{"Pathnames", "Extended Pathnames", "Checkout Options", "Comment", "General"}));
-        EXPECT_EQ(tabs->widget(0)->objectName(), "TClearCaseViewPathNameFrame");
+        EXPECT_NE(tabs->widget(0)->findChild<QWidget*>("TClearCaseViewPathNameFrame"), nullptr);
         tabs->setCurrentIndex(3);
         clickRadio(dialog->findChild<QRadioButton*>("btnComment"));
         QTest::keyClicks(dialog->findChild<QPlainTextEdit*>("txtComment"), "nightly build");

@@ -8,7 +8,6 @@
 #include "actions/WFClearCaseSetConfigSpecAction.h"
 #include "WFServices.h"
 
-#include <QAbstractButton>
 #include <QComboBox>
 
 #include <gtest/gtest.h>
@@ -32,7 +31,7 @@ const PageCase kSetConfigSpecCases[] = {
      .stored = {{"CSpecChoice", "csStream"}, {"CSFilePath", "/specs/rel.cs"}}},
     {.name = "FileChoiceEnablesTheEdit",
      .given = {},
-     .steps = steps({{"btnFile"}, {"txtSpecFile", "/specs/new.cs"}}),
+     .steps = {clickOn("btnFile"), typeInto("txtSpecFile", "/specs/new.cs")},
      .shown = {{"txtSpecFile", {}, true}, {"txtSpecFileButton", {}, true}},
      .stored = {{"CSpecChoice", "csFile"}, {"CSFilePath", "/specs/new.cs"}}},
     {.name = "OtherChoiceGreysOutAndKeepsTheFile",
@@ -87,7 +86,7 @@ const PageCase kGetConfigSpecCases[] = {
      .stored = {{"OutputToFile", "False"}, {"OutputFilePath", "/out/cs.txt"}}},
     {.name = "TickingEnablesTheFile",
      .given = {},
-     .steps = steps({{"boxUseFile"}, {"txtFilePath", "/out/cs.txt"}}),
+     .steps = {clickOn("boxUseFile"), typeInto("txtFilePath", "/out/cs.txt")},
      .shown = {{"txtFilePathButton", {}, true}},
      .stored = {{"OutputToFile", "True"}, {"OutputFilePath", "/out/cs.txt"}}},
     {.name = "UntickingKeepsThePath",
@@ -140,14 +139,6 @@ TEST_F(FindCheckoutsPage, OffersTheProjectsVariables)
     EXPECT_EQ(items(page.control<QComboBox>("cmbVariable")), QStringList({"CHECKOUTS", "CHECKOUTS_OLD", "LIST"}));
 }
 
-std::function<void(OpenPage&)> chooseVariable(const char* name)
-{
-    return [name](OpenPage& page) {
-        auto* combo = page.control<QComboBox>("cmbVariable");
-        combo->setCurrentIndex(combo->findText(name));
-    };
-}
-
 const PageCase kFindCheckoutsCases[] = {
     {.name = "StoredVariableSelected",
      .given = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS_OLD"}},
@@ -161,12 +152,7 @@ const PageCase kFindCheckoutsCases[] = {
      .stored = {{"WriteToVariable", "True"}, {"VariableName", ""}}},
     {.name = "ChosenVariableAndLongFormat",
      .given = {},
-     .steps =
-         [](OpenPage& page) {
-             click(page.control<QAbstractButton>("boxVariable"));
-             chooseVariable("LIST")(page);
-             click(page.control<QAbstractButton>("boxShort"));
-         },
+     .steps = {clickOn("boxVariable"), chooseIn("cmbVariable", "LIST"), clickOn("boxShort")},
      .shown = {},
      .stored = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}, {"UseShort", "False"}}},
     {.name = "NewActionUsesShortFormat",
@@ -200,12 +186,12 @@ TEST_P(CleartoolPage, RoundTrip)
 const PageCase kCleartoolCases[] = {
     {.name = "CommandWithoutArgumentsPreviewsTheTrailingBlank",
      .given = {},
-     .steps = steps({{"txtCommand", "lsco"}}),
+     .steps = {typeInto("txtCommand", "lsco")},
      .shown = {{"lblPath", {}, {}, "Full Command Will Be: 'cleartool lsco '"}},
      .stored = {{"Command", "lsco"}, {"Arguments", ""}}},
     {.name = "ArgumentsWithoutCommandPreviewTwoBlanks",
      .given = {},
-     .steps = steps({{"txtArgs", "-short"}}),
+     .steps = {typeInto("txtArgs", "-short")},
      .shown = {{"lblPath", {}, {}, "Full Command Will Be: 'cleartool  -short'"}},
      .stored = {{"Command", ""}, {"Arguments", "-short"}}},
     {.name = "StoredCommandPreviewedOnOpening",
@@ -215,12 +201,12 @@ const PageCase kCleartoolCases[] = {
      .stored = {{"Command", "lsview"}, {"Arguments", "-short -cview"}}},
     {.name = "QuotedPathWithBlanksKeptAsTyped",
      .given = {{"Command", "describe"}},
-     .steps = steps({{"txtArgs", "-fmt \"%n\"  \"/vobs/my dir/a.c\""}}),
+     .steps = {typeInto("txtArgs", "-fmt \"%n\"  \"/vobs/my dir/a.c\"")},
      .shown = {},
      .stored = {{"Command", "describe"}, {"Arguments", "-fmt \"%n\"  \"/vobs/my dir/a.c\""}}},
     {.name = "LinesOfTheArgumentsJoinedByCrLf",
      .given = {{"Command", "mkattr"}},
-     .steps = steps({{"txtArgs", "-rep\nBuildNo"}}),
+     .steps = {typeInto("txtArgs", "-rep\nBuildNo")},
      .shown = {{"txtArgs", {}, {}, "-rep\nBuildNo"}},
      .stored = {{"Arguments", "-rep\r\nBuildNo"}}},
     {.name = "StoredLinesRoundTripUnchanged",

@@ -71,7 +71,7 @@ const PageCase kCheckOutCases[] = {
      .stored = {{"Reserved", "False"}, {"Unreserved", "True"}, {"DataLocation", "coView"}, {"SelectionMode", "coDefault"}}},
     {.name = "TypingAnExternalPathChoosesOut",
      .given = {},
-     .steps = steps({{"txtExternalPath", "/tmp/out"}}),
+     .steps = {typeInto("txtExternalPath", "/tmp/out")},
      .shown = {isChecked("btnOut")},
      .stored = {{"DataLocation", "coOut"}, {"OutExternalPath", "/tmp/out"}}},
     {.name = "StoredPathUnderViewLocationStaysView",
@@ -100,12 +100,12 @@ const PageCase kCheckOutCases[] = {
      .browsed = {{"", "Select Directory"}}},
     {.name = "TypingABranchChoosesBranchAndClearingKeepsIt",
      .given = {},
-     .steps = steps({{"txtBranchName", "rel2"}, {"txtBranchName", ""}}),
+     .steps = {typeInto("txtBranchName", "rel2"), typeInto("txtBranchName", "")},
      .shown = {isChecked("btnSelModeBranch")},
      .stored = {{"SelectionMode", "coBranch"}, {"BranchSelector", ""}}},
     {.name = "TypingAVersionChoosesVersion",
      .given = {{"SelectionMode", "coBranch"}, {"BranchSelector", "rel2"}},
-     .steps = steps({{"txtVersionName", "/main/4"}}),
+     .steps = {typeInto("txtVersionName", "/main/4")},
      .shown = {isChecked("btnSelModeVersion")},
      .stored = {{"SelectionMode", "coVersion"}, {"VersionSelector", "/main/4"}, {"BranchSelector", "rel2"}}},
     {.name = "StoredSelectorsDoNotOverruleDefaultMode",
@@ -288,12 +288,6 @@ INSTANTIATE_TEST_SUITE_P(Cases, UpdatePage, ::testing::ValuesIn(kUpdateCases),
 
 // ---------------------------------------------------------------------------------------------
 
-template <typename Action>
-std::unique_ptr<TCustomWFAction> make()
-{
-    return std::make_unique<Action>();
-}
-
 struct LayoutCase {
     const char* pageClass;
     std::unique_ptr<TCustomWFAction> (*makeAction)();
@@ -344,22 +338,22 @@ TEST_P(PageLayout, HeadingsAndViewContext)
 }
 
 const LayoutCase kLayoutCases[] = {
-    {"TClearCaseCheckOutFrame", make<TClearCaseCheckoutAction>, 338,
+    {"TClearCaseCheckOutFrame", newAction<TClearCaseCheckoutAction>, 338,
      {{"Label1", "Bevel1"}, {"Label2", "Bevel2"}, {"Label3", "Bevel3"}}},
-    {"TClearCaseCheckInFrame", make<TClearCaseCheckInPathAction>, 188, {{"Label1", "Bevel1"}, {"Label2", "Bevel2"}}},
-    {"TClearCaseUnCheckOutFrame", make<TClearCaseUnCheckOutAction>, 62, {{"Label1", "Bevel1"}}},
-    {"TClearCaseUnCheckOutActivityFrame", make<TClearCaseUnCheckOutActivityAction>, 180, {{"Label1", "Bevel1"}},
+    {"TClearCaseCheckInFrame", newAction<TClearCaseCheckInPathAction>, 188, {{"Label1", "Bevel1"}, {"Label2", "Bevel2"}}},
+    {"TClearCaseUnCheckOutFrame", newAction<TClearCaseUnCheckOutAction>, 62, {{"Label1", "Bevel1"}}},
+    {"TClearCaseUnCheckOutActivityFrame", newAction<TClearCaseUnCheckOutActivityAction>, 180, {{"Label1", "Bevel1"}},
      "ClearCaseViewContextSubFrame1", "View Context"},
-    {"TClearCaseUpdateFrame", make<TClearCaseUpdateAction>, 350,
+    {"TClearCaseUpdateFrame", newAction<TClearCaseUpdateAction>, 350,
      {{"Label1", "Bevel1"}, {"Label2", "Bevel3"}, {"Label3", "Bevel4"}}, "ClearCaseViewContextSubFrame1",
      "Snapshot View to update"},
-    {"TClearCaseSetConfigSpecFrame", make<TClearCaseSetConfigSpecAction>, 218, {{"Label1", "Bevel1"}},
+    {"TClearCaseSetConfigSpecFrame", newAction<TClearCaseSetConfigSpecAction>, 218, {{"Label1", "Bevel1"}},
      "ClearCaseViewContextSubFrame1", "View Context"},
-    {"TClearCaseGetConfigSpecFrame", make<TClearCaseGetConfigSpecAction>, 124, {}, "ClearCaseViewContextSubFrame1",
+    {"TClearCaseGetConfigSpecFrame", newAction<TClearCaseGetConfigSpecAction>, 124, {}, "ClearCaseViewContextSubFrame1",
      "View Context"},
-    {"TClearCaseFindCheckoutsFrame", make<TClearCaseFindCheckoutsAction>, 172, {{"Label1", "Bevel1"}},
+    {"TClearCaseFindCheckoutsFrame", newAction<TClearCaseFindCheckoutsAction>, 172, {{"Label1", "Bevel1"}},
      "ClearCaseViewContextSubFrame1", "View Context"},
-    {"TClearCaseCleartoolFrame", make<TClearCaseCleartoolAction>, 324, {{"Label1", "Bevel1"}}, "ViewContext",
+    {"TClearCaseCleartoolFrame", newAction<TClearCaseCleartoolAction>, 324, {{"Label1", "Bevel1"}}, "ViewContext",
      "View Context (Starting Directory)"},
 };
 INSTANTIATE_TEST_SUITE_P(Pages, PageLayout, ::testing::ValuesIn(kLayoutCases),

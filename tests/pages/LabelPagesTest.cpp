@@ -1,6 +1,6 @@
 // The make-label-type and apply-label pages, and the headings of the label, lock and
 // make-element pages.
-#include "PageScript.h"
+#include "PageCase.h"
 
 #include "actions/WFClearCaseApplyLabelAction.h"
 #include "actions/WFClearCaseLockPathNamesAction.h"
@@ -10,7 +10,6 @@
 #include <QLabel>
 
 using namespace wfpage;
-using namespace wfpage::script;
 
 namespace {
 
@@ -18,90 +17,88 @@ class MkLbTypePage : public ::testing::TestWithParam<PageCase> {};
 
 TEST_P(MkLbTypePage, RoundTrip)
 {
-    TClearCaseMkLbTypeAction action;
-    playPageCase("TClearCaseMkLbTypeFrame", "Options", action, GetParam());
+    runPageCase<TClearCaseMkLbTypeAction>("TClearCaseMkLbTypeFrame", "Options", GetParam());
 }
 
 const PageCase kMkLbTypeCases[] = {
     {.name = "MixedCaseNameOpensInNormalCase",
-     .stored = {{"LabelTypeName", "Rel_1"}},
+     .given = {{"LabelTypeName", "Rel_1"}},
      .steps = {},
-     .shown = {{"boxUpperCase", "off"}, {"txtLabelSelector", "text:Rel_1"}},
-     .written = {{"LabelTypeName", "Rel_1"}}},
+     .shown = {{"boxUpperCase", false}, {"txtLabelSelector", {}, {}, "Rel_1"}},
+     .stored = {{"LabelTypeName", "Rel_1"}}},
     {.name = "NormalCaseKeepsWhatIsTyped",
-     .stored = {{"LabelTypeName", "Rel_1"}},
+     .given = {{"LabelTypeName", "Rel_1"}},
      .steps = {typeInto("txtLabelSelector", "beta_2")},
-     .shown = {{"txtLabelSelector", "text:beta_2"}},
-     .written = {{"LabelTypeName", "beta_2"}}},
+     .shown = {{"txtLabelSelector", {}, {}, "beta_2"}},
+     .stored = {{"LabelTypeName", "beta_2"}}},
     {.name = "UpperCaseNameTypesInCapitals",
-     .stored = {{"LabelTypeName", "REL_1"}},
+     .given = {{"LabelTypeName", "REL_1"}},
      .steps = {typeInto("txtLabelSelector", "rel_2")},
-     .shown = {{"boxUpperCase", "on"}},
-     .written = {{"LabelTypeName", "REL_2"}}},
+     .shown = {{"boxUpperCase", true}},
+     .stored = {{"LabelTypeName", "REL_2"}}},
     {.name = "EmptyNameOpensInCapitals",
-     .stored = {},
+     .given = {},
      .steps = {typeInto("txtLabelSelector", "nightly")},
-     .shown = {{"boxUpperCase", "on"}},
-     .written = {{"LabelTypeName", "NIGHTLY"}}},
+     .shown = {{"boxUpperCase", true}},
+     .stored = {{"LabelTypeName", "NIGHTLY"}}},
     {.name = "UntickingUpperCaseAllowsLowerCase",
-     .stored = {{"LabelTypeName", "REL_1"}},
+     .given = {{"LabelTypeName", "REL_1"}},
      .steps = {clickOn("boxUpperCase"), typeInto("txtLabelSelector", "rel_2")},
-     .shown = {{"boxUpperCase", "off"}},
-     .written = {{"LabelTypeName", "rel_2"}}},
+     .shown = {{"boxUpperCase", false}},
+     .stored = {{"LabelTypeName", "rel_2"}}},
     {.name = "TickingUpperCaseCapitalisesTheName",
-     .stored = {{"LabelTypeName", "Rel_1"}},
+     .given = {{"LabelTypeName", "Rel_1"}},
      .steps = {clickOn("boxUpperCase")},
-     .shown = {{"txtLabelSelector", "text:REL_1"}},
-     .written = {{"LabelTypeName", "REL_1"}}},
+     .shown = {{"txtLabelSelector", {}, {}, "REL_1"}},
+     .stored = {{"LabelTypeName", "REL_1"}}},
     {.name = "OrdinaryGreysAcquireButKeepsTick",
-     .stored = {{"MakeGlobal", "True"}, {"Acquire", "True"}},
+     .given = {{"MakeGlobal", "True"}, {"Acquire", "True"}},
      .steps = {clickOn("btnOrdinary")},
-     .shown = {{"btnGlobal", "off"}, {"boxAcquire", "disabled"}, {"boxAcquire", "on"}},
-     .written = {{"MakeGlobal", "False"}, {"Acquire", "True"}}},
+     .shown = {{"btnGlobal", false}, {"boxAcquire", true, false}},
+     .stored = {{"MakeGlobal", "False"}, {"Acquire", "True"}}},
     {.name = "StoredAcquireOnOrdinaryShownGreyed",
-     .stored = {{"MakeGlobal", "False"}, {"Acquire", "True"}},
+     .given = {{"MakeGlobal", "False"}, {"Acquire", "True"}},
      .steps = {},
-     .shown = {{"btnOrdinary", "on"}, {"btnGlobal", "off"}, {"boxAcquire", "disabled"}, {"boxAcquire", "on"}},
-     .written = {{"MakeGlobal", "False"}, {"Acquire", "True"}}},
+     .shown = {{"btnOrdinary", true}, {"btnGlobal", false}, {"boxAcquire", true, false}},
+     .stored = {{"MakeGlobal", "False"}, {"Acquire", "True"}}},
     {.name = "GlobalEnablesAcquire",
-     .stored = {},
+     .given = {},
      .steps = {clickOn("btnGlobal"), clickOn("boxAcquire")},
-     .shown = {{"btnOrdinary", "off"}, {"boxAcquire", "enabled"}},
-     .written = {{"MakeGlobal", "True"}, {"Acquire", "True"}}},
+     .shown = {{"btnOrdinary", false}, {"boxAcquire", {}, true}},
+     .stored = {{"MakeGlobal", "True"}, {"Acquire", "True"}}},
     {.name = "PerBranchChosen",
-     .stored = {{"Replace", "True"}},
+     .given = {{"Replace", "True"}},
      .steps = {clickOn("btnPBranch"), clickOn("boxShared")},
-     .shown = {{"btnNoPbranch", "off"}, {"boxReplace", "on"}},
-     .written = {{"PBranch", "True"}, {"Shared", "True"}, {"Replace", "True"}}},
+     .shown = {{"btnNoPbranch", false}, {"boxReplace", true}},
+     .stored = {{"PBranch", "True"}, {"Shared", "True"}, {"Replace", "True"}}},
     {.name = "PerBranchStoredAndUndone",
-     .stored = {{"PBranch", "True"}, {"Shared", "True"}},
+     .given = {{"PBranch", "True"}, {"Shared", "True"}},
      .steps = {clickOn("btnNoPbranch"), clickOn("boxShared"), clickOn("boxReplace")},
-     .shown = {{"btnPBranch", "off"}},
-     .written = {{"PBranch", "False"}, {"Shared", "False"}, {"Replace", "True"}}},
+     .shown = {{"btnPBranch", false}},
+     .stored = {{"PBranch", "False"}, {"Shared", "False"}, {"Replace", "True"}}},
     {.name = "VOBListQueriedOnceKeepingTheText",
-     .stored = {{"VOBSelector", "/vobs/main"}},
+     .given = {{"VOBSelector", "/vobs/main"}},
      .steps = {dropDownOf("txtVOBSelector"), dropDownOf("txtVOBSelector")},
-     .shown = {{"txtVOBSelector", "items:/vobs/a|/vobs/b"}, {"txtVOBSelector", "text:/vobs/main"}},
-     .written = {{"VOBSelector", "/vobs/main"}},
+     .shown = {{.control = "txtVOBSelector", .text = "/vobs/main", .items = "/vobs/a|/vobs/b"}},
+     .stored = {{"VOBSelector", "/vobs/main"}},
      .responses = {{"lsvob -short", "/vobs/b\n/vobs/a\n"}},
      .calls = {"lsvob -short"}},
     {.name = "EmptyVOBListAsksAgain",
-     .stored = {},
+     .given = {},
      .steps = {dropDownOf("txtVOBSelector"), dropDownOf("txtVOBSelector"), typeInto("txtVOBSelector", "/vobs/typed")},
-     .shown = {{"txtVOBSelector", "items:"}},
-     .written = {{"VOBSelector", "/vobs/typed"}},
+     .shown = {{.control = "txtVOBSelector", .items = ""}},
+     .stored = {{"VOBSelector", "/vobs/typed"}},
      .responses = {},
      .calls = {"lsvob -short", "lsvob -short"}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, MkLbTypePage, ::testing::ValuesIn(kMkLbTypeCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 class ApplyLabelPage : public ::testing::TestWithParam<PageCase> {};
 
 TEST_P(ApplyLabelPage, RoundTrip)
 {
-    TClearCaseApplyLabelAction action;
-    playPageCase("TClearCaseApplyLabelFrame", "Options", action, GetParam());
+    runPageCase<TClearCaseApplyLabelAction>("TClearCaseApplyLabelFrame", "Options", GetParam());
 }
 
 const std::vector<Response> kLabelQueries = {
@@ -112,52 +109,51 @@ const std::vector<Response> kLabelQueries = {
 
 const PageCase kApplyLabelCases[] = {
     {.name = "UnusedSelectorShownGreyedAndKept",
-     .stored = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/LATEST"}},
+     .given = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/LATEST"}},
      .steps = {},
-     .shown = {{"txtVersionSelector", "disabled"}, {"txtVersionSelector", "text:/main/LATEST"}},
-     .written = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/LATEST"}}},
+     .shown = {{"txtVersionSelector", {}, false, "/main/LATEST"}},
+     .stored = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/LATEST"}}},
     {.name = "TickingSelectorEnablesIt",
-     .stored = {},
+     .given = {},
      .steps = {clickOn("boxUseVersionSelector"), typeInto("txtVersionSelector", "/main/rel/3")},
-     .shown = {{"txtVersionSelector", "enabled"}},
-     .written = {{"UseVersionSelector", "True"}, {"VersionSelector", "/main/rel/3"}}},
+     .shown = {{"txtVersionSelector", {}, true}},
+     .stored = {{"UseVersionSelector", "True"}, {"VersionSelector", "/main/rel/3"}}},
     {.name = "UntickingSelectorGreysItAndKeepsIt",
-     .stored = {{"UseVersionSelector", "True"}, {"VersionSelector", "/main/4"}},
+     .given = {{"UseVersionSelector", "True"}, {"VersionSelector", "/main/4"}},
      .steps = {clickOn("boxUseVersionSelector")},
-     .shown = {{"txtVersionSelector", "disabled"}},
-     .written = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/4"}}},
+     .shown = {{"txtVersionSelector", {}, false}},
+     .stored = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/4"}}},
     {.name = "SwitchesAndNamesRoundTrip",
-     .stored = {{"Replace", "True"}, {"FollowLinks", "True"}, {"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/a"}},
+     .given = {{"Replace", "True"}, {"FollowLinks", "True"}, {"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/a"}},
      .steps = {clickOn("boxReplace"), clickOn("boxRecurse"), typeInto("txtLabelName", "REL_2")},
-     .shown = {{"txtVOBSelector", "text:/vobs/a"}, {"boxFollow", "on"}},
-     .written = {{"Replace", "False"}, {"Recurse", "True"}, {"FollowLinks", "True"}, {"LabelTypeName", "REL_2"},
+     .shown = {{"txtVOBSelector", {}, {}, "/vobs/a"}, {"boxFollow", true}},
+     .stored = {{"Replace", "False"}, {"Recurse", "True"}, {"FollowLinks", "True"}, {"LabelTypeName", "REL_2"},
                  {"VOBSelector", "/vobs/a"}}},
     {.name = "VOBsOnceLabelsEveryTimeForTheTypedVOB",
-     .stored = {{"LabelTypeName", "REL_1"}},
+     .given = {{"LabelTypeName", "REL_1"}},
      .steps = {dropDownOf("txtVOBSelector"), dropDownOf("txtVOBSelector"), typeInto("txtVOBSelector", "/vobs/a"),
                dropDownOf("txtLabelName"), typeInto("txtVOBSelector", "/vobs/b"), dropDownOf("txtLabelName")},
-     .shown = {{"txtVOBSelector", "items:/vobs/a|/vobs/b"}, {"txtLabelName", "items:BETA"},
-               {"txtLabelName", "text:REL_1"}},
-     .written = {{"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/b"}},
+     .shown = {{.control = "txtVOBSelector", .items = "/vobs/a|/vobs/b"}, {.control = "txtLabelName", .text = "REL_1", .items = "BETA"}},
+     .stored = {{"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/b"}},
      .responses = kLabelQueries,
      .calls = {"lsvob -short", "lstype -short -kind lbtype -invob /vobs/a", "lstype -short -kind lbtype -invob /vobs/b"}},
     {.name = "LockedLabelsListedByName",
-     .stored = {{"VOBSelector", "/vobs/a"}},
+     .given = {{"VOBSelector", "/vobs/a"}},
      .steps = {dropDownOf("txtLabelName"), dropDownOf("txtLabelName")},
-     .shown = {{"txtLabelName", "items:REL_1|REL_2"}},
-     .written = {{"VOBSelector", "/vobs/a"}},
+     .shown = {{.control = "txtLabelName", .items = "REL_1|REL_2"}},
+     .stored = {{"VOBSelector", "/vobs/a"}},
      .responses = kLabelQueries,
      .calls = {"lstype -short -kind lbtype -invob /vobs/a", "lstype -short -kind lbtype -invob /vobs/a"}},
     {.name = "NoVOBAsksWithoutOne",
-     .stored = {},
+     .given = {},
      .steps = {dropDownOf("txtLabelName")},
-     .shown = {{"txtLabelName", "items:"}},
-     .written = {{"VOBSelector", ""}, {"LabelTypeName", ""}},
+     .shown = {{.control = "txtLabelName", .items = ""}},
+     .stored = {{"VOBSelector", ""}, {"LabelTypeName", ""}},
      .responses = kLabelQueries,
      .calls = {"lstype -short -kind lbtype -invob"}},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, ApplyLabelPage, ::testing::ValuesIn(kApplyLabelCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         pageCaseName);
 
 } // namespace
 
@@ -199,19 +195,13 @@ TEST_P(PageHeadings, BevelsRunToTheRightEdgeAndNothingSticksOut)
         EXPECT_LE(child->geometry().right() + 1, 497) << child->objectName().toStdString();
 }
 
-template <typename T>
-std::unique_ptr<TCustomWFAction> make()
-{
-    return std::make_unique<T>();
-}
-
 const HeadingCase kHeadingCases[] = {
-    {"MakeLabelType", "TClearCaseMkLbTypeFrame", make<TClearCaseMkLbTypeAction>,
+    {"MakeLabelType", "TClearCaseMkLbTypeFrame", newAction<TClearCaseMkLbTypeAction>,
      {"New Label Type Name", "View", "Usage Constraints", "Creation Options"}},
-    {"ApplyLabel", "TClearCaseApplyLabelFrame", make<TClearCaseApplyLabelAction>,
+    {"ApplyLabel", "TClearCaseApplyLabelFrame", newAction<TClearCaseApplyLabelAction>,
      {"Label Type Selector", "Version", "Options"}},
-    {"Lock", "TClearCaseLockFrame", make<TClearCaseLockPathNamesAction>, {"Lock Options"}},
-    {"MakeElement", "TClearCaseMakeElementFrame", make<TClearCaseMakeElementAction>,
+    {"Lock", "TClearCaseLockFrame", newAction<TClearCaseLockPathNamesAction>, {"Lock Options"}},
+    {"MakeElement", "TClearCaseMakeElementFrame", newAction<TClearCaseMakeElementAction>,
      {"New Element Checkout", "Element Creation Options"}},
 };
 INSTANTIATE_TEST_SUITE_P(Pages, PageHeadings, ::testing::ValuesIn(kHeadingCases),
