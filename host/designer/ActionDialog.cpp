@@ -3,6 +3,7 @@
 #include "DesignerDocument.h"
 #include "DesignerIcons.h"
 #include "HelpViewer.h"
+#include "UnavailablePage.h"
 
 #include "BuildRunner.h"
 
@@ -14,6 +15,7 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,25 +24,6 @@
 #include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
-
-namespace {
-
-/// Where a page that cannot be made would be: says so instead of leaving a hole.
-QWidget* unavailablePage(const std::string& reason)
-{
-    auto* page = new QWidget;
-    page->setObjectName("pageNotAvailable");
-    auto* layout = new QVBoxLayout(page);
-    auto* label = new QLabel(QObject::tr("<b>Page not available</b><p>%1.</p><p>The package registered this page, but the "
-                                         "installed package cannot show it. The other tabs still edit the action.</p>")
-                                 .arg(QString::fromStdString(reason).toHtmlEscaped()));
-    label->setWordWrap(true);
-    label->setAlignment(Qt::AlignCenter);
-    layout->addWidget(label);
-    return page;
-}
-
-} // namespace
 
 TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWFActionHost* validationHost)
     : QDialog(parent), m_action(cloneAction(action)), m_validationHost(validationHost), m_tabs(new QTabWidget(this)), m_description(new QLineEdit),
@@ -69,7 +52,8 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
         IWFActionPage* page = widget ? WFActionPageOf(widget) : nullptr;
         if (!page) {
             delete widget;
-            m_tabs->addTab(unavailablePage(error.empty() ? pageClass.className + " is no action page" : error),
+            m_tabs->addTab(unavailablePage(error.empty() ? pageClass.className + " is no action page" : error,
+                                           tr("The other tabs still edit the action.")),
                            QString::fromStdString(pageClass.className));
             m_pages.push_back(nullptr);
             continue;
@@ -115,6 +99,8 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
     connect(buttons, &QDialogButtonBox::accepted, this, &TActionDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &TActionDialog::reject);
     connect(buttons, &QDialogButtonBox::helpRequested, this, &TActionDialog::showHelp);
+    // The style's stock help glyph reads as a failure mark beside OK and Cancel.
+    buttons->button(QDialogButtonBox::Help)->setIcon(QIcon());
     layout->addWidget(buttons);
     resize(760, 480);
 }

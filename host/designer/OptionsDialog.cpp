@@ -1,6 +1,7 @@
 #include "OptionsDialog.h"
 
 #include "DesignerIcons.h"
+#include "UnavailablePage.h"
 
 #include "WFActionPage.h"
 #include "WFFrame.h"
@@ -40,14 +41,9 @@ TOptionsDialog::TOptionsDialog(QWidget* parent) : QDialog(parent), m_tabs(new QT
             IWFOptionsPage* page = widget ? WFOptionsPageOf(widget) : nullptr;
             if (!page) {
                 delete widget;
-                auto* label = new QLabel(tr("<b>Page not available</b><p>%1.</p><p>The package registered this page, but the installed "
-                                                "package cannot show it.</p>")
-                                             .arg(QString::fromStdString(error.empty() ? pageClass.className + " is no options page" : error)
-                                                      .toHtmlEscaped()));
-                label->setObjectName("pageNotAvailable");
-                label->setAlignment(Qt::AlignCenter);
-                label->setWordWrap(true);
-                m_tabs->addTab(label, icon, QString::fromStdString(pageClass.className));
+                m_tabs->addTab(unavailablePage(error.empty() ? pageClass.className + " is no options page" : error,
+                                               tr("The other pages still edit their options.")),
+                               icon, QString::fromStdString(pageClass.className));
                 continue;
             }
             page->InitPage(&optionsOwner());
