@@ -6,11 +6,7 @@
 TClearCaseCheckInFrame::TClearCaseCheckInFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label2, ui.Bevel2);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3}, {{ui.Label1, ui.Bevel1}, {ui.Label2, ui.Bevel2}});
     connect(ui.boxKeep, &QCheckBox::clicked, this, &TClearCaseCheckInFrame::boxKeepClick);
     connect(ui.boxRemove, &QCheckBox::clicked, this, &TClearCaseCheckInFrame::boxRemoveClick);
 }

@@ -10,12 +10,8 @@
 TClearCaseCheckOutFrame::TClearCaseCheckOutFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    for (QLabel* image : {ui.Image1, ui.Image3, ui.Image4})
-        ClearCaseSetHeadingImage(image);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label2, ui.Bevel2);
-    ClearCasePlaceHeading(ui.Label3, ui.Bevel3);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3, ui.Image4},
+                              {{ui.Label1, ui.Bevel1}, {ui.Label2, ui.Bevel2}, {ui.Label3, ui.Bevel3}});
     connect(ui.btnReserved, &QRadioButton::clicked, this, &TClearCaseCheckOutFrame::btnReservedClick);
     connect(ui.btnUnreserved, &QRadioButton::clicked, this, &TClearCaseCheckOutFrame::btnUnreservedClick);
     connect(ui.txtExternalPath, &QLineEdit::textChanged, this, &TClearCaseCheckOutFrame::txtExternalPathChange);

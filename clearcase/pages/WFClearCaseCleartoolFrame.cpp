@@ -6,9 +6,7 @@
 TClearCaseCleartoolFrame::TClearCaseCleartoolFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCaseSetSectionImage(ui.Image4);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image4, {ui.Image3}, {{ui.Label1, ui.Bevel1}});
     connect(ui.txtCommand, &QLineEdit::textChanged, this, &TClearCaseCleartoolFrame::txtCommandChange);
     connect(ui.txtArgs, &QPlainTextEdit::textChanged, this, &TClearCaseCleartoolFrame::txtArgsChange);
     UpdateLabel();

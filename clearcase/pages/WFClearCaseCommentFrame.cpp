@@ -8,9 +8,7 @@
 TClearCaseCommentFrame::TClearCaseCommentFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label4, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label4, ui.Bevel1}});
     // The comment goes on one command-line argument: Enter must not break it.
     ui.txtComment->installEventFilter(this);
     connect(ui.txtComment, &QPlainTextEdit::textChanged, this, &TClearCaseCommentFrame::txtCommentChange);

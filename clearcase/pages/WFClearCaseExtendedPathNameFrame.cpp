@@ -10,9 +10,7 @@
 TClearCaseExtendedPathNameFrame::TClearCaseExtendedPathNameFrame(QWidget* parent) : TClearCasePathListFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.txtHeading, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.txtHeading, ui.Bevel1}});
     bindPathList(ui.txtHeading, ui.Bevel1, ui.pathsListBox, ui.addButton, ui.editButton, ui.remButton);
 }
 

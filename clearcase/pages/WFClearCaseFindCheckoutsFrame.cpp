@@ -7,9 +7,7 @@
 TClearCaseFindCheckoutsFrame::TClearCaseFindCheckoutsFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCaseSetSectionImage(ui.Image4);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image4, {ui.Image3}, {{ui.Label1, ui.Bevel1}});
 }
 
 std::string TClearCaseFindCheckoutsFrame::PageName() const

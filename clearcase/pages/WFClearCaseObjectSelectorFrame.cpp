@@ -30,9 +30,7 @@ QIcon addGlyph()
 TClearCaseObjectSelectorFrame::TClearCaseObjectSelectorFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label1, ui.Bevel1}});
     ui.btnAdd->setIcon(addGlyph());
     ui.listObjects->installEventFilter(this);
     connect(ui.btnAdd, &QPushButton::clicked, this, &TClearCaseObjectSelectorFrame::btnAddClick);

@@ -9,9 +9,7 @@
 TClearCaseSetConfigSpecFrame::TClearCaseSetConfigSpecFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image3);
-    ClearCaseSetSectionImage(ui.Image4);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image4, {ui.Image3}, {{ui.Label1, ui.Bevel1}});
     for (QRadioButton* button : {ui.btnCurrent, ui.btnDefault, ui.btnStream})
         connect(button, &QRadioButton::clicked, this, &TClearCaseSetConfigSpecFrame::btnNonFileClick);
     connect(ui.btnFile, &QRadioButton::clicked, this, &TClearCaseSetConfigSpecFrame::btnFileClick);

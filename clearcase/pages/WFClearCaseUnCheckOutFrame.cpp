@@ -6,9 +6,7 @@
 TClearCaseUnCheckOutFrame::TClearCaseUnCheckOutFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label1, ui.Bevel1}});
 }
 
 std::string TClearCaseUnCheckOutFrame::PageName() const

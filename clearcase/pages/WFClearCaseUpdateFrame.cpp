@@ -6,12 +6,8 @@
 TClearCaseUpdateFrame::TClearCaseUpdateFrame(QWidget* parent) : TFrame(parent)
 {
     ui.setupUi(this);
-    for (QLabel* image : {ui.Image3, ui.Image5, ui.Image6})
-        ClearCaseSetHeadingImage(image);
-    ClearCaseSetSectionImage(ui.Image4);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
-    ClearCasePlaceHeading(ui.Label2, ui.Bevel3);
-    ClearCasePlaceHeading(ui.Label3, ui.Bevel4);
+    ClearCaseDecorateHeadings(ui.Image4, {ui.Image3, ui.Image5, ui.Image6},
+                              {{ui.Label1, ui.Bevel1}, {ui.Label2, ui.Bevel3}, {ui.Label3, ui.Bevel4}});
     connect(ui.checkPretend, &QCheckBox::clicked, this, &TClearCaseUpdateFrame::UpdateEnabledControls);
 }
 

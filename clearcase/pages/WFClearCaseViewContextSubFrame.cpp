@@ -9,9 +9,7 @@
 TClearCaseViewContextSubFrame::TClearCaseViewContextSubFrame(QWidget* parent) : QFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.Label5, ui.Bevel2);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label5, ui.Bevel2}});
     connect(ui.txtViewPathButton, &QToolButton::clicked, this, &TClearCaseViewContextSubFrame::txtViewPathButtonClick);
 }
 

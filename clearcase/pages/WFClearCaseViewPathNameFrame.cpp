@@ -103,9 +103,7 @@ QIcon dropGlyph(const QColor& colour)
 TClearCaseViewPathNameFrame::TClearCaseViewPathNameFrame(QWidget* parent) : TClearCasePathListFrame(parent)
 {
     ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCaseSetSectionImage(ui.Image2);
-    ClearCasePlaceHeading(ui.txtHeading, ui.Bevel1);
+    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.txtHeading, ui.Bevel1}});
     ui.addButton->setIcon(dropGlyph(palette().color(QPalette::ButtonText)));
     bindPathList(ui.txtHeading, ui.Bevel1, ui.pathsListBox, ui.addButton, ui.editButton, ui.remButton);
     connect(ui.menuDir, &QAction::triggered, this, &TClearCaseViewPathNameFrame::menuDirClick);
