@@ -10,6 +10,8 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFrame>
+#include <QLabel>
 
 #include <gtest/gtest.h>
 
@@ -65,6 +67,63 @@ const std::map<std::string, PageList>& goldenPages()
         {"TClearCaseMakeElementAction", {kViewPaths, {"TClearCaseMakeElementFrame", "New Element"}, kComment}},
     };
     return pages;
+}
+
+/// The pages that embed the view context: its instance name and the heading it shows there.
+const std::map<std::string, std::pair<std::string, std::string>>& goldenViewContexts()
+{
+    static const std::string instance = "ClearCaseViewContextSubFrame1";
+    static const std::map<std::string, std::pair<std::string, std::string>> contexts = {
+        {"TClearCaseUpdateFrame", {instance, "Snapshot View to update"}},
+        {"TClearCaseCleartoolFrame", {"ViewContext", "View Context (Starting Directory)"}},
+        {"TClearCaseExtendedPathNameFrame", {instance, "View Context"}},
+        {"TClearCaseActivitySelectorFrame", {instance, "View Context"}},
+        {"TClearCaseUnCheckOutActivityFrame", {instance, "View Context"}},
+        {"TClearCaseMakeActivityFrame", {instance, "View Context"}},
+        {"TClearCaseMakeBaselineFrame", {instance, "View Context"}},
+        {"TClearCaseMakeBaselineFromLabelFrame", {instance, "View Context"}},
+        {"TClearCaseSetConfigSpecFrame", {instance, "View Context"}},
+        {"TClearCaseGetConfigSpecFrame", {instance, "View Context"}},
+        {"TClearCaseFindCheckoutsFrame", {instance, "View Context"}},
+    };
+    return contexts;
+}
+
+/// The look every page shares: each heading's label shows its whole caption, its bevel starts 8
+/// pixels after it and ends at the page's right edge; nothing else runs past that edge; the view
+/// context, where there is one, has its name and heading.
+void expectLaidOutAsAPage(QWidget* page)
+{
+    EXPECT_EQ(page->minimumWidth(), kWFPageWidth);
+    int headings = 0;
+    for (QFrame* bevel : page->findChildren<QFrame*>()) {
+        if (bevel->frameShape() != QFrame::HLine)
+            continue;
+        const QLabel* label = nullptr;
+        for (QLabel* candidate : bevel->parentWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly))
+            if (candidate->font().bold() && candidate->geometry().top() <= bevel->y() && candidate->geometry().bottom() >= bevel->y() &&
+                candidate->x() < bevel->x() && (!label || candidate->x() > label->x()))
+                label = candidate;
+        ASSERT_NE(label, nullptr) << "no heading beside " << bevel->objectName().toStdString();
+        ++headings;
+        const std::string name = label->text().toStdString();
+        EXPECT_GE(label->width(), label->sizeHint().width()) << name << " clipped";
+        EXPECT_EQ(bevel->x(), label->x() + label->width() + 8) << name;
+        EXPECT_EQ(bevel->mapTo(page, QPoint(bevel->width(), 0)).x(), kWFPageRightEdge) << name;
+        EXPECT_EQ(bevel->property("helpContext").toInt(), 2400) << name;
+    }
+    EXPECT_GT(headings, 0);
+    for (QWidget* child : page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (child->objectName() != "ClearCaseViewContextSubFrame1" && child->objectName() != "ViewContext") {
+            EXPECT_LE(child->geometry().right() + 1, kWFPageRightEdge) << child->objectName().toStdString();
+        }
+    }
+    const auto context = goldenViewContexts().find(page->objectName().toStdString());
+    if (context != goldenViewContexts().end()) {
+        QWidget* frame = page->findChild<QWidget*>(QString::fromStdString(context->second.first));
+        ASSERT_NE(frame, nullptr) << "no view context " << context->second.first;
+        EXPECT_EQ(frame->findChild<QLabel*>("Label5")->text().toStdString(), context->second.second);
+    }
 }
 
 class PackagePages : public ::testing::Test {
@@ -124,6 +183,7 @@ TEST_P(ActionPages, AreTheActionsPagesInTabOrderAndOpenOnANewAction)
         page->OnPageActivate();
         page->OnPageDeActivate();
         page->WriteActionData(*action);
+        expectLaidOutAsAPage(widget);
     }
 }
 
@@ -147,6 +207,7 @@ TEST_F(PackagePages, OptionsHaveTheOptionsPage)
     page->OnPageActivate();
     page->ReadOptions(*options);
     page->WriteOptions(*options);
+    expectLaidOutAsAPage(widget.get());
 }
 
 } // namespace
