@@ -1,8 +1,11 @@
 #include "WFFiles.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <thread>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -93,13 +96,49 @@ bool writeFileCreatingFolder(const std::string& path, std::string_view bytes, st
     return writeFileAtomically(path, bytes, error);
 }
 
-bool readWholeFile(const std::string& path, std::string& bytes, std::string& error)
+namespace {
+
+const char* kindOfFile(mode_t mode)
 {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) {
-        error = "cannot read \"" + path + "\": " + std::strerror(errno);
+    if (S_ISDIR(mode))
+        return "a folder";
+    if (S_ISFIFO(mode))
+        return "a FIFO";
+    if (S_ISCHR(mode) || S_ISBLK(mode))
+        return "a device";
+    if (S_ISSOCK(mode))
+        return "a socket";
+    return "something else";
+}
+
+} // namespace
+
+bool readWholeFile(const std::string& path, std::string& bytes, std::string& error, std::size_t limit)
+{
+    const auto fail = [&](const std::string& why) {
+        error = "cannot read \"" + path + "\": " + why;
         return false;
+    };
+    // Without O_NONBLOCK, opening a FIFO waits for a writer that may never come.
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (fd < 0)
+        return fail(std::strerror(errno));
+    struct stat info {};
+    if (::fstat(fd, &info) != 0) {
+        const int code = errno;
+        ::close(fd);
+        return fail(std::strerror(code));
     }
+    if (!S_ISREG(info.st_mode)) {
+        ::close(fd);
+        return fail(std::string("it is ") + kindOfFile(info.st_mode) + ", not a regular file");
+    }
+    const auto tooLarge = [&] {
+        ::close(fd);
+        return fail("it holds more than " + std::to_string(limit) + " bytes, the limit for such a file");
+    };
+    if (static_cast<unsigned long long>(info.st_size) > limit)
+        return tooLarge();
     std::string result;
     char buffer[64 * 1024];
     for (;;) {
@@ -107,13 +146,15 @@ bool readWholeFile(const std::string& path, std::string& bytes, std::string& err
         if (n < 0 && errno == EINTR)
             continue;
         if (n < 0) {
-            // A folder opens but does not read: EISDIR names it plainly.
-            error = "cannot read \"" + path + "\": " + std::strerror(errno);
+            const int code = errno;
             ::close(fd);
-            return false;
+            return fail(std::strerror(code));
         }
         if (n == 0)
             break;
+        // The size can grow while the file is read (a log being written): the bound holds anyway.
+        if (result.size() + static_cast<std::size_t>(n) > limit)
+            return tooLarge();
         result.append(buffer, static_cast<std::size_t>(n));
     }
     ::close(fd);
@@ -153,7 +194,7 @@ bool makeDirectories(const std::string& path)
     return ::mkdir(path.c_str(), 0777) == 0 || errno == EEXIST;
 }
 
-TWFFileLock::TWFFileLock(const std::string& path)
+TWFFileLock::TWFFileLock(const std::string& path, int waitSeconds)
 {
     const std::string lockPath = resolveLinks(path) + ".lock";
     if (!makeDirectories(parentDirectory(lockPath))) {
@@ -165,13 +206,44 @@ TWFFileLock::TWFFileLock(const std::string& path)
         m_error = "cannot lock \"" + path + "\": " + std::strerror(errno);
         return;
     }
-    int result = 0;
-    while ((result = ::flock(m_fd, LOCK_EX)) != 0 && errno == EINTR) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(std::max(waitSeconds, 0));
+    int code = 0;
+    for (;;) {
+        if (::flock(m_fd, waitSeconds < 0 ? LOCK_EX : LOCK_EX | LOCK_NB) == 0) {
+            code = 0;
+            break;
+        }
+        code = errno;
+        if (code == EINTR)
+            continue;
+        if (code != EWOULDBLOCK || std::chrono::steady_clock::now() >= deadline)
+            break;
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
-    if (result != 0) {
-        m_error = "cannot lock \"" + path + "\": " + std::strerror(errno);
+    if (code != 0) {
+        std::string holder;
+        if (code == EWOULDBLOCK) {
+            std::string owner;
+            std::string ignored;
+            if (readWholeFile(lockPath, owner, ignored, 4096) && !owner.empty())
+                holder = owner.substr(0, owner.find('\n'));
+            m_error = "cannot lock \"" + path + "\": " + (holder.empty() ? "another process" : holder)
+                + " still holds it after " + std::to_string(waitSeconds) + " s";
+        } else {
+            m_error = "cannot lock \"" + path + "\": " + std::strerror(code);
+        }
         ::close(m_fd);
         m_fd = -1;
+        return;
+    }
+    // Who holds the lock, for the message of whoever waits for it.
+    std::string owner = "process " + std::to_string(::getpid());
+    char name[4096] = {};
+    if (const ssize_t n = ::readlink("/proc/self/exe", name, sizeof name - 1); n > 0)
+        owner += " (" + std::string(name, static_cast<std::size_t>(n)) + ")";
+    owner += "\n";
+    if (::ftruncate(m_fd, 0) != 0 || ::pwrite(m_fd, owner.data(), owner.size(), 0) < 0) {
+        // Only a courtesy to a waiting program: the lock itself is held.
     }
 }
 

@@ -14,8 +14,10 @@ WF_API bool writeFileAtomically(const std::string& path, std::string_view bytes,
 /// writeFileAtomically after creating the file's folder and its missing parents.
 WF_API bool writeFileCreatingFolder(const std::string& path, std::string_view bytes, std::string& error);
 
-/// Reads a whole file. False with a reason when it cannot be read.
-WF_API bool readWholeFile(const std::string& path, std::string& bytes, std::string& error);
+/// Reads a whole regular file of at most `limit` bytes. False with a reason when it cannot be
+/// read, is no regular file (a FIFO would block, a device never end) or holds more.
+WF_API bool readWholeFile(const std::string& path, std::string& bytes, std::string& error,
+                          std::size_t limit = static_cast<std::size_t>(-1));
 
 WF_API bool fileExists(const std::string& path);
 WF_API bool directoryExists(const std::string& path);
@@ -34,7 +36,9 @@ WF_API bool sameFile(const std::string& first, const std::string& second);
 /// changes. Writers replace the file by renaming, so the lock cannot live on the file itself.
 class WF_API TWFFileLock {
 public:
-    explicit TWFFileLock(const std::string& path);
+    /// Waits for the lock; with waitSeconds >= 0 at most that long, then fails naming the
+    /// process that holds it.
+    explicit TWFFileLock(const std::string& path, int waitSeconds = -1);
     ~TWFFileLock();
     TWFFileLock(const TWFFileLock&) = delete;
     TWFFileLock& operator=(const TWFFileLock&) = delete;

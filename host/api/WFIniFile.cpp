@@ -158,7 +158,8 @@ bool updateIniFile(const std::string& path, const std::function<bool(TWFIniDocum
         error = "cannot create the configuration folder \"" + folder + "\"";
         return false;
     }
-    const TWFFileLock lock(path);
+    // Nobody holds the lock for longer than one write: a holder that does is stuck, and is named.
+    const TWFFileLock lock(path, kWFIniLockWaitSeconds);
     if (!lock.locked()) {
         error = lock.error();
         return false;

@@ -30,6 +30,9 @@ private:
 WF_API bool checkIniEntry(const std::string& section, const std::string& key, const std::string& value,
                           std::string& error);
 
+/// How long a writer waits for an INI file's lock before it gives up, naming the holder.
+inline constexpr int kWFIniLockWaitSeconds = 5;
+
 /// Reads the INI file at path (a missing file is empty), lets change edit it and writes it
 /// back atomically, creating the folder; the whole cycle holds the file's lock, so that
 /// concurrent writers on different keys all keep their change. When change returns false

@@ -52,6 +52,11 @@ bool WFLoadPlugin(const std::string& path, bool registerPages, std::string& erro
         error = "plug-in \"" + path + "\" does not exist";
         return false;
     }
+    // Mapping a FIFO or a device would wait or fail obscurely: only a file is a plug-in.
+    if (!info.isFile()) {
+        error = "cannot load plug-in \"" + path + "\": it is not a regular file";
+        return false;
+    }
     const std::string canonical = info.canonicalFilePath().toStdString();
     TWFRegisterFunction again = nullptr;
     {

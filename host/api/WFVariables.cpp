@@ -10,6 +10,17 @@ TWFVariant TWFBuildVariables::Get(const std::string& name) const
     return found == m_values.end() ? TWFVariant() : found->second;
 }
 
+std::string variableNameProblem(std::string_view name)
+{
+    if (name.empty())
+        return "a variable needs a name";
+    for (const char c : name)
+        if (c == '%' || c == ' ' || static_cast<unsigned char>(c) < 0x20 || c == 0x7f)
+            return "\"" + std::string(name) + "\" cannot name a variable: %NAME% expressions cannot reach a name"
+                   " holding a blank, a control character or %";
+    return {};
+}
+
 void appendJsonString(std::string& out, std::string_view text)
 {
     out += '"';

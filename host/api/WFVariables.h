@@ -5,6 +5,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 
 /// The build variables of one run, by name (case-sensitive).
 class WF_API TWFBuildVariables {
@@ -21,6 +22,10 @@ public:
 private:
     std::map<std::string, TWFVariant> m_values;
 };
+
+/// Why a name cannot name a build variable (empty, or holding a blank, a control character or
+/// `%`, so that `%NAME%` could not reach it); empty when it can.
+WF_API std::string variableNameProblem(std::string_view name);
 
 /// Appends text to a JSON string literal, quotes included.
 WF_API void appendJsonString(std::string& out, std::string_view text);
