@@ -142,6 +142,23 @@ bool TWFOptionsServices::Save(const std::string& iniPath, std::string& error)
     return true;
 }
 
+bool TWFOptionsServices::SetOption(const std::string& iniPath, TWFOptionsObject& options, const std::string& property,
+                                   const std::string& value, std::string& error)
+{
+    const std::string section = options.GetOptionKey();
+    return updateIniFile(iniPath, [&](TWFIniDocument& document, std::string& reason) {
+        TIniSectionReader reader(document.Section(section));
+        options.LoadOptions(reader);
+        if (!options.SetPropertyText(property, value, &reason))
+            return false;
+        TIniSectionWriter writer(document, section);
+        options.SaveOptions(writer);
+        reason = writer.error();
+        options.SetModified(false);
+        return reason.empty();
+    }, error);
+}
+
 void TWFOptionsServices::Clear()
 {
     m_entries.clear();

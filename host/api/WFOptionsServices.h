@@ -36,6 +36,12 @@ public:
     /// only the keys the options write: comments, other keys and foreign sections stay. False
     /// with a reason on failure (also for a key or value the file cannot hold); the old file is intact.
     bool Save(const std::string& iniPath, std::string& error);
+    /// Sets one property (by the name Properties() gives) of a live instance and writes its
+    /// section, under the file's lock: the section is read afresh first, so a concurrent change
+    /// of another option stays. False with a reason (a value the property's type refuses, a
+    /// store that cannot be written); the old file is then intact.
+    bool SetOption(const std::string& iniPath, TWFOptionsObject& options, const std::string& property,
+                   const std::string& value, std::string& error);
     void Clear();
 
 private:

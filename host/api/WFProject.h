@@ -47,17 +47,22 @@ public:
     void DefineVariables(TWFBuildVariables& target) const;
 };
 
-/// Larger project files are refused before they are read.
+/// Larger project files are refused while they are read.
 inline constexpr long long kWFProjectSizeLimit = 16LL * 1024 * 1024;
 /// An element with more attributes is refused before the XML reader sees it: no element of
 /// the format has more than three, and the reader's cost grows with the square of the count.
 inline constexpr std::size_t kWFProjectAttributeLimit = 64;
 
 /// Reads a project file, creating its actions through WFActionServices. Returns false when
-/// any error was found; diagnostics then name the file, line and column.
-WF_API bool ReadProjectFile(const std::string& path, TWFProject& project, std::vector<TWFProjectDiagnostic>& diagnostics);
+/// any error was found; diagnostics then name the file, line and column. Only a regular file
+/// of at most kWFProjectSizeLimit bytes is read; bytesRead receives what was read.
+WF_API bool ReadProjectFile(const std::string& path, TWFProject& project, std::vector<TWFProjectDiagnostic>& diagnostics,
+                            std::string* bytesRead = nullptr);
 WF_API bool ReadProjectText(const std::string& text, const std::string& fileName, TWFProject& project,
                      std::vector<TWFProjectDiagnostic>& diagnostics);
+/// What a project text holds that saving it would lose (XML comments, a document type
+/// declaration), as warnings with their places; empty when saving loses nothing of the kind.
+WF_API std::vector<TWFProjectDiagnostic> ProjectMarkupLostOnSave(const std::string& text, const std::string& fileName);
 /// The project in canonical form: properties in each action's persistence order.
 WF_API std::string WriteProjectText(const TWFProject& project);
 /// Writes the project atomically; false with a reason, the old file left intact.

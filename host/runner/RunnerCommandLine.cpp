@@ -1,6 +1,7 @@
 #include "RunnerCommandLine.h"
 
 #include "WFProcess.h"
+#include "WFVariables.h"
 
 #include <algorithm>
 #include <functional>
@@ -45,6 +46,8 @@ const std::vector<TOptionRule>& optionTable()
              const auto eq = v.find('=');
              if (eq == std::string::npos || eq == 0)
                  return error = "--set expects NAME=VALUE, got \"" + v + "\"", false;
+             if (const std::string problem = variableNameProblem(v.substr(0, eq)); !problem.empty())
+                 return error = "--set " + v + ": " + problem, false;
              a.variables.emplace_back(v.substr(0, eq), v.substr(eq + 1));
              return true;
          }},
@@ -313,8 +316,8 @@ std::string runnerHelpText(std::string_view topic)
                "       wfbuild options [OPTIONS] set SECTION.KEY VALUE\n"
                "\n"
                "show: prints every option of the loaded plug-ins as Section.Name=value.\n"
-               "set:  stores VALUE under KEY in section SECTION of options.ini, leaving\n"
-               "      everything else in the file as it was.\n"
+               "set:  sets the option Section.Name that show prints to VALUE and stores it\n"
+               "      in options.ini, leaving everything else in the file as it was.\n"
                "\n"
                "Options:\n"
                "  --config-dir DIR       use options.ini in DIR\n"

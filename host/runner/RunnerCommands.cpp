@@ -20,13 +20,6 @@
 
 namespace {
 
-/// Collects the keys an options object writes, to tell a mistyped key from a real one.
-class TKeyCollector final : public IWFOptionsWriter {
-public:
-    void WriteString(const std::string& name, const std::string& /*value*/) override { keys.push_back(name); }
-    std::vector<std::string> keys;
-};
-
 class TCommandContext {
 public:
     TCommandContext(const TRunnerArguments& arguments, std::ostream& out, std::ostream& err)
@@ -66,11 +59,17 @@ public:
         return false;
     }
 
-    /// Reads the project, printing every diagnostic; false on errors. hadWarnings tells whether any were printed.
+    /// Reads the project, printing every diagnostic; false on errors. hadWarnings tells whether
+    /// any were printed; with it, what a save would lose (comments) is among them.
     bool readProject(TWFProject& project, bool* hadWarnings = nullptr) const
     {
         std::vector<TWFProjectDiagnostic> diagnostics;
-        const bool ok = ReadProjectFile(args.project, project, diagnostics);
+        std::string text;
+        const bool ok = ReadProjectFile(args.project, project, diagnostics, &text);
+        if (ok && hadWarnings) {
+            const auto lost = ProjectMarkupLostOnSave(text, args.project);
+            diagnostics.insert(diagnostics.end(), lost.begin(), lost.end());
+        }
         for (const auto& diagnostic : diagnostics)
             err << diagnostic.ToString() << std::endl;
         if (hadWarnings)
@@ -184,11 +183,6 @@ int commandResave(const TCommandContext& c)
     if (hadWarnings && !c.args.dropUnknown)
         return c.fail("resaving would lose what the warnings above name; nothing was written"
                       " (--drop-unknown accepts the loss).");
-    // The canonical form has no place for comments; a resave must not drop them unasked.
-    if (std::string text, error; !c.args.dropUnknown && readWholeFile(c.args.project, text, error)
-        && text.find("<!--") != std::string::npos)
-        return c.fail("resaving would lose the XML comments of " + c.args.project + "; nothing was written"
-                      " (--drop-unknown accepts the loss).");
     const std::string target = c.args.outputFile.empty() ? c.args.project : c.args.outputFile;
     std::string error;
     if (!WriteProjectFile(target, project, error))
@@ -217,30 +211,37 @@ int commandPlugins(const TCommandContext& c)
     return kExitSuccess;
 }
 
+/// "Section.Name" of every option, as `options show` prints them.
+std::string optionNames(const TWFOptionsObject& options)
+{
+    std::string names;
+    for (const auto& property : options.Properties())
+        names += (names.empty() ? "" : ", ") + options.GetOptionKey() + "." + property.name;
+    return names;
+}
+
 int commandOptionsSet(const TCommandContext& c)
 {
     const std::string& section = c.args.optionsSection;
-    const std::string& key = c.args.optionsKey;
+    const std::string& name = c.args.optionsKey;
+    const std::string option = section + "." + name;
     const auto all = WFOptionsServices().AllOptions();
     const auto owner = std::find_if(all.begin(), all.end(), [&](auto* o) { return o->GetOptionKey() == section; });
     if (owner == all.end()) {
-        c.err << "wfbuild: warning: no loaded plug-in reads section [" << section << "]" << std::endl;
-    } else {
-        TKeyCollector collector;
-        (*owner)->SaveOptions(collector);
-        if (std::find(collector.keys.begin(), collector.keys.end(), key) == collector.keys.end()) {
-            std::string known;
-            for (const auto& name : collector.keys)
-                known += (known.empty() ? "" : ", ") + name;
-            c.err << "wfbuild: warning: section [" << section << "] has no key \"" << key << "\" (its keys: " << known
-                  << ")" << std::endl;
-        }
+        std::string sections;
+        for (const auto* options : all)
+            sections += (sections.empty() ? "" : ", ") + options->GetOptionKey();
+        return c.fail("no loaded plug-in has options named " + section + " (options of: "
+                      + (sections.empty() ? "none" : sections) + "); nothing was written.");
     }
+    if (!(*owner)->FindProperty(name))
+        return c.fail("there is no option " + option + " (the options are " + optionNames(**owner)
+                      + ", as `wfbuild options show` prints them); nothing was written.");
     const std::string path = GetWFOptionsFileName();
     std::string error;
-    if (!TWFIniFile(path).WriteString(section, key, c.args.optionsValue, &error))
-        return c.fail(error + "; nothing was written.");
-    c.out << "Set " << section << "." << key << " in " << path << std::endl;
+    if (!WFOptionsServices().SetOption(path, **owner, name, c.args.optionsValue, error))
+        return c.fail(option + ": " + error + "; nothing was written.");
+    c.out << "Set " << option << " in " << path << std::endl;
     return kExitSuccess;
 }
 

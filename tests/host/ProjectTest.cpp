@@ -247,6 +247,38 @@ INSTANTIATE_TEST_SUITE_P(
                                    + "</property></action></actions></wfproject>", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
+struct LostOnSaveCase {
+    const char* name;
+    std::string text;
+    /// The warnings, one per line; empty: saving loses nothing of the kind.
+    std::string lost;
+};
+
+class ProjectLostOnSave : public Project, public ::testing::WithParamInterface<LostOnSaveCase> {};
+
+TEST_P(ProjectLostOnSave, NamesWhatSavingDropsAtItsPlace)
+{
+    std::string lost;
+    for (const auto& diagnostic : ProjectMarkupLostOnSave(GetParam().text, "p.wfp"))
+        lost += diagnostic.ToString() + "\n";
+    EXPECT_EQ(lost, GetParam().lost);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, ProjectLostOnSave,
+    ::testing::Values(
+        LostOnSaveCase{"nothing", kProject, ""},
+        LostOnSaveCase{"commentsAndADocumentType",
+                       "<!DOCTYPE wfproject>\n<wfproject><!-- keep\n  me --><!---->\n</wfproject>",
+                       "p.wfp:1:20: warning: the document type declaration is not kept on saving\n"
+                       "p.wfp:3:8: warning: the XML comment <!-- keep me --> is not kept on saving\n"
+                       "p.wfp:3:15: warning: the XML comment <!----> is not kept on saving\n"},
+        LostOnSaveCase{"commentMarkupInsideCData",
+                       "<wfproject><actions><action type=\"T_PROPS\"><property name=\"Text\"><![CDATA[<!-- text -->]]>"
+                       "</property></action></actions></wfproject>",
+                       ""}),
+    [](const auto& info) { return std::string(info.param.name); });
+
 TEST_F(Project, FilesAboveTheSizeLimitAreRefusedUnread)
 {
     wftest::TempDir dir;
@@ -256,8 +288,8 @@ TEST_F(Project, FilesAboveTheSizeLimitAreRefusedUnread)
     std::vector<TWFProjectDiagnostic> found;
     EXPECT_FALSE(ReadProjectFile(path, project, found));
     ASSERT_EQ(found.size(), 1u);
-    EXPECT_EQ(found[0].ToString(), path + ": error: the file is " + std::to_string(kWFProjectSizeLimit + 1)
-                                       + " bytes; projects may hold at most " + std::to_string(kWFProjectSizeLimit) + " bytes");
+    EXPECT_EQ(found[0].ToString(), path + ": error: cannot read \"" + path + "\": it holds more than "
+                                       + std::to_string(kWFProjectSizeLimit) + " bytes, the limit for such a file");
 }
 
 TEST_F(Project, UnknownPropertyIsReportedAndIgnored)

@@ -3,6 +3,8 @@
 #include "ProgramRun.h"
 #include "WFTestSupport.h"
 
+#include "WFFiles.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -10,6 +12,7 @@
 
 #include <signal.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -136,8 +139,9 @@ TEST_F(Faults, InterruptWhileWaitingForAFifoReaderExits130)
 
 struct BadProject {
     const char* name;
-    const char* bytes;     // nullptr: the project path is a folder
+    const char* bytes;     // nullptr: the project path is `special`
     const char* expected;  // a piece of the message
+    const char* special = "folder";  // "folder", "fifo" or a device's path
 };
 
 class BadProjects : public Faults, public ::testing::WithParamInterface<BadProject> {};
@@ -145,10 +149,15 @@ class BadProjects : public Faults, public ::testing::WithParamInterface<BadProje
 TEST_P(BadProjects, AreRefusedWithExit2AndLeftUntouched)
 {
     std::string path = dir.file("bad.wfp");
+    const std::string special = GetParam().special;
     if (GetParam().bytes)
         dir.write("bad.wfp", GetParam().bytes);
-    else
+    else if (special == "folder")
         fs::create_directories(path);
+    else if (special == "fifo")
+        ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    else
+        path = special;
     for (const char* command : {"run", "validate", "resave"}) {
         std::vector<std::string> arguments{command, path};
         if (std::string(command) != "resave")
@@ -166,27 +175,70 @@ TEST_P(BadProjects, AreRefusedWithExit2AndLeftUntouched)
 INSTANTIATE_TEST_SUITE_P(
     Inputs, BadProjects,
     ::testing::Values(
-        BadProject{"unreadable", nullptr, "cannot read"},
+        BadProject{"aFolder", nullptr, "it is a folder, not a regular file"},
+        // Nobody writes to the FIFO: opening it would wait for ever.
+        BadProject{"aFifo", nullptr, "it is a FIFO, not a regular file", "fifo"},
+        // Endless: reading it would fill the memory.
+        BadProject{"anEndlessDevice", nullptr, "it is a device, not a regular file", "/dev/zero"},
         BadProject{"truncated", "<wfproject version=\"1\"><actions><action type=\"CC_CHECKOUT\"><property name=\"Comm", "malformed XML"},
         BadProject{"notXml", "this is not a project\n", "malformed XML"},
         BadProject{"binary", "\x7f" "ELF\x02\x01\x01\x00\x00", "malformed XML"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(Faults, OptionsThatCannotBeWrittenLeaveTheStoreIntact)
+TEST_F(Faults, OptionsSetTakesTheNamesShowPrintsAndLeavesTheStoreIntactOnFailure)
 {
     dir.write("plain-file", "not a folder");
-    const auto blocked = wfbuild({"options", "--config-dir", dir.file("plain-file/config"), "set", "ClearCase.DefaultView", "/v"});
+    const auto blocked =
+        wfbuild({"options", "--config-dir", dir.file("plain-file/config"), "set", "ClearCase.DefaultViewPath", "/v"});
     EXPECT_EQ(blocked.status, 2) << blocked.err;
     EXPECT_NE(blocked.err.find("plain-file/config"), std::string::npos) << blocked.err;
     EXPECT_EQ(wftest::readFile(dir.file("plain-file")), "not a folder");
 
-    const std::string before = wftest::readFile(dir.file("config/options.ini"));
-    const auto ok = wfbuild({"options", "--config-dir", dir.file("config"), "set", "ClearCase.DefaultView", "/views/dev"});
-    EXPECT_EQ(ok.status, 0) << ok.err;
-    const std::string after = wftest::readFile(dir.file("config/options.ini"));
-    EXPECT_NE(after.find("DefaultView=/views/dev"), std::string::npos) << after;
-    EXPECT_NE(after.find("CleartoolPath=" + cleartool), std::string::npos) << "other keys kept: " << after;
-    EXPECT_NE(before, after);
+    const std::string config = dir.file("config");
+    fs::create_directories(dir.file("bin"));
+    const std::string tool = dir.write("bin/cleartool", "");
+    struct Row {
+        const char* option;
+        const char* value;
+        std::string stored;  // the line the store holds afterwards; empty: refused, the store unchanged
+    };
+    for (const Row& row : std::vector<Row>{
+             {"ClearCase.DefaultViewPath", "/views/dev", "DefaultView=/views/dev"},
+             {"ClearCase.ClearCaseType", "ccLT", "InstallationType=ClearCaseLT"},
+             {"ClearCase.TestForClearCaseType", "True", "InstallationType=Auto"},
+             // Stored absolute: a run from another folder starts the same program.
+             {"ClearCase.CleartoolPath", "bin/cleartool", "CleartoolPath=" + tool},
+             {"ClearCase.DefaultView", "/v", ""},
+             {"ClearCase.InstallationType", "Auto", ""},
+             {"ClearCase.ClearCaseType", "ccSome", ""},
+             {"Nobody.Colour", "blue", ""}}) {
+        SCOPED_TRACE(row.option);
+        const std::string before = wftest::readFile(dir.file("config/options.ini"));
+        const auto set = wfbuild({"options", "--config-dir", config, "set", row.option, row.value});
+        const std::string after = wftest::readFile(dir.file("config/options.ini"));
+        if (row.stored.empty()) {
+            EXPECT_EQ(set.status, 2) << set.err;
+            EXPECT_NE(set.err.find(row.option), std::string::npos) << set.err;
+            EXPECT_EQ(after, before);
+        } else {
+            EXPECT_EQ(set.status, 0) << set.err;
+            EXPECT_NE(after.find(row.stored + "\n"), std::string::npos) << after;
+        }
+    }
+    const auto show = wfbuild({"options", "--config-dir", config, "show"});
+    EXPECT_NE(show.out.find("ClearCase.DefaultViewPath=/views/dev\n"), std::string::npos) << show.out;
+    EXPECT_NE(show.out.find("ClearCase.CleartoolPath=" + tool + "\n"), std::string::npos) << show.out;
+}
+
+TEST_F(Faults, OptionsSetWaitsAFewSecondsForTheLockThenNamesItsHolder)
+{
+    const TWFFileLock held(dir.file("config/options.ini"));
+    ASSERT_TRUE(held.locked()) << held.error();
+    const auto set = wfbuild({"options", "--config-dir", dir.file("config"), "set", "ClearCase.DefaultViewPath", "/v"});
+    EXPECT_EQ(set.status, 2) << set.err;
+    EXPECT_NE(set.err.find(": process " + std::to_string(::getpid()) + " ("), std::string::npos) << set.err;
+    EXPECT_NE(set.err.find("still holds it after 5 s"), std::string::npos) << set.err;
+    EXPECT_EQ(wftest::readFile(dir.file("config/options.ini")).find("DefaultView="), std::string::npos);
 }
 
 } // namespace

@@ -78,6 +78,12 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{{"run", "p.wfp", "--timeout", "99999999999999999999"},
                   "error: --timeout 99999999999999999999 is longer than the longest time limit, 2592000 seconds (30 days)"},
         ParseCase{{"run", "p.wfp", "--set", "NOEQUALS"}, "error: --set expects NAME=VALUE, got \"NOEQUALS\""},
+        ParseCase{{"run", "p.wfp", "--set", "A B=1"},
+                  "error: --set A B=1: \"A B\" cannot name a variable: %NAME% expressions cannot reach a name holding "
+                  "a blank, a control character or %"},
+        ParseCase{{"run", "p.wfp", "--set", "%A%=1"},
+                  "error: --set %A%=1: \"%A%\" cannot name a variable: %NAME% expressions cannot reach a name holding "
+                  "a blank, a control character or %"},
         ParseCase{{"run", "p.wfp", "--dry-run=yes"}, "error: option --dry-run takes no value"},
         ParseCase{{"run", "p.wfp", "--config-dir="}, "error: --config-dir needs a folder"},
         ParseCase{{"validate", "p.wfp", "--set", "A=", "--no-default-plugins"}, "validate project=p.wfp set:A= no-default-plugins"},
