@@ -4,9 +4,12 @@
 #include "WFServices.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -64,6 +67,8 @@ void TDesignerDocument::newProject()
     m_undo.clear();
     m_project = TWFProject();
     m_path.clear();
+    m_lostOnSave.clear();
+    m_stamp = {};
     emit pathChanged();
     emit projectChanged();
 }
@@ -72,16 +77,23 @@ bool TDesignerDocument::open(const QString& path, QString& error, QString& warni
 {
     TWFProject project;
     std::vector<TWFProjectDiagnostic> diagnostics;
-    if (!ReadProjectFile(path.toStdString(), project, diagnostics)) {
+    std::string text;
+    // The stamp is taken before reading: a change made while reading is noticed at the save.
+    const TFileStamp stamp = stampOf(path);
+    if (!ReadProjectFile(path.toStdString(), project, diagnostics, &text)) {
         error = joinDiagnostics(diagnostics, true);
         if (error.isEmpty())
             error = path + ": the project could not be read";
         return false;
     }
+    const auto lost = ProjectMarkupLostOnSave(text, path.toStdString());
+    diagnostics.insert(diagnostics.end(), lost.begin(), lost.end());
     warnings = joinDiagnostics(diagnostics, false);
     m_undo.clear();
     m_project = std::move(project);
     m_path = QFileInfo(path).absoluteFilePath();
+    m_lostOnSave = warnings;
+    m_stamp = stamp;
     emit pathChanged();
     emit projectChanged();
     return true;
@@ -95,9 +107,28 @@ bool TDesignerDocument::saveAs(const QString& path, QString& error)
         return false;
     }
     m_path = QFileInfo(path).absoluteFilePath();
+    m_lostOnSave.clear();
+    m_stamp = stampOf(m_path);
     m_undo.setClean();
     emit pathChanged();
     return true;
+}
+
+bool TDesignerDocument::changedOnDisk() const
+{
+    return !m_path.isEmpty() && !(stampOf(m_path) == m_stamp);
+}
+
+TDesignerDocument::TFileStamp TDesignerDocument::stampOf(const QString& path)
+{
+    // A rename over the file (how wfbuild and editors save) changes the inode; a write in
+    // place changes the size or the modification time, kept to the nanosecond.
+    struct stat info {};
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0)
+        return {};
+    return {true, static_cast<unsigned long long>(info.st_dev), static_cast<unsigned long long>(info.st_ino),
+            static_cast<long long>(info.st_size),
+            static_cast<long long>(info.st_mtim.tv_sec) * 1000000000LL + info.st_mtim.tv_nsec};
 }
 
 void TDesignerDocument::change(const QString& label, const std::function<void(TWFProject&)>& edit)

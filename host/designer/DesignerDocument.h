@@ -33,10 +33,18 @@ public:
 
     void newProject();
     /// Reads a project file. On errors nothing changes and error holds every diagnostic
-    /// (file:line:column). warnings receives the problems that were reported and ignored.
+    /// (file:line:column). warnings receives what was reported and ignored, and what saving
+    /// over the file would lose (its XML comments).
     bool open(const QString& path, QString& error, QString& warnings);
     /// Writes atomically in canonical form; the document then takes that path.
     bool saveAs(const QString& path, QString& error);
+
+    /// What saving over path() would lose that the file holds (the warnings of open); empty
+    /// once the document has been saved.
+    const QString& lostOnSave() const { return m_lostOnSave; }
+    /// Whether the file at path() is no longer the one opened or last saved here (another
+    /// program wrote, replaced or removed it).
+    bool changedOnDisk() const;
 
     /// One undoable change of the project, made by `edit` on the live project.
     void change(const QString& label, const std::function<void(TWFProject&)>& edit);
@@ -62,7 +70,20 @@ signals:
     void pathChanged();
 
 private:
+    /// What tells one version of a file from another without reading it.
+    struct TFileStamp {
+        bool exists = false;
+        unsigned long long device = 0;
+        unsigned long long inode = 0;
+        long long size = 0;
+        long long modifiedNs = 0;
+        bool operator==(const TFileStamp&) const = default;
+    };
+    static TFileStamp stampOf(const QString& path);
+
     TWFProject m_project;
     QString m_path;
+    QString m_lostOnSave;
+    TFileStamp m_stamp;
     QUndoStack m_undo;
 };

@@ -12,6 +12,7 @@
 
 #include "WFAction.h"
 #include "WFBrowse.h"
+#include "WFFiles.h"
 #include "WFPluginLoader.h"
 #include "WFServices.h"
 
@@ -30,6 +31,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
@@ -444,6 +446,18 @@ bool TMainWindow::saveProjectAs(const QString& path)
         if (QFileInfo(target).suffix().isEmpty())
             target += ".wfp";
     }
+    const QString& open = m_document->path();
+    if (!open.isEmpty()
+        && (QFileInfo(target).absoluteFilePath() == open || sameFile(target.toStdString(), open.toStdString()))) {
+        switch (confirmSavingOver()) {
+        case TSaveChoice::Overwrite:
+            break;
+        case TSaveChoice::Elsewhere:
+            return saveProjectAs({});
+        case TSaveChoice::Stop:
+            return false;
+        }
+    }
     QString error;
     if (!m_document->saveAs(target, error)) {
         QMessageBox::critical(this, tr("Cannot save the project"), error);
@@ -452,6 +466,47 @@ bool TMainWindow::saveProjectAs(const QString& path)
     addRecentFile(m_document->path());
     statusBar()->showMessage(tr("Saved %1").arg(m_document->path()), 5000);
     return true;
+}
+
+TMainWindow::TSaveChoice TMainWindow::confirmSavingOver()
+{
+    const QString path = m_document->path();
+    const auto ask = [&](const char* name, const QString& title, const QString& text, bool offerReload) {
+        QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Cancel, this);
+        box.setObjectName(name);
+        QAbstractButton* reload = nullptr;
+        if (offerReload) {
+            reload = box.addButton(tr("&Reload"), QMessageBox::DestructiveRole);
+            reload->setObjectName("btnReload");
+        }
+        QAbstractButton* overwrite = box.addButton(tr("&Overwrite"), QMessageBox::AcceptRole);
+        overwrite->setObjectName("btnOverwrite");
+        QPushButton* elsewhere = box.addButton(tr("Save &Elsewhere..."), QMessageBox::ActionRole);
+        elsewhere->setObjectName("btnSaveElsewhere");
+        box.setDefaultButton(elsewhere);
+        box.exec();
+        const QAbstractButton* clicked = box.clickedButton();
+        if (clicked && clicked == reload) {
+            openProject(path);
+            return TSaveChoice::Stop;
+        }
+        return clicked == overwrite ? TSaveChoice::Overwrite
+            : clicked == elsewhere  ? TSaveChoice::Elsewhere
+                                    : TSaveChoice::Stop;
+    };
+    if (m_document->changedOnDisk())
+        return ask("changedOnDisk", tr("Changed on disk"),
+                   tr("%1 was changed on disk after it was opened here.\n\nReload it (the changes made here are "
+                      "lost), overwrite it (the changes made on disk are lost), or save the project elsewhere?")
+                       .arg(path),
+                   true);
+    if (!m_document->lostOnSave().isEmpty())
+        return ask("lossOnSave", tr("Saving loses part of the file"),
+                   tr("%1 holds what the designer cannot keep:\n%2\n\nOverwrite it all the same, or save the "
+                      "project elsewhere?")
+                       .arg(path, m_document->lostOnSave()),
+                   false);
+    return TSaveChoice::Overwrite;
 }
 
 bool TMainWindow::maybeSave()

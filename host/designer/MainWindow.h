@@ -81,6 +81,10 @@ private:
     void addRecentFile(const QString& path);
     void fillRecentMenu();
     bool maybeSave();
+    enum class TSaveChoice { Overwrite, Elsewhere, Stop };
+    /// Before the open file is replaced: asks when it changed on disk since (reload, overwrite
+    /// or save elsewhere) or holds what saving loses (overwrite or save elsewhere).
+    TSaveChoice confirmSavingOver();
     std::vector<int> selectedRows() const;
     int currentRow() const;
     void selectRow(int row);

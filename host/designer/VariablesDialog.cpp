@@ -1,5 +1,7 @@
 #include "VariablesDialog.h"
 
+#include "WFVariables.h"
+
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -91,10 +93,8 @@ QString TVariablesDialog::problemOf(const std::vector<TWFProjectVariable>& varia
         const auto& variable = variables[i];
         const QString name = QString::fromStdString(variable.name);
         const QString row = tr("Row %1").arg(i + 1);
-        if (name.isEmpty())
-            return tr("%1: the variable has no name.").arg(row);
-        if (name.contains('%') || name.contains(' '))
-            return tr("%1: \"%2\" cannot be used in %NAME% expressions (no blanks or %).").arg(row, name);
+        if (const std::string problem = variableNameProblem(variable.name); !problem.empty())
+            return tr("%1: %2.").arg(row, QString::fromStdString(problem));
         if (seen.contains(name.toUpper()))
             return tr("%1: \"%2\" is defined twice.").arg(row, name);
         seen.insert(name.toUpper());

@@ -17,6 +17,7 @@
 #include "WFPluginLoader.h"
 #include "WFServices.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
@@ -43,6 +44,9 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
+
+#include <sys/stat.h>
 
 using designertest::waitFor;
 using designertest::whenModal;
@@ -430,11 +434,11 @@ TEST_F(DesignerWindow, VariableRowsThatCannotBeKeptAreNamed)
     };
     for (const Row& row : std::vector<Row>{
              {{{"A", "string", "x"}, {"B", "integer", "12"}, {"C", "boolean", "true"}}, ""},
-             {{{"", "string", "x"}}, "Row 1: the variable has no name."},
+             {{{"", "string", "x"}}, "Row 1: a variable needs a name."},
              {{{"A", "string", ""}, {"a", "string", ""}}, "Row 2: \"a\" is defined twice."},
              {{{"N", "integer", "twelve"}}, "Row 1: \"twelve\" is no integer value."},
              {{{"F", "boolean", "yes"}}, "\"yes\" is no boolean value."},
-             {{{"MY VAR", "string", ""}}, "cannot be used in %NAME% expressions"}}) {
+             {{{"MY VAR", "string", ""}}, "\"MY VAR\" cannot name a variable"}}) {
         const QString problem = TVariablesDialog::problemOf(row.variables);
         if (row.piece.empty())
             EXPECT_TRUE(problem.isEmpty()) << problem.toStdString();
@@ -457,9 +461,14 @@ TEST_F(DesignerWindow, AProjectThatFailsToLoadIsNamedWithItsPlaceAndOpensNothing
         {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\"\n", ":5:", ""},
         {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"NO_SUCH\"/>\n  </actions>\n</wfproject>\n", ":4:", "NO_SUCH"},
         {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\">\n      <property name=\"NoComment\">maybe</property>\n    </action>\n  </actions>\n</wfproject>\n", ":5:", "maybe"},
+        // Nobody writes to a FIFO: opening it for reading would wait for ever.
+        {"", "", "it is a FIFO, not a regular file"},
     };
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::string path = m_config.write("broken" + std::to_string(i) + ".wfp", rows[i].content);
+        const std::string name = "broken" + std::to_string(i) + ".wfp";
+        const std::string path = rows[i].content.empty() ? m_config.file(name) : m_config.write(name, rows[i].content);
+        if (rows[i].content.empty())
+            ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
         QString message;
         whenModal([&](QWidget* box) { closeMessageBox(box, &message); });
         EXPECT_FALSE(window->openProject(QString::fromStdString(path)));
@@ -490,6 +499,91 @@ TEST_F(DesignerWindow, TitleRecentFilesAndClosingWithUnsavedChanges)
     whenModal([](QWidget* box) { qobject_cast<QMessageBox*>(box)->button(QMessageBox::Discard)->click(); });
     EXPECT_TRUE(window->close());
 }
+
+// --- saving over the open file --------------------------------------------------------------
+
+struct SaveOverRow {
+    const char* name;
+    bool comment;         // the opened file holds an XML comment
+    bool outsideChange;   // another program rewrites the file after it was opened
+    const char* box;      // the question the save asks; nullptr: none
+    const char* answer;   // the button clicked in it
+    const char* fileHolds;  // afterwards: "opened", "outside" or "designer" (the designer's project)
+    bool savedElsewhere;
+};
+
+void PrintTo(const SaveOverRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class SavingOver : public DesignerWindow, public ::testing::WithParamInterface<SaveOverRow> {};
+
+TEST_P(SavingOver, AsksBeforeLosingCommentsOrAChangeMadeOnDisk)
+{
+    const SaveOverRow& row = GetParam();
+    std::string opened = wftest::readFile(examplePath("locks.wfp"));
+    if (row.comment)
+        opened.insert(opened.find("<variables>"), "<!-- IMPORTANT -->\n  ");
+    const std::string path = m_config.write("p.wfp", opened);
+    if (row.comment)
+        whenModal([](QWidget* box) { closeMessageBox(box); });
+    ASSERT_TRUE(window->openProject(QString::fromStdString(path)));
+    const std::string outside = wftest::readFile(examplePath("ucm.wfp"));
+    if (row.outsideChange)
+        m_config.write("p.wfp", outside);
+    selectRow(*window, 0);
+    window->findChild<QAction*>("actionRemove")->trigger();
+    const std::string designer = projectText(*window);
+
+    const std::string elsewhere = m_config.file("elsewhere.wfp");
+    SetWFBrowseForFileHook([&](const TWFBrowseFileRequest&, std::string& file) {
+        file = elsewhere;
+        return true;
+    });
+    QString asked;
+    if (row.box)
+        whenModal([&](QWidget* box) {
+            asked = box->objectName() + ": " + qobject_cast<QMessageBox*>(box)->text();
+            auto* button = row.answer == std::string("Cancel") ? qobject_cast<QMessageBox*>(box)->button(QMessageBox::Cancel)
+                                                                : box->findChild<QAbstractButton*>(row.answer);
+            ASSERT_NE(button, nullptr) << row.answer;
+            button->click();
+        });
+    window->findChild<QAction*>("actionSave")->trigger();
+    SetWFBrowseForFileHook(nullptr);
+
+    if (row.box) {
+        EXPECT_TRUE(asked.startsWith(QString(row.box) + ": " + QString::fromStdString(path))) << asked.toStdString();
+        if (row.comment)
+            EXPECT_TRUE(asked.contains("<!-- IMPORTANT -->")) << asked.toStdString();
+    }
+    const std::map<std::string, std::string> texts{{"opened", opened}, {"outside", outside}, {"designer", designer}};
+    EXPECT_EQ(wftest::readFile(path), texts.at(row.fileHolds));
+    EXPECT_EQ(std::filesystem::exists(elsewhere), row.savedElsewhere);
+    if (row.savedElsewhere)
+        EXPECT_EQ(wftest::readFile(elsewhere), designer);
+    if (row.answer == std::string("btnReload")) {
+        EXPECT_FALSE(window->document().isModified());
+        TWFProject reloaded;
+        std::vector<TWFProjectDiagnostic> diagnostics;
+        ASSERT_TRUE(ReadProjectText(outside, path, reloaded, diagnostics));
+        EXPECT_EQ(projectText(*window), WriteProjectText(reloaded));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, SavingOver,
+    ::testing::Values(
+        SaveOverRow{"nothingToLose", false, false, nullptr, "", "designer", false},
+        SaveOverRow{"commentsCancelled", true, false, "lossOnSave", "Cancel", "opened", false},
+        SaveOverRow{"commentsOverwritten", true, false, "lossOnSave", "btnOverwrite", "designer", false},
+        SaveOverRow{"commentsKeptBySavingElsewhere", true, false, "lossOnSave", "btnSaveElsewhere", "opened", true},
+        SaveOverRow{"outsideChangeReloaded", false, true, "changedOnDisk", "btnReload", "outside", false},
+        SaveOverRow{"outsideChangeOverwritten", false, true, "changedOnDisk", "btnOverwrite", "designer", false},
+        SaveOverRow{"outsideChangeKeptBySavingElsewhere", false, true, "changedOnDisk", "btnSaveElsewhere", "outside", true},
+        SaveOverRow{"outsideChangeCancelled", false, true, "changedOnDisk", "Cancel", "outside", false}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 // --- the action dialog ---------------------------------------------------------------------
 
