@@ -4,4 +4,5 @@
 set(WF_CMAKE_DIR ${CMAKE_CURRENT_LIST_DIR})
 include(${WF_CMAKE_DIR}/Fuzz.cmake)
 cmake_language(DEFER CALL include ${WF_CMAKE_DIR}/Install.cmake)
+cmake_language(DEFER CALL include ${WF_CMAKE_DIR}/RunPaths.cmake)
 cmake_language(DEFER CALL include ${WF_CMAKE_DIR}/Packaging.cmake)

@@ -1,0 +1,37 @@
+# Fails when a program or library under DIRS has an empty entry in its run path: the dynamic
+# loader reads an empty entry as the current folder, so a library planted where the program
+# runs (a project folder) would be loaded in place of ours.
+#   cmake -DDIRS="a;b" -P RunPathCheck.cmake
+cmake_policy(SET CMP0009 NEW)
+set(bad "")
+set(checked 0)
+foreach(dir IN LISTS DIRS)
+  file(GLOB_RECURSE files LIST_DIRECTORIES false "${dir}/*")
+  # Objects have no run path; staged packages are checked by the package check.
+  list(FILTER files EXCLUDE REGEX "/CMakeFiles/|/_CPack_Packages/|\\.o$")
+  foreach(file IN LISTS files)
+    if(IS_SYMLINK "${file}")
+      continue()
+    endif()
+    file(READ "${file}" magic LIMIT 4 HEX)
+    if(NOT magic STREQUAL "7f454c46")
+      continue()
+    endif()
+    file(READ_ELF "${file}" RUNPATH runpath RPATH rpath CAPTURE_ERROR error)
+    math(EXPR checked "${checked} + 1")
+    # READ_ELF gives the entries as a list: an empty entry is an empty element.
+    foreach(path IN ITEMS "${runpath}" "${rpath}")
+      if(NOT path STREQUAL "" AND path MATCHES "^;|;;|;$")
+        string(REPLACE ";" ":" path "${path}")
+        string(APPEND bad "\n  ${file}: \"${path}\"")
+      endif()
+    endforeach()
+  endforeach()
+endforeach()
+if(checked EQUAL 0)
+  message(FATAL_ERROR "no program or library found under ${DIRS}")
+endif()
+if(bad)
+  message(FATAL_ERROR "run paths with an empty entry (the current folder):${bad}")
+endif()
+message(STATUS "${checked} programs and libraries, no empty run path entry")
