@@ -2,6 +2,8 @@
 // registered, and prints one line per size: actions, load, validate, save (seconds).
 // With --attributes, reads projects whose one action has that many attributes and prints
 // one line per count: attributes, bytes, read (seconds), the first diagnostic.
+// With --variables, reads projects of that many variables and prints one line per count:
+// variables, bytes, read (seconds).
 #include "WFAction.h"
 #include "shell/WFClearCaseRegistration.h"
 #include "WFFiles.h"
@@ -46,6 +48,26 @@ int benchAttributes(int argc, char** argv)
     return 0;
 }
 
+int benchVariables(int argc, char** argv)
+{
+    for (int n = 3; n < argc; ++n) {
+        const long count = std::atol(argv[n]);
+        std::string text = "<wfproject version=\"1\"><variables>\n";
+        for (long i = 0; i < count; ++i)
+            text += "<variable name=\"V" + std::to_string(i) + "\" type=\"string\" value=\"x\"/>\n";
+        text += "</variables></wfproject>\n";
+        const auto start = std::chrono::steady_clock::now();
+        TWFProject project;
+        std::vector<TWFProjectDiagnostic> diagnostics;
+        if (!ReadProjectText(text, "variables.wfp", project, diagnostics)) {
+            std::fprintf(stderr, "%s\n", diagnostics.front().ToString().c_str());
+            return 1;
+        }
+        std::printf("%ld %zu %.6f\n", count, text.size(), seconds(start));
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -58,6 +80,8 @@ int main(int argc, char** argv)
     ClearCaseRegister(false);
     if (std::string(argv[2]) == "--attributes")
         return benchAttributes(argc, argv);
+    if (std::string(argv[2]) == "--variables")
+        return benchVariables(argc, argv);
     std::string error;
     WFOptionsServices().Load(work + "/options.ini", error);
     const char* types[] = {"CC_CHECKOUT", "CC_CHECKIN", "CC_LABEL", "CC_FINDCHECKOUTS", "UCM_MAKEBL"};
