@@ -180,7 +180,9 @@ if(TARGET ccsim_cleartool)
   install(TARGETS ccsim_cleartool RUNTIME DESTINATION ${WF_INSTALL_SIM_DIR} COMPONENT runtime)
 endif()
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${WF_INSTALL_DOC_DIR} COMPONENT runtime)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${WF_INSTALL_DOC_DIR} COMPONENT runtime)
+# The designer's pages and their screenshots go with the designer: a build agent has no use for them.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${WF_INSTALL_DOC_DIR} COMPONENT runtime
+        PATTERN "designer*" EXCLUDE PATTERN "pages*" EXCLUDE PATTERN "*.png" EXCLUDE)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${WF_INSTALL_DOC_DIR}/examples
         COMPONENT runtime)
 if(WF_GZIP)
@@ -198,6 +200,10 @@ if(TARGET wfdesigner)
           DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/applications COMPONENT designer)
   install(FILES ${WF_PACKAGING_DIR}/wfdesigner.svg
           DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/icons/hicolor/scalable/apps COMPONENT designer)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/designer ${PROJECT_SOURCE_DIR}/docs/pages
+          DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/wrenfield-designer COMPONENT designer)
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/designer.md ${PROJECT_SOURCE_DIR}/docs/pages.md
+          DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/wrenfield-designer COMPONENT designer)
   if(WF_GZIP)
     wf_package_docs(designer wrenfield-designer)
   endif()

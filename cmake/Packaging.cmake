@@ -24,6 +24,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME wrenfield)
+# The completion file is used only where bash-completion is installed.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS bash-completion)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
     "Build host for unattended builds, with a ClearCase package
 wfbuild runs Wrenfield build projects (.wfp files) unattended on build agents

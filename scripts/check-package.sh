@@ -60,6 +60,22 @@ for deb in "${DEBS[@]}"; do
   dpkg-deb -x "$deb" "$WORK/root"
 done
 PREFIX="$WORK/root/usr"
+
+# --- what each package holds: private libraries need no ldconfig, screenshots are the designer's
+for deb in "${DEBS[@]}"; do
+  mkdir -p "$WORK/control/${deb##*/}"
+  dpkg-deb -e "$deb" "$WORK/control/${deb##*/}"
+  if grep -qs ldconfig "$WORK/control/${deb##*/}"/post* "$WORK/control/${deb##*/}"/pre*; then
+    fail "${deb##*/} has maintainer scripts that call ldconfig"
+  fi
+done
+pngs=$(dpkg-deb -c "$RUNTIME_DEB" | grep -c '\.png$' || true)
+if [ "$pngs" -eq 0 ]; then pass "no screenshots in ${RUNTIME_DEB##*/}"; else fail "${RUNTIME_DEB##*/} holds $pngs PNG files"; fi
+if dpkg-deb -f "$RUNTIME_DEB" Recommends | grep -qw bash-completion; then
+  pass "${RUNTIME_DEB##*/} recommends bash-completion"
+else
+  fail "${RUNTIME_DEB##*/} does not recommend bash-completion"
+fi
 echo "check-package: unpacked ${DEBS[*]##*/} into $WORK/root; $BUILD_DIR is moved away until the end"
 mv "$BUILD_DIR" "$MOVED"
 unset LD_LIBRARY_PATH

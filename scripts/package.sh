@@ -32,6 +32,25 @@ while [ $# -gt 0 ]; do
 done
 OUTPUT="${OUTPUT:-$BUILD_DIR/packages}"
 
+# CMake refuses a cache made in another folder (a copied or moved build folder) with a raw
+# error; say what to do instead.
+if [ -f "$BUILD_DIR/CMakeCache.txt" ]; then
+  made_in=$(sed -n 's/^CMAKE_CACHEFILE_DIR:INTERNAL=//p' "$BUILD_DIR/CMakeCache.txt")
+  sources=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$BUILD_DIR/CMakeCache.txt")
+  here=$(cd "$BUILD_DIR" && pwd)
+  if [ "$made_in" != "$here" ] && [ "$made_in" != "$(cd "$BUILD_DIR" && pwd -P)" ]; then
+    echo "package: the build folder $here was configured as $made_in (it was copied or moved)," >&2
+    echo "package: and CMake cannot reuse it. Build in $made_in, or remove $here (or pass" >&2
+    echo "package: --build-dir with a new folder) and run this again to configure afresh." >&2
+    exit 2
+  fi
+  if [ "$sources" != "$PWD" ] && [ "$sources" != "$(pwd -P)" ]; then
+    echo "package: the build folder $here belongs to the sources in $sources, not to $PWD;" >&2
+    echo "package: pass --build-dir with a new folder to build these sources." >&2
+    exit 2
+  fi
+fi
+
 bash scripts/setup.sh
 if [ ! -f "$BUILD_DIR/CMakeCache.txt" ]; then
   EXTRA=()
@@ -54,6 +73,29 @@ if ! (cd "$BUILD_DIR" && cpack -G DEB -B "$OUTPUT" >"$OUTPUT/cpack.log" 2>&1); t
   exit 1
 fi
 rm -rf "$OUTPUT/_CPack_Packages" "$OUTPUT/cpack.log"
+
+# CPack gives a package with a library one folder below /usr/lib maintainer scripts that only
+# run ldconfig. Ours are private, found through each program's RUNPATH: the scripts go.
+for deb in "$OUTPUT"/*.deb; do
+  [ -e "$deb" ] || continue
+  tree="$OUTPUT/unpacked"
+  rm -rf "$tree"
+  dpkg-deb -R "$deb" "$tree"
+  dropped=0
+  for script in postinst postrm; do
+    file="$tree/DEBIAN/$script"
+    [ -f "$file" ] || continue
+    if grep -q ldconfig "$file" \
+        && ! grep -qvE '^(#!/bin/sh|set -e|if \[ "\$1" = "(configure|remove)" \]; then|[[:space:]]*ldconfig|fi|[[:space:]]*)$' "$file"; then
+      rm "$file"
+      dropped=1
+    fi
+  done
+  if [ "$dropped" -eq 1 ]; then
+    dpkg-deb --root-owner-group --build "$tree" "$deb" >/dev/null
+  fi
+  rm -rf "$tree"
+done
 found=0
 for deb in "$OUTPUT"/*.deb; do
   [ -e "$deb" ] || continue

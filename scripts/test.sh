@@ -14,3 +14,5 @@ cmake --build "$BUILD_DIR" -j "$(nproc)"
 ctest --test-dir "$BUILD_DIR" --output-on-failure -j "$(nproc)"
 bash scripts/package.sh --build-dir "$BUILD_DIR"
 bash scripts/check-package.sh --build-dir "$BUILD_DIR"
+# The GitLab example job, where gitlab-ci-local is installed (it says so and passes where not).
+bash scripts/check-gitlab-job.sh --build-dir "$BUILD_DIR"
