@@ -1,9 +1,14 @@
 #pragma once
 
-#include "ui_WFClearCaseApplyAttributeFrame.h"
 #include "WFFrame.h"
 
+#include <memory>
+
 class QTimer;
+
+namespace Ui {
+class TClearCaseApplyAttributeFrame;
+}
 
 /// What both apply-attribute actions share: the VOB, the attribute name and its value or the
 /// type's default, with the value type looked up shortly after the user stops typing.
@@ -11,15 +16,16 @@ class TClearCaseApplyAttributeFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseApplyAttributeFrame(QWidget* parent = nullptr);
+    ~TClearCaseApplyAttributeFrame() override;
 
     /// Ends with one type lookup at once.
     void ReadActionData(TCustomWFAction& action) override;
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseApplyAttributeFrame ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseApplyAttributeFrame> ui;
+
     void boxUseDefaultClick();
     void txtVOBSelectorDropDown();
     void txtAttrNameDropDown();

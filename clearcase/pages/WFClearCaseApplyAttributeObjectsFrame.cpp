@@ -1,13 +1,17 @@
 #include "pages/WFClearCaseApplyAttributeObjectsFrame.h"
+#include "ui_WFClearCaseApplyAttributeObjectsFrame.h"
 
 #include "actions/WFClearCaseApplyAttributeObjectsAction.h"
 #include "pages/WFClearCasePageLook.h"
 
-TClearCaseApplyAttributeObjectsFrame::TClearCaseApplyAttributeObjectsFrame(QWidget* parent) : TFrame(parent)
+TClearCaseApplyAttributeObjectsFrame::TClearCaseApplyAttributeObjectsFrame(QWidget* parent)
+    : TFrame(parent), ui(std::make_unique<Ui::TClearCaseApplyAttributeObjectsFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label1, ui.Bevel1}});
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
 }
+
+TClearCaseApplyAttributeObjectsFrame::~TClearCaseApplyAttributeObjectsFrame() = default;
 
 std::string TClearCaseApplyAttributeObjectsFrame::PageName() const
 {
@@ -16,10 +20,10 @@ std::string TClearCaseApplyAttributeObjectsFrame::PageName() const
 
 void TClearCaseApplyAttributeObjectsFrame::ReadActionData(TCustomWFAction& action)
 {
-    ui.boxReplace->setChecked(narrow<TClearCaseApplyAttributeObjectsAction>(action).GetReplace());
+    ui->boxReplace->setChecked(narrow<TClearCaseApplyAttributeObjectsAction>(action).GetReplace());
 }
 
 void TClearCaseApplyAttributeObjectsFrame::WriteActionData(TCustomWFAction& action)
 {
-    narrow<TClearCaseApplyAttributeObjectsAction>(action).SetReplace(ui.boxReplace->isChecked());
+    narrow<TClearCaseApplyAttributeObjectsAction>(action).SetReplace(ui->boxReplace->isChecked());
 }

@@ -1,13 +1,17 @@
 #include "pages/WFClearCaseApplyAttributePathNamesFrame.h"
+#include "ui_WFClearCaseApplyAttributePathNamesFrame.h"
 
 #include "actions/WFClearCaseApplyAttributePathNamesAction.h"
 #include "pages/WFClearCasePageLook.h"
 
-TClearCaseApplyAttributePathNamesFrame::TClearCaseApplyAttributePathNamesFrame(QWidget* parent) : TFrame(parent)
+TClearCaseApplyAttributePathNamesFrame::TClearCaseApplyAttributePathNamesFrame(QWidget* parent)
+    : TFrame(parent), ui(std::make_unique<Ui::TClearCaseApplyAttributePathNamesFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3}, {{ui.Label1, ui.Bevel1}, {ui.Label2, ui.Bevel2}});
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
 }
+
+TClearCaseApplyAttributePathNamesFrame::~TClearCaseApplyAttributePathNamesFrame() = default;
 
 std::string TClearCaseApplyAttributePathNamesFrame::PageName() const
 {
@@ -17,17 +21,17 @@ std::string TClearCaseApplyAttributePathNamesFrame::PageName() const
 void TClearCaseApplyAttributePathNamesFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& paths = narrow<TClearCaseApplyAttributePathNamesAction>(action);
-    ui.boxReplace->setChecked(paths.GetReplace());
-    ui.boxRecurse->setChecked(paths.GetRecurse());
-    ui.boxUseVersion->setChecked(paths.GetUseVersionSelector());
-    ui.txtVersion->setText(QString::fromStdString(paths.GetVersionSelector()));
+    ui->boxReplace->setChecked(paths.GetReplace());
+    ui->boxRecurse->setChecked(paths.GetRecurse());
+    ui->boxUseVersion->setChecked(paths.GetUseVersionSelector());
+    ui->txtVersion->setText(QString::fromStdString(paths.GetVersionSelector()));
 }
 
 void TClearCaseApplyAttributePathNamesFrame::WriteActionData(TCustomWFAction& action)
 {
     auto& paths = narrow<TClearCaseApplyAttributePathNamesAction>(action);
-    paths.SetReplace(ui.boxReplace->isChecked());
-    paths.SetRecurse(ui.boxRecurse->isChecked());
-    paths.SetUseVersionSelector(ui.boxUseVersion->isChecked());
-    paths.SetVersionSelector(ui.txtVersion->text().toStdString());
+    paths.SetReplace(ui->boxReplace->isChecked());
+    paths.SetRecurse(ui->boxRecurse->isChecked());
+    paths.SetUseVersionSelector(ui->boxUseVersion->isChecked());
+    paths.SetVersionSelector(ui->txtVersion->text().toStdString());
 }

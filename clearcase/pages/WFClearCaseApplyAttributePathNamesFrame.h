@@ -1,7 +1,12 @@
 #pragma once
 
-#include "ui_WFClearCaseApplyAttributePathNamesFrame.h"
 #include "WFFrame.h"
+
+#include <memory>
+
+namespace Ui {
+class TClearCaseApplyAttributePathNamesFrame;
+}
 
 /// The path variant's own switches: the version to attach to, -replace and -recurse. The
 /// version edit stays editable whatever its box says.
@@ -9,10 +14,13 @@ class TClearCaseApplyAttributePathNamesFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseApplyAttributePathNamesFrame(QWidget* parent = nullptr);
+    ~TClearCaseApplyAttributePathNamesFrame() override;
 
     void ReadActionData(TCustomWFAction& action) override;
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseApplyAttributePathNamesFrame ui;
+
+private:
+    std::unique_ptr<Ui::TClearCaseApplyAttributePathNamesFrame> ui;
 };

@@ -1,13 +1,19 @@
 #pragma once
 
-#include "ui_WFClearCaseCheckOutFrame.h"
 #include "WFFrame.h"
+
+#include <memory>
+
+namespace Ui {
+class TClearCaseCheckOutFrame;
+}
 
 /// The check-out switches: reserved or not, where the data goes, which version.
 class TClearCaseCheckOutFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseCheckOutFrame(QWidget* parent = nullptr);
+    ~TClearCaseCheckOutFrame() override;
 
     /// Under ClearCase LT the version and branch choice is not offered and the stored selectors
     /// are not shown.
@@ -17,9 +23,9 @@ public:
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseCheckOutFrame ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseCheckOutFrame> ui;
+
     void btnReservedClick();
     void btnUnreservedClick();
     void txtExternalPathChange();

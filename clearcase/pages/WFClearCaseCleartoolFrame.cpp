@@ -1,16 +1,20 @@
 #include "pages/WFClearCaseCleartoolFrame.h"
+#include "ui_WFClearCaseCleartoolFrame.h"
 
 #include "actions/WFClearCaseCleartoolAction.h"
 #include "pages/WFClearCasePageLook.h"
 
-TClearCaseCleartoolFrame::TClearCaseCleartoolFrame(QWidget* parent) : TFrame(parent)
+TClearCaseCleartoolFrame::TClearCaseCleartoolFrame(QWidget* parent)
+    : TFrame(parent), ui(std::make_unique<Ui::TClearCaseCleartoolFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image4, {ui.Image3}, {{ui.Label1, ui.Bevel1}});
-    connect(ui.txtCommand, &QLineEdit::textChanged, this, &TClearCaseCleartoolFrame::txtCommandChange);
-    connect(ui.txtArgs, &QPlainTextEdit::textChanged, this, &TClearCaseCleartoolFrame::txtArgsChange);
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image4);
+    connect(ui->txtCommand, &QLineEdit::textChanged, this, &TClearCaseCleartoolFrame::txtCommandChange);
+    connect(ui->txtArgs, &QPlainTextEdit::textChanged, this, &TClearCaseCleartoolFrame::txtArgsChange);
     UpdateLabel();
 }
+
+TClearCaseCleartoolFrame::~TClearCaseCleartoolFrame() = default;
 
 std::string TClearCaseCleartoolFrame::PageName() const
 {
@@ -20,23 +24,23 @@ std::string TClearCaseCleartoolFrame::PageName() const
 void TClearCaseCleartoolFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& cleartool = narrow<TClearCaseCleartoolAction>(action);
-    ui.txtCommand->setText(QString::fromStdString(cleartool.GetCommand()));
-    ui.txtArgs->setPlainText(QString::fromStdString(cleartool.GetArguments()).replace("\r\n", "\n"));
-    ui.ViewContext->SetCaption("View Context (Starting Directory)");
-    ui.ViewContext->ReadActionData(cleartool);
+    ui->txtCommand->setText(QString::fromStdString(cleartool.GetCommand()));
+    ui->txtArgs->setPlainText(QString::fromStdString(cleartool.GetArguments()).replace("\r\n", "\n"));
+    ui->ViewContext->SetCaption("View Context (Starting Directory)");
+    ui->ViewContext->ReadActionData(cleartool);
 }
 
 void TClearCaseCleartoolFrame::WriteActionData(TCustomWFAction& action)
 {
     auto& cleartool = narrow<TClearCaseCleartoolAction>(action);
-    ui.ViewContext->WriteActionData(cleartool);
-    cleartool.SetCommand(ui.txtCommand->text().toStdString());
+    ui->ViewContext->WriteActionData(cleartool);
+    cleartool.SetCommand(ui->txtCommand->text().toStdString());
     cleartool.SetArguments(arguments().toStdString());
 }
 
 QString TClearCaseCleartoolFrame::arguments() const
 {
-    return ui.txtArgs->toPlainText().replace('\n', "\r\n");
+    return ui->txtArgs->toPlainText().replace('\n', "\r\n");
 }
 
 void TClearCaseCleartoolFrame::txtCommandChange()
@@ -51,5 +55,5 @@ void TClearCaseCleartoolFrame::txtArgsChange()
 
 void TClearCaseCleartoolFrame::UpdateLabel()
 {
-    ui.lblPath->setText("Full Command Will Be: 'cleartool " + ui.txtCommand->text() + " " + ui.txtArgs->toPlainText() + "'");
+    ui->lblPath->setText("Full Command Will Be: 'cleartool " + ui->txtCommand->text() + " " + ui->txtArgs->toPlainText() + "'");
 }

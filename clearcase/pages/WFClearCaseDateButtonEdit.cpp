@@ -1,4 +1,5 @@
 #include "pages/WFClearCaseDateButtonEdit.h"
+#include "ui_WFClearCaseDateButtonEdit.h"
 
 #include <QCalendarWidget>
 #include <QDialog>
@@ -34,9 +35,10 @@ public:
 
 } // namespace
 
-TClearCaseDateButtonEdit::TClearCaseDateButtonEdit(QWidget* parent) : QFrame(parent)
+TClearCaseDateButtonEdit::TClearCaseDateButtonEdit(QWidget* parent)
+    : QFrame(parent), ui(std::make_unique<Ui::TClearCaseDateButtonEdit>())
 {
-    ui.setupUi(this);
+    ui->setupUi(this);
     m_popupMenu = new QMenu(this);
     m_popupMenu->setObjectName("PopupMenu1");
     const auto named = [this](QMenu* menu, const char* name, const char* caption) {
@@ -61,34 +63,36 @@ TClearCaseDateButtonEdit::TClearCaseDateButtonEdit(QWidget* parent) : QFrame(par
     QAction* chooseTime = m_popupMenu->addAction("Choose Time...");
     chooseTime->setObjectName("ChooseTime1");
     connect(chooseTime, &QAction::triggered, this, &TClearCaseDateButtonEdit::ChooseTime1Click);
-    connect(ui.txtEditButton, &QToolButton::clicked, this, &TClearCaseDateButtonEdit::txtEditButtonClick);
+    connect(ui->txtEditButton, &QToolButton::clicked, this, &TClearCaseDateButtonEdit::txtEditButtonClick);
 }
+
+TClearCaseDateButtonEdit::~TClearCaseDateButtonEdit() = default;
 
 std::string TClearCaseDateButtonEdit::GetDateString() const
 {
-    return ui.txtEdit->text().toStdString();
+    return ui->txtEdit->text().toStdString();
 }
 
 void TClearCaseDateButtonEdit::SetDateString(const std::string& value)
 {
-    ui.txtEdit->setText(QString::fromStdString(value));
+    ui->txtEdit->setText(QString::fromStdString(value));
 }
 
 bool TClearCaseDateButtonEdit::GetShowButton() const
 {
-    return !ui.txtEditButton->isHidden();
+    return !ui->txtEditButton->isHidden();
 }
 
 void TClearCaseDateButtonEdit::SetShowButton(bool value)
 {
-    ui.txtEditButton->setVisible(value);
+    ui->txtEditButton->setVisible(value);
 }
 
 void TClearCaseDateButtonEdit::SetEnabled(bool value)
 {
     setEnabled(value);
-    ui.txtEdit->setEnabled(value);
-    ui.txtEditButton->setEnabled(value);
+    ui->txtEdit->setEnabled(value);
+    ui->txtEditButton->setEnabled(value);
 }
 
 QDateTime TClearCaseDateButtonEdit::TimeStamp(const QTime& time)
@@ -100,22 +104,22 @@ void TClearCaseDateButtonEdit::SetDateTimeStamp(const QDateTime& value)
 {
     const QString date = value.date() > kBaseDate ? QLocale().toString(value.date(), "dd-MMM-yy") : QString();
     const QString time = value.time() > QTime(0, 0) ? value.time().toString("H:mm:ss") : QString();
-    ui.txtEdit->setText(date);
+    ui->txtEdit->setText(date);
     if (!date.isEmpty() && !time.isEmpty())
-        ui.txtEdit->setText(date + "." + time);
+        ui->txtEdit->setText(date + "." + time);
     else if (!time.isEmpty())
-        ui.txtEdit->setText(time);
+        ui->txtEdit->setText(time);
 }
 
 void TClearCaseDateButtonEdit::txtEditButtonClick()
 {
-    const QPoint below(ui.txtEditButton->x(), ui.txtEdit->y() + ui.txtEdit->height());
+    const QPoint below(ui->txtEditButton->x(), ui->txtEdit->y() + ui->txtEdit->height());
     m_popupMenu->popup(mapToGlobal(below));
 }
 
 void TClearCaseDateButtonEdit::namedItemClick(const QAction* item)
 {
-    ui.txtEdit->setText(item->text().remove('&').toLower());
+    ui->txtEdit->setText(item->text().remove('&').toLower());
 }
 
 void TClearCaseDateButtonEdit::ChooseDate1Click()
@@ -123,7 +127,7 @@ void TClearCaseDateButtonEdit::ChooseDate1Click()
     auto* calendar = new QCalendarWidget;
     calendar->setObjectName("Calendar");
     calendar->setMinimumDate(kBaseDate.addDays(1));
-    PopupPanel panel(ui.txtEdit, "DatePanel", calendar);
+    PopupPanel panel(ui->txtEdit, "DatePanel", calendar);
     // A click on a day or Enter picks it, as OK does.
     connect(calendar, &QCalendarWidget::clicked, &panel, &QDialog::accept);
     connect(calendar, &QCalendarWidget::activated, &panel, &QDialog::accept);
@@ -133,7 +137,7 @@ void TClearCaseDateButtonEdit::ChooseDate1Click()
 
 void TClearCaseDateButtonEdit::ChooseTime1Click()
 {
-    const QString text = ui.txtEdit->text();
+    const QString text = ui->txtEdit->text();
     QString datePart;
     if (const auto dot = text.indexOf('.'); dot >= 0)
         datePart = text.left(dot);
@@ -145,11 +149,11 @@ void TClearCaseDateButtonEdit::ChooseTime1Click()
     picker->setDisplayFormat("HH:mm:ss");
     const QTime now = QTime::currentTime();
     picker->setTime(QTime(now.hour(), now.minute()));
-    PopupPanel panel(ui.txtEdit, "TimePanel", picker);
+    PopupPanel panel(ui->txtEdit, "TimePanel", picker);
     if (panel.exec() != QDialog::Accepted)
         return;
     // A time alone is written; the kept date part goes before it.
     SetDateTimeStamp(TimeStamp(picker->time()));
     if (!datePart.isEmpty())
-        ui.txtEdit->setText(datePart + "." + ui.txtEdit->text());
+        ui->txtEdit->setText(datePart + "." + ui->txtEdit->text());
 }

@@ -1,14 +1,17 @@
 #pragma once
 
-#include "ui_WFClearCaseDateButtonEdit.h"
-
 #include <QDateTime>
 #include <QFrame>
 
+#include <memory>
 #include <string>
 
 class QAction;
 class QMenu;
+
+namespace Ui {
+class TClearCaseDateButtonEdit;
+}
 
 /// An edit for a date-time value in the forms cleartool accepts (a keyword such as "today" or
 /// "monday", 15-Nov-06, 14:30:00, or 15-Nov-06.14:30:00), with a drop-down of keywords, a
@@ -17,6 +20,7 @@ class TClearCaseDateButtonEdit : public QFrame {
     Q_OBJECT
 public:
     explicit TClearCaseDateButtonEdit(QWidget* parent = nullptr);
+    ~TClearCaseDateButtonEdit() override;
 
     std::string GetDateString() const;
     void SetDateString(const std::string& value);
@@ -34,9 +38,9 @@ public:
 
     QMenu* PopupMenu1() const { return m_popupMenu; }
 
-    Ui::TClearCaseDateButtonEdit ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseDateButtonEdit> ui;
+
     void txtEditButtonClick();
     void namedItemClick(const QAction* item);
     void ChooseDate1Click();

@@ -1,4 +1,5 @@
 #include "pages/WFClearCaseEditExtendedPathNameForm.h"
+#include "ui_WFClearCaseEditExtendedPathNameForm.h"
 
 #include "environment/WFClearCaseUtils.h"
 #include "pages/WFClearCasePageLook.h"
@@ -9,16 +10,19 @@ const QString kExtendedMark = QStringLiteral("@@");
 
 } // namespace
 
-TClearCaseEditExtendedPathNameForm::TClearCaseEditExtendedPathNameForm(QWidget* parent) : QDialog(parent)
+TClearCaseEditExtendedPathNameForm::TClearCaseEditExtendedPathNameForm(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::TClearCaseEditExtendedPathNameForm>())
 {
-    ui.setupUi(this);
+    ui->setupUi(this);
     // Element names are picked from the view's listing, not completed from earlier entries.
-    ui.txtElement->setCompleter(nullptr);
-    connect(ui.btnOK, &QPushButton::clicked, this, &QDialog::accept);
-    connect(ui.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(ui.txtElement, &TWFComboBox::dropDown, this, &TClearCaseEditExtendedPathNameForm::txtElementDropDown);
-    connect(ui.txtSelector, &TWFComboBox::dropDown, this, &TClearCaseEditExtendedPathNameForm::txtSelectorDropDown);
+    ui->txtElement->setCompleter(nullptr);
+    connect(ui->btnOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(ui->btnCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui->txtElement, &TWFComboBox::dropDown, this, &TClearCaseEditExtendedPathNameForm::txtElementDropDown);
+    connect(ui->txtSelector, &TWFComboBox::dropDown, this, &TClearCaseEditExtendedPathNameForm::txtSelectorDropDown);
 }
+
+TClearCaseEditExtendedPathNameForm::~TClearCaseEditExtendedPathNameForm() = default;
 
 void TClearCaseEditExtendedPathNameForm::SetViewContext(const std::string& folder)
 {
@@ -29,14 +33,14 @@ void TClearCaseEditExtendedPathNameForm::SetPathName(const std::string& path)
 {
     const QString text = QString::fromStdString(path);
     const qsizetype mark = text.indexOf(kExtendedMark);
-    ui.txtElement->setEditText(mark < 0 ? text : text.left(mark));
-    ui.txtSelector->setEditText(mark < 0 ? QString() : text.mid(mark + kExtendedMark.size()));
+    ui->txtElement->setEditText(mark < 0 ? text : text.left(mark));
+    ui->txtSelector->setEditText(mark < 0 ? QString() : text.mid(mark + kExtendedMark.size()));
 }
 
 std::string TClearCaseEditExtendedPathNameForm::GetPathName() const
 {
-    const QString element = ui.txtElement->currentText();
-    const QString selector = ui.txtSelector->currentText();
+    const QString element = ui->txtElement->currentText();
+    const QString selector = ui->txtSelector->currentText();
     return (selector.isEmpty() ? element : element + kExtendedMark + selector).toStdString();
 }
 
@@ -49,12 +53,12 @@ void TClearCaseEditExtendedPathNameForm::txtElementDropDown()
         if (mark >= 0)
             name.truncate(mark);
     }
-    ui.txtElement->setItemsKeepingText(names);
+    ui->txtElement->setItemsKeepingText(names);
 }
 
 void TClearCaseEditExtendedPathNameForm::txtSelectorDropDown()
 {
-    const QString element = ui.txtElement->currentText();
+    const QString element = ui->txtElement->currentText();
     if (element.isEmpty())
         return;
     QStringList selectors = ClearCaseLines(CCGetHistory(element.toStdString(), m_viewContext));
@@ -62,5 +66,5 @@ void TClearCaseEditExtendedPathNameForm::txtSelectorDropDown()
     for (QString& selector : selectors)
         selector = selector.mid(selector.indexOf(kExtendedMark) + kExtendedMark.size());
     selectors.removeAll(QString());
-    ui.txtSelector->setItemsKeepingText(selectors);
+    ui->txtSelector->setItemsKeepingText(selectors);
 }

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "ui_WFClearCaseEditExtendedPathNameForm.h"
-
 #include <QDialog>
 
+#include <memory>
 #include <string>
+
+namespace Ui {
+class TClearCaseEditExtendedPathNameForm;
+}
 
 /// Edits one extended path name as an element and a selector joined by "@@"; both lists are
 /// filled from cleartool, in the view context folder, when they drop down.
@@ -12,6 +15,7 @@ class TClearCaseEditExtendedPathNameForm : public QDialog {
     Q_OBJECT
 public:
     explicit TClearCaseEditExtendedPathNameForm(QWidget* parent = nullptr);
+    ~TClearCaseEditExtendedPathNameForm() override;
 
     /// The folder the drop-down queries run in.
     void SetViewContext(const std::string& folder);
@@ -20,9 +24,9 @@ public:
     /// The element alone when no selector is given.
     std::string GetPathName() const;
 
-    Ui::TClearCaseEditExtendedPathNameForm ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseEditExtendedPathNameForm> ui;
+
     void txtElementDropDown();
     void txtSelectorDropDown();
 

@@ -1,29 +1,33 @@
 #include "pages/WFClearCaseEditViewPathForm.h"
+#include "ui_WFClearCaseEditViewPathForm.h"
 
 #include "WFBrowse.h"
 
 #include <QFileInfo>
 
-TClearCaseEditViewPathForm::TClearCaseEditViewPathForm(QWidget* parent) : QDialog(parent)
+TClearCaseEditViewPathForm::TClearCaseEditViewPathForm(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::TClearCaseEditViewPathForm>())
 {
-    ui.setupUi(this);
-    connect(ui.btnOK, &QPushButton::clicked, this, &QDialog::accept);
-    connect(ui.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(ui.txtExternalPathButton, &QToolButton::clicked, this, &TClearCaseEditViewPathForm::txtExternalPathButtonClick);
+    ui->setupUi(this);
+    connect(ui->btnOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(ui->btnCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui->txtExternalPathButton, &QToolButton::clicked, this, &TClearCaseEditViewPathForm::txtExternalPathButtonClick);
 }
+
+TClearCaseEditViewPathForm::~TClearCaseEditViewPathForm() = default;
 
 void TClearCaseEditViewPathForm::SetPathName(const std::string& path)
 {
     const QString text = QString::fromStdString(path);
-    ui.txtExternalPath->setText(text);
+    ui->txtExternalPath->setText(text);
     const QFileInfo info(text);
     m_isDirectory = !text.isEmpty() && info.isDir();
-    ui.txtExternalPathButton->setVisible(!text.isEmpty() && info.exists() && (info.isDir() || info.isFile()));
+    ui->txtExternalPathButton->setVisible(!text.isEmpty() && info.exists() && (info.isDir() || info.isFile()));
 }
 
 std::string TClearCaseEditViewPathForm::GetPathName() const
 {
-    return ui.txtExternalPath->text().toStdString();
+    return ui->txtExternalPath->text().toStdString();
 }
 
 void TClearCaseEditViewPathForm::txtExternalPathButtonClick()
@@ -41,5 +45,5 @@ void TClearCaseEditViewPathForm::txtExternalPathButtonClick()
         if (!WFBrowseForFile(request, chosen))
             return;
     }
-    ui.txtExternalPath->setText(QString::fromStdString(chosen));
+    ui->txtExternalPath->setText(QString::fromStdString(chosen));
 }

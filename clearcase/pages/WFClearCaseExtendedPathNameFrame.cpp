@@ -1,4 +1,5 @@
 #include "pages/WFClearCaseExtendedPathNameFrame.h"
+#include "ui_WFClearCaseExtendedPathNameFrame.h"
 
 #include "actions/WFClearCaseBaseAction.h"
 #include "environment/WFClearCaseOptions.h"
@@ -7,12 +8,15 @@
 
 #include <memory>
 
-TClearCaseExtendedPathNameFrame::TClearCaseExtendedPathNameFrame(QWidget* parent) : TClearCasePathListFrame(parent)
+TClearCaseExtendedPathNameFrame::TClearCaseExtendedPathNameFrame(QWidget* parent)
+    : TClearCasePathListFrame(parent), ui(std::make_unique<Ui::TClearCaseExtendedPathNameFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.txtHeading, ui.Bevel1}});
-    bindPathList(ui.txtHeading, ui.Bevel1, ui.pathsListBox, ui.addButton, ui.editButton, ui.remButton);
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
+    bindPathList(ui->headingTxtHeading, ui->pathsListBox, ui->addButton, ui->editButton, ui->remButton);
 }
+
+TClearCaseExtendedPathNameFrame::~TClearCaseExtendedPathNameFrame() = default;
 
 std::string TClearCaseExtendedPathNameFrame::PageName() const
 {
@@ -31,16 +35,16 @@ void TClearCaseExtendedPathNameFrame::InitPage(TCustomWFAction&)
 void TClearCaseExtendedPathNameFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& base = narrow<TClearCaseBaseAction>(action);
-    if (!ui.txtHeading->isEnabled()) {
+    if (!ui->headingTxtHeading->label()->isEnabled()) {
         m_kept = TKept{base.GetExtendedPathNames(), base.GetViewContextPath(), base.GetUseDefaultViewContext()};
         setHeading("Extended Pathnames (not available in ClearCase LT)");
         return;
     }
     m_kept.reset();
-    ui.ClearCaseViewContextSubFrame1->ReadActionData(base);
-    ui.pathsListBox->clear();
+    ui->ClearCaseViewContextSubFrame1->ReadActionData(base);
+    ui->pathsListBox->clear();
     for (const auto& path : base.GetExtendedPathNames())
-        ui.pathsListBox->addItem(QString::fromStdString(path));
+        ui->pathsListBox->addItem(QString::fromStdString(path));
     completeHeading(action);
 }
 
@@ -53,19 +57,19 @@ void TClearCaseExtendedPathNameFrame::WriteActionData(TCustomWFAction& action)
         base.SetExtendedPathNames(m_kept->extendedPathNames);
         return;
     }
-    ui.ClearCaseViewContextSubFrame1->WriteActionData(base);
+    ui->ClearCaseViewContextSubFrame1->WriteActionData(base);
     std::vector<std::string> lines;
-    for (int row = 0; row < ui.pathsListBox->count(); ++row)
-        lines.push_back(ui.pathsListBox->item(row)->text().toStdString());
+    for (int row = 0; row < ui->pathsListBox->count(); ++row)
+        lines.push_back(ui->pathsListBox->item(row)->text().toStdString());
     base.SetExtendedPathNames(std::move(lines));
 }
 
 void TClearCaseExtendedPathNameFrame::addButtonClick()
 {
     TClearCaseEditExtendedPathNameForm form(window());
-    form.SetViewContext(ui.ClearCaseViewContextSubFrame1->GetContextPath());
+    form.SetViewContext(ui->ClearCaseViewContextSubFrame1->GetContextPath());
     if (form.exec() == QDialog::Accepted)
-        ui.pathsListBox->addItem(QString::fromStdString(form.GetPathName()));
+        ui->pathsListBox->addItem(QString::fromStdString(form.GetPathName()));
 }
 
 void TClearCaseExtendedPathNameFrame::editButtonClick()
@@ -74,15 +78,15 @@ void TClearCaseExtendedPathNameFrame::editButtonClick()
     if (row < 0)
         return;
     TClearCaseEditExtendedPathNameForm form(window());
-    form.SetViewContext(ui.ClearCaseViewContextSubFrame1->GetContextPath());
-    form.SetPathName(ui.pathsListBox->item(row)->text().toStdString());
+    form.SetViewContext(ui->ClearCaseViewContextSubFrame1->GetContextPath());
+    form.SetPathName(ui->pathsListBox->item(row)->text().toStdString());
     if (form.exec() == QDialog::Accepted)
-        ui.pathsListBox->item(row)->setText(QString::fromStdString(form.GetPathName()));
+        ui->pathsListBox->item(row)->setText(QString::fromStdString(form.GetPathName()));
 }
 
 void TClearCaseExtendedPathNameFrame::remButtonClick()
 {
-    for (QListWidgetItem* item : ui.pathsListBox->selectedItems())
-        const std::unique_ptr<QListWidgetItem> removed(ui.pathsListBox->takeItem(ui.pathsListBox->row(item)));
-    ui.pathsListBox->setCurrentItem(nullptr);
+    for (QListWidgetItem* item : ui->pathsListBox->selectedItems())
+        const std::unique_ptr<QListWidgetItem> removed(ui->pathsListBox->takeItem(ui->pathsListBox->row(item)));
+    ui->pathsListBox->setCurrentItem(nullptr);
 }

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "pages/WFClearCasePathListFrame.h"
-#include "ui_WFClearCaseExtendedPathNameFrame.h"
 
 #include <optional>
 #include <string>
 #include <vector>
+#include <memory>
+
+namespace Ui {
+class TClearCaseExtendedPathNameFrame;
+}
 
 /// The action's extended ("@@") path names, shown in full, and the view their drop-downs ask.
 /// Under ClearCase LT, which has no extended names, the page is greyed out and keeps what the
@@ -14,6 +18,7 @@ class TClearCaseExtendedPathNameFrame : public TClearCasePathListFrame {
     Q_OBJECT
 public:
     explicit TClearCaseExtendedPathNameFrame(QWidget* parent = nullptr);
+    ~TClearCaseExtendedPathNameFrame() override;
 
     void InitPage(TCustomWFAction& action) override;
     void ReadActionData(TCustomWFAction& action) override;
@@ -21,14 +26,14 @@ public:
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseExtendedPathNameFrame ui;
-
 protected:
     void addButtonClick() override;
     void editButtonClick() override;
     void remButtonClick() override;
 
 private:
+    std::unique_ptr<Ui::TClearCaseExtendedPathNameFrame> ui;
+
     /// What the action held when the page could not show it.
     struct TKept {
         std::vector<std::string> extendedPathNames;

@@ -1,15 +1,18 @@
 #include "pages/WFClearCaseLockFrame.h"
+#include "ui_WFClearCaseLockFrame.h"
 
 #include "actions/WFClearCaseLockGenericAction.h"
 #include "pages/WFClearCasePageLook.h"
 
-TClearCaseLockFrame::TClearCaseLockFrame(QWidget* parent) : TFrame(parent)
+TClearCaseLockFrame::TClearCaseLockFrame(QWidget* parent) : TFrame(parent), ui(std::make_unique<Ui::TClearCaseLockFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label1, ui.Bevel1}});
-    connect(ui.boxObsolete, &QCheckBox::clicked, this, &TClearCaseLockFrame::boxObsoleteClick);
-    connect(ui.boxUseNUsers, &QCheckBox::clicked, this, &TClearCaseLockFrame::boxUseNUsersClick);
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
+    connect(ui->boxObsolete, &QCheckBox::clicked, this, &TClearCaseLockFrame::boxObsoleteClick);
+    connect(ui->boxUseNUsers, &QCheckBox::clicked, this, &TClearCaseLockFrame::boxUseNUsersClick);
 }
+
+TClearCaseLockFrame::~TClearCaseLockFrame() = default;
 
 std::string TClearCaseLockFrame::PageName() const
 {
@@ -43,34 +46,34 @@ std::string TClearCaseLockFrame::MemoToUsers(const QString& memo)
 void TClearCaseLockFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& lock = narrow<TClearCaseLockGenericAction>(action);
-    ui.boxReplace->setChecked(lock.GetReplace());
-    ui.boxUseNUsers->setChecked(lock.GetUseNUsers());
-    ui.boxObsolete->setChecked(lock.GetObsolete());
-    ui.txtNUsersList->setPlainText(UsersToMemo(lock.GetNUsersList()));
-    ui.txtNUsersList->setEnabled(ui.boxUseNUsers->isChecked());
+    ui->boxReplace->setChecked(lock.GetReplace());
+    ui->boxUseNUsers->setChecked(lock.GetUseNUsers());
+    ui->boxObsolete->setChecked(lock.GetObsolete());
+    ui->txtNUsersList->setPlainText(UsersToMemo(lock.GetNUsersList()));
+    ui->txtNUsersList->setEnabled(ui->boxUseNUsers->isChecked());
 }
 
 void TClearCaseLockFrame::WriteActionData(TCustomWFAction& action)
 {
     auto& lock = narrow<TClearCaseLockGenericAction>(action);
-    lock.SetReplace(ui.boxReplace->isChecked());
-    lock.SetUseNUsers(ui.boxUseNUsers->isChecked());
-    lock.SetObsolete(ui.boxObsolete->isChecked());
-    lock.SetNUsersList(MemoToUsers(ui.txtNUsersList->toPlainText()));
+    lock.SetReplace(ui->boxReplace->isChecked());
+    lock.SetUseNUsers(ui->boxUseNUsers->isChecked());
+    lock.SetObsolete(ui->boxObsolete->isChecked());
+    lock.SetNUsersList(MemoToUsers(ui->txtNUsersList->toPlainText()));
 }
 
 void TClearCaseLockFrame::boxUseNUsersClick()
 {
-    ui.txtNUsersList->setEnabled(ui.boxUseNUsers->isChecked());
-    if (ui.boxUseNUsers->isChecked())
-        ui.boxObsolete->setChecked(false);
+    ui->txtNUsersList->setEnabled(ui->boxUseNUsers->isChecked());
+    if (ui->boxUseNUsers->isChecked())
+        ui->boxObsolete->setChecked(false);
 }
 
 void TClearCaseLockFrame::boxObsoleteClick()
 {
     // The command line takes one of -obsolete and -nusers: the last one ticked wins.
-    if (ui.boxObsolete->isChecked()) {
-        ui.boxUseNUsers->setChecked(false);
+    if (ui->boxObsolete->isChecked()) {
+        ui->boxUseNUsers->setChecked(false);
         boxUseNUsersClick();
     }
 }

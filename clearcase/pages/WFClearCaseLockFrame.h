@@ -1,15 +1,20 @@
 #pragma once
 
-#include "ui_WFClearCaseLockFrame.h"
 #include "WFFrame.h"
 
+#include <memory>
 #include <string>
+
+namespace Ui {
+class TClearCaseLockFrame;
+}
 
 /// The lock options: replace, obsolete, or a list of exempted users edited one name a line.
 class TClearCaseLockFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseLockFrame(QWidget* parent = nullptr);
+    ~TClearCaseLockFrame() override;
 
     void ReadActionData(TCustomWFAction& action) override;
     void WriteActionData(TCustomWFAction& action) override;
@@ -21,9 +26,9 @@ public:
     /// The memo's text as the stored list. Line breaks are dropped, not turned into commas.
     static std::string MemoToUsers(const QString& memo);
 
-    Ui::TClearCaseLockFrame ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseLockFrame> ui;
+
     void boxObsoleteClick();
     void boxUseNUsersClick();
 };

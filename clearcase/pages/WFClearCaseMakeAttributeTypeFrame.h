@@ -1,7 +1,12 @@
 #pragma once
 
-#include "ui_WFClearCaseMakeAttributeTypeFrame.h"
 #include "WFFrame.h"
+
+#include <memory>
+
+namespace Ui {
+class TClearCaseMakeAttributeTypeFrame;
+}
 
 /// The new attribute type: its name and VOB, its value type, the range of allowed values and
 /// the default value. A time type edits its values with date edits. The page stores the range
@@ -11,14 +16,15 @@ class TClearCaseMakeAttributeTypeFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseMakeAttributeTypeFrame(QWidget* parent = nullptr);
+    ~TClearCaseMakeAttributeTypeFrame() override;
 
     void ReadActionData(TCustomWFAction& action) override;
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseMakeAttributeTypeFrame ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseMakeAttributeTypeFrame> ui;
+
     void txtVOBSelectorDropDown();
     void txtAttrNameDropDown();
     /// Shows the date edits for a time type and the plain edits for the others, carrying the

@@ -1,14 +1,17 @@
 #include "pages/WFClearCaseMakeAttributeTypeOptionsFrame.h"
+#include "ui_WFClearCaseMakeAttributeTypeOptionsFrame.h"
 
 #include "actions/WFClearCaseMakeAttributeTypeAction.h"
 #include "pages/WFClearCasePageLook.h"
 
-TClearCaseMakeAttributeTypeOptionsFrame::TClearCaseMakeAttributeTypeOptionsFrame(QWidget* parent) : TFrame(parent)
+TClearCaseMakeAttributeTypeOptionsFrame::TClearCaseMakeAttributeTypeOptionsFrame(QWidget* parent)
+    : TFrame(parent), ui(std::make_unique<Ui::TClearCaseMakeAttributeTypeOptionsFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3, ui.Image4},
-                              {{ui.Label1, ui.Bevel1}, {ui.Label2, ui.Bevel2}, {ui.Label3, ui.Bevel3}});
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
 }
+
+TClearCaseMakeAttributeTypeOptionsFrame::~TClearCaseMakeAttributeTypeOptionsFrame() = default;
 
 std::string TClearCaseMakeAttributeTypeOptionsFrame::PageName() const
 {
@@ -18,23 +21,23 @@ std::string TClearCaseMakeAttributeTypeOptionsFrame::PageName() const
 void TClearCaseMakeAttributeTypeOptionsFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& type = narrow<TClearCaseMakeAttributeTypeAction>(action);
-    ui.boxReplace->setChecked(type.GetReplace());
-    ui.boxShared->setChecked(type.GetShared());
-    ClearCaseSetChecked(ui.btnGlobal, type.GetGlobal());
-    ClearCaseSetChecked(ui.btnOrdinary, !ui.btnGlobal->isChecked());
-    ui.boxAcquire->setChecked(type.GetAcquire());
+    ui->boxReplace->setChecked(type.GetReplace());
+    ui->boxShared->setChecked(type.GetShared());
+    ClearCaseSetChecked(ui->btnGlobal, type.GetGlobal());
+    ClearCaseSetChecked(ui->btnOrdinary, !ui->btnGlobal->isChecked());
+    ui->boxAcquire->setChecked(type.GetAcquire());
     switch (type.GetConstraints()) {
     case lcDefault:
-        ClearCaseSetChecked(ui.btnDefaultUse, true);
+        ClearCaseSetChecked(ui->btnDefaultUse, true);
         break;
     case lcVPelement:
-        ClearCaseSetChecked(ui.btnVPelement, true);
+        ClearCaseSetChecked(ui->btnVPelement, true);
         break;
     case lcVPbranch:
-        ClearCaseSetChecked(ui.btnVPBranch, true);
+        ClearCaseSetChecked(ui->btnVPBranch, true);
         break;
     case lcVPversion:
-        ClearCaseSetChecked(ui.btnVPVersion, true);
+        ClearCaseSetChecked(ui->btnVPVersion, true);
         break;
     }
 }
@@ -42,16 +45,16 @@ void TClearCaseMakeAttributeTypeOptionsFrame::ReadActionData(TCustomWFAction& ac
 void TClearCaseMakeAttributeTypeOptionsFrame::WriteActionData(TCustomWFAction& action)
 {
     auto& type = narrow<TClearCaseMakeAttributeTypeAction>(action);
-    type.SetReplace(ui.boxReplace->isChecked());
-    type.SetShared(ui.boxShared->isChecked());
-    if (ui.btnDefaultUse->isChecked())
+    type.SetReplace(ui->boxReplace->isChecked());
+    type.SetShared(ui->boxShared->isChecked());
+    if (ui->btnDefaultUse->isChecked())
         type.SetConstraints(lcDefault);
-    else if (ui.btnVPelement->isChecked())
+    else if (ui->btnVPelement->isChecked())
         type.SetConstraints(lcVPelement);
-    else if (ui.btnVPBranch->isChecked())
+    else if (ui->btnVPBranch->isChecked())
         type.SetConstraints(lcVPbranch);
-    else if (ui.btnVPVersion->isChecked())
+    else if (ui->btnVPVersion->isChecked())
         type.SetConstraints(lcVPversion);
-    type.SetGlobal(ui.btnGlobal->isChecked());
-    type.SetAcquire(ui.boxAcquire->isChecked());
+    type.SetGlobal(ui->btnGlobal->isChecked());
+    type.SetAcquire(ui->boxAcquire->isChecked());
 }

@@ -1,14 +1,17 @@
 #include "pages/WFClearCaseMakeBaseLineLabelFrame.h"
+#include "ui_WFClearCaseMakeBaseLineLabelFrame.h"
 
 #include "actions/WFClearCaseMakeBaselineAction.h"
 #include "pages/WFClearCasePageLook.h"
 
-TClearCaseMakeBaseLineLabelFrame::TClearCaseMakeBaseLineLabelFrame(QWidget* parent) : TFrame(parent)
+TClearCaseMakeBaseLineLabelFrame::TClearCaseMakeBaseLineLabelFrame(QWidget* parent)
+    : TFrame(parent), ui(std::make_unique<Ui::TClearCaseMakeBaseLineLabelFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseSetHeadingImage(ui.Image1);
-    ClearCasePlaceHeading(ui.Label1, ui.Bevel1);
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, nullptr);
 }
+
+TClearCaseMakeBaseLineLabelFrame::~TClearCaseMakeBaseLineLabelFrame() = default;
 
 std::string TClearCaseMakeBaseLineLabelFrame::PageName() const
 {
@@ -18,18 +21,18 @@ std::string TClearCaseMakeBaseLineLabelFrame::PageName() const
 void TClearCaseMakeBaseLineLabelFrame::ReadActionData(TCustomWFAction& action)
 {
     const TLabelBehaviour labelling = narrow<TClearCaseMakeBaselineAction>(action).GetLabelling();
-    ClearCaseSetChecked(ui.btnIncremental, labelling == lbIncremental);
-    ClearCaseSetChecked(ui.btnFulllabel, labelling == lbAll);
-    ClearCaseSetChecked(ui.btnNlabel, labelling == lbNone);
+    ClearCaseSetChecked(ui->btnIncremental, labelling == lbIncremental);
+    ClearCaseSetChecked(ui->btnFulllabel, labelling == lbAll);
+    ClearCaseSetChecked(ui->btnNlabel, labelling == lbNone);
 }
 
 void TClearCaseMakeBaseLineLabelFrame::WriteActionData(TCustomWFAction& action)
 {
     auto& baseline = narrow<TClearCaseMakeBaselineAction>(action);
-    if (ui.btnIncremental->isChecked())
+    if (ui->btnIncremental->isChecked())
         baseline.SetLabelling(lbIncremental);
-    else if (ui.btnFulllabel->isChecked())
+    else if (ui->btnFulllabel->isChecked())
         baseline.SetLabelling(lbAll);
-    else if (ui.btnNlabel->isChecked())
+    else if (ui->btnNlabel->isChecked())
         baseline.SetLabelling(lbNone);
 }

@@ -1,4 +1,5 @@
 #include "pages/WFClearCaseMakeBaselineFrame.h"
+#include "ui_WFClearCaseMakeBaselineFrame.h"
 
 #include "actions/WFClearCaseMakeBaselineAction.h"
 #include "environment/WFClearCaseUtils.h"
@@ -50,28 +51,26 @@ void toggleCurrent(QListWidget* box)
 
 } // namespace
 
-TClearCaseMakeBaselineFrame::TClearCaseMakeBaselineFrame(QWidget* parent) : TFrame(parent)
+TClearCaseMakeBaselineFrame::TClearCaseMakeBaselineFrame(QWidget* parent)
+    : TFrame(parent), ui(std::make_unique<Ui::TClearCaseMakeBaselineFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1, ui.Image3}, {{ui.Label1, ui.Bevel1}, {ui.Label3, ui.Bevel3}});
-    connect(ui.btnAll, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnAllClick);
-    connect(ui.btnComponents, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnComponentsClick);
-    connect(ui.btnActivities, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnActivitiesClick);
-    connect(ui.btnUseRootName, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnUseRootNameClick);
-    connect(ui.btnUseBaselineNameTemplate, &QRadioButton::clicked, this,
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
+    connect(ui->btnAll, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnAllClick);
+    connect(ui->btnComponents, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnComponentsClick);
+    connect(ui->btnActivities, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnActivitiesClick);
+    connect(ui->btnUseRootName, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::btnUseRootNameClick);
+    connect(ui->btnUseBaselineNameTemplate, &QRadioButton::clicked, this,
             &TClearCaseMakeBaselineFrame::btnUseBaselineNameTemplateClick);
-    connect(ui.txtBaselineRootName, &QLineEdit::textChanged, this, &TClearCaseMakeBaselineFrame::txtBaselineRootNameChange);
-    connect(ui.boxActivities, &QListWidget::itemChanged, this, &TClearCaseMakeBaselineFrame::boxActivitiesClickCheck);
-    connect(ui.boxComponents, &QListWidget::itemDoubleClicked, this, &TClearCaseMakeBaselineFrame::boxComponentsDblClick);
-    connect(ui.boxActivities, &QListWidget::itemDoubleClicked, this, &TClearCaseMakeBaselineFrame::boxActivitiesDblClick);
-    // Every way the view can change; the browse button's handler runs after the sub-frame's
-    // own browse, connected first.
-    const auto& view = ui.ClearCaseViewContextSubFrame1->ui;
-    connect(view.btnDefaultView, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::viewChanged);
-    connect(view.btnCustomView, &QRadioButton::clicked, this, &TClearCaseMakeBaselineFrame::viewChanged);
-    connect(view.txtViewPath, &QLineEdit::textChanged, this, &TClearCaseMakeBaselineFrame::viewChanged);
-    connect(view.txtViewPathButton, &QToolButton::clicked, this, &TClearCaseMakeBaselineFrame::viewChanged);
+    connect(ui->txtBaselineRootName, &QLineEdit::textChanged, this, &TClearCaseMakeBaselineFrame::txtBaselineRootNameChange);
+    connect(ui->boxActivities, &QListWidget::itemChanged, this, &TClearCaseMakeBaselineFrame::boxActivitiesClickCheck);
+    connect(ui->boxComponents, &QListWidget::itemDoubleClicked, this, &TClearCaseMakeBaselineFrame::boxComponentsDblClick);
+    connect(ui->boxActivities, &QListWidget::itemDoubleClicked, this, &TClearCaseMakeBaselineFrame::boxActivitiesDblClick);
+    connect(ui->ClearCaseViewContextSubFrame1, &TClearCaseViewContextSubFrame::contextChanged, this,
+            &TClearCaseMakeBaselineFrame::viewChanged);
 }
+
+TClearCaseMakeBaselineFrame::~TClearCaseMakeBaselineFrame() = default;
 
 std::string TClearCaseMakeBaselineFrame::PageName() const
 {
@@ -82,46 +81,46 @@ void TClearCaseMakeBaselineFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& baseline = narrow<TClearCaseMakeBaselineAction>(action);
     m_selectedComponents = toList(baseline.GetComponents());
-    fillCheckList(ui.boxComponents, ClearCaseLines(CCGetAllUCMComponents()), m_selectedComponents);
+    fillCheckList(ui->boxComponents, ClearCaseLines(CCGetAllUCMComponents()), m_selectedComponents);
     m_selectedActivities = toList(baseline.GetActivities());
     UpdateListBoxes();
-    ui.txtBaselineRootName->setText(QString::fromStdString(baseline.GetBaselineRootName()));
+    ui->txtBaselineRootName->setText(QString::fromStdString(baseline.GetBaselineRootName()));
     {
         // The path arrives before the radio buttons that say whether it is the view: ask for
         // the activities once the view context is complete.
         m_readingViewContext = true;
-        ui.ClearCaseViewContextSubFrame1->ReadActionData(baseline);
+        ui->ClearCaseViewContextSubFrame1->ReadActionData(baseline);
         m_readingViewContext = false;
         UpdateListBoxes();
     }
     const TSelectionType selection = baseline.GetSelectionType();
-    ClearCaseSetChecked(ui.btnAll, selection == slAll);
-    ClearCaseSetChecked(ui.btnComponents, selection == slComponents);
-    ClearCaseSetChecked(ui.btnActivities, selection == slActivities);
-    ui.boxComponents->setEnabled(ui.btnComponents->isChecked());
-    ui.boxActivities->setEnabled(ui.btnActivities->isChecked());
+    ClearCaseSetChecked(ui->btnAll, selection == slAll);
+    ClearCaseSetChecked(ui->btnComponents, selection == slComponents);
+    ClearCaseSetChecked(ui->btnActivities, selection == slActivities);
+    ui->boxComponents->setEnabled(ui->btnComponents->isChecked());
+    ui->boxActivities->setEnabled(ui->btnActivities->isChecked());
     // An action without a root name always opens on the template.
-    ClearCaseSetChecked(ui.btnUseBaselineNameTemplate,
-                        baseline.GetUseBaselineNameTemplate() || ui.txtBaselineRootName->text().isEmpty());
-    ClearCaseSetChecked(ui.btnUseRootName, !ui.btnUseBaselineNameTemplate->isChecked());
+    ClearCaseSetChecked(ui->btnUseBaselineNameTemplate,
+                        baseline.GetUseBaselineNameTemplate() || ui->txtBaselineRootName->text().isEmpty());
+    ClearCaseSetChecked(ui->btnUseRootName, !ui->btnUseBaselineNameTemplate->isChecked());
 }
 
 void TClearCaseMakeBaselineFrame::WriteActionData(TCustomWFAction& action)
 {
     auto& baseline = narrow<TClearCaseMakeBaselineAction>(action);
-    baseline.SetBaselineRootName(ui.txtBaselineRootName->text().toStdString());
-    ui.ClearCaseViewContextSubFrame1->WriteActionData(baseline);
-    if (ui.btnAll->isChecked())
+    baseline.SetBaselineRootName(ui->txtBaselineRootName->text().toStdString());
+    ui->ClearCaseViewContextSubFrame1->WriteActionData(baseline);
+    if (ui->btnAll->isChecked())
         baseline.SetSelectionType(slAll);
-    if (ui.btnComponents->isChecked())
+    if (ui->btnComponents->isChecked())
         baseline.SetSelectionType(slComponents);
-    if (ui.btnActivities->isChecked())
+    if (ui->btnActivities->isChecked())
         baseline.SetSelectionType(slActivities);
-    baseline.SetUseBaselineNameTemplate(ui.btnUseBaselineNameTemplate->isChecked());
+    baseline.SetUseBaselineNameTemplate(ui->btnUseBaselineNameTemplate->isChecked());
     m_selectedComponents.clear();
-    for (int i = 0; i < ui.boxComponents->count(); ++i)
-        if (ui.boxComponents->item(i)->checkState() == Qt::Checked)
-            m_selectedComponents << ui.boxComponents->item(i)->text();
+    for (int i = 0; i < ui->boxComponents->count(); ++i)
+        if (ui->boxComponents->item(i)->checkState() == Qt::Checked)
+            m_selectedComponents << ui->boxComponents->item(i)->text();
     baseline.SetComponents(toVector(m_selectedComponents));
     m_selectedActivities.clear();
     boxActivitiesClickCheck();
@@ -130,10 +129,10 @@ void TClearCaseMakeBaselineFrame::WriteActionData(TCustomWFAction& action)
 
 void TClearCaseMakeBaselineFrame::UpdateListBoxes()
 {
-    const std::string folder = ui.ClearCaseViewContextSubFrame1->GetContextPath();
+    const std::string folder = ui->ClearCaseViewContextSubFrame1->GetContextPath();
     if (folder == m_activitiesFolder)
         return;
-    fillCheckList(ui.boxActivities, ClearCaseLines(CCGetUCMActivities(folder)), m_selectedActivities);
+    fillCheckList(ui->boxActivities, ClearCaseLines(CCGetUCMActivities(folder)), m_selectedActivities);
     m_activitiesFolder = folder;
 }
 
@@ -145,8 +144,8 @@ void TClearCaseMakeBaselineFrame::viewChanged()
 
 void TClearCaseMakeBaselineFrame::boxActivitiesClickCheck()
 {
-    for (int i = 0; i < ui.boxActivities->count(); ++i) {
-        const QListWidgetItem* item = ui.boxActivities->item(i);
+    for (int i = 0; i < ui->boxActivities->count(); ++i) {
+        const QListWidgetItem* item = ui->boxActivities->item(i);
         const qsizetype selected = indexOfIgnoringCase(m_selectedActivities, item->text());
         if (item->checkState() == Qt::Checked && selected < 0)
             m_selectedActivities << item->text();
@@ -157,45 +156,45 @@ void TClearCaseMakeBaselineFrame::boxActivitiesClickCheck()
 
 void TClearCaseMakeBaselineFrame::boxComponentsDblClick()
 {
-    toggleCurrent(ui.boxComponents);
+    toggleCurrent(ui->boxComponents);
 }
 
 void TClearCaseMakeBaselineFrame::boxActivitiesDblClick()
 {
-    toggleCurrent(ui.boxActivities);
+    toggleCurrent(ui->boxActivities);
     boxActivitiesClickCheck();
 }
 
 void TClearCaseMakeBaselineFrame::btnAllClick()
 {
-    ui.boxComponents->setEnabled(false);
-    ui.boxActivities->setEnabled(false);
+    ui->boxComponents->setEnabled(false);
+    ui->boxActivities->setEnabled(false);
 }
 
 void TClearCaseMakeBaselineFrame::btnComponentsClick()
 {
-    ui.boxComponents->setEnabled(true);
-    ui.boxActivities->setEnabled(false);
+    ui->boxComponents->setEnabled(true);
+    ui->boxActivities->setEnabled(false);
 }
 
 void TClearCaseMakeBaselineFrame::btnActivitiesClick()
 {
-    ui.boxComponents->setEnabled(false);
-    ui.boxActivities->setEnabled(true);
+    ui->boxComponents->setEnabled(false);
+    ui->boxActivities->setEnabled(true);
 }
 
 void TClearCaseMakeBaselineFrame::btnUseRootNameClick()
 {
-    ui.txtBaselineRootName->setEnabled(true);
+    ui->txtBaselineRootName->setEnabled(true);
 }
 
 void TClearCaseMakeBaselineFrame::btnUseBaselineNameTemplateClick()
 {
-    ui.txtBaselineRootName->setEnabled(false);
+    ui->txtBaselineRootName->setEnabled(false);
 }
 
 void TClearCaseMakeBaselineFrame::txtBaselineRootNameChange()
 {
-    if (!ui.txtBaselineRootName->text().isEmpty())
-        ui.btnUseRootName->setChecked(true);
+    if (!ui->txtBaselineRootName->text().isEmpty())
+        ui->btnUseRootName->setChecked(true);
 }

@@ -1,11 +1,15 @@
 #pragma once
 
-#include "ui_WFClearCaseMakeBaselineFrame.h"
 #include "WFFrame.h"
 
 #include <QStringList>
 
+#include <memory>
 #include <string>
+
+namespace Ui {
+class TClearCaseMakeBaselineFrame;
+}
 
 /// A new baseline: its view, its name (template or root name) and what it is made of (every
 /// modified component, chosen components or chosen activities), the choices in check lists
@@ -14,6 +18,7 @@ class TClearCaseMakeBaselineFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseMakeBaselineFrame(QWidget* parent = nullptr);
+    ~TClearCaseMakeBaselineFrame() override;
 
     /// Asks for every component of every VOB, and for the view's activities.
     void ReadActionData(TCustomWFAction& action) override;
@@ -21,9 +26,9 @@ public:
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseMakeBaselineFrame ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseMakeBaselineFrame> ui;
+
     /// Refills the activities when the view folder is not the one they were asked for.
     void UpdateListBoxes();
     /// Brings the selected activities in line with the check marks shown; selected activities

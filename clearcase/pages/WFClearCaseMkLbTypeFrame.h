@@ -1,9 +1,14 @@
 #pragma once
 
-#include "ui_WFClearCaseMkLbTypeFrame.h"
 #include "WFFrame.h"
 
+#include <memory>
+
 class QValidator;
+
+namespace Ui {
+class TClearCaseMkLbTypeFrame;
+}
 
 /// The new label type: its name and VOB, ordinary or global, usage constraint and creation
 /// switches.
@@ -11,6 +16,7 @@ class TClearCaseMkLbTypeFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseMkLbTypeFrame(QWidget* parent = nullptr);
+    ~TClearCaseMkLbTypeFrame() override;
 
     /// A stored name with lower-case letters switches the name edit to normal case first, so
     /// that the name is shown as it was typed.
@@ -19,9 +25,9 @@ public:
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseMkLbTypeFrame ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseMkLbTypeFrame> ui;
+
     void btnGlobalClick();
     void btnOrdinaryClick();
     void boxUpperCaseClick();

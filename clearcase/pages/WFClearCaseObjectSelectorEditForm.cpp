@@ -1,4 +1,5 @@
 #include "pages/WFClearCaseObjectSelectorEditForm.h"
+#include "ui_WFClearCaseObjectSelectorEditForm.h"
 
 #include "environment/WFClearCaseIniFile.h"
 #include "environment/WFClearCaseUtils.h"
@@ -17,39 +18,42 @@ constexpr const char* kObjectIDTag = "oid:";
 
 } // namespace
 
-TClearCaseObjectSelectorEditForm::TClearCaseObjectSelectorEditForm(QWidget* parent) : QDialog(parent)
+TClearCaseObjectSelectorEditForm::TClearCaseObjectSelectorEditForm(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::TClearCaseObjectSelectorEditForm>())
 {
-    ui.setupUi(this);
+    ui->setupUi(this);
     // Completion would rewrite what the user types behind the composing of the string.
-    ui.txtObjectName->setCompleter(nullptr);
-    ui.txtVOB->setCompleter(nullptr);
-    connect(ui.btnOK, &QPushButton::clicked, this, &QDialog::accept);
-    connect(ui.btnCancel, &QPushButton::clicked, this, &QDialog::reject);
+    ui->txtObjectName->setCompleter(nullptr);
+    ui->txtVOB->setCompleter(nullptr);
+    connect(ui->btnOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(ui->btnCancel, &QPushButton::clicked, this, &QDialog::reject);
     // The parts compose the string only when the user changes them; the string fills the parts
     // on every change, also one made while composing.
-    connect(ui.cmbObjectTypeName, &QComboBox::activated, this, &TClearCaseObjectSelectorEditForm::cmbObjectTypeNameChange);
-    connect(ui.txtObjectName->lineEdit(), &QLineEdit::textEdited, this, &TClearCaseObjectSelectorEditForm::txtObjectNameChange);
-    connect(ui.txtObjectName, &QComboBox::activated, this, &TClearCaseObjectSelectorEditForm::txtObjectNameChange);
-    connect(ui.txtVOB->lineEdit(), &QLineEdit::textEdited, this, &TClearCaseObjectSelectorEditForm::txtVOBChange);
-    connect(ui.txtVOB, &QComboBox::activated, this, &TClearCaseObjectSelectorEditForm::txtVOBChange);
-    connect(ui.txtObjectSelector, &QLineEdit::textChanged, this, &TClearCaseObjectSelectorEditForm::txtObjectSelectorChange);
-    connect(ui.txtObjectName, &TWFComboBox::dropDown, this, &TClearCaseObjectSelectorEditForm::txtObjectNameDropDown);
-    connect(ui.txtVOB, &TWFComboBox::dropDown, this, &TClearCaseObjectSelectorEditForm::txtVOBDropDown);
-    for (QWidget* field : {static_cast<QWidget*>(ui.txtObjectSelector), static_cast<QWidget*>(ui.txtObjectName),
-                           static_cast<QWidget*>(ui.txtObjectName->lineEdit()), static_cast<QWidget*>(ui.txtVOB),
-                           static_cast<QWidget*>(ui.txtVOB->lineEdit()), static_cast<QWidget*>(ui.cmbObjectTypeName)})
+    connect(ui->cmbObjectTypeName, &QComboBox::activated, this, &TClearCaseObjectSelectorEditForm::cmbObjectTypeNameChange);
+    connect(ui->txtObjectName->lineEdit(), &QLineEdit::textEdited, this, &TClearCaseObjectSelectorEditForm::txtObjectNameChange);
+    connect(ui->txtObjectName, &QComboBox::activated, this, &TClearCaseObjectSelectorEditForm::txtObjectNameChange);
+    connect(ui->txtVOB->lineEdit(), &QLineEdit::textEdited, this, &TClearCaseObjectSelectorEditForm::txtVOBChange);
+    connect(ui->txtVOB, &QComboBox::activated, this, &TClearCaseObjectSelectorEditForm::txtVOBChange);
+    connect(ui->txtObjectSelector, &QLineEdit::textChanged, this, &TClearCaseObjectSelectorEditForm::txtObjectSelectorChange);
+    connect(ui->txtObjectName, &TWFComboBox::dropDown, this, &TClearCaseObjectSelectorEditForm::txtObjectNameDropDown);
+    connect(ui->txtVOB, &TWFComboBox::dropDown, this, &TClearCaseObjectSelectorEditForm::txtVOBDropDown);
+    for (QWidget* field : {static_cast<QWidget*>(ui->txtObjectSelector), static_cast<QWidget*>(ui->txtObjectName),
+                           static_cast<QWidget*>(ui->txtObjectName->lineEdit()), static_cast<QWidget*>(ui->txtVOB),
+                           static_cast<QWidget*>(ui->txtVOB->lineEdit()), static_cast<QWidget*>(ui->cmbObjectTypeName)})
         field->installEventFilter(this);
 }
 
+TClearCaseObjectSelectorEditForm::~TClearCaseObjectSelectorEditForm() = default;
+
 void TClearCaseObjectSelectorEditForm::SetObjectSelector(const std::string& text)
 {
-    ui.txtObjectSelector->setText(QString::fromStdString(text));
+    ui->txtObjectSelector->setText(QString::fromStdString(text));
     UpdateObjectSelector();
 }
 
 std::string TClearCaseObjectSelectorEditForm::GetObjectSelector() const
 {
-    return ui.txtObjectSelector->text().toStdString();
+    return ui->txtObjectSelector->text().toStdString();
 }
 
 void TClearCaseObjectSelectorEditForm::showEvent(QShowEvent* event)
@@ -58,7 +62,7 @@ void TClearCaseObjectSelectorEditForm::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     if (CCGetUsingCustomObjectSelector()) {
-        ui.txtObjectSelector->setFocus();
+        ui->txtObjectSelector->setFocus();
         m_usingCustomObjectSelector = true;
     }
 }
@@ -72,23 +76,23 @@ void TClearCaseObjectSelectorEditForm::done(int result)
 bool TClearCaseObjectSelectorEditForm::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn)
-        m_usingCustomObjectSelector = watched == ui.txtObjectSelector;
+        m_usingCustomObjectSelector = watched == ui->txtObjectSelector;
     return QDialog::eventFilter(watched, event);
 }
 
 void TClearCaseObjectSelectorEditForm::cmbObjectTypeNameChange()
 {
-    const int row = ui.cmbObjectTypeName->currentIndex();
-    ui.cmbObjectTypeTag->setCurrentIndex(row);
-    const QString tag = ui.cmbObjectTypeTag->currentText();
+    const int row = ui->cmbObjectTypeName->currentIndex();
+    ui->cmbObjectTypeTag->setCurrentIndex(row);
+    const QString tag = ui->cmbObjectTypeTag->currentText();
     if (row <= 0)
-        ui.lblObjName->setText("Selector Object Name:");
+        ui->lblObjName->setText("Selector Object Name:");
     else if (tag == kObjectIDTag)
-        ui.lblObjName->setText("Object ID:");
+        ui->lblObjName->setText("Object ID:");
     else
-        ui.lblObjName->setText(ui.cmbObjectTypeName->currentText() + " Name:");
+        ui->lblObjName->setText(ui->cmbObjectTypeName->currentText() + " Name:");
     // A VOB selector names the VOB itself.
-    ui.txtObjectName->setEditText(tag == kVOBTag ? ui.txtVOB->currentText() : QString());
+    ui->txtObjectName->setEditText(tag == kVOBTag ? ui->txtVOB->currentText() : QString());
     UpdateObjectSelector();
 }
 
@@ -105,49 +109,49 @@ void TClearCaseObjectSelectorEditForm::txtVOBChange()
 void TClearCaseObjectSelectorEditForm::UpdateObjectSelector()
 {
     QString prefix;
-    if (ui.cmbObjectTypeName->currentIndex() > 0) {
-        prefix = ui.cmbObjectTypeTag->currentText();
+    if (ui->cmbObjectTypeName->currentIndex() > 0) {
+        prefix = ui->cmbObjectTypeTag->currentText();
     } else {
         // Without a chosen type the string keeps its own prefix, but not its colon: a prefix the
         // list does not know runs into the name.
-        const QString current = ui.txtObjectSelector->text();
+        const QString current = ui->txtObjectSelector->text();
         if (const qsizetype colon = current.indexOf(':'); colon >= 0)
             prefix = current.left(colon);
     }
-    const QString body = prefix + ui.txtObjectName->currentText();
-    ui.txtVOB->setEnabled(ui.cmbObjectTypeTag->currentText() != kVOBTag);
-    const QString vob = ui.txtVOB->currentText();
-    ui.txtObjectSelector->setText(!vob.isEmpty() && ui.txtVOB->isEnabled() ? body + "@" + vob : body);
+    const QString body = prefix + ui->txtObjectName->currentText();
+    ui->txtVOB->setEnabled(ui->cmbObjectTypeTag->currentText() != kVOBTag);
+    const QString vob = ui->txtVOB->currentText();
+    ui->txtObjectSelector->setText(!vob.isEmpty() && ui->txtVOB->isEnabled() ? body + "@" + vob : body);
 }
 
 void TClearCaseObjectSelectorEditForm::txtObjectSelectorChange()
 {
-    const QString text = ui.txtObjectSelector->text();
+    const QString text = ui->txtObjectSelector->text();
     const qsizetype colon = text.indexOf(':');
     const QString prefix = colon >= 0 ? text.left(colon + 1) : QString();
-    for (int row = 0; row < ui.cmbObjectTypeTag->count(); ++row)
-        if (ui.cmbObjectTypeTag->itemText(row) == prefix) {
-            ui.cmbObjectTypeName->setCurrentIndex(row);
-            ui.cmbObjectTypeTag->setCurrentIndex(row);
+    for (int row = 0; row < ui->cmbObjectTypeTag->count(); ++row)
+        if (ui->cmbObjectTypeTag->itemText(row) == prefix) {
+            ui->cmbObjectTypeName->setCurrentIndex(row);
+            ui->cmbObjectTypeTag->setCurrentIndex(row);
             break;
         }
     const qsizetype at = text.indexOf('@');
     const qsizetype nameEnd = at >= 0 ? at : text.size();
-    ui.txtVOB->setEditText(at >= 0 ? text.mid(at + 1) : QString());
+    ui->txtVOB->setEditText(at >= 0 ? text.mid(at + 1) : QString());
     // A colon after the "@" leaves no room for a name.
-    ui.txtObjectName->setEditText(text.mid(prefix.size(), std::max<qsizetype>(0, nameEnd - prefix.size())));
+    ui->txtObjectName->setEditText(text.mid(prefix.size(), std::max<qsizetype>(0, nameEnd - prefix.size())));
 }
 
 void TClearCaseObjectSelectorEditForm::txtObjectNameDropDown()
 {
-    const QString tag = ui.cmbObjectTypeTag->currentText();
+    const QString tag = ui->cmbObjectTypeTag->currentText();
     const std::string kind = tag.left(std::max<qsizetype>(0, tag.size() - 1)).toStdString();
-    ui.txtObjectName->setItemsKeepingText(ClearCaseLines(CCGetTypeNames(kind, ui.txtVOB->currentText().toStdString())));
+    ui->txtObjectName->setItemsKeepingText(ClearCaseLines(CCGetTypeNames(kind, ui->txtVOB->currentText().toStdString())));
 }
 
 void TClearCaseObjectSelectorEditForm::txtVOBDropDown()
 {
     // The VOBs do not change while the editor is open: they are asked for once.
-    if (ui.txtVOB->count() == 0)
-        ui.txtVOB->setItemsKeepingText(ClearCaseLines(CCGetVOBNames()));
+    if (ui->txtVOB->count() == 0)
+        ui->txtVOB->setItemsKeepingText(ClearCaseLines(CCGetVOBNames()));
 }

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "ui_WFClearCaseObjectSelectorEditForm.h"
-
 #include <QDialog>
 
+#include <memory>
 #include <string>
+
+namespace Ui {
+class TClearCaseObjectSelectorEditForm;
+}
 
 /// Composes one object selector from a type, a name and a VOB, or takes it as a free string;
 /// the two views follow each other while the user edits either.
@@ -12,6 +15,7 @@ class TClearCaseObjectSelectorEditForm : public QDialog {
     Q_OBJECT
 public:
     explicit TClearCaseObjectSelectorEditForm(QWidget* parent = nullptr);
+    ~TClearCaseObjectSelectorEditForm() override;
 
     /// Shows the selector and its parts, then composes the string again from the parts (which
     /// drops the colon of a prefix the type list does not know).
@@ -21,13 +25,13 @@ public:
     /// Remembers, on every close, which field the user worked in last.
     void done(int result) override;
 
-    Ui::TClearCaseObjectSelectorEditForm ui;
-
 protected:
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    std::unique_ptr<Ui::TClearCaseObjectSelectorEditForm> ui;
+
     void cmbObjectTypeNameChange();
     void txtObjectNameChange();
     void txtVOBChange();

@@ -1,9 +1,13 @@
 #pragma once
 
-#include "ui_WFClearCaseOptionsFrame.h"
 #include "WFActionPage.h"
 
 #include <QFrame>
+#include <memory>
+
+namespace Ui {
+class TClearCaseOptionsFrame;
+}
 
 /// The package's page in the host's options dialog: where cleartool is, the default view and
 /// the installed edition.
@@ -11,6 +15,7 @@ class TClearCaseOptionsFrame : public QFrame, public IWFOptionsPage {
     Q_OBJECT
 public:
     explicit TClearCaseOptionsFrame(QWidget* parent = nullptr);
+    ~TClearCaseOptionsFrame() override;
 
     std::string GetPageName() const override;
     void InitPage(IWFOptionPageOwner* owner) override;
@@ -21,9 +26,9 @@ public:
     /// An edition neither button names leaves the stored one as it is.
     void WriteOptions(TWFOptionsObject& options) override;
 
-    Ui::TClearCaseOptionsFrame ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseOptionsFrame> ui;
+
     /// Enables the edition buttons when detection is off; detects the edition when the user
     /// (the sender) has just turned detection on.
     void boxCheckClearCaseTypeClick(QObject* sender);

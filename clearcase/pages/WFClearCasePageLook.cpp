@@ -7,12 +7,15 @@
 
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QFrame>
 #include <QLabel>
 #include <QBitmap>
 #include <QColor>
 #include <QPixmap>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+
+#include <algorithm>
 
 namespace {
 
@@ -34,33 +37,19 @@ void setHelpContext(QWidget* widget)
 
 } // namespace
 
-void ClearCaseSetHeadingImage(QLabel* image)
+void ClearCaseDecoratePage(QWidget* page, QLabel* sectionImage)
 {
-    image->setPixmap(logo(16));
-    setHelpContext(image);
-}
-
-void ClearCaseSetSectionImage(QLabel* image)
-{
-    image->setPixmap(logo(32));
-    setHelpContext(image);
-}
-
-void ClearCasePlaceHeading(QLabel* label, QWidget* bevel)
-{
-    WFPlaceHeadingBevel(label, bevel);
-    setHelpContext(label);
-    setHelpContext(bevel);
-}
-
-void ClearCaseDecorateHeadings(QLabel* sectionImage, std::initializer_list<QLabel*> headingImages,
-                               std::initializer_list<std::pair<QLabel*, QWidget*>> headings)
-{
-    ClearCaseSetSectionImage(sectionImage);
-    for (QLabel* image : headingImages)
-        ClearCaseSetHeadingImage(image);
-    for (const auto& [label, bevel] : headings)
-        ClearCasePlaceHeading(label, bevel);
+    const QPixmap small = logo(16);
+    for (TWFHeading* heading : page->findChildren<TWFHeading*>()) {
+        heading->setIcon(small);
+        for (QWidget* part : {static_cast<QWidget*>(heading->icon()), static_cast<QWidget*>(heading->label()),
+                              static_cast<QWidget*>(heading->line())})
+            setHelpContext(part);
+    }
+    if (sectionImage) {
+        sectionImage->setPixmap(logo(32));
+        setHelpContext(sectionImage);
+    }
 }
 
 void ClearCaseSetChecked(QAbstractButton* button, bool checked)
@@ -95,6 +84,36 @@ void ClearCaseFillTypeList(TWFComboBox* list, const char* kind, const QString& v
     if (vob.isEmpty())
         return;
     list->setItemsKeepingText(ClearCaseLines(CCGetTypeNames(kind, vob.toStdString())));
+}
+
+int TClearCaseWrappingRadioButton::captionLeft() const
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    return style()->subElementRect(QStyle::SE_RadioButtonContents, &option, this).left();
+}
+
+int TClearCaseWrappingRadioButton::heightForWidth(int width) const
+{
+    const QRect bounds(0, 0, std::max(1, width - captionLeft()), 0xffff);
+    const QRect text = fontMetrics().boundingRect(bounds, Qt::TextWordWrap, this->text());
+    return std::max(QRadioButton::sizeHint().height(), text.height() + 4);
+}
+
+QSize TClearCaseWrappingRadioButton::sizeHint() const
+{
+    // One line where it fits in about fifty characters, else wrapped at that width.
+    const int width = std::min(QRadioButton::sizeHint().width(), captionLeft() + 50 * fontMetrics().averageCharWidth());
+    return {width, heightForWidth(width)};
+}
+
+QSize TClearCaseWrappingRadioButton::minimumSizeHint() const
+{
+    int longestWord = 0;
+    for (const QString& word : text().split(' ', Qt::SkipEmptyParts))
+        longestWord = std::max(longestWord, fontMetrics().horizontalAdvance(word));
+    const int width = captionLeft() + longestWord;
+    return {width, heightForWidth(width)};
 }
 
 void TClearCaseWrappingRadioButton::paintEvent(QPaintEvent*)

@@ -3,26 +3,17 @@
 #include <QRadioButton>
 #include <QStringList>
 
-#include <initializer_list>
 #include <string>
-#include <utility>
 
 class QAbstractButton;
 class QLabel;
 class QWidget;
 class TWFComboBox;
 
-/// The look every page of the package shares: decorative images beside section headings, and
-/// headings whose bevel ends at the page's right edge.
-void ClearCaseSetHeadingImage(QLabel* image);
-void ClearCaseSetSectionImage(QLabel* image);
-/// Sizes the heading and lays its bevel, and gives both the pages' help context.
-void ClearCasePlaceHeading(QLabel* label, QWidget* bevel);
-
-/// Decorates a page's headings: the section image, the small image of each heading, and each
-/// heading label with its bevel.
-void ClearCaseDecorateHeadings(QLabel* sectionImage, std::initializer_list<QLabel*> headingImages,
-                               std::initializer_list<std::pair<QLabel*, QWidget*>> headings);
+/// The look every page of the package shares: the package's logo on each section heading of the
+/// page (and of the sub-frames in it) and as the page's section image (none: nullptr), all with
+/// the headings' help context.
+void ClearCaseDecoratePage(QWidget* page, QLabel* sectionImage);
 
 /// The help context of headings, icons and bevels.
 inline constexpr int kClearCaseHeadingHelpContext = 2400;
@@ -42,11 +33,20 @@ void ClearCaseFillVOBListOnce(TWFComboBox* list);
 void ClearCaseFillTypeList(TWFComboBox* list, const char* kind, const QString& vob);
 
 /// A radio button whose caption wraps onto further lines within its width, for captions longer
-/// than a page is wide. Its text stays the caption as given.
+/// than a page is wide. Its text stays the caption as given; its height follows its width.
 class TClearCaseWrappingRadioButton : public QRadioButton {
 public:
     using QRadioButton::QRadioButton;
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    /// Where the caption starts: the indicator and its spacing.
+    int captionLeft() const;
 };

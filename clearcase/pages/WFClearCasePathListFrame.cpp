@@ -1,11 +1,10 @@
 #include "pages/WFClearCasePathListFrame.h"
 
-#include "pages/WFClearCasePageLook.h"
 #include "WFAction.h"
+#include "WFHeading.h"
 
 #include <QAbstractButton>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
 
@@ -16,11 +15,10 @@ constexpr qsizetype kActionNamePrefixLength = 10;
 
 } // namespace
 
-void TClearCasePathListFrame::bindPathList(QLabel* heading, QWidget* bevel, QListWidget* list, QAbstractButton* add,
-                                           QAbstractButton* edit, QAbstractButton* rem)
+void TClearCasePathListFrame::bindPathList(TWFHeading* heading, QListWidget* list, QAbstractButton* add, QAbstractButton* edit,
+                                           QAbstractButton* rem)
 {
     m_heading = heading;
-    m_bevel = bevel;
     m_list = list;
     m_edit = edit;
     m_remove = rem;
@@ -42,7 +40,6 @@ void TClearCasePathListFrame::completeHeading(const TCustomWFAction& action)
 void TClearCasePathListFrame::setHeading(const QString& caption)
 {
     m_heading->setText(caption);
-    ClearCasePlaceHeading(m_heading, m_bevel);
 }
 
 int TClearCasePathListFrame::selectedRow() const
@@ -52,6 +49,8 @@ int TClearCasePathListFrame::selectedRow() const
 }
 
 void TClearCasePathListFrame::pathsListBoxMouseMove(const QPoint&) {}
+
+void TClearCasePathListFrame::pathsListBoxResize() {}
 
 void TClearCasePathListFrame::pathsListBoxClick()
 {
@@ -93,6 +92,8 @@ bool TClearCasePathListFrame::eventFilter(QObject* watched, QEvent* event)
     } else if (m_list && watched == m_list) {
         if (event->type() == QEvent::KeyPress)
             pathsListBoxKeyDown(static_cast<QKeyEvent*>(event)->key());
+        else if (event->type() == QEvent::Resize)
+            pathsListBoxResize();
         else if (event->type() == QEvent::KeyRelease)
             // Moving through the lines with the keys selects as a click does.
             pathsListBoxClick();

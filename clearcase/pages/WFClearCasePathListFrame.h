@@ -3,7 +3,7 @@
 #include "WFFrame.h"
 
 class QAbstractButton;
-class QLabel;
+class TWFHeading;
 class QListWidget;
 
 /// What the two path-name pages share: a heading completed with the action's name, and a list
@@ -16,12 +16,12 @@ public:
 
 protected:
     /// Connects the list box and the three buttons to the handlers below; call after setupUi.
-    void bindPathList(QLabel* heading, QWidget* bevel, QListWidget* list, QAbstractButton* add, QAbstractButton* edit,
+    void bindPathList(TWFHeading* heading, QListWidget* list, QAbstractButton* add, QAbstractButton* edit,
                       QAbstractButton* rem);
     /// Appends the action's name, without its leading "ClearCase ", in lower case to the
     /// heading. Reading a frame twice appends it twice: the host reads each frame once.
     void completeHeading(const TCustomWFAction& action);
-    /// Replaces the heading and keeps its bevel ending at the page's right edge.
+    /// Replaces the heading; its line still ends at the page's right edge.
     void setHeading(const QString& caption);
     /// The selected line, or -1.
     int selectedRow() const;
@@ -30,6 +30,8 @@ protected:
     virtual void editButtonClick() = 0;
     virtual void remButtonClick() = 0;
     virtual void pathsListBoxMouseMove(const QPoint& position);
+    /// The list box got another width (the page grew or shrank).
+    virtual void pathsListBoxResize();
 
     void pathsListBoxClick();
     void pathsListBoxDblClick();
@@ -38,8 +40,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QLabel* m_heading = nullptr;
-    QWidget* m_bevel = nullptr;
+    TWFHeading* m_heading = nullptr;
     QListWidget* m_list = nullptr;
     QAbstractButton* m_edit = nullptr;
     QAbstractButton* m_remove = nullptr;

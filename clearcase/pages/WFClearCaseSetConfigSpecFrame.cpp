@@ -1,4 +1,5 @@
 #include "pages/WFClearCaseSetConfigSpecFrame.h"
+#include "ui_WFClearCaseSetConfigSpecFrame.h"
 
 #include "actions/WFClearCaseSetConfigSpecAction.h"
 #include "pages/WFClearCasePageLook.h"
@@ -6,15 +7,18 @@
 
 #include <QFileInfo>
 
-TClearCaseSetConfigSpecFrame::TClearCaseSetConfigSpecFrame(QWidget* parent) : TFrame(parent)
+TClearCaseSetConfigSpecFrame::TClearCaseSetConfigSpecFrame(QWidget* parent)
+    : TFrame(parent), ui(std::make_unique<Ui::TClearCaseSetConfigSpecFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image4, {ui.Image3}, {{ui.Label1, ui.Bevel1}});
-    for (QRadioButton* button : {ui.btnCurrent, ui.btnDefault, ui.btnStream})
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image4);
+    for (QRadioButton* button : {ui->btnCurrent, ui->btnDefault, ui->btnStream})
         connect(button, &QRadioButton::clicked, this, &TClearCaseSetConfigSpecFrame::btnNonFileClick);
-    connect(ui.btnFile, &QRadioButton::clicked, this, &TClearCaseSetConfigSpecFrame::btnFileClick);
-    connect(ui.txtSpecFileButton, &QToolButton::clicked, this, &TClearCaseSetConfigSpecFrame::txtSpecFileButtonClick);
+    connect(ui->btnFile, &QRadioButton::clicked, this, &TClearCaseSetConfigSpecFrame::btnFileClick);
+    connect(ui->txtSpecFileButton, &QToolButton::clicked, this, &TClearCaseSetConfigSpecFrame::txtSpecFileButtonClick);
 }
+
+TClearCaseSetConfigSpecFrame::~TClearCaseSetConfigSpecFrame() = default;
 
 std::string TClearCaseSetConfigSpecFrame::PageName() const
 {
@@ -24,30 +28,30 @@ std::string TClearCaseSetConfigSpecFrame::PageName() const
 void TClearCaseSetConfigSpecFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& setcs = narrow<TClearCaseSetConfigSpecAction>(action);
-    ui.ClearCaseViewContextSubFrame1->ReadActionData(setcs);
+    ui->ClearCaseViewContextSubFrame1->ReadActionData(setcs);
     switch (setcs.GetCSpecChoice()) {
-    case csCurrent: ClearCaseSetChecked(ui.btnCurrent, true); break;
-    case csDefault: ClearCaseSetChecked(ui.btnDefault, true); break;
-    case csFile: ClearCaseSetChecked(ui.btnFile, true); break;
-    case csStream: ClearCaseSetChecked(ui.btnStream, true); break;
+    case csCurrent: ClearCaseSetChecked(ui->btnCurrent, true); break;
+    case csDefault: ClearCaseSetChecked(ui->btnDefault, true); break;
+    case csFile: ClearCaseSetChecked(ui->btnFile, true); break;
+    case csStream: ClearCaseSetChecked(ui->btnStream, true); break;
     }
-    ui.txtSpecFile->setText(QString::fromStdString(setcs.GetCSFilePath()));
-    enableSpecFile(ui.btnFile->isChecked());
+    ui->txtSpecFile->setText(QString::fromStdString(setcs.GetCSFilePath()));
+    enableSpecFile(ui->btnFile->isChecked());
 }
 
 void TClearCaseSetConfigSpecFrame::WriteActionData(TCustomWFAction& action)
 {
     auto& setcs = narrow<TClearCaseSetConfigSpecAction>(action);
-    ui.ClearCaseViewContextSubFrame1->WriteActionData(setcs);
-    if (ui.btnCurrent->isChecked())
+    ui->ClearCaseViewContextSubFrame1->WriteActionData(setcs);
+    if (ui->btnCurrent->isChecked())
         setcs.SetCSpecChoice(csCurrent);
-    else if (ui.btnDefault->isChecked())
+    else if (ui->btnDefault->isChecked())
         setcs.SetCSpecChoice(csDefault);
-    else if (ui.btnFile->isChecked())
+    else if (ui->btnFile->isChecked())
         setcs.SetCSpecChoice(csFile);
-    else if (ui.btnStream->isChecked())
+    else if (ui->btnStream->isChecked())
         setcs.SetCSpecChoice(csStream);
-    setcs.SetCSFilePath(ui.txtSpecFile->text().toStdString());
+    setcs.SetCSFilePath(ui->txtSpecFile->text().toStdString());
 }
 
 void TClearCaseSetConfigSpecFrame::btnFileClick()
@@ -62,13 +66,13 @@ void TClearCaseSetConfigSpecFrame::btnNonFileClick()
 
 void TClearCaseSetConfigSpecFrame::enableSpecFile(bool enabled)
 {
-    ui.txtSpecFile->setEnabled(enabled);
-    ui.txtSpecFileButton->setEnabled(enabled);
+    ui->txtSpecFile->setEnabled(enabled);
+    ui->txtSpecFileButton->setEnabled(enabled);
 }
 
 void TClearCaseSetConfigSpecFrame::txtSpecFileButtonClick()
 {
-    const QString current = ui.txtSpecFile->text();
+    const QString current = ui->txtSpecFile->text();
     TWFBrowseFileRequest request;
     request.title = "Select Config Spec File";
     request.filter = "*.*";
@@ -77,5 +81,5 @@ void TClearCaseSetConfigSpecFrame::txtSpecFileButtonClick()
         request.initialDir = QFileInfo(current).path().toStdString();
     std::string chosen;
     if (WFBrowseForFile(request, chosen))
-        ui.txtSpecFile->setText(QString::fromStdString(chosen));
+        ui->txtSpecFile->setText(QString::fromStdString(chosen));
 }

@@ -1,22 +1,28 @@
 #pragma once
 
-#include "ui_WFClearCaseSetConfigSpecFrame.h"
 #include "WFFrame.h"
+
+#include <memory>
+
+namespace Ui {
+class TClearCaseSetConfigSpecFrame;
+}
 
 /// Where a view's new config spec comes from, and the view.
 class TClearCaseSetConfigSpecFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseSetConfigSpecFrame(QWidget* parent = nullptr);
+    ~TClearCaseSetConfigSpecFrame() override;
 
     void ReadActionData(TCustomWFAction& action) override;
     /// The file is stored whichever source is chosen.
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseSetConfigSpecFrame ui;
-
 private:
+    std::unique_ptr<Ui::TClearCaseSetConfigSpecFrame> ui;
+
     void btnFileClick();
     void btnNonFileClick();
     void txtSpecFileButtonClick();

@@ -1,7 +1,12 @@
 #pragma once
 
-#include "ui_WFClearCaseUnCheckOutActivityFrame.h"
 #include "WFFrame.h"
+
+#include <memory>
+
+namespace Ui {
+class TClearCaseUnCheckOutActivityFrame;
+}
 
 /// Undoing every check-out of the current activity of a view: whether the contents are kept,
 /// and the view.
@@ -9,10 +14,13 @@ class TClearCaseUnCheckOutActivityFrame : public TFrame {
     Q_OBJECT
 public:
     explicit TClearCaseUnCheckOutActivityFrame(QWidget* parent = nullptr);
+    ~TClearCaseUnCheckOutActivityFrame() override;
 
     void ReadActionData(TCustomWFAction& action) override;
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
-    Ui::TClearCaseUnCheckOutActivityFrame ui;
+
+private:
+    std::unique_ptr<Ui::TClearCaseUnCheckOutActivityFrame> ui;
 };

@@ -1,13 +1,17 @@
 #include "pages/WFClearCaseUnCheckOutFrame.h"
+#include "ui_WFClearCaseUnCheckOutFrame.h"
 
 #include "actions/WFClearCaseUnCheckOutAction.h"
 #include "pages/WFClearCasePageLook.h"
 
-TClearCaseUnCheckOutFrame::TClearCaseUnCheckOutFrame(QWidget* parent) : TFrame(parent)
+TClearCaseUnCheckOutFrame::TClearCaseUnCheckOutFrame(QWidget* parent)
+    : TFrame(parent), ui(std::make_unique<Ui::TClearCaseUnCheckOutFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label1, ui.Bevel1}});
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
 }
+
+TClearCaseUnCheckOutFrame::~TClearCaseUnCheckOutFrame() = default;
 
 std::string TClearCaseUnCheckOutFrame::PageName() const
 {
@@ -16,10 +20,10 @@ std::string TClearCaseUnCheckOutFrame::PageName() const
 
 void TClearCaseUnCheckOutFrame::ReadActionData(TCustomWFAction& action)
 {
-    ui.boxKeep->setChecked(narrow<TClearCaseUnCheckOutAction>(action).GetKeep());
+    ui->boxKeep->setChecked(narrow<TClearCaseUnCheckOutAction>(action).GetKeep());
 }
 
 void TClearCaseUnCheckOutFrame::WriteActionData(TCustomWFAction& action)
 {
-    narrow<TClearCaseUnCheckOutAction>(action).SetKeep(ui.boxKeep->isChecked());
+    narrow<TClearCaseUnCheckOutAction>(action).SetKeep(ui->boxKeep->isChecked());
 }

@@ -1,4 +1,5 @@
 #include "pages/WFClearCaseViewContextSubFrame.h"
+#include "ui_WFClearCaseViewContextSubFrame.h"
 
 #include "actions/WFClearCaseBaseAction.h"
 #include "environment/WFClearCaseIniFile.h"
@@ -6,54 +7,61 @@
 #include "pages/WFClearCasePageLook.h"
 #include "WFBrowse.h"
 
-TClearCaseViewContextSubFrame::TClearCaseViewContextSubFrame(QWidget* parent) : QFrame(parent)
+TClearCaseViewContextSubFrame::TClearCaseViewContextSubFrame(QWidget* parent)
+    : QFrame(parent), ui(std::make_unique<Ui::TClearCaseViewContextSubFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.Label5, ui.Bevel2}});
-    connect(ui.txtViewPathButton, &QToolButton::clicked, this, &TClearCaseViewContextSubFrame::txtViewPathButtonClick);
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
+    connect(ui->txtViewPathButton, &QToolButton::clicked, this, &TClearCaseViewContextSubFrame::txtViewPathButtonClick);
+    // Every way the user can change the view; the browse button's own handler runs first.
+    connect(ui->btnDefaultView, &QRadioButton::clicked, this, &TClearCaseViewContextSubFrame::contextChanged);
+    connect(ui->btnCustomView, &QRadioButton::clicked, this, &TClearCaseViewContextSubFrame::contextChanged);
+    connect(ui->txtViewPath, &QLineEdit::textChanged, this, &TClearCaseViewContextSubFrame::contextChanged);
+    connect(ui->txtViewPathButton, &QToolButton::clicked, this, &TClearCaseViewContextSubFrame::contextChanged);
 }
+
+TClearCaseViewContextSubFrame::~TClearCaseViewContextSubFrame() = default;
 
 std::string TClearCaseViewContextSubFrame::GetCaption() const
 {
-    return ui.Label5->text().toStdString();
+    return ui->headingLabel5->text().toStdString();
 }
 
 void TClearCaseViewContextSubFrame::SetCaption(const std::string& text)
 {
-    ui.Label5->setText(QString::fromStdString(text));
-    ClearCasePlaceHeading(ui.Label5, ui.Bevel2);
+    ui->headingLabel5->setText(QString::fromStdString(text));
 }
 
 void TClearCaseViewContextSubFrame::SetPathName(const std::string& path)
 {
     m_pathName = path;
     const QString text = QString::fromStdString(path);
-    ui.txtViewPath->setText(text);
-    ui.txtViewPath->setCursorPosition(static_cast<int>(text.size()));
-    ui.txtViewPath->setToolTip(text);
+    ui->txtViewPath->setText(text);
+    ui->txtViewPath->setCursorPosition(static_cast<int>(text.size()));
+    ui->txtViewPath->setToolTip(text);
 }
 
 std::string TClearCaseViewContextSubFrame::GetContextPath() const
 {
-    if (ui.btnDefaultView->isChecked()) {
+    if (ui->btnDefaultView->isChecked()) {
         IWFClearCaseOptions* options = ClearCaseOptions();
         return options ? options->GetDefaultViewPath() : std::string();
     }
-    return ui.txtViewPath->text().toStdString();
+    return ui->txtViewPath->text().toStdString();
 }
 
 void TClearCaseViewContextSubFrame::ReadActionData(TClearCaseBaseAction& action)
 {
     SetPathName(action.GetViewContextPath());
-    const bool useDefault = action.GetUseDefaultViewContext() || ui.txtViewPath->text().isEmpty();
-    ClearCaseSetChecked(ui.btnDefaultView, useDefault);
-    ClearCaseSetChecked(ui.btnCustomView, !useDefault);
+    const bool useDefault = action.GetUseDefaultViewContext() || ui->txtViewPath->text().isEmpty();
+    ClearCaseSetChecked(ui->btnDefaultView, useDefault);
+    ClearCaseSetChecked(ui->btnCustomView, !useDefault);
 }
 
 void TClearCaseViewContextSubFrame::WriteActionData(TClearCaseBaseAction& action)
 {
-    action.SetUseDefaultViewContext(ui.btnDefaultView->isChecked());
-    action.SetViewContextPath(ui.txtViewPath->text().toStdString());
+    action.SetUseDefaultViewContext(ui->btnDefaultView->isChecked());
+    action.SetViewContextPath(ui->txtViewPath->text().toStdString());
 }
 
 void TClearCaseViewContextSubFrame::txtViewPathButtonClick()
@@ -65,6 +73,6 @@ void TClearCaseViewContextSubFrame::txtViewPathButtonClick()
     SetPathName(chosen);
     setFocus();
     CCSetLastViewDirectory(chosen);
-    ClearCaseSetChecked(ui.btnDefaultView, false);
-    ClearCaseSetChecked(ui.btnCustomView, true);
+    ClearCaseSetChecked(ui->btnDefaultView, false);
+    ClearCaseSetChecked(ui->btnCustomView, true);
 }

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "ui_WFClearCaseViewContextSubFrame.h"
-
 #include <QFrame>
 
+#include <memory>
 #include <string>
 
 class TClearCaseBaseAction;
+
+namespace Ui {
+class TClearCaseViewContextSubFrame;
+}
 
 /// The view a page's action works in, and where the page's own queries run. Part of other
 /// pages, never a page of its own.
@@ -14,9 +17,10 @@ class TClearCaseViewContextSubFrame : public QFrame {
     Q_OBJECT
 public:
     explicit TClearCaseViewContextSubFrame(QWidget* parent = nullptr);
+    ~TClearCaseViewContextSubFrame() override;
 
     std::string GetCaption() const;
-    /// Sets the heading and moves its bevel so that it still ends at the page's right edge.
+    /// Sets the heading; its line still ends at the page's right edge.
     void SetCaption(const std::string& text);
     /// Shows the path, caret at its end, with the path as hint.
     void SetPathName(const std::string& path);
@@ -29,9 +33,13 @@ public:
     /// The path is kept even when the default view is chosen.
     void WriteActionData(TClearCaseBaseAction& action);
 
-    Ui::TClearCaseViewContextSubFrame ui;
+signals:
+    /// The user chose another view or typed another path (also when code sets the path).
+    void contextChanged();
 
 private:
+    std::unique_ptr<Ui::TClearCaseViewContextSubFrame> ui;
+
     void txtViewPathButtonClick();
 
     std::string m_pathName;

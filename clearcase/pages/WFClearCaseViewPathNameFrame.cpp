@@ -1,4 +1,5 @@
 #include "pages/WFClearCaseViewPathNameFrame.h"
+#include "ui_WFClearCaseViewPathNameFrame.h"
 
 #include "actions/WFClearCaseBaseAction.h"
 #include "environment/WFClearCaseIniFile.h"
@@ -100,15 +101,18 @@ QIcon dropGlyph(const QColor& colour)
 
 } // namespace
 
-TClearCaseViewPathNameFrame::TClearCaseViewPathNameFrame(QWidget* parent) : TClearCasePathListFrame(parent)
+TClearCaseViewPathNameFrame::TClearCaseViewPathNameFrame(QWidget* parent)
+    : TClearCasePathListFrame(parent), ui(std::make_unique<Ui::TClearCaseViewPathNameFrame>())
 {
-    ui.setupUi(this);
-    ClearCaseDecorateHeadings(ui.Image2, {ui.Image1}, {{ui.txtHeading, ui.Bevel1}});
-    ui.addButton->setIcon(dropGlyph(palette().color(QPalette::ButtonText)));
-    bindPathList(ui.txtHeading, ui.Bevel1, ui.pathsListBox, ui.addButton, ui.editButton, ui.remButton);
-    connect(ui.menuDir, &QAction::triggered, this, &TClearCaseViewPathNameFrame::menuDirClick);
-    connect(ui.menuFile, &QAction::triggered, this, &TClearCaseViewPathNameFrame::menuFileClick);
+    ui->setupUi(this);
+    ClearCaseDecoratePage(this, ui->Image2);
+    ui->addButton->setIcon(dropGlyph(palette().color(QPalette::ButtonText)));
+    bindPathList(ui->headingTxtHeading, ui->pathsListBox, ui->addButton, ui->editButton, ui->remButton);
+    connect(ui->menuDir, &QAction::triggered, this, &TClearCaseViewPathNameFrame::menuDirClick);
+    connect(ui->menuFile, &QAction::triggered, this, &TClearCaseViewPathNameFrame::menuFileClick);
 }
+
+TClearCaseViewPathNameFrame::~TClearCaseViewPathNameFrame() = default;
 
 void TClearCaseViewPathNameFrame::InitFrame(void*)
 {
@@ -126,9 +130,9 @@ void TClearCaseViewPathNameFrame::ReadActionData(TCustomWFAction& action)
     m_fullPaths.clear();
     for (const auto& path : base.GetViewPathNames())
         m_fullPaths << QString::fromStdString(path);
-    ui.pathsListBox->clear();
+    ui->pathsListBox->clear();
     for (const QString& path : m_fullPaths)
-        ui.pathsListBox->addItem(Abbreviated(path));
+        ui->pathsListBox->addItem(Abbreviated(path));
     completeHeading(action);
 }
 
@@ -142,18 +146,24 @@ void TClearCaseViewPathNameFrame::WriteActionData(TCustomWFAction& action)
 
 QString TClearCaseViewPathNameFrame::Abbreviated(const QString& path) const
 {
-    return minimizedPath(path, QFontMetrics(ui.pathsListBox->font()), ui.pathsListBox->width() - kListTextMargin);
+    return minimizedPath(path, QFontMetrics(ui->pathsListBox->font()), ui->pathsListBox->width() - kListTextMargin);
+}
+
+void TClearCaseViewPathNameFrame::pathsListBoxResize()
+{
+    for (int row = 0; row < ui->pathsListBox->count() && row < m_fullPaths.size(); ++row)
+        ui->pathsListBox->item(row)->setText(Abbreviated(m_fullPaths[row]));
 }
 
 void TClearCaseViewPathNameFrame::appendPath(const QString& path)
 {
     m_fullPaths << path;
-    ui.pathsListBox->addItem(Abbreviated(path));
+    ui->pathsListBox->addItem(Abbreviated(path));
 }
 
 void TClearCaseViewPathNameFrame::addButtonClick()
 {
-    ui.PopupMenu1->popup(ui.addButton->mapToGlobal(QPoint(0, ui.addButton->height())));
+    ui->PopupMenu1->popup(ui->addButton->mapToGlobal(QPoint(0, ui->addButton->height())));
 }
 
 void TClearCaseViewPathNameFrame::menuDirClick()
@@ -188,7 +198,7 @@ void TClearCaseViewPathNameFrame::editButtonClick()
     if (form.exec() != QDialog::Accepted)
         return;
     m_fullPaths[row] = QString::fromStdString(form.GetPathName());
-    ui.pathsListBox->item(row)->setText(Abbreviated(m_fullPaths[row]));
+    ui->pathsListBox->item(row)->setText(Abbreviated(m_fullPaths[row]));
 }
 
 void TClearCaseViewPathNameFrame::remButtonClick()
@@ -197,14 +207,14 @@ void TClearCaseViewPathNameFrame::remButtonClick()
     if (row < 0)
         return;
     m_fullPaths.removeAt(row);
-    const std::unique_ptr<QListWidgetItem> removed(ui.pathsListBox->takeItem(row));
+    const std::unique_ptr<QListWidgetItem> removed(ui->pathsListBox->takeItem(row));
     // Nothing is selected after a removal; Edit and Remove catch up on the next click or key.
-    ui.pathsListBox->setCurrentItem(nullptr);
+    ui->pathsListBox->setCurrentItem(nullptr);
 }
 
 void TClearCaseViewPathNameFrame::pathsListBoxMouseMove(const QPoint& position)
 {
-    const QListWidgetItem* item = ui.pathsListBox->itemAt(position);
-    const int row = item ? ui.pathsListBox->row(item) : -1;
-    ui.pathsListBox->setToolTip(row >= 0 && row < m_fullPaths.size() ? m_fullPaths[row] : QString());
+    const QListWidgetItem* item = ui->pathsListBox->itemAt(position);
+    const int row = item ? ui->pathsListBox->row(item) : -1;
+    ui->pathsListBox->setToolTip(row >= 0 && row < m_fullPaths.size() ? m_fullPaths[row] : QString());
 }

@@ -2,6 +2,7 @@
 
 #include "DesignerDocument.h"
 #include "DesignerIcons.h"
+#include "DialogPages.h"
 #include "HelpViewer.h"
 #include "UnavailablePage.h"
 
@@ -21,7 +22,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -61,12 +61,7 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
         page->InitFrame(this);
         page->InitPage(*m_action);
         page->ReadActionData(*m_action);
-        // Pages are laid out for a fixed width; a scroll area keeps a small screen usable.
-        auto* scroll = new QScrollArea;
-        scroll->setWidget(widget);
-        scroll->setWidgetResizable(true);
-        scroll->setFrameShape(QFrame::NoFrame);
-        m_tabs->addTab(scroll, QString::fromStdString(page->PageName()));
+        m_tabs->addTab(new TPageArea(widget), QString::fromStdString(page->PageName()));
         m_pages.push_back(page);
     }
 
@@ -102,7 +97,7 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
     // The style's stock help glyph reads as a failure mark beside OK and Cancel.
     buttons->button(QDialogButtonBox::Help)->setIcon(QIcon());
     layout->addWidget(buttons);
-    resize(760, 480);
+    resize(TDialogSize::fitted(*this, {760, 480}));
 }
 
 TActionDialog::~TActionDialog() = default;

@@ -2,6 +2,7 @@
 
 #include "ActionDialog.h"
 #include "DesignerDocument.h"
+#include "DialogPages.h"
 #include "HelpViewer.h"
 #include "OptionsDialog.h"
 #include "ProjectModel.h"
@@ -597,6 +598,7 @@ bool TMainWindow::editAction(int row, const QString& page)
     m_document->project().DefineVariables(variables);
     TWFActionHost host = validationHost(variables);
     TActionDialog dialog(*m_document->project().actions[row], this, &host);
+    const TDialogSize size(dialog, *m_settings, "actionDialog/size");
     if (!page.isEmpty())
         dialog.showPage(page);
     if (dialog.exec() != QDialog::Accepted)
@@ -616,6 +618,7 @@ void TMainWindow::editVariables()
 void TMainWindow::editOptions()
 {
     TOptionsDialog dialog(this);
+    const TDialogSize size(dialog, *m_settings, "optionsDialog/size");
     dialog.exec();
 }
 

@@ -1,6 +1,7 @@
 #include "OptionsDialog.h"
 
 #include "DesignerIcons.h"
+#include "DialogPages.h"
 #include "UnavailablePage.h"
 
 #include "WFActionPage.h"
@@ -48,7 +49,7 @@ TOptionsDialog::TOptionsDialog(QWidget* parent) : QDialog(parent), m_tabs(new QT
             }
             page->InitPage(&optionsOwner());
             page->ReadOptions(*options);
-            m_tabs->addTab(widget, icon, QString::fromStdString(page->GetPageName()));
+            m_tabs->addTab(new TPageArea(widget), icon, QString::fromStdString(page->GetPageName()));
             m_pages.emplace_back(page, options);
         }
     }
@@ -59,7 +60,7 @@ TOptionsDialog::TOptionsDialog(QWidget* parent) : QDialog(parent), m_tabs(new QT
     }
     connect(m_tabs, &QTabWidget::currentChanged, this, [this](int index) {
         for (auto& [page, options] : m_pages)
-            if (m_tabs->indexOf(dynamic_cast<QWidget*>(page)) == index)
+            if (m_tabs->widget(index) && m_tabs->widget(index)->isAncestorOf(dynamic_cast<QWidget*>(page)))
                 page->OnPageActivate();
     });
     if (!m_pages.empty())
@@ -69,7 +70,7 @@ TOptionsDialog::TOptionsDialog(QWidget* parent) : QDialog(parent), m_tabs(new QT
     connect(buttons, &QDialogButtonBox::accepted, this, &TOptionsDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &TOptionsDialog::reject);
     layout->addWidget(buttons);
-    resize(620, 460);
+    resize(TDialogSize::fitted(*this, {620, 460}));
 }
 
 TOptionsDialog::~TOptionsDialog() = default;
