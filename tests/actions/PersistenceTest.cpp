@@ -1,42 +1,13 @@
-// What each action persists: its property names in persistence order with their defaults
-// (enumerations by member name), the list storage strings, and enumeration member names.
+// What the intermediate actions persist by default, the list storage strings, and enumeration
+// member names. Each catalogued action's defaults are checked with its registration.
 #include "ActionTestSupport.h"
-#include "GoldenCatalogue.h"
 
 #include "actions/WFClearCaseUCMAction.h"
-#include "shell/WFClearCaseRegistration.h"
-#include "WFPersistence.h"
 
 #include <gtest/gtest.h>
 
 namespace wftest {
 namespace {
-
-class RecordingWriter final : public IZTXMLWriter {
-public:
-    void WriteValue(const std::string& name, const std::string& value) override { values.push_back(name + "=" + value); }
-    std::vector<std::string> values;
-};
-
-class CatalogueActionTest : public testing::TestWithParam<std::size_t> {};
-
-// Each action the catalogue makes runs its own sub-command and persists its properties in order
-// with their defaults (enumerations by member name).
-TEST_P(CatalogueActionTest, RunsItsCommandAndWritesItsPropertiesInOrder)
-{
-    const GoldenAction& golden = goldenCatalogue()[GetParam()];
-    ASSERT_EQ(ClearCaseCatalogue().size(), goldenCatalogue().size());
-    const TClearCaseCatalogueRow& row = ClearCaseCatalogue()[GetParam()];
-    ASSERT_EQ(row.identity.className, golden.className);
-    auto action = ClearCaseCreateAction(row);
-    EXPECT_EQ(action->GetCommand(), golden.command);
-    RecordingWriter writer;
-    action->WriteState(writer);
-    EXPECT_EQ(writer.values, golden.defaults);
-}
-
-INSTANTIATE_TEST_SUITE_P(Catalogue, CatalogueActionTest, testing::Range<std::size_t>(0, 24),
-                         [](const auto& info) { return goldenCatalogue()[info.param].className; });
 
 struct DefaultsCase {
     std::string className;

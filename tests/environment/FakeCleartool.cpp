@@ -13,6 +13,7 @@ FakeCleartool::FakeCleartool()
     , m_responsesFile(m_temp.write("responses.txt", ""))
     , m_recordEnv("WF_FAKE_RECORD", m_record)
     , m_responsesEnv("WF_FAKE_RESPONSES", m_responsesFile)
+    , m_configEnv("WF_CONFIG_DIR", m_temp.path())
 {
     WFOptionsServices().Clear();
     RegisterOptions();

@@ -9,7 +9,8 @@
 namespace wftest {
 
 /// A cleartool stand-in in a fresh folder, named by freshly registered ClearCase options. It
-/// records every start and answers from the responses given to it.
+/// records every start and answers from the responses given to it. The folder is also the
+/// configuration folder (WF_CONFIG_DIR) while the fake lives.
 class FakeCleartool {
 public:
     FakeCleartool();
@@ -37,6 +38,7 @@ private:
     std::string m_responses;
     ScopedEnv m_recordEnv;
     ScopedEnv m_responsesEnv;
+    ScopedEnv m_configEnv;
 };
 
 } // namespace wftest

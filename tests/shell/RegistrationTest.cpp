@@ -3,6 +3,7 @@
 #include "shell/WFClearCaseRegistration.h"
 #include "WFAction.h"
 #include "WFServices.h"
+#include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +44,8 @@ public:
 
 class CatalogueRowTest : public testing::TestWithParam<std::size_t> {};
 
+// Each row is registered in place, and the action it makes runs its own sub-command and persists
+// its properties in order with their defaults (enumerations by member name).
 TEST_P(CatalogueRowTest, MatchesTheGoldenRowAndIsRegisteredInPlace)
 {
     RegisteredPackage package(false);
@@ -70,6 +73,12 @@ TEST_P(CatalogueRowTest, MatchesTheGoldenRowAndIsRegisteredInPlace)
     EXPECT_EQ(action->GetQuickHelpFilename(), wftest::goldenHelpFile);
     EXPECT_EQ(WFClearCaseHelpFileName(), wftest::goldenHelpFile);
     EXPECT_FALSE(WFClearCaseFindResource(golden.typeId).empty()) << "no bitmap for " << golden.typeId;
+
+    auto made = ClearCaseCreateAction(ClearCaseCatalogue()[GetParam()]);
+    EXPECT_EQ(made->GetCommand(), golden.command);
+    wftest::RecordingWriter writer;
+    made->WriteState(writer);
+    EXPECT_EQ(writer.values, golden.defaults);
 }
 
 INSTANTIATE_TEST_SUITE_P(Catalogue, CatalogueRowTest, testing::Range<std::size_t>(0, 24),

@@ -23,6 +23,13 @@ public:
     std::vector<Entry> entries;
 };
 
+/// A persistence writer that keeps every value as "Name=text", in the order written.
+class RecordingWriter final : public IZTXMLWriter {
+public:
+    void WriteValue(const std::string& name, const std::string& value) override { values.push_back(name + "=" + value); }
+    std::vector<std::string> values;
+};
+
 class RecordingErrors final : public IWFActionValidationError {
 public:
     void AddError(const std::string& location, const std::string& message) override
