@@ -69,7 +69,8 @@ TEST_P(ProcessExit, ReportsTheExitCode)
     EXPECT_FALSE(process->GetTimedOut());
 }
 
-INSTANTIATE_TEST_SUITE_P(Codes, ProcessExit, ::testing::Values(ExitCase{"0", 0}, ExitCase{"1", 1}, ExitCase{"42", 42}));
+INSTANTIATE_TEST_SUITE_P(Codes, ProcessExit, ::testing::Values(ExitCase{"0", 0}, ExitCase{"1", 1}, ExitCase{"42", 42}),
+                         [](const auto& info) { return std::string("Exit") + info.param.exitCode; });
 
 TEST(Process, StandardInputIsEmptyAndClosed)
 {

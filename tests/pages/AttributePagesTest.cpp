@@ -1,6 +1,6 @@
 // The attribute pages: applying an attribute (shared page, path and object options), and a new
 // attribute type with its options.
-#include "PageHarness.h"
+#include "PageCase.h"
 
 #include "actions/WFClearCaseApplyAttributeObjectsAction.h"
 #include "actions/WFClearCaseApplyAttributePathNamesAction.h"
@@ -9,15 +9,11 @@
 #include "FakeCleartool.h"
 #include "pages/WFClearCaseDateButtonEdit.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
-#include <QRadioButton>
 #include <QTest>
 #include <QTimer>
-#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -30,50 +26,10 @@ using namespace wfpage;
 
 namespace {
 
-using Properties = std::vector<std::pair<const char*, const char*>>;
-
-void setProperties(TCustomWFAction& action, const Properties& properties)
-{
-    for (const auto& [name, value] : properties)
-        setProperty(action, name, value);
-}
-
-void expectProperties(const TCustomWFAction& action, const Properties& properties)
-{
-    for (const auto& [name, value] : properties)
-        EXPECT_EQ(property(action, name), value) << name;
-}
-
 /// A cleartool start of a query that runs in cleartool's own folder.
 std::string query(const wftest::FakeCleartool& cleartool, const std::string& arguments)
 {
     return cleartool.folder() + "|" + arguments;
-}
-
-// ---- Page titles and binding ----------------------------------------------------------------
-
-struct TitleCase {
-    const char* name;
-    const char* pageClass;
-    std::function<std::unique_ptr<TCustomWFAction>()> make;
-    const char* title;
-};
-
-void PrintTo(const TitleCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class AttributePageTitle : public ::testing::TestWithParam<TitleCase> {
-protected:
-    wftest::FakeCleartool cleartool;
-};
-
-TEST_P(AttributePageTitle, Shown)
-{
-    auto action = GetParam().make();
-    OpenPage page(GetParam().pageClass, *action);
-    EXPECT_EQ(page.page().PageName(), GetParam().title);
 }
 
 template <typename T>
@@ -81,17 +37,6 @@ std::unique_ptr<TCustomWFAction> make()
 {
     return std::make_unique<T>();
 }
-
-const TitleCase kTitleCases[] = {
-    {"SharedOnPaths", "TClearCaseApplyAttributeFrame", make<TClearCaseApplyAttributePathNamesAction>, "Attribute"},
-    {"SharedOnObjects", "TClearCaseApplyAttributeFrame", make<TClearCaseApplyAttributeObjectsAction>, "Attribute"},
-    {"PathOptions", "TClearCaseApplyAttributePathNamesFrame", make<TClearCaseApplyAttributePathNamesAction>, "Options"},
-    {"ObjectOptions", "TClearCaseApplyAttributeObjectsFrame", make<TClearCaseApplyAttributeObjectsAction>, "Options"},
-    {"NewType", "TClearCaseMakeAttributeTypeFrame", make<TClearCaseMakeAttributeTypeAction>, "New Type"},
-    {"TypeOptions", "TClearCaseMakeAttributeTypeOptionsFrame", make<TClearCaseMakeAttributeTypeAction>, "Options"},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, AttributePageTitle, ::testing::ValuesIn(kTitleCases),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST(AttributePageBinding, PageOnAnotherActionClassIsAFault)
 {
@@ -104,81 +49,48 @@ TEST(AttributePageBinding, PageOnAnotherActionClassIsAFault)
 
 // ---- Shared apply-attribute page ------------------------------------------------------------
 
-struct ApplyCase {
-    const char* name;
-    bool objects; // on the object action, else on the path action
-    Properties stored;
-    const char* describe; // describe output for attype:BuildNo@/vobs/main (nullptr: none)
-    int exitCode;
-    std::function<void(OpenPage&)> steps;
-    const char* label;
-    bool defaultEnabled;
-    bool valueEnabled;
-    bool lookup; // whether the type was asked for
-    Properties expected;
-};
-
-void PrintTo(const ApplyCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class ApplyAttribute : public ::testing::TestWithParam<ApplyCase> {
-protected:
-    wftest::FakeCleartool cleartool;
-};
-
-TEST_P(ApplyAttribute, RoundTrip)
-{
-    const ApplyCase& c = GetParam();
-    if (c.describe)
-        cleartool.respond("describe attype:BuildNo@/vobs/main", c.describe, c.exitCode);
-    std::unique_ptr<TCustomWFAction> action = c.objects ? make<TClearCaseApplyAttributeObjectsAction>()
-                                                        : make<TClearCaseApplyAttributePathNamesAction>();
-    setProperties(*action, c.stored);
-    OpenPage page("TClearCaseApplyAttributeFrame", *action);
-    if (c.steps)
-        c.steps(page);
-    EXPECT_EQ(page.control<QLabel>("lblType")->text().toStdString(), c.label);
-    EXPECT_EQ(page.control<QCheckBox>("boxUseDefault")->isEnabled(), c.defaultEnabled);
-    EXPECT_EQ(page.control<QLineEdit>("txtValue")->isEnabled(), c.valueEnabled);
-    const std::vector<std::string> lookups =
-        c.lookup ? std::vector<std::string>{query(cleartool, "describe attype:BuildNo@/vobs/main")} : std::vector<std::string>{};
-    EXPECT_EQ(cleartool.calls(), lookups);
-    page.accept();
-    expectProperties(*action, c.expected);
-}
-
 const char* const kStringType = "attribute type \"BuildNo\"\n  created 2006-11-15 by builder\n  value type: string\n  scope: this VOB\n";
 const char* const kIntegerType = "attribute type \"BuildNo\"\n  value type: integer\n";
+const char* const kDescribe = "describe attype:BuildNo@/vobs/main";
 
-const ApplyCase kApplyCases[] = {
-    {"FoundTypeDisablesDefaultAndKeepsItsMark", false,
-     {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"UseDefaultAttributeValue", "True"}}, kStringType, 0, nullptr,
-     "(Type: String)", false, false, true, {{"UseDefaultAttributeValue", "True"}, {"AttributeName", "BuildNo"}}},
-    {"TypeShownWithCapital", true, {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"AttributeValue", "42"}},
-     kIntegerType, 0, nullptr, "(Type: Integer)", false, true, true,
-     {{"AttributeValue", "42"}, {"UseDefaultAttributeValue", "False"}, {"VOBSelector", "/vobs/main"}}},
-    {"EmptyVOBAsksNothing", false, {{"AttributeName", "BuildNo"}}, kStringType, 0, nullptr, "", true, true, false,
-     {{"AttributeName", "BuildNo"}, {"VOBSelector", ""}}},
-    {"EmptyNameAsksNothing", true, {{"VOBSelector", "/vobs/main"}}, kStringType, 0, nullptr, "", true, true, false,
-     {{"AttributeName", ""}}},
-    {"FailedLookupLeavesDefaultEnabled", false, {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}}, kStringType, 1,
-     nullptr, "", true, true, true, {{"UseDefaultAttributeValue", "False"}}},
-    {"NoValueTypeLineLeavesLabelEmpty", false, {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}},
-     "attribute type \"BuildNo\"\n", 0, nullptr, "", true, true, true, {}},
-    {"TickingDefaultDisablesValueAndKeepsIt", false, {{"AttributeName", "BuildNo"}, {"AttributeValue", "42"}}, nullptr, 0,
-     [](OpenPage& page) { click(page.control<QCheckBox>("boxUseDefault")); }, "", true, false, false,
-     {{"UseDefaultAttributeValue", "True"}, {"AttributeValue", "42"}}},
-    {"UntickingDefaultTakesTypedValueAsItStands", true, {{"UseDefaultAttributeValue", "True"}}, nullptr, 0,
-     [](OpenPage& page) {
-         click(page.control<QCheckBox>("boxUseDefault"));
-         type(page.control<QLineEdit>("txtValue"), "\"release 2\"");
-     },
-     "", true, true, false, {{"UseDefaultAttributeValue", "False"}, {"AttributeValue", "\"release 2\""}}},
+/// The type label and whether the default box and the value are enabled.
+std::vector<Shown> typeShown(const char* label, bool defaultEnabled, bool valueEnabled)
+{
+    return {{"lblType", {}, {}, label}, {"boxUseDefault", {}, defaultEnabled}, {"txtValue", {}, valueEnabled}};
+}
+
+const PageCase kApplyCases[] = {
+    {.name = "FoundTypeDisablesDefaultAndKeepsItsMark",
+     .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"UseDefaultAttributeValue", "True"}},
+     .steps = {}, .shown = typeShown("(Type: String)", false, false),
+     .stored = {{"UseDefaultAttributeValue", "True"}, {"AttributeName", "BuildNo"}},
+     .responses = {{kDescribe, kStringType}}, .calls = {kDescribe}},
+    {.name = "TypeShownWithCapital",
+     .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"AttributeValue", "42"}}, .steps = {},
+     .shown = typeShown("(Type: Integer)", false, true),
+     .stored = {{"AttributeValue", "42"}, {"UseDefaultAttributeValue", "False"}, {"VOBSelector", "/vobs/main"}},
+     .responses = {{kDescribe, kIntegerType}}, .calls = {kDescribe}, .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
+    {.name = "EmptyVOBAsksNothing", .given = {{"AttributeName", "BuildNo"}}, .steps = {}, .shown = typeShown("", true, true),
+     .stored = {{"AttributeName", "BuildNo"}, {"VOBSelector", ""}}, .responses = {{kDescribe, kStringType}}},
+    {.name = "EmptyNameAsksNothing", .given = {{"VOBSelector", "/vobs/main"}}, .steps = {}, .shown = typeShown("", true, true),
+     .stored = {{"AttributeName", ""}}, .responses = {{kDescribe, kStringType}},
+     .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
+    {.name = "FailedLookupLeavesDefaultEnabled", .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}},
+     .steps = {}, .shown = typeShown("", true, true), .stored = {{"UseDefaultAttributeValue", "False"}},
+     .responses = {{kDescribe, kStringType, 1}}, .calls = {kDescribe}},
+    {.name = "NoValueTypeLineLeavesLabelEmpty", .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}},
+     .steps = {}, .shown = typeShown("", true, true), .stored = {}, .responses = {{kDescribe, "attribute type \"BuildNo\"\n"}},
+     .calls = {kDescribe}},
+    {.name = "TickingDefaultDisablesValueAndKeepsIt", .given = {{"AttributeName", "BuildNo"}, {"AttributeValue", "42"}},
+     .steps = {clickOn("boxUseDefault")}, .shown = typeShown("", true, false),
+     .stored = {{"UseDefaultAttributeValue", "True"}, {"AttributeValue", "42"}}},
+    {.name = "UntickingDefaultTakesTypedValueAsItStands", .given = {{"UseDefaultAttributeValue", "True"}},
+     .steps = {clickOn("boxUseDefault"), typeInto("txtValue", "\"release 2\"")}, .shown = typeShown("", true, true),
+     .stored = {{"UseDefaultAttributeValue", "False"}, {"AttributeValue", "\"release 2\""}},
+     .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ApplyAttribute, ::testing::ValuesIn(kApplyCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+WF_PAGE_TABLE(ApplyAttribute, TClearCaseApplyAttributePathNamesAction,
+              "TClearCaseApplyAttributeFrame", "Attribute", kApplyCases);
 
 class ApplyAttributeLookup : public ::testing::Test {
 protected:
@@ -283,156 +195,80 @@ INSTANTIATE_TEST_SUITE_P(Cases, AttributeLists, ::testing::ValuesIn(kListCases),
 
 // ---- Path and object options ----------------------------------------------------------------
 
-struct OptionsCase {
-    const char* name;
-    const char* pageClass;
-    std::function<std::unique_ptr<TCustomWFAction>()> make;
-    Properties stored;
-    std::vector<const char*> clicks;
-    const char* version; // typed into txtVersion (nullptr: left alone)
-    Properties expected;
+const PageCase kPathOptionsCases[] = {
+    {.name = "KeptAsStored",
+     .given = {{"Replace", "True"}, {"Recurse", "False"}, {"UseVersionSelector", "True"}, {"VersionSelector", "/main/LATEST"}},
+     .steps = {}, .shown = {},
+     .stored = {{"Replace", "True"}, {"Recurse", "False"}, {"UseVersionSelector", "True"}, {"VersionSelector", "/main/LATEST"}}},
+    {.name = "EachBoxItsOwnSwitch", .given = {}, .steps = clicks({"boxRecurse"}), .shown = {},
+     .stored = {{"Replace", "False"}, {"Recurse", "True"}, {"UseVersionSelector", "False"}}},
+    {.name = "AllCleared", .given = {{"Replace", "True"}, {"Recurse", "True"}, {"UseVersionSelector", "True"}},
+     .steps = clicks({"boxReplace", "boxRecurse", "boxUseVersion"}), .shown = {},
+     .stored = {{"Replace", "False"}, {"Recurse", "False"}, {"UseVersionSelector", "False"}}},
+    {.name = "VersionEditableWithoutItsBox", .given = {}, .steps = {typeInto("txtVersion", "/main/rel2/3")}, .shown = {},
+     .stored = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/rel2/3"}}},
 };
+WF_PAGE_TABLE(ApplyAttributeOptions, TClearCaseApplyAttributePathNamesAction,
+              "TClearCaseApplyAttributePathNamesFrame", "Options", kPathOptionsCases);
 
-void PrintTo(const OptionsCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class ApplyAttributeOptions : public ::testing::TestWithParam<OptionsCase> {
-protected:
-    wftest::FakeCleartool cleartool;
+const PageCase kObjectOptionsCases[] = {
+    {.name = "ReplaceTicked", .given = {}, .steps = clicks({"boxReplace"}), .shown = {}, .stored = {{"Replace", "True"}}},
+    {.name = "ReplaceKept", .given = {{"Replace", "True"}}, .steps = {}, .shown = {}, .stored = {{"Replace", "True"}}},
+    {.name = "ReplaceCleared", .given = {{"Replace", "True"}}, .steps = clicks({"boxReplace"}), .shown = {},
+     .stored = {{"Replace", "False"}}},
 };
+WF_PAGE_TABLE(ApplyAttributeObjectOptions, TClearCaseApplyAttributeObjectsAction,
+              "TClearCaseApplyAttributeObjectsFrame", "Options", kObjectOptionsCases);
 
-TEST_P(ApplyAttributeOptions, RoundTrip)
+/// The constraint button checked on opening, the others not; acquiring always offered.
+std::vector<Shown> constraintShown(const char* checked)
 {
-    const OptionsCase& c = GetParam();
-    auto action = c.make();
-    setProperties(*action, c.stored);
-    OpenPage page(c.pageClass, *action);
-    for (const char* box : c.clicks)
-        click(page.control<QCheckBox>(box));
-    if (c.version)
-        type(page.control<QLineEdit>("txtVersion"), c.version);
-    page.accept();
-    expectProperties(*action, c.expected);
-}
-
-const char* const kPaths = "TClearCaseApplyAttributePathNamesFrame";
-const char* const kObjects = "TClearCaseApplyAttributeObjectsFrame";
-const auto kPathAction = make<TClearCaseApplyAttributePathNamesAction>;
-const auto kObjectAction = make<TClearCaseApplyAttributeObjectsAction>;
-
-const OptionsCase kOptionsCases[] = {
-    {"PathsKeptAsStored", kPaths, kPathAction,
-     {{"Replace", "True"}, {"Recurse", "False"}, {"UseVersionSelector", "True"}, {"VersionSelector", "/main/LATEST"}}, {}, nullptr,
-     {{"Replace", "True"}, {"Recurse", "False"}, {"UseVersionSelector", "True"}, {"VersionSelector", "/main/LATEST"}}},
-    {"PathsEachBoxItsOwnSwitch", kPaths, kPathAction, {}, {"boxRecurse"}, nullptr,
-     {{"Replace", "False"}, {"Recurse", "True"}, {"UseVersionSelector", "False"}}},
-    {"PathsAllCleared", kPaths, kPathAction, {{"Replace", "True"}, {"Recurse", "True"}, {"UseVersionSelector", "True"}},
-     {"boxReplace", "boxRecurse", "boxUseVersion"}, nullptr,
-     {{"Replace", "False"}, {"Recurse", "False"}, {"UseVersionSelector", "False"}}},
-    {"VersionEditableWithoutItsBox", kPaths, kPathAction, {}, {}, "/main/rel2/3",
-     {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/rel2/3"}}},
-    {"ObjectsReplaceTicked", kObjects, kObjectAction, {}, {"boxReplace"}, nullptr, {{"Replace", "True"}}},
-    {"ObjectsReplaceKept", kObjects, kObjectAction, {{"Replace", "True"}}, {}, nullptr, {{"Replace", "True"}}},
-    {"ObjectsReplaceCleared", kObjects, kObjectAction, {{"Replace", "True"}}, {"boxReplace"}, nullptr, {{"Replace", "False"}}},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, ApplyAttributeOptions, ::testing::ValuesIn(kOptionsCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// ---- Attribute type options -----------------------------------------------------------------
-
-struct TypeOptionsCase {
-    const char* name;
-    Properties stored;
-    std::vector<const char*> clicks;
-    const char* constraintShown; // the constraint button checked on opening
-    Properties expected;
-};
-
-void PrintTo(const TypeOptionsCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class AttributeTypeOptions : public ::testing::TestWithParam<TypeOptionsCase> {};
-
-TEST_P(AttributeTypeOptions, RoundTrip)
-{
-    const TypeOptionsCase& c = GetParam();
-    TClearCaseMakeAttributeTypeAction action;
-    setProperties(action, c.stored);
-    OpenPage page("TClearCaseMakeAttributeTypeOptionsFrame", action);
+    std::vector<Shown> shown = {{"boxAcquire", {}, true}};
     for (const char* button : {"btnDefaultUse", "btnVPVersion", "btnVPelement", "btnVPBranch"})
-        EXPECT_EQ(page.control<QRadioButton>(button)->isChecked(), std::string(button) == c.constraintShown) << button;
-    EXPECT_NE(page.control<QRadioButton>("btnGlobal")->isChecked(), page.control<QRadioButton>("btnOrdinary")->isChecked());
-    for (const char* button : c.clicks)
-        click(page.control<QAbstractButton>(button));
-    EXPECT_TRUE(page.control<QCheckBox>("boxAcquire")->isEnabled());
-    page.accept();
-    expectProperties(action, c.expected);
+        shown.push_back({button, std::string(button) == checked});
+    return shown;
 }
 
-const TypeOptionsCase kTypeOptionsCases[] = {
-    {"NewActionOrdinaryUnconstrained", {}, {}, "btnDefaultUse",
-     {{"Constraints", "lcDefault"}, {"Global", "False"}, {"Acquire", "False"}, {"Replace", "False"}, {"Shared", "False"}}},
-    {"VersionConstraintKept", {{"Constraints", "lcVPversion"}}, {}, "btnVPVersion", {{"Constraints", "lcVPversion"}}},
-    {"ElementConstraintKept", {{"Constraints", "lcVPelement"}}, {}, "btnVPelement", {{"Constraints", "lcVPelement"}}},
-    {"BranchConstraintKept", {{"Constraints", "lcVPbranch"}}, {}, "btnVPBranch", {{"Constraints", "lcVPbranch"}}},
-    {"BranchChosen", {}, {"btnVPBranch"}, "btnDefaultUse", {{"Constraints", "lcVPbranch"}}},
-    {"ConstraintCleared", {{"Constraints", "lcVPelement"}}, {"btnDefaultUse"}, "btnVPelement", {{"Constraints", "lcDefault"}}},
-    {"OrdinaryKeepsAcquire", {{"Global", "True"}, {"Acquire", "True"}}, {"btnOrdinary"}, "btnDefaultUse",
-     {{"Global", "False"}, {"Acquire", "True"}}},
-    {"AcquireTickedOnOrdinary", {}, {"boxAcquire"}, "btnDefaultUse", {{"Global", "False"}, {"Acquire", "True"}}},
-    {"GlobalChosen", {}, {"btnGlobal"}, "btnDefaultUse", {{"Global", "True"}, {"Acquire", "False"}}},
-    {"ReplaceAndShared", {}, {"boxReplace", "boxShared"}, "btnDefaultUse", {{"Replace", "True"}, {"Shared", "True"}}},
+const PageCase kTypeOptionsCases[] = {
+    {.name = "NewActionOrdinaryUnconstrained", .given = {}, .steps = {},
+     .shown = {{"btnOrdinary", true}, {"btnGlobal", false}, {"btnDefaultUse", true}},
+     .stored = {{"Constraints", "lcDefault"}, {"Global", "False"}, {"Acquire", "False"}, {"Replace", "False"}, {"Shared", "False"}}},
+    {.name = "VersionConstraintKept", .given = {{"Constraints", "lcVPversion"}}, .steps = {},
+     .shown = constraintShown("btnVPVersion"), .stored = {{"Constraints", "lcVPversion"}}},
+    {.name = "ElementConstraintKept", .given = {{"Constraints", "lcVPelement"}}, .steps = {},
+     .shown = constraintShown("btnVPelement"), .stored = {{"Constraints", "lcVPelement"}}},
+    {.name = "BranchConstraintKept", .given = {{"Constraints", "lcVPbranch"}}, .steps = {},
+     .shown = constraintShown("btnVPBranch"), .stored = {{"Constraints", "lcVPbranch"}}},
+    {.name = "BranchChosen", .given = {}, .steps = clicks({"btnVPBranch"}), .shown = constraintShown("btnVPBranch"),
+     .stored = {{"Constraints", "lcVPbranch"}}},
+    {.name = "ConstraintCleared", .given = {{"Constraints", "lcVPelement"}}, .steps = clicks({"btnDefaultUse"}),
+     .shown = constraintShown("btnDefaultUse"), .stored = {{"Constraints", "lcDefault"}}},
+    {.name = "OrdinaryKeepsAcquire", .given = {{"Global", "True"}, {"Acquire", "True"}}, .steps = clicks({"btnOrdinary"}),
+     .shown = {{"btnGlobal", false}, {"boxAcquire", true, true}}, .stored = {{"Global", "False"}, {"Acquire", "True"}}},
+    {.name = "AcquireTickedOnOrdinary", .given = {}, .steps = clicks({"boxAcquire"}), .shown = {{"btnOrdinary", true}},
+     .stored = {{"Global", "False"}, {"Acquire", "True"}}},
+    {.name = "GlobalChosen", .given = {}, .steps = clicks({"btnGlobal"}), .shown = {{"btnOrdinary", false}},
+     .stored = {{"Global", "True"}, {"Acquire", "False"}}},
+    {.name = "ReplaceAndShared", .given = {}, .steps = clicks({"boxReplace", "boxShared"}), .shown = {},
+     .stored = {{"Replace", "True"}, {"Shared", "True"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, AttributeTypeOptions, ::testing::ValuesIn(kTypeOptionsCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+WF_PAGE_TABLE(AttributeTypeOptions, TClearCaseMakeAttributeTypeAction,
+              "TClearCaseMakeAttributeTypeOptionsFrame", "Options", kTypeOptionsCases);
 
 // ---- New attribute type ---------------------------------------------------------------------
 
-struct NewTypeCase {
-    const char* name;
-    Properties stored;
-    /// What the user does, and what the page shows meanwhile.
-    std::function<void(OpenPage&)> steps;
-    Properties expected;
-};
-
-void PrintTo(const NewTypeCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class NewAttributeType : public ::testing::TestWithParam<NewTypeCase> {
-protected:
-    wftest::FakeCleartool cleartool;
-};
-
-TEST_P(NewAttributeType, RoundTrip)
-{
-    const NewTypeCase& c = GetParam();
-    TClearCaseMakeAttributeTypeAction action;
-    setProperties(action, c.stored);
-    OpenPage page("TClearCaseMakeAttributeTypeFrame", action);
-    c.steps(page);
-    page.accept();
-    expectProperties(action, c.expected);
-}
-
-TClearCaseDateButtonEdit* dateEdit(OpenPage& page, const char* name)
+TClearCaseDateButtonEdit* dateEdit(const OpenPage& page, const char* name)
 {
     return page.control<TClearCaseDateButtonEdit>(name);
 }
 
-QLineEdit* dateText(OpenPage& page, const char* name)
+QLineEdit* dateText(const OpenPage& page, const char* name)
 {
     return dateEdit(page, name)->findChild<QLineEdit*>("txtEdit");
 }
 
 /// Shows plain edits for the bounds, or date edits for a time type.
-void expectBoundEdits(OpenPage& page, bool date)
+void expectBoundEdits(const OpenPage& page, bool date)
 {
     EXPECT_EQ(page.control<QLineEdit>("txtMinValue")->isVisible(), !date);
     EXPECT_EQ(page.control<QLineEdit>("txtMaxValue")->isVisible(), !date);
@@ -441,90 +277,67 @@ void expectBoundEdits(OpenPage& page, bool date)
     EXPECT_EQ(dateEdit(page, "txtDefaultValue")->GetShowButton(), date);
 }
 
-const NewTypeCase kNewTypeCases[] = {
-    {"NewActionIsAStringTypeWithoutRange", {},
-     [](OpenPage& page) {
-         EXPECT_EQ(page.control<QComboBox>("cmbValueType")->currentText(), "String");
+const PageCase kNewTypeCases[] = {
+    {.name = "NewActionIsAStringTypeWithoutRange", .given = {}, .steps = {},
+     .shown = {{"cmbValueType", {}, {}, "String"}, {"boxUseMin", {}, false}, {"boxUseMax", {}, false}},
+     .stored = {{"NewAttributeType", "atString"}, {"UseMin", "False"}, {"UseMax", "False"}, {"UseDefaultValue", "False"}},
+     .check = [](const OpenPage& page) {
          expectBoundEdits(page, false);
-         EXPECT_FALSE(page.control<QCheckBox>("boxUseMin")->isEnabled());
-         EXPECT_FALSE(page.control<QCheckBox>("boxUseMax")->isEnabled());
          EXPECT_FALSE(dateText(page, "txtDefaultValue")->isEnabled());
-     },
-     {{"NewAttributeType", "atString"}, {"UseMin", "False"}, {"UseMax", "False"}, {"UseDefaultValue", "False"}}},
-    {"NameAndVOBTyped", {},
-     [](OpenPage& page) {
-         type(page.control<QComboBox>("txtAttrName"), "BuildNo");
-         type(page.control<QComboBox>("txtVOBSelector"), "/vobs/main");
-     },
-     {{"AttributeName", "BuildNo"}, {"VOBSelector", "/vobs/main"}}},
-    {"TimeTypeEditsWithDateEdits", {{"NewAttributeType", "atDate"}, {"MinValue", "01-Jan-06"}, {"UseMin", "True"}},
-     [](OpenPage& page) {
-         EXPECT_EQ(page.control<QComboBox>("cmbValueType")->currentText(), "Time");
+     }},
+    {.name = "NameAndVOBTyped", .given = {},
+     .steps = {typeInto("txtAttrName", "BuildNo"), typeInto("txtVOBSelector", "/vobs/main")}, .shown = {},
+     .stored = {{"AttributeName", "BuildNo"}, {"VOBSelector", "/vobs/main"}}},
+    {.name = "TimeTypeEditsWithDateEdits",
+     .given = {{"NewAttributeType", "atDate"}, {"MinValue", "01-Jan-06"}, {"UseMin", "True"}}, .steps = {},
+     .shown = {{"cmbValueType", {}, {}, "Time"}},
+     .stored = {{"NewAttributeType", "atDate"}, {"UseMin", "True"}, {"MinValue", "01-Jan-06"}},
+     .check = [](const OpenPage& page) {
          expectBoundEdits(page, true);
          EXPECT_EQ(dateEdit(page, "minDateFrame")->GetDateString(), "01-Jan-06");
          EXPECT_TRUE(dateText(page, "minDateFrame")->isEnabled());
          EXPECT_FALSE(dateText(page, "maxDateFrame")->isEnabled());
-     },
-     {{"NewAttributeType", "atDate"}, {"UseMin", "True"}, {"MinValue", "01-Jan-06"}}},
-    {"BoundsShownButNotKept",
-     {{"NewAttributeType", "atInteger"}, {"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}},
-     [](OpenPage& page) {
-         EXPECT_EQ(page.control<QLineEdit>("txtMinValue")->text(), "5");
-         EXPECT_EQ(page.control<QLineEdit>("txtMaxValue")->text(), "10");
-         type(page.control<QLineEdit>("txtMinValue"), "7");
-         type(page.control<QLineEdit>("txtMaxValue"), "70");
-     },
-     {{"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}}},
-    {"RangeFlagsStored", {{"NewAttributeType", "atReal"}},
-     [](OpenPage& page) {
-         EXPECT_FALSE(page.control<QCheckBox>("boxMinInclusive")->isEnabled());
-         for (const char* box : {"boxUseMin", "boxMinInclusive", "boxUseMax", "boxMaxInclusive"})
-             click(page.control<QCheckBox>(box));
-     },
-     {{"UseMin", "True"}, {"MinInclusive", "True"}, {"UseMax", "True"}, {"MaxInclusive", "True"}}},
-    {"UntickingABoundDisablesIt", {{"NewAttributeType", "atInteger"}, {"UseMax", "True"}, {"MaxInclusive", "True"}},
-     [](OpenPage& page) {
-         click(page.control<QCheckBox>("boxUseMax"));
-         EXPECT_FALSE(page.control<QLineEdit>("txtMaxValue")->isEnabled());
-         EXPECT_FALSE(page.control<QCheckBox>("boxMaxInclusive")->isEnabled());
-     },
-     {{"UseMax", "False"}, {"MaxInclusive", "True"}}},
-    {"StringTypeKeepsStoredRangeFlags", {{"UseMin", "True"}, {"MinInclusive", "True"}},
-     [](OpenPage& page) {
-         EXPECT_FALSE(page.control<QCheckBox>("boxUseMin")->isEnabled());
-         EXPECT_TRUE(page.control<QCheckBox>("boxUseMin")->isChecked());
-     },
-     {{"UseMin", "True"}, {"MinInclusive", "True"}}},
-    {"DefaultValueTypedAsItStands", {},
-     [](OpenPage& page) {
-         click(page.control<QCheckBox>("boxUseDefaultValue"));
-         type(dateText(page, "txtDefaultValue"), "\"n/a\"");
-     },
-     {{"UseDefaultValue", "True"}, {"DefaultValue", "\"n/a\""}}},
-    {"DefaultValueKeptWhenUnticked", {{"UseDefaultValue", "True"}, {"DefaultValue", "1"}},
-     [](OpenPage& page) { click(page.control<QCheckBox>("boxUseDefaultValue")); },
-     {{"UseDefaultValue", "False"}, {"DefaultValue", "1"}}},
-    {"DefaultTimeFromTheMenu", {{"NewAttributeType", "atDate"}, {"UseDefaultValue", "True"}},
-     [](OpenPage& page) {
-         click(dateEdit(page, "txtDefaultValue")->findChild<QToolButton*>("txtEditButton"));
-         dateEdit(page, "txtDefaultValue")->findChild<QAction*>("odayItem")->trigger();
-     },
-     {{"DefaultValue", "today"}}},
-    {"SwitchingToTimeCarriesTheBounds", {{"NewAttributeType", "atInteger"}, {"UseMin", "True"}},
-     [](OpenPage& page) {
-         type(page.control<QLineEdit>("txtMinValue"), "15-Nov-06");
-         // As a user picks from the list.
-         page.control<QComboBox>("cmbValueType")->setCurrentIndex(3);
+     }},
+    {.name = "StoredBoundsShown",
+     .given = {{"NewAttributeType", "atInteger"}, {"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}},
+     .steps = {}, .shown = {{"txtMinValue", {}, {}, "5"}, {"txtMaxValue", {}, {}, "10"}},
+     .stored = {{"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}}},
+    {.name = "TypedBoundsNotKept",
+     .given = {{"NewAttributeType", "atInteger"}, {"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}},
+     .steps = {typeInto("txtMinValue", "7"), typeInto("txtMaxValue", "70")}, .shown = {},
+     .stored = {{"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}}},
+    {.name = "InclusiveWaitsForItsBound", .given = {{"NewAttributeType", "atReal"}}, .steps = {},
+     .shown = {{"boxMinInclusive", {}, false}}, .stored = {}},
+    {.name = "RangeFlagsStored", .given = {{"NewAttributeType", "atReal"}},
+     .steps = clicks({"boxUseMin", "boxMinInclusive", "boxUseMax", "boxMaxInclusive"}), .shown = {},
+     .stored = {{"UseMin", "True"}, {"MinInclusive", "True"}, {"UseMax", "True"}, {"MaxInclusive", "True"}}},
+    {.name = "UntickingABoundDisablesIt", .given = {{"NewAttributeType", "atInteger"}, {"UseMax", "True"}, {"MaxInclusive", "True"}},
+     .steps = clicks({"boxUseMax"}), .shown = {{"txtMaxValue", {}, false}, {"boxMaxInclusive", {}, false}},
+     .stored = {{"UseMax", "False"}, {"MaxInclusive", "True"}}},
+    {.name = "StringTypeKeepsStoredRangeFlags", .given = {{"UseMin", "True"}, {"MinInclusive", "True"}}, .steps = {},
+     .shown = {{"boxUseMin", true, false}}, .stored = {{"UseMin", "True"}, {"MinInclusive", "True"}}},
+    {.name = "DefaultValueTypedAsItStands", .given = {},
+     .steps = {clickOn("boxUseDefaultValue"), typeInto("txtDefaultValue", "\"n/a\"")}, .shown = {},
+     .stored = {{"UseDefaultValue", "True"}, {"DefaultValue", "\"n/a\""}}},
+    {.name = "DefaultValueKeptWhenUnticked", .given = {{"UseDefaultValue", "True"}, {"DefaultValue", "1"}},
+     .steps = clicks({"boxUseDefaultValue"}), .shown = {}, .stored = {{"UseDefaultValue", "False"}, {"DefaultValue", "1"}}},
+    {.name = "DefaultTimeFromTheMenu", .given = {{"NewAttributeType", "atDate"}, {"UseDefaultValue", "True"}},
+     .steps = {chooseDate("txtDefaultValue", "odayItem")}, .shown = {}, .stored = {{"DefaultValue", "today"}}},
+    // As a user picks from the list: the bounds go along to the date edits and back.
+    {.name = "SwitchingToTimeCarriesTheBounds", .given = {{"NewAttributeType", "atInteger"}, {"UseMin", "True"}},
+     .steps = {typeInto("txtMinValue", "15-Nov-06"), chooseIn("cmbValueType", "Time")}, .shown = {},
+     .stored = {{"NewAttributeType", "atDate"}, {"UseMin", "True"}},
+     .check = [](const OpenPage& page) {
          expectBoundEdits(page, true);
          EXPECT_EQ(dateEdit(page, "minDateFrame")->GetDateString(), "15-Nov-06");
-         page.control<QComboBox>("cmbValueType")->setCurrentIndex(4);
-         expectBoundEdits(page, false);
-         EXPECT_EQ(page.control<QLineEdit>("txtMinValue")->text(), "15-Nov-06");
-         EXPECT_FALSE(page.control<QCheckBox>("boxUseMin")->isEnabled());
-     },
-     {{"NewAttributeType", "atOpaque"}, {"UseMin", "True"}, {"MinValue", ""}}},
+     }},
+    {.name = "SwitchingBackFromTimeCarriesTheBounds", .given = {{"NewAttributeType", "atInteger"}, {"UseMin", "True"}},
+     .steps = {typeInto("txtMinValue", "15-Nov-06"), chooseIn("cmbValueType", "Time"), chooseIn("cmbValueType", "Opaque")},
+     .shown = {{"txtMinValue", {}, {}, "15-Nov-06"}, {"boxUseMin", {}, false}},
+     .stored = {{"NewAttributeType", "atOpaque"}, {"UseMin", "True"}, {"MinValue", ""}},
+     .check = [](const OpenPage& page) { expectBoundEdits(page, false); }},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, NewAttributeType, ::testing::ValuesIn(kNewTypeCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+WF_PAGE_TABLE(NewAttributeType, TClearCaseMakeAttributeTypeAction, "TClearCaseMakeAttributeTypeFrame", "New Type",
+              kNewTypeCases);
 
 } // namespace

@@ -1,5 +1,5 @@
 // The comment page and the view-context part that many pages share.
-#include "PageHarness.h"
+#include "PageCase.h"
 
 #include "actions/WFClearCaseCheckOutAction.h"
 #include "environment/WFClearCaseIniFile.h"
@@ -7,7 +7,6 @@
 #include "pages/WFClearCaseViewContextSubFrame.h"
 
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QRadioButton>
 
 #include <gtest/gtest.h>
@@ -16,60 +15,38 @@ using namespace wfpage;
 
 namespace {
 
-struct CommentCase {
-    const char* name;
-    bool noComment;
-    const char* comment;
-    const char* typed;       // nullptr: the memo is left alone
-    bool clickNoComment;
-    bool expectNoCommentChecked; // after reading and typing
-    const char* storedNoComment;
-    const char* storedComment;
-};
-
-void PrintTo(const CommentCase& c, std::ostream* os)
+/// Which of the two radio buttons is checked, and the memo's text.
+std::vector<Shown> commentShown(bool noComment, const char* text)
 {
-    *os << c.name;
+    return {{"btnNoComment", noComment}, {"btnComment", !noComment}, {"txtComment", {}, {}, text}};
 }
 
-class CommentPage : public ::testing::TestWithParam<CommentCase> {};
-
-TEST_P(CommentPage, RoundTrip)
+Properties comment(const char* noComment, const char* text)
 {
-    const CommentCase& c = GetParam();
-    TClearCaseCheckoutAction action;
-    action.SetComment(c.comment);
-    action.SetNoComment(c.noComment);
-    OpenPage page("TClearCaseCommentFrame", action);
-    EXPECT_EQ(page.page().PageName(), "Comment");
-    EXPECT_EQ(page.control<QPlainTextEdit>("txtComment")->toPlainText().toStdString(), c.comment);
-    if (c.typed)
-        type(page.control<QPlainTextEdit>("txtComment"), c.typed);
-    if (c.clickNoComment)
-        click(page.control<QRadioButton>("btnNoComment"));
-    EXPECT_EQ(page.control<QRadioButton>("btnNoComment")->isChecked(), c.expectNoCommentChecked);
-    EXPECT_NE(page.control<QRadioButton>("btnComment")->isChecked(), c.expectNoCommentChecked);
-    page.accept();
-    EXPECT_EQ(property(action, "NoComment"), c.storedNoComment);
-    EXPECT_EQ(property(action, "Comment"), c.storedComment);
+    return {{"NoComment", noComment}, {"Comment", text}};
 }
 
-const CommentCase kCommentCases[] = {
-    {"EmptyOpensOnNoComment", false, "", nullptr, false, true, "True", ""},
-    {"TypingChecksRecordComment", false, "", "fix build", false, false, "False", "fix build"},
-    {"ClearingKeepsRecordComment", false, "old", "", false, false, "True", ""},
-    {"NoCommentWithTextShowsBoth", true, "kept text", nullptr, false, true, "True", "kept text"},
-    {"TextKeptWhenNoCommentChosen", false, "", "draft", true, true, "True", "draft"},
-    {"EnterAddsNoLineBreak", false, "", "one\nline", false, false, "False", "oneline"},
+const PageCase kCommentCases[] = {
+    {.name = "EmptyOpensOnNoComment", .given = comment("False", ""), .steps = {}, .shown = commentShown(true, ""),
+     .stored = comment("True", "")},
+    {.name = "TypingChecksRecordComment", .given = comment("False", ""), .steps = {typeInto("txtComment", "fix build")},
+     .shown = commentShown(false, "fix build"), .stored = comment("False", "fix build")},
+    {.name = "ClearingKeepsRecordComment", .given = comment("False", "old"), .steps = {typeInto("txtComment", "")},
+     .shown = commentShown(false, ""), .stored = comment("True", "")},
+    {.name = "NoCommentWithTextShowsBoth", .given = comment("True", "kept text"), .steps = {},
+     .shown = commentShown(true, "kept text"), .stored = comment("True", "kept text")},
+    {.name = "TextKeptWhenNoCommentChosen", .given = comment("False", ""),
+     .steps = {typeInto("txtComment", "draft"), clickOn("btnNoComment")}, .shown = commentShown(true, "draft"),
+     .stored = comment("True", "draft")},
+    {.name = "EnterAddsNoLineBreak", .given = comment("False", ""), .steps = {typeInto("txtComment", "one\nline")},
+     .shown = commentShown(false, "oneline"), .stored = comment("False", "oneline")},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, CommentPage, ::testing::ValuesIn(kCommentCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+WF_PAGE_TABLE(CommentPage, TClearCaseCheckoutAction, "TClearCaseCommentFrame", "Comment", kCommentCases);
 
 /// The sub-frame on its own, reading and writing a base action.
 class ViewContext : public ::testing::Test {
 protected:
     wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
     BrowseAnswers browse;
     TClearCaseCheckoutAction action;
     TClearCaseViewContextSubFrame frame;
@@ -80,17 +57,6 @@ protected:
     QLineEdit* path() { return frame.findChild<QLineEdit*>("txtViewPath"); }
     void browseClick() { click(frame.findChild<QAbstractButton*>("txtViewPathButton")); }
 };
-
-TEST_F(ViewContext, BlankCustomViewOpensOnDefaultAndIsStoredSo)
-{
-    action.SetUseDefaultViewContext(false);
-    action.SetViewContextPath("");
-    frame.ReadActionData(action);
-    EXPECT_TRUE(defaultView()->isChecked());
-    EXPECT_FALSE(customView()->isChecked());
-    frame.WriteActionData(action);
-    EXPECT_EQ(property(action, "UseDefaultViewContext"), "True");
-}
 
 TEST_F(ViewContext, PathShownWithHintAndKeptWhenDefaultChosen)
 {

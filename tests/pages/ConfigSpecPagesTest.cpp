@@ -16,13 +16,6 @@ using namespace wfpage;
 
 namespace {
 
-class SetConfigSpecPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(SetConfigSpecPage, RoundTrip)
-{
-    runPageCase<TClearCaseSetConfigSpecAction>("TClearCaseSetConfigSpecFrame", "Options", GetParam());
-}
-
 const PageCase kSetConfigSpecCases[] = {
     {.name = "StreamOpensWithTheFileGreyedOut",
      .given = {{"CSpecChoice", "csStream"}, {"CSFilePath", "/specs/rel.cs"}},
@@ -64,17 +57,10 @@ const PageCase kSetConfigSpecCases[] = {
      .shown = {{"Label5", {}, {}, "View Context"}},
      .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}, {"CSpecChoice", "csCurrent"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, SetConfigSpecPage, ::testing::ValuesIn(kSetConfigSpecCases),
-                         pageCaseName);
+WF_PAGE_TABLE(SetConfigSpecPage, TClearCaseSetConfigSpecAction,
+              "TClearCaseSetConfigSpecFrame", "Options", kSetConfigSpecCases);
 
 // ---------------------------------------------------------------------------------------------
-
-class GetConfigSpecPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(GetConfigSpecPage, RoundTrip)
-{
-    runPageCase<TClearCaseGetConfigSpecAction>("TClearCaseGetConfigSpecFrame", "Options", GetParam());
-}
 
 const char* const kSaveFilter = "Text Files (*.txt)|*.TXT|All Files (*.*)|*.*";
 
@@ -109,8 +95,8 @@ const PageCase kGetConfigSpecCases[] = {
      .answers = {std::nullopt},
      .browsed = {{"/out/specs", "Save Config Spec As", "/out/specs/cs.txt", kSaveFilter, true}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, GetConfigSpecPage, ::testing::ValuesIn(kGetConfigSpecCases),
-                         pageCaseName);
+WF_PAGE_TABLE(GetConfigSpecPage, TClearCaseGetConfigSpecAction,
+              "TClearCaseGetConfigSpecFrame", "Options", kGetConfigSpecCases);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -176,13 +162,6 @@ INSTANTIATE_TEST_SUITE_P(Cases, FindCheckoutsPage, ::testing::ValuesIn(kFindChec
 
 // ---------------------------------------------------------------------------------------------
 
-class CleartoolPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(CleartoolPage, RoundTrip)
-{
-    runPageCase<TClearCaseCleartoolAction>("TClearCaseCleartoolFrame", "Cleartool Parameters", GetParam());
-}
-
 const PageCase kCleartoolCases[] = {
     {.name = "CommandWithoutArgumentsPreviewsTheTrailingBlank",
      .given = {},
@@ -220,7 +199,7 @@ const PageCase kCleartoolCases[] = {
      .shown = {{"Label5", {}, {}, "View Context (Starting Directory)"}},
      .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, CleartoolPage, ::testing::ValuesIn(kCleartoolCases),
-                         pageCaseName);
+WF_PAGE_TABLE(CleartoolPage, TClearCaseCleartoolAction,
+              "TClearCaseCleartoolFrame", "Cleartool Parameters", kCleartoolCases);
 
 } // namespace

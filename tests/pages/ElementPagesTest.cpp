@@ -30,13 +30,6 @@ const auto isChecked = [](const char* control) { return Shown{control, true}; };
 
 // ---------------------------------------------------------------------------------------------
 
-class CheckOutPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(CheckOutPage, RoundTrip)
-{
-    runPageCase<TClearCaseCheckoutAction>("TClearCaseCheckOutFrame", "Checkout Options", GetParam());
-}
-
 const PageCase kCheckOutCases[] = {
     {.name = "LazyReservedStoresBothFlags",
      .given = {{"Reserved", "True"}},
@@ -124,22 +117,9 @@ const PageCase kCheckOutCases[] = {
      .stored = {{"SelectionMode", "coDefault"}, {"BranchSelector", ""}, {"VersionSelector", ""}},
      .edition = ccLT},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, CheckOutPage, ::testing::ValuesIn(kCheckOutCases),
-                         pageCaseName);
+WF_PAGE_TABLE(CheckOutPage, TClearCaseCheckoutAction, "TClearCaseCheckOutFrame", "Checkout Options", kCheckOutCases);
 
 // ---------------------------------------------------------------------------------------------
-
-class CheckInPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(CheckInPage, RoundTripOnPathCheckIn)
-{
-    runPageCase<TClearCaseCheckInPathAction>("TClearCaseCheckInFrame", "Checkin Options", GetParam());
-}
-
-TEST_P(CheckInPage, RoundTripOnActivityCheckIn)
-{
-    runPageCase<TClearCaseCheckInActivityAction>("TClearCaseCheckInFrame", "Checkin Options", GetParam());
-}
 
 const PageCase kCheckInCases[] = {
     {.name = "RemoveAfterKeepUnticksKeep",
@@ -173,17 +153,12 @@ const PageCase kCheckInCases[] = {
      .shown = {},
      .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "False"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, CheckInPage, ::testing::ValuesIn(kCheckInCases),
-                         pageCaseName);
+WF_PAGE_TABLE(CheckInPage, TClearCaseCheckInPathAction, "TClearCaseCheckInFrame", "Checkin Options", kCheckInCases);
+// The activity check-in shares the page.
+WF_PAGE_TABLE(ActivityCheckInPage, TClearCaseCheckInActivityAction, "TClearCaseCheckInFrame", "Checkin Options",
+              kCheckInCases);
 
 // ---------------------------------------------------------------------------------------------
-
-class UnCheckOutPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(UnCheckOutPage, RoundTrip)
-{
-    runPageCase<TClearCaseUnCheckOutAction>("TClearCaseUnCheckOutFrame", "Uncheckout Options", GetParam());
-}
 
 const PageCase kUnCheckOutCases[] = {
     {.name = "TickingKeepStoresIt", .given = {}, .steps = clicks({"boxKeep"}), .shown = {}, .stored = {{"Keep", "True"}}},
@@ -198,15 +173,8 @@ const PageCase kUnCheckOutCases[] = {
      .shown = {{"boxKeep", true}},
      .stored = {{"Keep", "True"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, UnCheckOutPage, ::testing::ValuesIn(kUnCheckOutCases),
-                         pageCaseName);
-
-class UnCheckOutActivityPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(UnCheckOutActivityPage, RoundTrip)
-{
-    runPageCase<TClearCaseUnCheckOutActivityAction>("TClearCaseUnCheckOutActivityFrame", "Uncheckout Options", GetParam());
-}
+WF_PAGE_TABLE(UnCheckOutPage, TClearCaseUnCheckOutAction,
+              "TClearCaseUnCheckOutFrame", "Uncheckout Options", kUnCheckOutCases);
 
 const PageCase kUnCheckOutActivityCases[] = {
     {.name = "KeepAndTheViewContext",
@@ -219,23 +187,11 @@ const PageCase kUnCheckOutActivityCases[] = {
      .steps = clicks({"btnDefaultView"}),
      .shown = {{"boxKeep", true}},
      .stored = {{"Keep", "True"}, {"UseDefaultViewContext", "True"}, {"ViewContextPath", "/views/dev"}}},
-    {.name = "BlankCustomViewIsStoredAsDefault",
-     .given = {{"ViewContextPath", ""}, {"UseDefaultViewContext", "False"}},
-     .steps = {},
-     .shown = {isChecked("btnDefaultView")},
-     .stored = {{"Keep", "False"}, {"UseDefaultViewContext", "True"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, UnCheckOutActivityPage, ::testing::ValuesIn(kUnCheckOutActivityCases),
-                         pageCaseName);
+WF_PAGE_TABLE(UnCheckOutActivityPage, TClearCaseUnCheckOutActivityAction,
+              "TClearCaseUnCheckOutActivityFrame", "Uncheckout Options", kUnCheckOutActivityCases);
 
 // ---------------------------------------------------------------------------------------------
-
-class UpdatePage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(UpdatePage, RoundTrip)
-{
-    runPageCase<TClearCaseUpdateAction>("TClearCaseUpdateFrame", "Update Options", GetParam());
-}
 
 const std::vector<const char*> kUpdateRadios = {"overwriteButton", "noOverwriteButton", "renameButton",
                                                 "TSctimeButton",   "TSptimeButton",     "TSdefaultButton"};
@@ -283,7 +239,6 @@ const PageCase kUpdateCases[] = {
                 {"HijackMode", "hmRename"},
                 {"UpdateTimestamp", "tbCheckin"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, UpdatePage, ::testing::ValuesIn(kUpdateCases),
-                         pageCaseName);
+WF_PAGE_TABLE(UpdatePage, TClearCaseUpdateAction, "TClearCaseUpdateFrame", "Update Options", kUpdateCases);
 
 } // namespace

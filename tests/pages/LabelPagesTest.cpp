@@ -13,13 +13,6 @@ using namespace wfpage;
 
 namespace {
 
-class MkLbTypePage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(MkLbTypePage, RoundTrip)
-{
-    runPageCase<TClearCaseMkLbTypeAction>("TClearCaseMkLbTypeFrame", "Options", GetParam());
-}
-
 const PageCase kMkLbTypeCases[] = {
     {.name = "MixedCaseNameOpensInNormalCase",
      .given = {{"LabelTypeName", "Rel_1"}},
@@ -91,15 +84,7 @@ const PageCase kMkLbTypeCases[] = {
      .responses = {},
      .calls = {"lsvob -short", "lsvob -short"}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, MkLbTypePage, ::testing::ValuesIn(kMkLbTypeCases),
-                         pageCaseName);
-
-class ApplyLabelPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(ApplyLabelPage, RoundTrip)
-{
-    runPageCase<TClearCaseApplyLabelAction>("TClearCaseApplyLabelFrame", "Options", GetParam());
-}
+WF_PAGE_TABLE(MkLbTypePage, TClearCaseMkLbTypeAction, "TClearCaseMkLbTypeFrame", "Options", kMkLbTypeCases);
 
 const std::vector<Response> kLabelQueries = {
     {"lsvob -short", "/vobs/b\n/vobs/a\n"},
@@ -152,7 +137,6 @@ const PageCase kApplyLabelCases[] = {
      .responses = kLabelQueries,
      .calls = {"lstype -short -kind lbtype -invob"}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ApplyLabelPage, ::testing::ValuesIn(kApplyLabelCases),
-                         pageCaseName);
+WF_PAGE_TABLE(ApplyLabelPage, TClearCaseApplyLabelAction, "TClearCaseApplyLabelFrame", "Options", kApplyLabelCases);
 
 } // namespace

@@ -9,13 +9,6 @@ using namespace wfpage;
 
 namespace {
 
-class MakeElementPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(MakeElementPage, RoundTrip)
-{
-    runPageCase<TClearCaseMakeElementAction>("TClearCaseMakeElementFrame", "New Element", GetParam());
-}
-
 const PageCase kMakeElementCases[] = {
     {.name = "LiteWritesMasterFalse",
      .given = {{"Master", "True"}},
@@ -67,15 +60,8 @@ const PageCase kMakeElementCases[] = {
      .shown = {{"boxNoWarn", true}, {"boxUseElementType", true}, {"txtElementType", {}, {}, "text_file"}},
      .stored = {{"MakePath", "False"}, {"NoWarnings", "True"}, {"UseElementType", "True"}, {"ElementType", "text_file"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, MakeElementPage, ::testing::ValuesIn(kMakeElementCases),
-                         pageCaseName);
-
-class LockPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(LockPage, RoundTrip)
-{
-    runPageCase<TClearCaseLockPathNamesAction>("TClearCaseLockFrame", "Options", GetParam());
-}
+WF_PAGE_TABLE(MakeElementPage, TClearCaseMakeElementAction,
+              "TClearCaseMakeElementFrame", "New Element", kMakeElementCases);
 
 const PageCase kLockCases[] = {
     {.name = "UsersShownOneALine",
@@ -136,7 +122,6 @@ const PageCase kLockCases[] = {
      .stored = {{"Replace", "True"}, {"UseNUsers", "True"}, {"NUsersList", "dave,erin"}},
      .makeAction = newAction<TClearCaseLockObjectsAction>},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, LockPage, ::testing::ValuesIn(kLockCases),
-                         pageCaseName);
+WF_PAGE_TABLE(LockPage, TClearCaseLockPathNamesAction, "TClearCaseLockFrame", "Options", kLockCases);
 
 } // namespace

@@ -1,5 +1,5 @@
 // The object selector page and its editor.
-#include "PageHarness.h"
+#include "PageCase.h"
 
 #include "actions/WFClearCaseLockObjectsAction.h"
 #include "environment/WFClearCaseIniFile.h"
@@ -11,7 +11,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
@@ -40,12 +39,12 @@ void choose(QComboBox* combo, const QString& text)
 }
 
 /// A user's step in the editor: a type chosen from the list, or text typed into a field.
-struct Step {
+struct EditorStep {
     const char* control;
     const char* value;
 };
 
-void apply(QWidget* editor, const Step& step)
+void apply(QWidget* editor, const EditorStep& step)
 {
     if (std::string(step.control) == "cmbObjectTypeName")
         choose(editor->findChild<QComboBox*>(step.control), step.value);
@@ -56,7 +55,7 @@ void apply(QWidget* editor, const Step& step)
 struct EditorCase {
     const char* name;
     const char* opened; // nullptr: the editor opens empty
-    std::vector<Step> steps;
+    std::vector<EditorStep> steps;
     const char* selector;
     int typeRow;
     const char* objectName;
@@ -74,7 +73,6 @@ void PrintTo(const EditorCase& c, std::ostream* os)
 class EditorFixture : public ::testing::Test {
 protected:
     wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
     TClearCaseObjectSelectorEditForm editor;
 
     void SetUp() override { editor.show(); }
@@ -89,7 +87,7 @@ TEST_P(SelectorEditor, PartsAndStringFollowEachOther)
     const EditorCase& c = GetParam();
     if (c.opened)
         editor.SetObjectSelector(c.opened);
-    for (const Step& step : c.steps)
+    for (const EditorStep& step : c.steps)
         apply(&editor, step);
     EXPECT_EQ(editor.GetObjectSelector(), c.selector);
     EXPECT_EQ(combo("cmbObjectTypeName")->currentIndex(), c.typeRow);
@@ -223,188 +221,78 @@ TEST_F(SelectorNameList, VOBListIsAskedForOncePerEditor)
 
 // --- The page ---------------------------------------------------------------------------
 
-/// What the user does on the page; the editor is answered while it is open.
-using PageSteps = std::function<void(OpenPage&)>;
+constexpr const char* kList = "listObjects";
 
-struct PageCase {
-    const char* name;
-    std::vector<std::string> stored;
-    PageSteps steps;
-    const char* storedAfter; // ObjectsStorageString
-};
-
-void PrintTo(const PageCase& c, std::ostream* os)
+Properties objects(const char* storage)
 {
-    *os << c.name;
+    return {{"ObjectsStorageString", storage}};
 }
 
-QListWidget* list(OpenPage& page)
+/// The editor showing `shown`, filled from `fields` and closed with OK or Cancel.
+Step selectorEditor(const char* shown, std::vector<Field> fields, bool ok = true)
 {
-    return page.control<QListWidget>("listObjects");
-}
-
-void clickLine(OpenPage& page, int row)
-{
-    QListWidget* objects = list(page);
-    QTest::mouseClick(objects->viewport(), Qt::LeftButton, {}, objects->visualItemRect(objects->item(row)).center());
-}
-
-void doubleClickLine(OpenPage& page, int row)
-{
-    QListWidget* objects = list(page);
-    const QPoint at = objects->visualItemRect(objects->item(row)).center();
-    // A double click is a press followed by the double-click event itself.
-    QTest::mousePress(objects->viewport(), Qt::LeftButton, {}, at);
-    QTest::mouseDClick(objects->viewport(), Qt::LeftButton, {}, at);
-    QTest::mouseRelease(objects->viewport(), Qt::LeftButton, {}, at);
-}
-
-/// Answers the editor: checks what it shows, then does the steps and presses the button.
-void answerEditor(const char* expectShown, std::vector<Step> steps, const char* button)
-{
-    answerModal([expectShown, steps = std::move(steps), button](QWidget* dialog) {
-        EXPECT_EQ(dialog->objectName(), "TClearCaseObjectSelectorEditForm");
-        EXPECT_EQ(dialog->windowTitle(), "Edit Object Selector");
-        EXPECT_EQ(dialog->findChild<QLineEdit*>("txtObjectSelector")->text().toStdString(), expectShown);
-        for (const Step& step : steps)
-            apply(dialog, step);
-        pressButton(dialog, button);
-    });
-}
-
-class SelectorPage : public ::testing::TestWithParam<PageCase> {
-protected:
-    wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
-};
-
-TEST_P(SelectorPage, RoundTrip)
-{
-    const PageCase& c = GetParam();
-    TClearCaseLockObjectsAction action;
-    action.SetObjectSelectors(c.stored);
-    OpenPage page("TClearCaseObjectSelectorFrame", action);
-    EXPECT_EQ(page.page().PageName(), "Objects");
-    EXPECT_EQ(items(list(page)).size(), static_cast<qsizetype>(c.stored.size()));
-    c.steps(page);
-    page.accept();
-    EXPECT_EQ(property(action, "ObjectsStorageString"), c.storedAfter);
+    fields.insert(fields.begin(), Field{"txtObjectSelector", shown});
+    return answerEditor("TClearCaseObjectSelectorEditForm", "Edit Object Selector", std::move(fields), ok);
 }
 
 const PageCase kPageCases[] = {
-    {"Unchanged", {"lbtype:REL1@/vobs/a", "brtype:rel2"}, [](OpenPage&) {}, "lbtype:REL1@/vobs/a\r\nbrtype:rel2\r\n"},
-    {"AddAppendsComposed", {"brtype:rel2"},
-     [](OpenPage& page) {
-         answerEditor("", {{"cmbObjectTypeName", "Label"}, {"txtObjectName", "REL3"}}, "OK");
-         click(page.control<QPushButton>("btnAdd"));
-     },
-     "brtype:rel2\r\nlbtype:REL3\r\n"},
-    {"AddEmptyAppendsEmptyLine", {"brtype:rel2"},
-     [](OpenPage& page) {
-         answerEditor("", {}, "OK");
-         click(page.control<QPushButton>("btnAdd"));
-     },
-     "brtype:rel2\r\n\r\n"},
-    {"PastedLineBreakMakesTwoLines", {},
-     [](OpenPage& page) {
-         answerModal([](QWidget* dialog) {
-             // What a paste of two lines puts into the field.
-             dialog->findChild<QLineEdit*>("txtObjectSelector")->setText("lbtype:A\nbrtype:b");
-             pressButton(dialog, "OK");
-         });
-         click(page.control<QPushButton>("btnAdd"));
-     },
-     "lbtype:A\r\nbrtype:b\r\n"},
-    {"AddCancelledChangesNothing", {"brtype:rel2"},
-     [](OpenPage& page) {
-         answerEditor("", {{"txtObjectSelector", "lbtype:X"}}, "Cancel");
-         click(page.control<QPushButton>("btnAdd"));
-     },
-     "brtype:rel2\r\n"},
-    {"EditReplacesSelectedLine", {"lbtype:REL1@/vobs/a", "brtype:rel2@/vobs/a"},
-     [](OpenPage& page) {
-         clickLine(page, 1);
-         answerEditor("brtype:rel2@/vobs/a", {{"txtObjectName", "rel3"}}, "OK");
-         click(page.control<QPushButton>("btnEdit"));
-     },
-     "lbtype:REL1@/vobs/a\r\nbrtype:rel3@/vobs/a\r\n"},
-    {"EditCancelledChangesNothing", {"lbtype:REL1", "brtype:rel2"},
-     [](OpenPage& page) {
-         clickLine(page, 0);
-         answerEditor("lbtype:REL1", {{"txtObjectSelector", "vob:/vobs/x"}}, "Cancel");
-         click(page.control<QPushButton>("btnEdit"));
-     },
-     "lbtype:REL1\r\nbrtype:rel2\r\n"},
-    {"EditStoresComposedStringOfUnknownPrefix", {"foo:bar"},
-     [](OpenPage& page) {
-         clickLine(page, 0);
-         answerEditor("foobar", {}, "OK");
-         click(page.control<QPushButton>("btnEdit"));
-     },
-     "foobar\r\n"},
-    {"DoubleClickEdits", {"lbtype:REL1", "brtype:rel2"},
-     [](OpenPage& page) {
-         answerEditor("lbtype:REL1", {{"txtObjectSelector", "attype:Status@/vobs/a"}}, "OK");
-         doubleClickLine(page, 0);
-     },
-     "attype:Status@/vobs/a\r\nbrtype:rel2\r\n"},
-    {"RemoveDeletesSelectedLine", {"a:1", "b:2", "c:3"},
-     [](OpenPage& page) {
-         clickLine(page, 1);
-         click(page.control<QPushButton>("btnRemove"));
-     },
-     "a:1\r\nc:3\r\n"},
-    {"DeleteKeyRemoves", {"a:1", "b:2"},
-     [](OpenPage& page) {
-         clickLine(page, 0);
-         QTest::keyClick(list(page), Qt::Key_Delete);
-     },
-     "b:2\r\n"},
-    {"BackspaceRemoves", {"a:1", "b:2"},
-     [](OpenPage& page) {
-         clickLine(page, 1);
-         QTest::keyClick(list(page), Qt::Key_Backspace);
-     },
-     "a:1\r\n"},
-    {"DeleteKeyWithoutSelectionKeepsAll", {"a:1", "b:2"},
-     [](OpenPage& page) {
-         list(page)->setFocus();
-         QTest::keyClick(list(page), Qt::Key_Delete);
-     },
-     "a:1\r\nb:2\r\n"},
+    {.name = "Unchanged", .given = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2\r\n"), .steps = {},
+     .shown = {{kList, {}, {}, nullptr, "lbtype:REL1@/vobs/a|brtype:rel2"}}, .stored = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2\r\n")},
+    {.name = "AddAppendsComposed", .given = objects("brtype:rel2\r\n"),
+     .steps = {selectorEditor("", {{"cmbObjectTypeName", nullptr, "Label"}, {"txtObjectName", nullptr, "REL3"}}), clickOn("btnAdd")},
+     .shown = {}, .stored = objects("brtype:rel2\r\nlbtype:REL3\r\n")},
+    {.name = "AddEmptyAppendsEmptyLine", .given = objects("brtype:rel2\r\n"), .steps = {selectorEditor("", {}), clickOn("btnAdd")},
+     .shown = {}, .stored = objects("brtype:rel2\r\n\r\n")},
+    {.name = "AddCancelledChangesNothing", .given = objects("brtype:rel2\r\n"),
+     .steps = {selectorEditor("", {{"txtObjectSelector", nullptr, "lbtype:X"}}, false), clickOn("btnAdd")}, .shown = {},
+     .stored = objects("brtype:rel2\r\n")},
+    {.name = "EditReplacesSelectedLine", .given = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2@/vobs/a\r\n"),
+     .steps = {pickRow(kList, 1), selectorEditor("brtype:rel2@/vobs/a", {{"txtObjectName", nullptr, "rel3"}}), clickOn("btnEdit")},
+     .shown = {{"btnEdit", {}, true}, {"btnRemove", {}, true}}, .stored = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel3@/vobs/a\r\n")},
+    {.name = "EditCancelledChangesNothing", .given = objects("lbtype:REL1\r\nbrtype:rel2\r\n"),
+     .steps = {pickRow(kList, 0), selectorEditor("lbtype:REL1", {{"txtObjectSelector", nullptr, "vob:/vobs/x"}}, false),
+               clickOn("btnEdit")},
+     .shown = {}, .stored = objects("lbtype:REL1\r\nbrtype:rel2\r\n")},
+    {.name = "EditStoresComposedStringOfUnknownPrefix", .given = objects("foo:bar\r\n"),
+     .steps = {pickRow(kList, 0), selectorEditor("foobar", {}), clickOn("btnEdit")}, .shown = {}, .stored = objects("foobar\r\n")},
+    {.name = "DoubleClickEdits", .given = objects("lbtype:REL1\r\nbrtype:rel2\r\n"),
+     .steps = {selectorEditor("lbtype:REL1", {{"txtObjectSelector", nullptr, "attype:Status@/vobs/a"}}), doubleClickRow(kList, 0)},
+     .shown = {}, .stored = objects("attype:Status@/vobs/a\r\nbrtype:rel2\r\n")},
+    {.name = "RemoveDeletesSelectedLine", .given = objects("a:1\r\nb:2\r\nc:3\r\n"),
+     .steps = {pickRow(kList, 1), clickOn("btnRemove")}, .shown = {}, .stored = objects("a:1\r\nc:3\r\n")},
+    {.name = "DeleteKeyRemoves", .given = objects("a:1\r\nb:2\r\n"), .steps = {pickRow(kList, 0), pressKey(kList, Qt::Key_Delete)},
+     .shown = {}, .stored = objects("b:2\r\n")},
+    {.name = "BackspaceRemoves", .given = objects("a:1\r\nb:2\r\n"), .steps = {pickRow(kList, 1), pressKey(kList, Qt::Key_Backspace)},
+     .shown = {}, .stored = objects("a:1\r\n")},
+    {.name = "DeleteKeyWithoutSelectionKeepsAll", .given = objects("a:1\r\nb:2\r\n"), .steps = {pressKey(kList, Qt::Key_Delete)},
+     .shown = {{"btnEdit", {}, false}, {"btnRemove", {}, false}}, .stored = objects("a:1\r\nb:2\r\n")},
+    // Removing leaves no line selected, yet the buttons stay; with nothing selected they do nothing.
+    {.name = "ButtonsFollowTheChosenLineOnly", .given = objects("a:1\r\nb:2\r\n"),
+     .steps = {pickRow(kList, 0), clickOn("btnRemove"), clickOn("btnEdit"), clickOn("btnRemove")},
+     .shown = {{"btnEdit", {}, true}, {"btnRemove", {}, true}}, .stored = objects("b:2\r\n")},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, SelectorPage, ::testing::ValuesIn(kPageCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+WF_PAGE_TABLE(SelectorPage, TClearCaseLockObjectsAction, "TClearCaseObjectSelectorFrame", "Objects", kPageCases);
+
+TEST(SelectorPageEditor, PastedLineBreakMakesTwoLines)
+{
+    wftest::FakeCleartool cleartool;
+    TClearCaseLockObjectsAction action;
+    OpenPage page("TClearCaseObjectSelectorFrame", action);
+    answerModal([](QWidget* dialog) {
+        // What a paste of two lines puts into the field.
+        dialog->findChild<QLineEdit*>("txtObjectSelector")->setText("lbtype:A\nbrtype:b");
+        pressButton(dialog, "OK");
+    });
+    click(page.control<QPushButton>("btnAdd"));
+    page.accept();
+    EXPECT_EQ(property(action, "ObjectsStorageString"), "lbtype:A\r\nbrtype:b\r\n");
+}
 
 class SelectorPageButtons : public ::testing::Test {
 protected:
     wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
     TClearCaseLockObjectsAction action;
 };
-
-TEST_F(SelectorPageButtons, FollowTheChosenLineOnly)
-{
-    action.SetObjectSelectors({"a:1", "b:2"});
-    OpenPage page("TClearCaseObjectSelectorFrame", action);
-    auto* edit = page.control<QPushButton>("btnEdit");
-    auto* remove = page.control<QPushButton>("btnRemove");
-    EXPECT_FALSE(edit->isEnabled());
-    EXPECT_FALSE(remove->isEnabled());
-    clickLine(page, 0);
-    EXPECT_TRUE(edit->isEnabled());
-    EXPECT_TRUE(remove->isEnabled());
-    // Removing leaves no line selected, yet the buttons stay as they were.
-    click(remove);
-    EXPECT_TRUE(list(page)->selectedItems().isEmpty());
-    EXPECT_TRUE(edit->isEnabled());
-    EXPECT_TRUE(remove->isEnabled());
-    // With nothing selected there is nothing to edit or remove.
-    click(edit);
-    click(remove);
-    page.accept();
-    EXPECT_EQ(property(action, "ObjectsStorageString"), "b:2\r\n");
-}
 
 TEST_F(SelectorPageButtons, EditorReopensOnTheFieldUsedLast)
 {

@@ -36,7 +36,6 @@ public:
 class OptionsPage : public ::testing::Test {
 protected:
     wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
     BrowseAnswers browse;
     std::unique_ptr<QWidget> widget{ClearCaseCreatePage("TClearCaseOptionsFrame", nullptr)};
     IWFOptionsPage* page = WFOptionsPageOf(widget.get());

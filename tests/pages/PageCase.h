@@ -20,11 +20,23 @@ namespace wfpage {
 
 using Properties = std::vector<std::pair<std::string, std::string>>;
 
+/// A field of a modal editor: the text it must show on opening (nullptr: unchecked) and the text
+/// typed into it (nullptr: left alone).
+struct Field {
+    const char* control;
+    const char* shown = nullptr;
+    const char* typed = nullptr;
+};
+
 /// One user input on the named control.
 struct Step {
-    enum Kind { Click, Type, DropDown, Choose } kind;
+    enum Kind { Click, Type, DropDown, Choose, Pick, DoubleClick, Tick, Key, Editor, MenuItem, ClickBlank, DateMenu } kind;
     const char* control;
-    const char* text = ""; ///< typed (replacing the control's text) or the entry chosen
+    const char* text = ""; ///< typed (replacing the control's text), the entry or item chosen, or the editor's title
+    int row = -1;          ///< the list row picked, double-clicked or ticked
+    int key = 0;
+    std::vector<Field> fields = {}; ///< an editor's fields
+    bool ok = true;                 ///< an editor closed with OK, else Cancel
 };
 inline Step clickOn(const char* control) { return {Step::Click, control}; }
 inline Step typeInto(const char* control, const char* text) { return {Step::Type, control, text}; }
@@ -33,6 +45,24 @@ inline Step dropDownOf(const char* control) { return {Step::DropDown, control}; 
 inline Step chooseIn(const char* control, const char* entry) { return {Step::Choose, control, entry}; }
 /// Clicks on the named buttons in order.
 std::vector<Step> clicks(std::vector<const char*> names);
+/// Clicks a list's row, or double-clicks it.
+inline Step pickRow(const char* list, int row) { return {Step::Pick, list, "", row}; }
+inline Step doubleClickRow(const char* list, int row) { return {Step::DoubleClick, list, "", row}; }
+/// Clicks the check box of a check list's row.
+inline Step tickRow(const char* list, int row) { return {Step::Tick, list, "", row}; }
+/// Clicks on a list below its last row.
+inline Step clickBlankOf(const char* list) { return {Step::ClickBlank, list}; }
+inline Step pressKey(const char* control, int key) { return {Step::Key, control, "", -1, key}; }
+/// Opens a date edit's menu with its button and chooses the item (by object name).
+inline Step chooseDate(const char* dateEdit, const char* item) { return {Step::DateMenu, dateEdit, item}; }
+/// Clicks the named item of the open pop-up menu.
+inline Step chooseMenuItem(const char* menu, const char* item) { return {Step::MenuItem, menu, item}; }
+/// Answers the next modal editor (titled `title`, named `dialogClass`): checks and fills its
+/// fields and presses OK, or Cancel. Comes before the step that opens the editor.
+inline Step answerEditor(const char* dialogClass, const char* title, std::vector<Field> fields, bool ok = true)
+{
+    return {Step::Editor, dialogClass, title, -1, 0, std::move(fields), ok};
+}
 
 /// A control's state after the user's steps; unset fields are not checked.
 struct Shown {
@@ -56,6 +86,7 @@ struct Browsed {
 struct Response {
     const char* arguments;
     const char* output;
+    int exitCode = 0;
 };
 
 struct PageCase {
@@ -68,11 +99,15 @@ struct PageCase {
     std::vector<std::optional<std::string>> answers = {};
     std::vector<Browsed> browsed = {};
     std::vector<Response> responses = {};
-    /// Every cleartool start, by its arguments (the queries here run in cleartool's folder).
+    /// Every cleartool start, by its arguments: in cleartool's folder, or "folder|arguments".
     std::vector<std::string> calls = {};
     TClearCaseType edition = ccFull;
     /// The action the page is opened on when not the table's own.
     std::function<std::unique_ptr<TCustomWFAction>()> makeAction = {};
+    /// Runs before the page opens, in the row's configuration folder.
+    std::function<void(wftest::FakeCleartool&)> setUp = {};
+    /// Checks after the steps what the fields above cannot say.
+    std::function<void(const OpenPage&)> check = {};
 };
 
 inline void PrintTo(const PageCase& c, std::ostream* os)
@@ -105,7 +140,21 @@ void runPageCase(const char* pageClass, const std::string& title, const PageCase
     runPageCase(pageClass, *action, title, c);
 }
 
+/// A table of rows, `Suite`: each opens `pageClass` (titled `title`) on a new `Action`; the tests
+/// are named after the rows. Comes after the rows.
+#define WF_PAGE_TABLE(Suite, Action, pageClass, title, rows)                                                   \
+    class Suite : public ::testing::TestWithParam<::wfpage::PageCase> {};                                       \
+    TEST_P(Suite, RoundTrip)                                                                                   \
+    {                                                                                                          \
+        ::wfpage::runPageCase<Action>(pageClass, title, GetParam());                                           \
+    }                                                                                                          \
+    INSTANTIATE_TEST_SUITE_P(Cases, Suite, ::testing::ValuesIn(rows), ::wfpage::pageCaseName)
+
 /// The text a user sees in the named edit, memo, label, button or combo box.
 QString shownText(const OpenPage& page, const char* control);
+QString shownText(QWidget* widget);
+
+/// Makes the catalogue's action with the identity its users know it by (its type id).
+std::unique_ptr<TCustomWFAction> catalogueAction(const std::string& typeId);
 
 } // namespace wfpage

@@ -1,6 +1,6 @@
 // The two path-name list pages and their editors, driven through clicks, keys and the modal
 // editors, and checked by what they write back to the action.
-#include "PageHarness.h"
+#include "PageCase.h"
 
 #include "actions/WFClearCaseCheckOutAction.h"
 #include "environment/WFClearCaseIniFile.h"
@@ -8,12 +8,9 @@
 #include "pages/WFClearCaseEditViewPathForm.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTest>
 #include <QToolButton>
 
@@ -25,47 +22,13 @@ using namespace wfpage;
 
 namespace {
 
-const TClearCaseActionIdentity kCheckOut{"CC_CHECKOUT", "TClearCaseCheckoutAction", "ClearCase Check Out", 4460};
-const TClearCaseActionIdentity kLockPaths{"CC_LOCK", "TClearCaseLockPathNamesAction", "ClearCase Lock (Paths)", 4560};
-const TClearCaseActionIdentity kApplyLabel{"CC_LABEL", "TClearCaseApplyLabelAction", "ClearCase Apply Label", 4520};
-
 constexpr const char* kViewPage = "TClearCaseViewPathNameFrame";
 constexpr const char* kExtendedPage = "TClearCaseExtendedPathNameFrame";
-constexpr const char* kLtHeading = "Extended Pathnames (not available in ClearCase LT)";
-
-/// One thing a user does on a path list page. `text`/`selector` are what the user types into
-/// the editor that the step opens (nullptr: the editor is cancelled) or what a browser answers
-/// (nullptr: cancelled); `shown`/`shownSelector` what the editor must show when it opens.
-enum class Op { Add, ChooseDirectory, ChooseFile, Select, Edit, DoubleClick, Remove, Key, ClickBlank };
-struct Step {
-    Op op;
-    int row = -1;
-    const char* text = nullptr;
-    const char* selector = nullptr;
-    const char* shown = nullptr;
-    const char* shownSelector = nullptr;
-    int key = 0;
-};
-
-Step add(const char* element = nullptr, const char* selector = nullptr)
-{
-    return {Op::Add, -1, element, selector};
-}
-Step chooseDirectory(const char* answer) { return {Op::ChooseDirectory, -1, answer}; }
-Step chooseFile(const char* answer) { return {Op::ChooseFile, -1, answer}; }
-Step select(int row) { return {Op::Select, row}; }
-Step edit(const char* shown, const char* typed, const char* shownSelector = nullptr, const char* typedSelector = nullptr)
-{
-    return {Op::Edit, -1, typed, typedSelector, shown, shownSelector};
-}
-Step doubleClick(int row, const char* shown, const char* typed) { return {Op::DoubleClick, row, typed, nullptr, shown}; }
-Step remove() { return {Op::Remove}; }
-Step key(int code) { return {Op::Key, -1, nullptr, nullptr, nullptr, nullptr, code}; }
-Step clickBlank() { return {Op::ClickBlank}; }
+constexpr const char* kList = "pathsListBox";
 
 QListWidget* listOf(const OpenPage& page)
 {
-    return page.control<QListWidget>("pathsListBox");
+    return page.control<QListWidget>(kList);
 }
 
 /// The items of a list or combo box, as the action stores text.
@@ -82,181 +45,186 @@ QPoint rowCentre(QListWidget* list, int row)
     return list->visualItemRect(list->item(row)).center();
 }
 
-/// Fills whichever editor opened from the step and presses OK, or Cancel for no text.
-void answerEditor(const Step& step)
+/// The view path editor showing `shown`; `typed` and OK, or Cancel for nullptr.
+Step viewEditor(const char* shown, const char* typed)
 {
-    answerModal([step](QWidget* dialog) {
-        if (auto* path = dialog->findChild<QLineEdit*>("txtExternalPath")) {
-            EXPECT_EQ(dialog->objectName(), "TClearCaseEditViewPathForm");
-            EXPECT_EQ(dialog->windowTitle(), "Edit View/Component Path");
-            if (step.shown) {
-                EXPECT_EQ(path->text().toStdString(), step.shown);
-            }
-            if (step.text)
-                type(path, step.text);
-        } else {
-            EXPECT_EQ(dialog->objectName(), "TClearCaseEditExtendedPathNameForm");
-            EXPECT_EQ(dialog->windowTitle(), "Extended Path Name");
-            auto* element = dialog->findChild<QComboBox*>("txtElement");
-            auto* selector = dialog->findChild<QComboBox*>("txtSelector");
-            if (step.shown) {
-                EXPECT_EQ(element->currentText().toStdString(), step.shown);
-            }
-            if (step.shownSelector) {
-                EXPECT_EQ(selector->currentText().toStdString(), step.shownSelector);
-            }
-            if (step.text) {
-                type(element, step.text);
-                type(selector, step.selector ? step.selector : "");
-            }
-        }
-        pressButton(dialog, step.text ? "OK" : "Cancel");
-    });
+    return answerEditor("TClearCaseEditViewPathForm", "Edit View/Component Path", {{"txtExternalPath", shown, typed}},
+                        typed != nullptr);
 }
 
-/// Clicks the item of the open popup menu as a user does.
-void chooseMenuItem(const OpenPage& page, const char* actionName)
+/// The extended path editor: element and selector shown, typed and OK, or Cancel for no element.
+Step extendedEditor(const char* shown, const char* typed, const char* shownSelector = nullptr, const char* typedSelector = "")
 {
-    auto* menu = page.control<QMenu>("PopupMenu1");
-    ASSERT_TRUE(menu->isVisible()) << "the Add menu is not open";
-    auto* action = page.control<QAction>(actionName);
-    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(action).center());
+    return answerEditor("TClearCaseEditExtendedPathNameForm", "Extended Path Name",
+                        {{"txtElement", shown, typed}, {"txtSelector", shownSelector, typed ? typedSelector : nullptr}},
+                        typed != nullptr);
 }
 
-void run(const OpenPage& page, BrowseAnswers& browse, const Step& step)
+const Step kAdd = clickOn("addButton");
+const Step kEdit = clickOn("editButton");
+const Step kRemove = clickOn("remButton");
+const Step kDirectory = chooseMenuItem("PopupMenu1", "menuDir");
+const Step kFile = chooseMenuItem("PopupMenu1", "menuFile");
+Step pick(int row) { return pickRow(kList, row); }
+Step key(int code) { return pressKey(kList, code); }
+
+/// Edit and Remove enabled, and the list's lines, after the steps.
+std::vector<Shown> listShown(bool editAndRemoveEnabled, const char* lines = nullptr)
 {
-    QListWidget* list = listOf(page);
-    switch (step.op) {
-    case Op::Add:
-        if (page.widget()->objectName() == kExtendedPage)
-            answerEditor(step);
-        click(page.control<QPushButton>("addButton"));
-        break;
-    case Op::ChooseDirectory:
-    case Op::ChooseFile:
-        browse.next(step.text ? std::optional<std::string>(step.text) : std::nullopt);
-        chooseMenuItem(page, step.op == Op::ChooseDirectory ? "menuDir" : "menuFile");
-        break;
-    case Op::Select:
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, rowCentre(list, step.row));
-        break;
-    case Op::Edit:
-        answerEditor(step);
-        click(page.control<QPushButton>("editButton"));
-        break;
-    case Op::DoubleClick:
-        answerEditor(step);
-        // A double click's first click selects; the test library sends only the second.
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, rowCentre(list, step.row));
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, rowCentre(list, step.row));
-        break;
-    case Op::Remove:
-        click(page.control<QPushButton>("remButton"));
-        break;
-    case Op::Key:
-        QTest::keyClick(list, static_cast<Qt::Key>(step.key));
-        break;
-    case Op::ClickBlank:
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(10, list->viewport()->height() - 4));
-        break;
-    }
+    return {{"editButton", {}, editAndRemoveEnabled}, {"remButton", {}, editAndRemoveEnabled}, {kList, {}, {}, nullptr, lines}};
 }
 
-/// A fake ClearCase, its own user.ini and answered browsers for every test here.
-class PathPages {
-protected:
-    wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
-    BrowseAnswers browse;
-    TClearCaseCheckoutAction action;
-
-    PathPages() { action.SetIdentity(kCheckOut); }
-    std::vector<std::string> browsed() const
-    {
-        std::vector<std::string> result;
-        for (const auto& request : browse.requests())
-            result.push_back(request.caption + "|" + request.initialDir + "|" + request.file.filter);
-        return result;
-    }
-};
-
-// ---------------------------------------------------------------------------------------------
-
-struct ViewPathCase {
-    const char* name;
-    const char* stored;
-    std::vector<std::string> listed; // the lines right after opening
-    std::vector<Step> steps;
-    const char* written;
-    std::vector<std::string> browsed; // "caption|start|filter"
-    const char* lastViewDirectory;    // it is "/views/last" before
-    bool editAndRemoveEnabled;        // after the steps
-};
-
-void PrintTo(const ViewPathCase& c, std::ostream* os)
+Properties paths(const char* storage)
 {
-    *os << c.name;
+    return {{"PathNameStorageString", storage}};
 }
 
-class ViewPathPage : public PathPages, public ::testing::TestWithParam<ViewPathCase> {};
+Browsed directoryBrowse() { return {"/views/last", "Select Directory"}; }
+Browsed fileBrowse() { return {"/views/last", "Select File"}; }
+
+std::function<void(const OpenPage&)> lastViewDirectory(const char* folder)
+{
+    return [folder](const OpenPage&) { EXPECT_EQ(CCGetLastViewDirectory(), folder); };
+}
+
+/// Rows on the check-out action, whose path lists are remembered from "/views/last".
+class ViewPathPage : public ::testing::TestWithParam<PageCase> {};
 
 TEST_P(ViewPathPage, RoundTrip)
 {
-    const ViewPathCase& c = GetParam();
-    CCSetLastViewDirectory("/views/last");
-    setProperty(action, "PathNameStorageString", c.stored);
-    OpenPage page(kViewPage, action);
-    EXPECT_EQ(page.page().PageName(), "Pathnames");
-    EXPECT_EQ(texts(listOf(page)), c.listed);
-    EXPECT_FALSE(page.control<QPushButton>("editButton")->isEnabled());
-    EXPECT_FALSE(page.control<QPushButton>("remButton")->isEnabled());
-    for (const Step& step : c.steps)
-        run(page, browse, step);
-    EXPECT_EQ(page.control<QPushButton>("editButton")->isEnabled(), c.editAndRemoveEnabled);
-    EXPECT_EQ(page.control<QPushButton>("remButton")->isEnabled(), c.editAndRemoveEnabled);
-    EXPECT_EQ(browsed(), c.browsed);
-    EXPECT_EQ(CCGetLastViewDirectory(), c.lastViewDirectory);
-    page.accept();
-    EXPECT_EQ(property(action, "PathNameStorageString"), c.written);
+    PageCase c = GetParam();
+    c.setUp = [](wftest::FakeCleartool&) { CCSetLastViewDirectory("/views/last"); };
+    if (!c.check)
+        c.check = lastViewDirectory("/views/last");
+    const auto action = c.makeAction ? c.makeAction() : catalogueAction("CC_CHECKOUT");
+    runPageCase(kViewPage, *action, "Pathnames", c);
 }
 
-const ViewPathCase kViewPathCases[] = {
-    {"AddDirectoryAppendsAndIsRemembered", "src/a.c\r\n", {"src/a.c"}, {add(), chooseDirectory("/views/new")},
-     "src/a.c\r\n/views/new\r\n", {"Select Directory|/views/last|"}, "/views/new", false},
-    {"AddFileRemembersItsFolder", "src/a.c\r\n", {"src/a.c"}, {add(), chooseFile("/views/v/src/main.c")},
-     "src/a.c\r\n/views/v/src/main.c\r\n", {"Select File|/views/last|"}, "/views/v/src", false},
-    {"FileAtTheRootRemembersTheRoot", "", {}, {add(), chooseFile("/main.c")}, "/main.c\r\n",
-     {"Select File|/views/last|"}, "/", false},
-    {"CancelledBrowsesAddNothing", "src/a.c\r\n", {"src/a.c"},
-     {add(), chooseDirectory(nullptr), add(), chooseFile(nullptr)}, "src/a.c\r\n",
-     {"Select Directory|/views/last|", "Select File|/views/last|"}, "/views/last", false},
-    {"SamePathMayBeAddedTwice", "/views/a\r\n", {"/views/a"}, {add(), chooseDirectory("/views/a")},
-     "/views/a\r\n/views/a\r\n", {"Select Directory|/views/last|"}, "/views/a", false},
-    {"EditReplacesTheSelectedPath", "/views/a\r\n/views/b\r\n", {"/views/a", "/views/b"},
-     {select(1), edit("/views/b", "/views/c")}, "/views/a\r\n/views/c\r\n", {}, "/views/last", true},
-    {"CancelledEditKeepsThePath", "/views/a\r\n/views/b\r\n", {"/views/a", "/views/b"},
-     {select(0), edit("/views/a", nullptr)}, "/views/a\r\n/views/b\r\n", {}, "/views/last", true},
-    {"DoubleClickEditsTheLine", "/views/a\r\n/views/b\r\n", {"/views/a", "/views/b"},
-     {doubleClick(0, "/views/a", "/views/z")}, "/views/z\r\n/views/b\r\n", {}, "/views/last", true},
-    {"RemovingTheOnlyLineLeavesButtonsUntilNextClick", "/views/a\r\n", {"/views/a"}, {select(0), remove()}, "", {},
-     "/views/last", true},
-    {"NextClickAfterRemovingDisablesButtons", "/views/a\r\n", {"/views/a"}, {select(0), remove(), clickBlank()}, "",
-     {}, "/views/last", false},
-    {"RemoveWithNothingSelectedRemovesNothing", "/views/a\r\n/views/b\r\n", {"/views/a", "/views/b"},
-     {select(0), remove(), remove()}, "/views/b\r\n", {}, "/views/last", true},
-    {"DeleteKeyRemovesAndRefreshesAtOnce", "/views/a\r\n/views/b\r\n", {"/views/a", "/views/b"},
-     {select(0), key(Qt::Key_Delete)}, "/views/b\r\n", {}, "/views/last", false},
-    {"BackspaceRemovesToo", "/views/a\r\n", {"/views/a"}, {select(0), key(Qt::Key_Backspace)}, "", {}, "/views/last",
-     false},
-    {"OtherKeysRemoveNothing", "/views/a\r\n", {"/views/a"}, {select(0), key(Qt::Key_A)}, "/views/a\r\n", {},
-     "/views/last", true},
-    {"KeptAlignedAfterRemovingThenEditing", "/views/a\r\n/views/b\r\n/views/c\r\n", {"/views/a", "/views/b", "/views/c"},
-     {select(0), remove(), select(1), edit("/views/c", "/views/d")}, "/views/b\r\n/views/d\r\n", {}, "/views/last", true},
-    {"ExtendedNamesAreNotOnThisPage", "b.c@@/main/1\r\n/views/a\r\n", {"/views/a"}, {select(0), remove()},
-     "b.c@@/main/1\r\n", {}, "/views/last", true},
+const PageCase kViewPathCases[] = {
+    {.name = "AddDirectoryAppendsAndIsRemembered", .given = paths("src/a.c\r\n"), .steps = {kAdd, kDirectory},
+     .shown = listShown(false), .stored = paths("src/a.c\r\n/views/new\r\n"), .answers = {"/views/new"},
+     .browsed = {directoryBrowse()}, .check = lastViewDirectory("/views/new")},
+    {.name = "AddFileRemembersItsFolder", .given = paths("src/a.c\r\n"), .steps = {kAdd, kFile}, .shown = listShown(false),
+     .stored = paths("src/a.c\r\n/views/v/src/main.c\r\n"), .answers = {"/views/v/src/main.c"},
+     .browsed = {fileBrowse()}, .check = lastViewDirectory("/views/v/src")},
+    {.name = "FileAtTheRootRemembersTheRoot", .given = paths(""), .steps = {kAdd, kFile}, .shown = listShown(false),
+     .stored = paths("/main.c\r\n"), .answers = {"/main.c"}, .browsed = {fileBrowse()}, .check = lastViewDirectory("/")},
+    {.name = "CancelledBrowsesAddNothing", .given = paths("src/a.c\r\n"), .steps = {kAdd, kDirectory, kAdd, kFile},
+     .shown = listShown(false, "src/a.c"), .stored = paths("src/a.c\r\n"), .answers = {std::nullopt, std::nullopt},
+     .browsed = {directoryBrowse(), fileBrowse()}},
+    {.name = "SamePathMayBeAddedTwice", .given = paths("/views/a\r\n"), .steps = {kAdd, kDirectory},
+     .shown = listShown(false, "/views/a|/views/a"), .stored = paths("/views/a\r\n/views/a\r\n"), .answers = {"/views/a"},
+     .browsed = {directoryBrowse()}, .check = lastViewDirectory("/views/a")},
+    {.name = "EditReplacesTheSelectedPath", .given = paths("/views/a\r\n/views/b\r\n"),
+     .steps = {pick(1), viewEditor("/views/b", "/views/c"), kEdit}, .shown = listShown(true),
+     .stored = paths("/views/a\r\n/views/c\r\n")},
+    {.name = "CancelledEditKeepsThePath", .given = paths("/views/a\r\n/views/b\r\n"),
+     .steps = {pick(0), viewEditor("/views/a", nullptr), kEdit}, .shown = listShown(true),
+     .stored = paths("/views/a\r\n/views/b\r\n")},
+    {.name = "DoubleClickEditsTheLine", .given = paths("/views/a\r\n/views/b\r\n"),
+     .steps = {viewEditor("/views/a", "/views/z"), doubleClickRow(kList, 0)}, .shown = listShown(true),
+     .stored = paths("/views/z\r\n/views/b\r\n")},
+    {.name = "RemovingTheOnlyLineLeavesButtonsUntilNextClick", .given = paths("/views/a\r\n"), .steps = {pick(0), kRemove},
+     .shown = listShown(true), .stored = paths("")},
+    {.name = "NextClickAfterRemovingDisablesButtons", .given = paths("/views/a\r\n"),
+     .steps = {pick(0), kRemove, clickBlankOf(kList)}, .shown = listShown(false), .stored = paths("")},
+    {.name = "RemoveWithNothingSelectedRemovesNothing", .given = paths("/views/a\r\n/views/b\r\n"),
+     .steps = {pick(0), kRemove, kRemove}, .shown = listShown(true), .stored = paths("/views/b\r\n")},
+    {.name = "DeleteKeyRemovesAndRefreshesAtOnce", .given = paths("/views/a\r\n/views/b\r\n"),
+     .steps = {pick(0), key(Qt::Key_Delete)}, .shown = listShown(false), .stored = paths("/views/b\r\n")},
+    {.name = "BackspaceRemovesToo", .given = paths("/views/a\r\n"), .steps = {pick(0), key(Qt::Key_Backspace)},
+     .shown = listShown(false), .stored = paths("")},
+    {.name = "OtherKeysRemoveNothing", .given = paths("/views/a\r\n"), .steps = {pick(0), key(Qt::Key_A)},
+     .shown = listShown(true), .stored = paths("/views/a\r\n")},
+    {.name = "KeptAlignedAfterRemovingThenEditing", .given = paths("/views/a\r\n/views/b\r\n/views/c\r\n"),
+     .steps = {pick(0), kRemove, pick(1), viewEditor("/views/c", "/views/d"), kEdit}, .shown = listShown(true),
+     .stored = paths("/views/b\r\n/views/d\r\n")},
+    {.name = "ExtendedNamesAreNotOnThisPage", .given = paths("b.c@@/main/1\r\n/views/a\r\n"), .steps = {pick(0), kRemove},
+     .shown = listShown(true, ""), .stored = paths("b.c@@/main/1\r\n")},
+    // The heading names the action the page is on.
+    {.name = "HeadingOnCheckOut", .given = {}, .steps = {},
+     .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to check out"}}, .stored = {}},
+    {.name = "HeadingOnLock", .given = {}, .steps = {},
+     .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to lock (paths)"}}, .stored = {},
+     .makeAction = [] { return catalogueAction("CC_LOCK"); }},
+    {.name = "HeadingUnderLT", .given = {}, .steps = {},
+     .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to apply label"}}, .stored = {}, .edition = ccLT,
+     .makeAction = [] { return catalogueAction("CC_LABEL"); }},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ViewPathPage, ::testing::ValuesIn(kViewPathCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, ViewPathPage, ::testing::ValuesIn(kViewPathCases), pageCaseName);
+
+/// Every control greyed out, as under ClearCase LT.
+void expectAllGreyed(const OpenPage& page)
+{
+    for (const QWidget* control : page.widget()->findChildren<QWidget*>())
+        if (!control->objectName().startsWith("qt_")) {
+            EXPECT_FALSE(control->isEnabled()) << control->objectName().toStdString();
+        }
+}
+
+Properties extended(const char* storage, const char* useDefaultView, const char* viewPath = "")
+{
+    return {{"PathNameStorageString", storage}, {"UseDefaultViewContext", useDefaultView}, {"ViewContextPath", viewPath}};
+}
+
+class ExtendedPage : public ::testing::TestWithParam<PageCase> {};
+
+TEST_P(ExtendedPage, RoundTrip)
+{
+    const PageCase& c = GetParam();
+    const auto action = c.makeAction ? c.makeAction() : catalogueAction("CC_CHECKOUT");
+    runPageCase(kExtendedPage, *action, "Extended Pathnames", c);
+}
+
+const std::vector<Shown> kCustomViewOffered = {{"btnCustomView", {}, true}};
+
+const PageCase kExtendedCases[] = {
+    {.name = "AddJoinsElementAndSelector", .given = extended("a.c\r\n", "True"),
+     .steps = {extendedEditor(nullptr, "foo.c", nullptr, "/main/3"), kAdd}, .shown = listShown(false, "foo.c@@/main/3"),
+     .stored = extended("a.c\r\nfoo.c@@/main/3\r\n", "True")},
+    {.name = "AddWithoutSelectorGivesTheElement", .given = extended("", "True"), .steps = {extendedEditor(nullptr, "foo.c"), kAdd},
+     .shown = kCustomViewOffered, .stored = extended("foo.c\r\n", "True")},
+    {.name = "CancelledAddAddsNothing", .given = extended("x.c@@/main/1\r\n", "True"),
+     .steps = {extendedEditor(nullptr, nullptr), kAdd}, .shown = listShown(false, "x.c@@/main/1"),
+     .stored = extended("x.c@@/main/1\r\n", "True")},
+    {.name = "EditShowsTheTwoPartsAndClearingTheSelectorLeavesTheElement",
+     .given = extended("foo.c@@/main/3\r\n", "False", "/views/v"),
+     .steps = {pick(0), extendedEditor("foo.c", "foo.c", "/main/3", ""), kEdit}, .shown = listShown(true),
+     .stored = extended("foo.c\r\n", "False", "/views/v")},
+    {.name = "EditSplitsAtTheFirstMark", .given = extended("a@@b@@c\r\n", "True"),
+     .steps = {pick(0), extendedEditor("a", "a", "b@@c", "b@@d"), kEdit}, .shown = listShown(true),
+     .stored = extended("a@@b@@d\r\n", "True")},
+    {.name = "CancelledEditKeepsTheLine", .given = extended("x.c@@/main/1\r\n", "True"),
+     .steps = {pick(0), extendedEditor("x.c", nullptr, "/main/1"), kEdit}, .shown = listShown(true),
+     .stored = extended("x.c@@/main/1\r\n", "True")},
+    {.name = "DeleteKeyRemovesTheLine", .given = extended("x.c@@/main/1\r\ny.c@@/main/2\r\n", "True"),
+     .steps = {pick(1), key(Qt::Key_Delete)}, .shown = listShown(false), .stored = extended("x.c@@/main/1\r\n", "True")},
+    {.name = "RemoveButtonRemovesTheLine", .given = extended("x.c@@/main/1\r\ny.c@@/main/2\r\n", "True"),
+     .steps = {pick(0), kRemove, clickBlankOf(kList)}, .shown = listShown(false),
+     .stored = extended("y.c@@/main/2\r\n", "True")},
+    {.name = "BlankCustomViewIsStoredAsDefault", .given = extended("x.c@@/main/1\r\n", "False"), .steps = {},
+     .shown = kCustomViewOffered, .stored = extended("x.c@@/main/1\r\n", "True")},
+    {.name = "ClearCaseLtWritesEverythingBackUnchanged", .given = extended("a.c\r\nx.c@@/main/1\r\n", "False"), .steps = {},
+     .shown = listShown(false, ""), .stored = extended("a.c\r\nx.c@@/main/1\r\n", "False"), .edition = ccLT,
+     .check = expectAllGreyed},
+    {.name = "ClearCaseLtKeepsACustomView", .given = extended("x.c@@/main/1\r\n", "False", "/views/v"), .steps = {},
+     .shown = {{"txtHeading", {}, {}, "Extended Pathnames (not available in ClearCase LT)"}},
+     .stored = extended("x.c@@/main/1\r\n", "False", "/views/v"), .edition = ccLT, .check = expectAllGreyed},
+    {.name = "HeadingNamesTheAction", .given = {}, .steps = {},
+     .shown = {{"txtHeading", {}, {}, "Extended Pathnames to apply label"}}, .stored = {},
+     .makeAction = [] { return catalogueAction("CC_LABEL"); }},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, ExtendedPage, ::testing::ValuesIn(kExtendedCases), pageCaseName);
+
+/// A fake ClearCase, its own user.ini and answered browsers for the tests that drive the
+/// page's parts directly.
+class PathPages {
+protected:
+    wftest::FakeCleartool cleartool;
+    BrowseAnswers browse;
+    std::unique_ptr<TCustomWFAction> owned = catalogueAction("CC_CHECKOUT");
+    TClearCaseCheckoutAction& action = dynamic_cast<TClearCaseCheckoutAction&>(*owned);
+};
 
 class ViewPathMenu : public PathPages, public ::testing::Test {};
 
@@ -329,123 +297,6 @@ const LongPathCase kLongPathCases[] = {
      "/offer.h"},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, LongPath, ::testing::ValuesIn(kLongPathCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// ---------------------------------------------------------------------------------------------
-
-struct HeadingCase {
-    const char* name;
-    const char* pageClass;
-    const TClearCaseActionIdentity* identity;
-    bool clearCaseLT;
-    const char* heading;
-};
-
-void PrintTo(const HeadingCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class Heading : public PathPages, public ::testing::TestWithParam<HeadingCase> {};
-
-TEST_P(Heading, CompletedWithTheActionNameAndBevelEndsAtTheRightEdge)
-{
-    const HeadingCase& c = GetParam();
-    cleartool.options().SetClearCaseType(c.clearCaseLT ? ccLT : ccFull);
-    action.SetIdentity(*c.identity);
-    OpenPage page(c.pageClass, action);
-    auto* label = page.control<QLabel>("txtHeading");
-    auto* bevel = page.control<QWidget>("Bevel1");
-    EXPECT_EQ(label->text().toStdString(), c.heading);
-    EXPECT_EQ(bevel->x(), label->x() + label->width() + 8);
-    EXPECT_EQ(bevel->geometry().right() + 1, 497);
-}
-
-const HeadingCase kHeadingCases[] = {
-    {"ViewPathsCheckOut", kViewPage, &kCheckOut, false, "View-Extended Pathnames to check out"},
-    {"ViewPathsLock", kViewPage, &kLockPaths, false, "View-Extended Pathnames to lock (paths)"},
-    {"ViewPathsUnderLT", kViewPage, &kApplyLabel, true, "View-Extended Pathnames to apply label"},
-    {"ExtendedApplyLabel", kExtendedPage, &kApplyLabel, false, "Extended Pathnames to apply label"},
-    {"ExtendedUnderLT", kExtendedPage, &kCheckOut, true, kLtHeading},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, Heading, ::testing::ValuesIn(kHeadingCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// ---------------------------------------------------------------------------------------------
-
-struct ExtendedCase {
-    const char* name;
-    bool clearCaseLT;
-    const char* stored;
-    const char* useDefaultView;
-    const char* viewPath;
-    std::vector<std::string> listed; // the lines right after opening
-    std::vector<Step> steps;
-    const char* written;
-    const char* writtenUseDefaultView;
-    bool editAndRemoveEnabled; // after the steps
-};
-
-void PrintTo(const ExtendedCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class ExtendedPage : public PathPages, public ::testing::TestWithParam<ExtendedCase> {};
-
-TEST_P(ExtendedPage, RoundTrip)
-{
-    const ExtendedCase& c = GetParam();
-    cleartool.options().SetClearCaseType(c.clearCaseLT ? ccLT : ccFull);
-    setProperty(action, "PathNameStorageString", c.stored);
-    setProperty(action, "UseDefaultViewContext", c.useDefaultView);
-    setProperty(action, "ViewContextPath", c.viewPath);
-    OpenPage page(kExtendedPage, action);
-    EXPECT_EQ(page.page().PageName(), "Extended Pathnames");
-    EXPECT_EQ(texts(listOf(page)), c.listed);
-    std::vector<std::string> enabled;
-    for (const QWidget* control : page.widget()->findChildren<QWidget*>())
-        if (control->isEnabled() && !control->objectName().startsWith("qt_"))
-            enabled.push_back(control->objectName().toStdString());
-    if (c.clearCaseLT)
-        EXPECT_EQ(enabled, std::vector<std::string>{}) << "every control is greyed out under ClearCase LT";
-    else
-        EXPECT_NE(std::find(enabled.begin(), enabled.end(), "btnCustomView"), enabled.end());
-    for (const Step& step : c.steps)
-        run(page, browse, step);
-    EXPECT_EQ(page.control<QPushButton>("editButton")->isEnabled(), c.editAndRemoveEnabled);
-    EXPECT_EQ(page.control<QPushButton>("remButton")->isEnabled(), c.editAndRemoveEnabled);
-    page.accept();
-    EXPECT_EQ(property(action, "PathNameStorageString"), c.written);
-    EXPECT_EQ(property(action, "UseDefaultViewContext"), c.writtenUseDefaultView);
-    EXPECT_EQ(property(action, "ViewContextPath"), c.viewPath);
-    EXPECT_TRUE(cleartool.calls().empty());
-}
-
-const ExtendedCase kExtendedCases[] = {
-    {"AddJoinsElementAndSelector", false, "a.c\r\n", "True", "", {}, {add("foo.c", "/main/3")},
-     "a.c\r\nfoo.c@@/main/3\r\n", "True", false},
-    {"AddWithoutSelectorGivesTheElement", false, "", "True", "", {}, {add("foo.c", "")}, "foo.c\r\n", "True", false},
-    {"CancelledAddAddsNothing", false, "x.c@@/main/1\r\n", "True", "", {"x.c@@/main/1"}, {add()},
-     "x.c@@/main/1\r\n", "True", false},
-    {"EditShowsTheTwoPartsAndClearingTheSelectorLeavesTheElement", false, "foo.c@@/main/3\r\n", "False", "/views/v",
-     {"foo.c@@/main/3"}, {select(0), edit("foo.c", "foo.c", "/main/3", "")}, "foo.c\r\n", "False", true},
-    {"EditSplitsAtTheFirstMark", false, "a@@b@@c\r\n", "True", "", {"a@@b@@c"},
-     {select(0), edit("a", "a", "b@@c", "b@@d")}, "a@@b@@d\r\n", "True", true},
-    {"CancelledEditKeepsTheLine", false, "x.c@@/main/1\r\n", "True", "", {"x.c@@/main/1"},
-     {select(0), edit("x.c", nullptr, "/main/1")}, "x.c@@/main/1\r\n", "True", true},
-    {"DeleteKeyRemovesTheLine", false, "x.c@@/main/1\r\ny.c@@/main/2\r\n", "True", "", {"x.c@@/main/1", "y.c@@/main/2"},
-     {select(1), key(Qt::Key_Delete)}, "x.c@@/main/1\r\n", "True", false},
-    {"RemoveButtonRemovesTheLine", false, "x.c@@/main/1\r\ny.c@@/main/2\r\n", "True", "",
-     {"x.c@@/main/1", "y.c@@/main/2"}, {select(0), remove(), clickBlank()}, "y.c@@/main/2\r\n", "True", false},
-    {"BlankCustomViewIsStoredAsDefault", false, "x.c@@/main/1\r\n", "False", "", {"x.c@@/main/1"}, {},
-     "x.c@@/main/1\r\n", "True", false},
-    {"ClearCaseLtWritesEverythingBackUnchanged", true, "a.c\r\nx.c@@/main/1\r\n", "False", "", {}, {},
-     "a.c\r\nx.c@@/main/1\r\n", "False", false},
-    {"ClearCaseLtKeepsACustomView", true, "x.c@@/main/1\r\n", "False", "/views/v", {}, {}, "x.c@@/main/1\r\n", "False",
-     false},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, ExtendedPage, ::testing::ValuesIn(kExtendedCases),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // ---------------------------------------------------------------------------------------------

@@ -33,13 +33,6 @@ using wfpage::Shown;
 const char* const kUseCurrent = "Use the Current Activity for the view";
 const char* const kSetNone = "Set Current Activity to None (-none)";
 
-class ActivitySelectorPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(ActivitySelectorPage, RoundTrip)
-{
-    runPageCase<TClearCaseCheckInActivityAction>("TClearCaseActivitySelectorFrame", "Activity", GetParam());
-}
-
 const PageCase kSelectorRows[] = {
     {.name = "CurrentActivityDisablesCombosButKeepsNameAndVob",
      .given = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
@@ -64,16 +57,22 @@ const PageCase kSelectorRows[] = {
      .shown = {{"btnCurrentActivity", false}, {"txtActivityName", {}, true}, {"txtVOBSelector", {}, true}},
      .stored = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix3"}, {"VOBSelector", "/vobs/pvob"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ActivitySelectorPage, ::testing::ValuesIn(kSelectorRows), wfpage::pageCaseName);
+WF_PAGE_TABLE(ActivitySelectorPage, TClearCaseCheckInActivityAction,
+              "TClearCaseActivitySelectorFrame", "Activity", kSelectorRows);
 
-/// On the set-activity action the first choice means no current activity at all.
-class SetActivitySelectorPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(SetActivitySelectorPage, RoundTrip)
+/// Two drop-downs of a VOB list holding a typed VOB, and the lsvob runs they make.
+PageCase vobListRow(const char* name, const char* control, const char* lsvob, const char* listed, size_t queries)
 {
-    runPageCase<TClearCaseSetActivityAction>("TClearCaseActivitySelectorFrame", "Activity", GetParam());
+    return {.name = name,
+            .given = {{"VOBSelector", "/vobs/typed"}},
+            .steps = {dropDownOf(control), dropDownOf(control)},
+            .shown = {{control, {}, {}, "/vobs/typed", listed}},
+            .stored = {},
+            .responses = {{"lsvob -short", lsvob}},
+            .calls = std::vector<std::string>(queries, "lsvob -short")};
 }
 
+/// On the set-activity action the first choice means no current activity at all.
 const PageCase kSetActivityRows[] = {
     {.name = "ChoosingNoneLeavesUseCurrentAlone",
      .given = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix1"}},
@@ -95,14 +94,18 @@ const PageCase kSetActivityRows[] = {
      .steps = {clickOn("btnCustomActivity")},
      .shown = {{"txtActivityName", {}, true}},
      .stored = {{"SetActivityToNone", "False"}, {"UseCurrentActivity", "True"}}},
+    // The VOB list is asked for once, unless it came back empty or with a blank first VOB.
+    vobListRow("VobsAskedOnce", "txtVOBSelector", "/vobs/a\n/vobs/pvob\n", "/vobs/a|/vobs/pvob", 1),
+    vobListRow("VobsAskedAgainAfterNone", "txtVOBSelector", "", "", 2),
+    vobListRow("VobsAskedAgainAfterBlankFirstVob", "txtVOBSelector", "\n/vobs/pvob\n", "|/vobs/pvob", 2),
 };
-INSTANTIATE_TEST_SUITE_P(Cases, SetActivitySelectorPage, ::testing::ValuesIn(kSetActivityRows), wfpage::pageCaseName);
+WF_PAGE_TABLE(SetActivitySelectorPage, TClearCaseSetActivityAction,
+              "TClearCaseActivitySelectorFrame", "Activity", kSetActivityRows);
 
 /// The activity list asks the view the page shows, and only a view that is there.
 class ActivitySelectorQueries : public ::testing::Test {
 protected:
     wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
     std::string view = cleartool.temp().path() + "/views/dev";
     TClearCaseCheckInActivityAction action;
 
@@ -148,13 +151,6 @@ TEST_F(ActivitySelectorQueries, MissingDefaultViewKeepsTheListAndAsksNothing)
 
 // ---- Make activity ----
 
-class MakeActivityPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(MakeActivityPage, RoundTrip)
-{
-    runPageCase<TClearCaseMakeActivityAction>("TClearCaseMakeActivityFrame", "Activity", GetParam());
-}
-
 const wfpage::Properties kCustomView = {{"UseDefaultViewContext", "False"}, {"ViewContextPath", "/views/dev"}};
 
 // Choosing the generated name leaves the name and VOB to edit, and the name is stored.
@@ -186,65 +182,9 @@ const PageCase kMakeActivityRows[] = {
      .given = {{"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}},
      .steps = {typeInto("txtHeadline", ""), clickOn("boxNSet")},
      .shown = {{"boxNSet", false}},
-     .stored = {{"Headline", ""}, {"DontSetAsCurrent", "False"}}},
+     .stored = {{"Headline", ""}, {"DontSetAsCurrent", "False"}}},    vobListRow("VobsAskedOnce", "txtVOBSelector", "/vobs/pvob\n", "/vobs/pvob", 1),
 };
-INSTANTIATE_TEST_SUITE_P(Cases, MakeActivityPage, ::testing::ValuesIn(kMakeActivityRows), wfpage::pageCaseName);
-
-// ---- VOB lists ----
-
-struct VobListCase {
-    const char* name;
-    const char* pageClass;
-    std::unique_ptr<TClearCaseBaseAction> (*make)();
-    const char* control;
-    const char* lsvobOutput;
-    size_t expectQueries; // after two drop-downs
-};
-
-void PrintTo(const VobListCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-template <typename T>
-std::unique_ptr<TClearCaseBaseAction> makeAction()
-{
-    return std::make_unique<T>();
-}
-
-class VobList : public ::testing::TestWithParam<VobListCase> {};
-
-TEST_P(VobList, QueriesAsOftenAsThePageWants)
-{
-    const VobListCase& c = GetParam();
-    wftest::FakeCleartool cleartool;
-    cleartool.respond("lsvob -short", c.lsvobOutput);
-    auto action = c.make();
-    action->SetVOBSelector("/vobs/typed");
-    OpenPage page(c.pageClass, *action);
-    auto* list = page.control<QComboBox>(c.control);
-    dropDown(list);
-    dropDown(list);
-    QStringList expected = QString(c.lsvobOutput).split('\n');
-    expected.removeLast();
-    EXPECT_EQ(items(list), expected);
-    EXPECT_EQ(text(list), "/vobs/typed");
-    EXPECT_EQ(cleartool.calls(), std::vector<std::string>(c.expectQueries, cleartool.folder() + "|lsvob -short"));
-}
-
-const VobListCase kVobListCases[] = {
-    {"SelectorAsksOnce", "TClearCaseActivitySelectorFrame", makeAction<TClearCaseSetActivityAction>, "txtVOBSelector",
-     "/vobs/a\n/vobs/pvob\n", 1},
-    {"SelectorAsksAgainAfterNoVobs", "TClearCaseActivitySelectorFrame", makeAction<TClearCaseSetActivityAction>,
-     "txtVOBSelector", "", 2},
-    {"SelectorAsksAgainAfterBlankFirstVob", "TClearCaseActivitySelectorFrame", makeAction<TClearCaseSetActivityAction>,
-     "txtVOBSelector", "\n/vobs/pvob\n", 2},
-    {"MakeActivityAsksOnce", "TClearCaseMakeActivityFrame", makeAction<TClearCaseMakeActivityAction>, "txtVOBSelector",
-     "/vobs/pvob\n", 1},
-    {"FromLabelAsksEveryTime", "TClearCaseMakeBaselineFromLabelFrame", makeAction<TClearCaseMakeBaselineFromLabelAction>,
-     "txtVOB", "/vobs/a\n/vobs/b\n", 2},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, VobList, ::testing::ValuesIn(kVobListCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+WF_PAGE_TABLE(MakeActivityPage, TClearCaseMakeActivityAction,
+              "TClearCaseMakeActivityFrame", "Activity", kMakeActivityRows);
 
 } // namespace

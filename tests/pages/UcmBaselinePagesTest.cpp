@@ -8,10 +8,8 @@
 #include "FakeCleartool.h"
 
 #include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -38,17 +36,6 @@ QStringList checkedItems(QListWidget* list)
         if (list->item(i)->checkState() == Qt::Checked)
             result << list->item(i)->text();
     return result;
-}
-
-/// A double click on the item's text, as a user gives it.
-void doubleClick(QListWidget* list, const QString& text)
-{
-    QListWidgetItem* item = itemOf(list, text);
-    list->setCurrentItem(item);
-    const QPoint where = list->visualItemRect(item).center();
-    // The press of a double click comes first, as a click.
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, where);
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, where);
 }
 
 /// ClearCase with two VOBs of components, and views whose stream activities a test sets.
@@ -84,7 +71,6 @@ public:
     }
 
     wftest::FakeCleartool cleartool;
-    wftest::ScopedEnv config{"WF_CONFIG_DIR", cleartool.temp().path()};
     // The stream query is the one the responses leave unanswered: it reads this file.
     std::string streamFile = cleartool.temp().file("stream.txt");
     wftest::ScopedEnv streamOutput{"WF_FAKE_OUTPUT", streamFile};
@@ -96,147 +82,93 @@ public:
 
 // ---- New Baseline ----
 
-struct BaselineCase {
-    const char* name;
-    const char* selection;
-    const char* components;
-    const char* activities;
-    bool useTemplate;
-    const char* rootName;
-    const char* clickRadio;    // nullptr: none
-    const char* typedRootName; // nullptr: left alone
-    std::vector<const char*> toggle; // items toggled by their check marks, components or activities
-    bool expectComponentsEnabled;
-    bool expectActivitiesEnabled;
-    bool expectTemplateChecked; // after the clicks and typing
-    const char* storedSelection;
-    const char* storedComponents;
-    const char* storedActivities;
-    const char* storedTemplate;
-    const char* storedRootName;
+constexpr const char* kView = "/tmp"; // any folder that is there: the activities are asked in it
+constexpr const char* kComponents = "boxComponents"; // core@/vobs/a, ui@/vobs/a, tools@/vobs/b
+constexpr const char* kActivities = "boxActivities"; // fix1@/vobs/pvob, fix2@/vobs/pvob
+
+/// The choices a new-baseline row is given or stores, in a custom view.
+Properties baseline(const char* selection, const char* components, const char* activities, const char* useTemplate,
+                    const char* rootName)
+{
+    return {{"SelectionType", selection},      {"ComponentSelectorStorageString", components},
+            {"ActivitySelectorStorageString", activities}, {"UseBaselineNameTemplate", useTemplate},
+            {"BaselineRootName", rootName},   {"UseDefaultViewContext", "False"},
+            {"ViewContextPath", kView}};
+}
+
+/// Every component of every VOB in VOB order (component order within a VOB), the view's
+/// activities, which list is enabled, and the name choice.
+std::vector<Shown> baselineShown(bool components, bool activities, bool useTemplate)
+{
+    return {{kComponents, {}, components, nullptr, "core@/vobs/a|ui@/vobs/a|tools@/vobs/b"},
+            {kActivities, {}, activities, nullptr, "fix1@/vobs/pvob|fix2@/vobs/pvob"},
+            {"btnUseBaselineNameTemplate", useTemplate},
+            {"btnUseRootName", !useTemplate}};
+}
+
+const std::vector<Response> kBaselineWorld = {
+    {"lsvob -short", "/vobs/a\n/vobs/b\n"},
+    {"lscomp -short -invob /vobs/a", "ui\ncore\n"},
+    {"lscomp -short -invob /vobs/b", "tools\n"},
+    {"lsstream -long -cview",
+     "stream \"dev\"\n  title: dev\n  contains activities:\n    fix1@/vobs/pvob\n    fix2@/vobs/pvob\n  views:\n    dev_view\n"}};
+
+/// Components are asked once per VOB, activities in the view, when the page reads.
+const std::vector<std::string> kBaselineQueries = {"lsvob -short", "lscomp -short -invob /vobs/a",
+                                                   "lscomp -short -invob /vobs/b",
+                                                   std::string(kView) + "|lsstream -long -cview"};
+
+PageCase baselineRow(PageCase row)
+{
+    row.responses = kBaselineWorld;
+    row.calls = kBaselineQueries;
+    return row;
+}
+
+const PageCase kBaselineCases[] = {
+    baselineRow({.name = "AllDisablesBothLists", .given = baseline("slAll", "", "", "True", ""), .steps = {},
+                 .shown = baselineShown(false, false, true), .stored = baseline("slAll", "", "", "True", "")}),
+    baselineRow({.name = "StoredComponentsCheckedIgnoringCaseUnknownDropped",
+                 .given = baseline("slComponents", "CORE@/vobs/a\r\nghost@/vobs/z\r\n", "", "True", ""), .steps = {},
+                 .shown = baselineShown(true, false, true),
+                 .stored = baseline("slComponents", "core@/vobs/a\r\n", "", "True", "")}),
+    baselineRow({.name = "CheckedComponentsStoredInListOrder", .given = baseline("slAll", "", "", "True", ""),
+                 .steps = {clickOn("btnComponents"), tickRow(kComponents, 2), tickRow(kComponents, 1)},
+                 .shown = baselineShown(true, false, true),
+                 .stored = baseline("slComponents", "ui@/vobs/a\r\ntools@/vobs/b\r\n", "", "True", "")}),
+    baselineRow({.name = "UncheckingTheOnlyComponent", .given = baseline("slComponents", "ui@/vobs/a\r\n", "", "True", ""),
+                 .steps = {tickRow(kComponents, 1)}, .shown = baselineShown(true, false, true),
+                 .stored = baseline("slComponents", "", "", "True", "")}),
+    baselineRow({.name = "CheckedActivitiesStoredInListOrder", .given = baseline("slAll", "", "fix2@/vobs/pvob\r\n", "True", ""),
+                 .steps = {clickOn("btnActivities"), tickRow(kActivities, 0)}, .shown = baselineShown(false, true, true),
+                 .stored = baseline("slActivities", "", "fix1@/vobs/pvob\r\nfix2@/vobs/pvob\r\n", "True", "")}),
+    baselineRow({.name = "SelectedActivityTheViewLacksIsDropped",
+                 .given = baseline("slActivities", "", "gone@/vobs/pvob\r\nfix1@/vobs/pvob\r\n", "True", ""),
+                 .steps = {tickRow(kActivities, 1), tickRow(kActivities, 1)}, .shown = baselineShown(false, true, true),
+                 .stored = baseline("slActivities", "", "fix1@/vobs/pvob\r\n", "True", "")}),
+    baselineRow({.name = "ListsKeepChecksWhenAllChosen",
+                 .given = baseline("slActivities", "core@/vobs/a\r\n", "fix1@/vobs/pvob\r\n", "True", ""),
+                 .steps = {clickOn("btnAll")}, .shown = baselineShown(false, false, true),
+                 .stored = baseline("slAll", "core@/vobs/a\r\n", "fix1@/vobs/pvob\r\n", "True", "")}),
+    // A double click toggles the row it lands on.
+    baselineRow({.name = "DoubleClickToggles", .given = baseline("slComponents", "", "", "True", ""),
+                 .steps = {doubleClickRow(kComponents, 1), clickOn("btnActivities"), doubleClickRow(kActivities, 1),
+                           doubleClickRow(kActivities, 0), doubleClickRow(kActivities, 0)},
+                 .shown = {}, .stored = baseline("slActivities", "ui@/vobs/a\r\n", "fix2@/vobs/pvob\r\n", "True", "")}),
+    baselineRow({.name = "TypingRootNameSelectsRootName", .given = baseline("slAll", "", "", "True", ""),
+                 .steps = {typeInto("txtBaselineRootName", "BL_%N%")}, .shown = baselineShown(false, false, false),
+                 .stored = baseline("slAll", "", "", "False", "BL_%N%")}),
+    baselineRow({.name = "NoRootNameReopensOnTemplate", .given = baseline("slAll", "", "", "False", ""), .steps = {},
+                 .shown = baselineShown(false, false, true), .stored = baseline("slAll", "", "", "True", "")}),
+    baselineRow({.name = "StoredRootNameOpensOnRootName", .given = baseline("slAll", "", "", "False", "REL2"), .steps = {},
+                 .shown = {{"btnUseRootName", true}, {"txtBaselineRootName", {}, true}},
+                 .stored = baseline("slAll", "", "", "False", "REL2")}),
+    baselineRow({.name = "TemplateChosenKeepsRootName", .given = baseline("slAll", "", "", "False", "REL2"),
+                 .steps = {clickOn("btnUseBaselineNameTemplate")},
+                 .shown = {{"btnUseBaselineNameTemplate", true}, {"txtBaselineRootName", {}, false}},
+                 .stored = baseline("slAll", "", "", "True", "REL2")}),
 };
-
-void PrintTo(const BaselineCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-class NewBaselinePage : public ::testing::TestWithParam<BaselineCase> {};
-
-TEST_P(NewBaselinePage, RoundTrip)
-{
-    const BaselineCase& c = GetParam();
-    BaselineWorld world;
-    TClearCaseMakeBaselineAction action;
-    setProperty(action, "SelectionType", c.selection);
-    setProperty(action, "ComponentSelectorStorageString", c.components);
-    setProperty(action, "ActivitySelectorStorageString", c.activities);
-    action.SetUseBaselineNameTemplate(c.useTemplate);
-    action.SetBaselineRootName(c.rootName);
-    action.SetUseDefaultViewContext(false);
-    action.SetViewContextPath(world.view1);
-    OpenPage page("TClearCaseMakeBaselineFrame", action);
-    EXPECT_EQ(page.page().PageName(), "New Baseline");
-    auto* components = page.control<QListWidget>("boxComponents");
-    auto* activities = page.control<QListWidget>("boxActivities");
-    // Every component of every VOB, in VOB order, component order within a VOB.
-    EXPECT_EQ(items(components), QStringList({"core@/vobs/a", "ui@/vobs/a", "tools@/vobs/b"}));
-    EXPECT_EQ(items(activities), QStringList({"fix1@/vobs/pvob", "fix2@/vobs/pvob"}));
-    if (c.clickRadio)
-        click(page.control<QRadioButton>(c.clickRadio));
-    if (c.typedRootName)
-        type(page.control<QLineEdit>("txtBaselineRootName"), c.typedRootName);
-    for (const char* name : c.toggle) {
-        QListWidget* list = QString(name).startsWith("fix") ? activities : components;
-        QListWidgetItem* item = itemOf(list, name);
-        item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
-    }
-    EXPECT_EQ(components->isEnabled(), c.expectComponentsEnabled);
-    EXPECT_EQ(activities->isEnabled(), c.expectActivitiesEnabled);
-    EXPECT_EQ(page.control<QRadioButton>("btnUseBaselineNameTemplate")->isChecked(), c.expectTemplateChecked);
-    EXPECT_NE(page.control<QRadioButton>("btnUseRootName")->isChecked(), c.expectTemplateChecked);
-    page.accept();
-    EXPECT_EQ(property(action, "SelectionType"), c.storedSelection);
-    EXPECT_EQ(property(action, "ComponentSelectorStorageString"), c.storedComponents);
-    EXPECT_EQ(property(action, "ActivitySelectorStorageString"), c.storedActivities);
-    EXPECT_EQ(property(action, "UseBaselineNameTemplate"), c.storedTemplate);
-    EXPECT_EQ(property(action, "BaselineRootName"), c.storedRootName);
-    EXPECT_EQ(property(action, "ViewContextPath"), world.view1);
-}
-
-const BaselineCase kBaselineCases[] = {
-    {"AllDisablesBothLists", "slAll", "", "", true, "", nullptr, nullptr, {}, false, false, true, "slAll", "", "", "True",
-     ""},
-    {"StoredComponentsCheckedIgnoringCaseUnknownDropped", "slComponents", "CORE@/vobs/a\r\nghost@/vobs/z\r\n", "", true,
-     "", nullptr, nullptr, {}, true, false, true, "slComponents", "core@/vobs/a\r\n", "", "True", ""},
-    {"CheckedComponentsStoredInListOrder", "slAll", "", "", true, "", "btnComponents", nullptr,
-     {"tools@/vobs/b", "ui@/vobs/a"}, true, false, true, "slComponents", "ui@/vobs/a\r\ntools@/vobs/b\r\n", "", "True",
-     ""},
-    {"UncheckingTheOnlyComponent", "slComponents", "ui@/vobs/a\r\n", "", true, "", nullptr, nullptr, {"ui@/vobs/a"}, true,
-     false, true, "slComponents", "", "", "True", ""},
-    {"CheckedActivitiesStoredInListOrder", "slAll", "", "fix2@/vobs/pvob\r\n", true, "", "btnActivities", nullptr,
-     {"fix1@/vobs/pvob"}, false, true, true, "slActivities", "", "fix1@/vobs/pvob\r\nfix2@/vobs/pvob\r\n", "True", ""},
-    {"SelectedActivityTheViewLacksIsDropped", "slActivities", "", "gone@/vobs/pvob\r\nfix1@/vobs/pvob\r\n", true, "",
-     nullptr, nullptr, {"fix2@/vobs/pvob", "fix2@/vobs/pvob"}, false, true, true, "slActivities", "",
-     "fix1@/vobs/pvob\r\n", "True", ""},
-    {"ListsKeepChecksWhenAllChosen", "slActivities", "core@/vobs/a\r\n", "fix1@/vobs/pvob\r\n", true, "", "btnAll",
-     nullptr, {}, false, false, true, "slAll", "core@/vobs/a\r\n", "fix1@/vobs/pvob\r\n", "True", ""},
-    {"TypingRootNameSelectsRootName", "slAll", "", "", true, "", nullptr, "BL_%N%", {}, false, false, false, "slAll", "",
-     "", "False", "BL_%N%"},
-    {"NoRootNameReopensOnTemplate", "slAll", "", "", false, "", nullptr, nullptr, {}, false, false, true, "slAll", "", "",
-     "True", ""},
-    {"StoredRootNameOpensOnRootName", "slAll", "", "", false, "REL2", nullptr, nullptr, {}, false, false, false, "slAll",
-     "", "", "False", "REL2"},
-    {"TemplateChosenKeepsRootName", "slAll", "", "", false, "REL2", "btnUseBaselineNameTemplate", nullptr, {}, false,
-     false, true, "slAll", "", "", "True", "REL2"},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, NewBaselinePage, ::testing::ValuesIn(kBaselineCases),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST(NewBaselinePageLook, RootNameEditFollowsTheNameChoice)
-{
-    BaselineWorld world;
-    TClearCaseMakeBaselineAction action;
-    action.SetBaselineRootName("REL2");
-    OpenPage page("TClearCaseMakeBaselineFrame", action);
-    auto* rootName = page.control<QLineEdit>("txtBaselineRootName");
-    click(page.control<QRadioButton>("btnUseBaselineNameTemplate"));
-    EXPECT_FALSE(rootName->isEnabled());
-    click(page.control<QRadioButton>("btnUseRootName"));
-    EXPECT_TRUE(rootName->isEnabled());
-}
-
-TEST(NewBaselinePageLook, ComponentsAreAskedOncePerVobWhenThePageReads)
-{
-    BaselineWorld world;
-    TClearCaseMakeBaselineAction action;
-    action.SetUseDefaultViewContext(true);
-    OpenPage page("TClearCaseMakeBaselineFrame", action);
-    const std::string bin = world.cleartool.folder() + "|";
-    EXPECT_EQ(world.cleartool.calls(),
-              std::vector<std::string>({bin + "lsvob -short", bin + "lscomp -short -invob /vobs/a",
-                                        bin + "lscomp -short -invob /vobs/b",
-                                        world.defaultView + "|lsstream -long -cview"}));
-}
-
-TEST(NewBaselinePageLook, DoubleClickTogglesAndSelects)
-{
-    BaselineWorld world;
-    TClearCaseMakeBaselineAction action;
-    setProperty(action, "SelectionType", "slComponents");
-    OpenPage page("TClearCaseMakeBaselineFrame", action);
-    auto* components = page.control<QListWidget>("boxComponents");
-    doubleClick(components, "ui@/vobs/a");
-    EXPECT_EQ(checkedItems(components), QStringList({"ui@/vobs/a"}));
-    click(page.control<QRadioButton>("btnActivities"));
-    auto* activities = page.control<QListWidget>("boxActivities");
-    doubleClick(activities, "fix2@/vobs/pvob");
-    doubleClick(activities, "fix1@/vobs/pvob");
-    doubleClick(activities, "fix1@/vobs/pvob");
-    page.accept();
-    EXPECT_EQ(property(action, "ComponentSelectorStorageString"), "ui@/vobs/a\r\n");
-    EXPECT_EQ(property(action, "ActivitySelectorStorageString"), "fix2@/vobs/pvob\r\n");
-}
+WF_PAGE_TABLE(NewBaselinePage, TClearCaseMakeBaselineAction, "TClearCaseMakeBaselineFrame", "New Baseline", kBaselineCases);
 
 /// Views the user switches to, one step at a time, and the folder each step asks (empty: no query).
 struct ViewStep {
@@ -312,13 +244,6 @@ TEST(NewBaselinePageLook, SelectedActivityOutsideTheListStaysSelectedWhileOpen)
 
 using wfpage::PageCase;
 
-class LabellingPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(LabellingPage, RoundTrip)
-{
-    runPageCase<TClearCaseMakeBaselineAction>("TClearCaseMakeBaseLineLabelFrame", "Labelling", GetParam());
-}
-
 const PageCase kLabellingRows[] = {
     {.name = "Incremental",
      .given = {{"Labelling", "lbIncremental"}},
@@ -342,16 +267,10 @@ const PageCase kLabellingRows[] = {
     {.name = "ChoosingUnlabelled", .given = {{"Labelling", "lbAll"}}, .steps = {clickOn("btnNlabel")}, .shown = {},
      .stored = {{"Labelling", "lbNone"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, LabellingPage, ::testing::ValuesIn(kLabellingRows), wfpage::pageCaseName);
+WF_PAGE_TABLE(LabellingPage, TClearCaseMakeBaselineAction,
+              "TClearCaseMakeBaseLineLabelFrame", "Labelling", kLabellingRows);
 
 // ---- Baseline from label ----
-
-class FromLabelPage : public ::testing::TestWithParam<PageCase> {};
-
-TEST_P(FromLabelPage, RoundTrip)
-{
-    runPageCase<TClearCaseMakeBaselineFromLabelAction>("TClearCaseMakeBaselineFromLabelFrame", "Components", GetParam());
-}
 
 const wfpage::Properties kLabel = {{"VOBSelector", "/vobs/a"}, {"LabelTypeName", "REL1"},
                                    {"UseDefaultViewContext", "False"}, {"ViewContextPath", "/views/dev"}};
@@ -384,9 +303,16 @@ const PageCase kFromLabelRows[] = {
      .given = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\n"}},
      .steps = {typeInto("txtComponent", "")},
      .shown = {},
-     .stored = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", ""}}},
+     .stored = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", ""}}},    {.name = "VobsAskedOnEveryDropDown",
+     .given = {{"VOBSelector", "/vobs/typed"}},
+     .steps = {dropDownOf("txtVOB"), dropDownOf("txtVOB")},
+     .shown = {{"txtVOB", {}, {}, "/vobs/typed", "/vobs/a|/vobs/b"}},
+     .stored = {},
+     .responses = {{"lsvob -short", "/vobs/a\n/vobs/b\n"}},
+     .calls = {"lsvob -short", "lsvob -short"}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, FromLabelPage, ::testing::ValuesIn(kFromLabelRows), wfpage::pageCaseName);
+WF_PAGE_TABLE(FromLabelPage, TClearCaseMakeBaselineFromLabelAction,
+              "TClearCaseMakeBaselineFromLabelFrame", "Components", kFromLabelRows);
 
 TEST(FromLabelPageQueries, LabelsAskedForTheVobOnEveryDropDownButNotWithoutOne)
 {

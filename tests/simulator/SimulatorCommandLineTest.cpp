@@ -2,6 +2,7 @@
 // several operands with one failing, the LT edition, failures that must leave the store
 // as it was, and invocations running at the same time.
 
+#include "RowName.h"
 #include "ScenarioHarness.h"
 
 #include <algorithm>
@@ -101,7 +102,8 @@ INSTANTIATE_TEST_SUITE_P(Switches, TooShort,
                                            ShortForm{"mkattype", "-vt"}, ShortForm{"mkactivity", "-he"},
                                            ShortForm{"mkbl", "-f"}, ShortForm{"mkbl", "-in"},
                                            ShortForm{"update", "-ov"}, ShortForm{"mkelem", "-mk"},
-                                           ShortForm{"checkout", "-ver x"}));
+                                           ShortForm{"checkout", "-ver x"}),
+                         [](const auto& info) { return wftest::rowName(std::string(info.param.command) + " " + info.param.word); });
 
 // Every command: an unknown switch names itself and prints the usage on stderr; -h prints it on stdout.
 class EveryCommand : public Scenario, public ::testing::WithParamInterface<const char*> {};
@@ -130,7 +132,8 @@ INSTANTIATE_TEST_SUITE_P(Commands, EveryCommand,
                                            "mkattr", "mkattype", "mkbl", "mkbrtype", "mkcomp", "mkdir", "mkelem",
                                            "mkfolder", "mklabel", "mklbtype", "mkproject", "mkstream", "mkview",
                                            "mkvob", "pwv", "rmview", "setactivity", "setcs", "uncheckout",
-                                           "unlock", "update"));
+                                           "unlock", "update"),
+                         [](const auto& info) { return std::string(info.param); });
 
 // Two switches of one exclusive group: named in the order the command's table lists them, then
 // the usage, before the command looks at its operands or the view.
@@ -177,7 +180,8 @@ INSTANTIATE_TEST_SUITE_P(
                       ExclusivePair{{"update", "-rename", "-overwrite"}, "-overwrite", "-rename"},
                       ExclusivePair{{"update", "-ptime", "-ctime"}, "-ctime", "-ptime"},
                       ExclusivePair{{"mkbl", "-all", "-component", "c", "BL"}, "-component", "-all"},
-                      ExclusivePair{{"mkbl", "-full", "-nlabel", "BL"}, "-nlabel", "-full"}));
+                      ExclusivePair{{"mkbl", "-full", "-nlabel", "BL"}, "-nlabel", "-full"}),
+    [](const auto& info) { return wftest::rowName(info.param.args); });
 
 // A command without the operands it needs: a cause line, then its usage, exit 1, nothing on stdout.
 class MissingOperand : public Scenario, public ::testing::WithParamInterface<std::vector<std::string>> {};
@@ -207,7 +211,8 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"mkproject", "-in", "RootFolder"},
                       std::vector<std::string>{"mkstream", "-in", "proj"}, std::vector<std::string>{"mkvob", "-tag", "/v"},
                       std::vector<std::string>{"mkview", "-snapshot", "-tag", "v"},
-                      std::vector<std::string>{"mklbtype", "-c"}));
+                      std::vector<std::string>{"mklbtype", "-c"}),
+    [](const auto& info) { return wftest::rowName(info.param); });
 
 TEST_F(Scenario, DoubleDashEndsSwitchesAndOperandsFailAlone)
 {
@@ -273,6 +278,8 @@ TEST_F(Scenario, LtEditionReportsItselfAndRefusesFullFeatures)
          "cleartool: Error: Mastership (-master) is not supported by ClearCase LT.\n"},
         {src, {"mkelem", "-nc", "b.c"}, 0, "~Created element \"b.c\""},
         {src, {"ls", "-short", "b.c"}, 0, "b.c@@/main/CHECKEDOUT\n"},
+        {src, {"describe", "a.c@@/main/1"}, 1, "", "~not supported by ClearCase LT"},
+        {src, {"describe", "a.c"}, 0, "~version \"a.c@@/main/1\""},
     });
     edition = "";
     play({{"", {"-version"}, 0, "~Rational ClearCase version"}});
@@ -337,7 +344,8 @@ INSTANTIATE_TEST_SUITE_P(
         FailingCommand{"dev/vobs/main", {"mkbl", "-nc", "-component", "nope", "X"}},
         FailingCommand{"base", {"setcs", "missing.cs"}},
         FailingCommand{"", {"mkview", "-snapshot", "-tag", "base_v", "other"}},
-        FailingCommand{"", {"mkstream", "-nc", "-in", "proj@/vobs/pvob", "dev@/vobs/pvob"}}));
+        FailingCommand{"", {"mkstream", "-nc", "-in", "proj@/vobs/pvob", "dev@/vobs/pvob"}}),
+    [](const auto& info) { return wftest::rowName(info.param.args); });
 
 TEST_F(Scenario, ParallelCheckoutsAllSucceed)
 {

@@ -1,5 +1,6 @@
 // The interactive mode: sub-commands read from standard input, each answered as the
 // single-command mode answers it, with the status report after each under -status.
+#include "RowName.h"
 #include "Interactive.h"
 #include "ScenarioHarness.h"
 
@@ -120,7 +121,9 @@ INSTANTIATE_TEST_SUITE_P(
                       SplitCase{"\\vobs\\a b\\", std::vector<std::string>{"\\vobs\\a", "b\\"}},
                       SplitCase{"", std::vector<std::string>{}},
                       SplitCase{"a \"b", std::nullopt},
-                      SplitCase{"a 'b\"", std::nullopt}));
+                      SplitCase{"a 'b\"", std::nullopt}),
+    // Rows differ in quotes alone, so the row's number keeps the names apart.
+    [](const auto& info) { return "Row" + std::to_string(info.index) + "_" + wftest::rowName(info.param.line); });
 
 TEST(InteractiveInvocation, OnlyNoArgumentsOrTheSessionSwitches)
 {

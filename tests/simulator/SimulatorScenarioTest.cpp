@@ -337,36 +337,19 @@ TEST_F(Scenario, ConfigSpecAndUpdate)
     EXPECT_TRUE(found);
 }
 
-TEST_F(Scenario, MalformedCommandLinesAndHelp)
+// Switches and operands of each command are in the command-line tables.
+TEST_F(Scenario, UnknownCommandsVersionAndMissingObjects)
 {
     fixture();
     play({
         {"", {"frobnicate"}, 1, "", "cleartool: Error: Unrecognized command: \"frobnicate\"\n"},
-        {"", {"checkout", "-bogus", "a.c"}, 1, "", "~cleartool: Error: Unrecognized option \"-bogus\"\nUsage: checkout | co"},
-        {"", {"checkout", "-nc"}, 1, "", "~Usage: checkout"},
-        {"", {"checkout", "-h"}, 0, "~Usage: checkout | co"},
-        {"", {"help", "mkbl"}, 0, "~Usage: mkbl"},
         {"", {"-h"}, 0, "~Usage: uncheckout"},
-        {"", {"checkin", "-keep", "-rm", "a.c"}, 1, "", "~Usage: checkin"},
-        {"", {"mklbtype", "-c"}, 1, "", "~Option \"-c\" requires an argument."},
         {"", {"-version"}, 0, "~Rational ClearCase version"},
         {"", {"mkview", "-snapshot", "-tag", "x_v", "-stream", "nope@/vobs/pvob", "x"}, 1, "", "~stream not found"},
         {"", {"lsview", "-short"}, 0, "base_v\ndev_v\n"},
         {"", {"describe", "lbtype:NOPE@/vobs/main"}, 1, "", "cleartool: Error: Label type not found: \"NOPE\".\n"},
     });
     EXPECT_FALSE(fs::exists(root / "x"));
-}
-
-TEST_F(Scenario, LtEditionRefusesExtendedNames)
-{
-    fixture();
-    edition = "lt";
-    play({
-        {"", {"-version"}, 0, "~Rational ClearCase LT"},
-        {"base/vobs/main/src", {"describe", "a.c@@/main/1"}, 1, "", "~not supported by ClearCase LT"},
-        {"base/vobs/main/src", {"mkelem", "-nc", "-master", "b.c"}, 1, "", "~not supported by ClearCase LT"},
-        {"base/vobs/main/src", {"describe", "a.c"}, 0, "~version \"a.c@@/main/1\""},
-    });
 }
 
 TEST_F(Scenario, UncheckoutWithoutChoiceAsks)

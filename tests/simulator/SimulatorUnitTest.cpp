@@ -1,3 +1,4 @@
+#include "RowName.h"
 #include "Dates.h"
 #include "Messages.h"
 #include "Options.h"
@@ -45,7 +46,8 @@ INSTANTIATE_TEST_SUITE_P(Forms, DateParse,
                                            DateCase{"3-Mar-13.25:00", nullptr},
                                            DateCase{"32-Mar", nullptr},
                                            DateCase{"3-Smarch", nullptr},
-                                           DateCase{"soon", nullptr}));
+                                           DateCase{"soon", nullptr}),
+                         [](const auto& info) { return wftest::rowName(info.param.input); });
 
 TEST(Clock, RefusesUnreadableFixedTime)
 {
@@ -105,7 +107,8 @@ INSTANTIATE_TEST_SUITE_P(
                       OptionCase{{"-def", "1", "x"}, ParseResult::Status::Ok, "default=1 | x"},
                       OptionCase{{"-c"}, ParseResult::Status::MissingValue, "-c"},
                       OptionCase{{"-res 1"}, ParseResult::Status::UnknownOption, "-res 1"},
-                      OptionCase{{"-help", "-zz"}, ParseResult::Status::Help, ""}));
+                      OptionCase{{"-help", "-zz"}, ParseResult::Status::Help, ""}),
+    [](const auto& info) { return wftest::rowName(info.param.words); });
 
 TEST(Messages, SubstitutesArgumentsInOrder)
 {
