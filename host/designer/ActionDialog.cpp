@@ -48,10 +48,9 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
     const std::string className = entry ? entry->actionClass.className : std::string();
     for (const auto& pageClass : WFActionServices().PagesOf(className)) {
         std::string error;
-        QWidget* widget = WFCreatePage(pageClass, nullptr, error);
-        IWFActionPage* page = widget ? WFActionPageOf(widget) : nullptr;
+        std::unique_ptr<QWidget> widget = WFCreatePage(pageClass, nullptr, error);
+        IWFActionPage* page = widget ? WFActionPageOf(widget.get()) : nullptr;
         if (!page) {
-            delete widget;
             m_tabs->addTab(unavailablePage(error.empty() ? pageClass.className + " is no action page" : error,
                                            tr("The other tabs still edit the action.")),
                            QString::fromStdString(pageClass.className));
@@ -63,7 +62,7 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
         page->ReadActionData(*m_action);
         // Pages are laid out for a fixed width; a scroll area keeps a small screen usable.
         auto* scroll = new QScrollArea;
-        scroll->setWidget(widget);
+        scroll->setWidget(widget.release());
         scroll->setWidgetResizable(true);
         scroll->setFrameShape(QFrame::NoFrame);
         m_tabs->addTab(scroll, QString::fromStdString(page->PageName()));
