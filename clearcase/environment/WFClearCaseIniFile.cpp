@@ -3,8 +3,8 @@
 #include "WFBrowse.h"
 #include "environment/WFClearCaseOptions.h"
 #include "WFIniFile.h"
+#include "WFUtf8.h"
 
-#include <cctype>
 #include <string>
 
 namespace {
@@ -48,10 +48,8 @@ std::string CCSelectViewPath(const std::string& current)
 bool CCGetUsingCustomObjectSelector()
 {
     // Written as 1 or 0, as INI Booleans usually are; a hand-edited "true" is honoured too.
-    std::string value = userSettings().ReadString(kSection, kUsingCustomObjectSelector, "0");
-    for (char& c : value)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    if (value == "true")
+    const std::string value = userSettings().ReadString(kSection, kUsingCustomObjectSelector, "0");
+    if (WFCompareIgnoringCase(value, "true") == 0)
         return true;
     try {
         return std::stoi(value) != 0;

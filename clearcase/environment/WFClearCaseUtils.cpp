@@ -4,9 +4,9 @@
 #include "WFBusy.h"
 #include "WFFiles.h"
 #include "WFProcess.h"
+#include "WFUtf8.h"
 
 #include <algorithm>
-#include <cctype>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,26 +22,14 @@ constexpr const char* kLineBreak = "\r\n";
 
 using Lines = std::vector<std::string>;
 
-int compareText(const std::string& a, const std::string& b)
-{
-    const std::size_t n = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < n; ++i) {
-        const int ca = std::tolower(static_cast<unsigned char>(a[i]));
-        const int cb = std::tolower(static_cast<unsigned char>(b[i]));
-        if (ca != cb)
-            return ca < cb ? -1 : 1;
-    }
-    return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
-}
-
 bool containsText(const Lines& lines, const std::string& line)
 {
-    return std::any_of(lines.begin(), lines.end(), [&](const std::string& kept) { return compareText(kept, line) == 0; });
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& kept) { return WFCompareIgnoringCase(kept, line) == 0; });
 }
 
 void sortLines(Lines& lines)
 {
-    std::stable_sort(lines.begin(), lines.end(), [](const std::string& a, const std::string& b) { return compareText(a, b) < 0; });
+    std::stable_sort(lines.begin(), lines.end(), [](const std::string& a, const std::string& b) { return WFCompareIgnoringCase(a, b) < 0; });
 }
 
 void replaceAll(std::string& text, const std::string& from, const std::string& to)

@@ -1,29 +1,17 @@
 #include "WFPersistence.h"
 
+#include "WFUtf8.h"
+
 #include <algorithm>
-#include <cctype>
 #include <charconv>
-
-namespace {
-
-bool equalsIgnoringCase(const std::string& a, const char* b)
-{
-    std::size_t i = 0;
-    for (; i < a.size() && b[i]; ++i)
-        if (std::tolower(static_cast<unsigned char>(a[i])) != std::tolower(static_cast<unsigned char>(b[i])))
-            return false;
-    return i == a.size() && !b[i];
-}
-
-} // namespace
 
 bool parseBooleanText(const std::string& text, bool& value)
 {
-    if (equalsIgnoringCase(text, "true")) {
+    if (WFCompareIgnoringCase(text, "true") == 0) {
         value = true;
         return true;
     }
-    if (equalsIgnoringCase(text, "false")) {
+    if (WFCompareIgnoringCase(text, "false") == 0) {
         value = false;
         return true;
     }

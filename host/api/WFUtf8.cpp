@@ -1,5 +1,7 @@
 #include "WFUtf8.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdio>
 
 std::size_t utf8SequenceLength(std::string_view text, std::size_t i)
@@ -37,4 +39,16 @@ std::string describeByte(unsigned char byte)
     char text[8];
     std::snprintf(text, sizeof text, "0x%02X", byte);
     return text;
+}
+
+int WFCompareIgnoringCase(std::string_view a, std::string_view b)
+{
+    const std::size_t n = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < n; ++i) {
+        const int ca = std::tolower(static_cast<unsigned char>(a[i]));
+        const int cb = std::tolower(static_cast<unsigned char>(b[i]));
+        if (ca != cb)
+            return ca < cb ? -1 : 1;
+    }
+    return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
 }

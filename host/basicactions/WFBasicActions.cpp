@@ -11,7 +11,7 @@ constexpr const char* kCategory = "Basic";
 
 TWFLogMessageAction::TWFLogMessageAction()
 {
-    PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
+    PublishString("Text", &m_text);
 }
 
 bool TWFLogMessageAction::Validate(IWFActionValidationError& /*errors*/)
@@ -41,8 +41,8 @@ bool TWFLogMessageAction::Execute()
 
 TWFSetVariableAction::TWFSetVariableAction()
 {
-    PublishString("VariableName", [this] { return m_variableName; }, [this](const std::string& v) { m_variableName = v; });
-    PublishString("Value", [this] { return m_value; }, [this](const std::string& v) { m_value = v; });
+    PublishString("VariableName", &m_variableName);
+    PublishString("Value", &m_value);
 }
 
 bool TWFSetVariableAction::Validate(IWFActionValidationError& errors)
@@ -65,9 +65,9 @@ bool TWFSetVariableAction::Execute()
 
 TWFWriteTextFileAction::TWFWriteTextFileAction()
 {
-    PublishString("FileName", [this] { return m_fileName; }, [this](const std::string& v) { m_fileName = v; });
-    PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
-    PublishBoolean("Append", [this] { return m_append; }, [this](bool v) { m_append = v; });
+    PublishString("FileName", &m_fileName);
+    PublishString("Text", &m_text);
+    PublishBoolean("Append", &m_append);
 }
 
 bool TWFWriteTextFileAction::Validate(IWFActionValidationError& errors)
@@ -106,9 +106,9 @@ TWFRunProgramAction::TWFRunProgramAction()
 {
     LogOutput = true;
     UseExitCode = true;
-    PublishString("Program", [this] { return m_program; }, [this](const std::string& v) { m_program = v; });
-    PublishString("Arguments", [this] { return m_arguments; }, [this](const std::string& v) { m_arguments = v; });
-    PublishString("WorkingDirectory", [this] { return m_workingDirectory; }, [this](const std::string& v) { m_workingDirectory = v; });
+    PublishString("Program", &m_program);
+    PublishString("Arguments", &m_arguments);
+    PublishString("WorkingDirectory", &m_workingDirectory);
 }
 
 bool TWFRunProgramAction::Validate(IWFActionValidationError& errors)

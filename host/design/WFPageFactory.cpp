@@ -4,22 +4,21 @@
 
 #include <QWidget>
 
-QWidget* WFCreatePage(const TWFPageClass& pageClass, QWidget* parent, std::string& error)
+std::unique_ptr<QWidget> WFCreatePage(const TWFPageClass& pageClass, QWidget* parent, std::string& error)
 {
     if (!pageClass.create) {
         error = "page " + pageClass.className + " is not available: its package was loaded without pages";
         return nullptr;
     }
-    QWidget* page = pageClass.create(parent);
+    std::unique_ptr<QWidget> page(pageClass.create(parent));
     if (!page) {
         error = "page " + pageClass.className + " could not be made";
         return nullptr;
     }
     // Hosts and tests find pages and controls by name; a page must carry its class name.
-    if (page->objectName().toStdString() != pageClass.className || (!WFActionPageOf(page) && !WFOptionsPageOf(page))) {
+    if (page->objectName().toStdString() != pageClass.className || (!WFActionPageOf(page.get()) && !WFOptionsPageOf(page.get()))) {
         error = "page " + pageClass.className + " made a widget named \"" + page->objectName().toStdString() +
                 "\" that is no page of that class";
-        delete page;
         return nullptr;
     }
     return page;

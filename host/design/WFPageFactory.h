@@ -2,6 +2,7 @@
 
 #include "WFActionPage.h"
 
+#include <memory>
 #include <string>
 
 class QWidget;
@@ -14,5 +15,6 @@ QWidget* WFMakePage(QWidget* parent)
 }
 
 /// Makes a page of the class under `parent`: nullptr with a reason when the class has no
-/// factory or makes a widget that is not the class it names.
-QWidget* WFCreatePage(const TWFPageClass& pageClass, QWidget* parent, std::string& error);
+/// factory or makes a widget that is not the class it names. The caller owns the page until it
+/// hands it to a parent.
+std::unique_ptr<QWidget> WFCreatePage(const TWFPageClass& pageClass, QWidget* parent, std::string& error);

@@ -48,10 +48,9 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
     const std::string className = entry ? entry->actionClass.className : std::string();
     for (const auto& pageClass : WFActionServices().PagesOf(className)) {
         std::string error;
-        QWidget* widget = WFCreatePage(pageClass, nullptr, error);
-        IWFActionPage* page = widget ? WFActionPageOf(widget) : nullptr;
+        std::unique_ptr<QWidget> widget = WFCreatePage(pageClass, nullptr, error);
+        IWFActionPage* page = widget ? WFActionPageOf(widget.get()) : nullptr;
         if (!page) {
-            delete widget;
             m_tabs->addTab(unavailablePage(error.empty() ? pageClass.className + " is no action page" : error,
                                            tr("The other tabs still edit the action.")),
                            QString::fromStdString(pageClass.className));
@@ -61,7 +60,7 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
         page->InitFrame(this);
         page->InitPage(*m_action);
         page->ReadActionData(*m_action);
-        m_tabs->addTab(new TPageArea(widget), QString::fromStdString(page->PageName()));
+        m_tabs->addTab(new TPageArea(widget.release()), QString::fromStdString(page->PageName()));
         m_pages.push_back(page);
     }
 

@@ -28,6 +28,7 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -45,6 +46,9 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -257,100 +261,111 @@ void TMainWindow::createDocks()
 
 void TMainWindow::createActions()
 {
-    const auto make = [this](const QString& text, const char* name, QKeySequence key, auto slot,
-                             QStyle::StandardPixmap icon = QStyle::SP_CustomBase) {
-        auto* action = new QAction(text, this);
-        action->setObjectName(name);
-        if (!key.isEmpty())
-            action->setShortcut(key);
-        if (icon != QStyle::SP_CustomBase)
-            action->setIcon(style()->standardIcon(icon));
-        connect(action, &QAction::triggered, this, slot);
-        return action;
-    };
-
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    QAction* newAction = make(tr("&New"), "actionNew", QKeySequence::New, [this] {
-        if (maybeSave())
-            newProject();
-    }, QStyle::SP_FileIcon);
-    QAction* open = make(tr("&Open..."), "actionOpen", QKeySequence::Open, [this] {
-        if (!maybeSave())
-            return;
-        TWFBrowseFileRequest request{tr("Open Project").toStdString(), projectFilter().toStdString(),
-                                     QFileInfo(m_document->path()).absolutePath().toStdString(), "wfp", true, false, {}};
-        if (std::string path; WFBrowseForFile(request, path))
-            openProject(QString::fromStdString(path));
-    }, QStyle::SP_DialogOpenButton);
-    m_save = make(tr("&Save"), "actionSave", QKeySequence::Save, [this] { saveProject(); }, QStyle::SP_DialogSaveButton);
-    QAction* saveAs = make(tr("Save &As..."), "actionSaveAs", QKeySequence::SaveAs, [this] { saveProjectAs({}); });
-    file->addActions({newAction, open});
-    m_recentMenu = file->addMenu(tr("Open &Recent"));
-    file->addActions({m_save, saveAs});
-    file->addSeparator();
-    file->addAction(make(tr("E&xit"), "actionExit", QKeySequence::Quit, [this] { close(); }));
-
-    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    QAction* newAction = nullptr;
+    QAction* open = nullptr;
+    QAction* saveAs = nullptr;
+    QAction* exit = nullptr;
+    QAction* variables = nullptr;
+    QAction* options = nullptr;
+    QAction* help = nullptr;
+    QAction* about = nullptr;
+    // The undo stack makes its own actions, which keep their texts in step with the next step.
     QAction* undo = m_document->undoStack().createUndoAction(this, tr("&Undo"));
-    undo->setObjectName("actionUndo");
-    undo->setShortcut(QKeySequence::Undo);
-    undo->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
     QAction* redo = m_document->undoStack().createRedoAction(this, tr("&Redo"));
-    redo->setObjectName("actionRedo");
-    redo->setShortcut(QKeySequence::Redo);
-    redo->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
-    m_copy = make(tr("&Copy"), "actionCopy", QKeySequence::Copy, [this] { copySelection(); });
-    m_paste = make(tr("&Paste"), "actionPaste", QKeySequence::Paste, [this] { paste(); });
-    m_remove = make(tr("Re&move"), "actionRemove", QKeySequence::Delete, [this] { removeSelection(); }, QStyle::SP_TrashIcon);
-    m_moveUp = make(tr("Move &Up"), "actionMoveUp", QKeySequence(Qt::CTRL | Qt::Key_Up), [this] { moveSelection(-1); },
-                    QStyle::SP_ArrowUp);
-    m_moveDown = make(tr("Move &Down"), "actionMoveDown", QKeySequence(Qt::CTRL | Qt::Key_Down), [this] { moveSelection(1); },
-                      QStyle::SP_ArrowDown);
-    m_enable = make(tr("&Enable"), "actionEnable", {}, [this] { setSelectionEnabled(true); });
-    m_disable = make(tr("D&isable"), "actionDisable", {}, [this] { setSelectionEnabled(false); });
-    m_properties = make(tr("&Properties..."), "actionProperties", QKeySequence(Qt::Key_Return), [this] {
-        editAction(currentRow());
-    }, QStyle::SP_FileDialogDetailedView);
-    QAction* variables = make(tr("&Variables..."), "actionVariables", {}, [this] { editVariables(); });
-    edit->addActions({undo, redo});
-    edit->addSeparator();
-    edit->addActions({m_copy, m_paste, m_remove});
-    edit->addSeparator();
-    edit->addActions({m_moveUp, m_moveDown, m_enable, m_disable});
-    edit->addSeparator();
-    edit->addActions({m_properties, variables});
-    m_projectView->addActions({m_properties, m_copy, m_paste, m_remove, m_moveUp, m_moveDown, m_enable, m_disable});
 
-    QMenu* project = menuBar()->addMenu(tr("&Project"));
-    m_run = make(tr("&Run"), "actionRun", QKeySequence(Qt::Key_F9), [this] { runProject(0, false); }, QStyle::SP_MediaPlay);
-    m_runFrom = make(tr("Run &From Selected Action"), "actionRunFrom", QKeySequence(Qt::SHIFT | Qt::Key_F9),
-                     [this] { runProject(std::max(currentRow(), 0), false); }, QStyle::SP_MediaSeekForward);
-    m_dryRun = make(tr("&Dry Run (start no programs)"), "actionDryRun", {}, [this] { runProject(0, true); });
-    m_stop = make(tr("&Stop"), "actionStop", QKeySequence(Qt::CTRL | Qt::Key_Period), [this] { stopRun(); }, QStyle::SP_MediaStop);
-    m_validate = make(tr("&Validate"), "actionValidate", QKeySequence(Qt::CTRL | Qt::Key_T), [this] { validateProject(); },
-                      QStyle::SP_DialogApplyButton);
-    project->addActions({m_run, m_runFrom, m_dryRun, m_stop});
-    project->addSeparator();
-    project->addAction(m_validate);
+    /// One command: where the window keeps it, its text, object name, shortcut, icon and handler.
+    struct TCommand {
+        QAction** action;
+        QString text;
+        const char* name;
+        QKeySequence key;
+        QStyle::StandardPixmap icon;
+        std::function<void()> handler;
+    };
+    constexpr auto noIcon = QStyle::SP_CustomBase;
+    const TCommand commands[] = {
+        {&newAction, tr("&New"), "actionNew", QKeySequence::New, QStyle::SP_FileIcon, [this] {
+             if (maybeSave())
+                 newProject();
+         }},
+        {&open, tr("&Open..."), "actionOpen", QKeySequence::Open, QStyle::SP_DialogOpenButton, [this] {
+             if (!maybeSave())
+                 return;
+             TWFBrowseFileRequest request{tr("Open Project").toStdString(), projectFilter().toStdString(),
+                                          QFileInfo(m_document->path()).absolutePath().toStdString(), "wfp", true, false, {}};
+             if (std::string path; WFBrowseForFile(request, path))
+                 openProject(QString::fromStdString(path));
+         }},
+        {&m_save, tr("&Save"), "actionSave", QKeySequence::Save, QStyle::SP_DialogSaveButton, [this] { saveProject(); }},
+        {&saveAs, tr("Save &As..."), "actionSaveAs", QKeySequence::SaveAs, noIcon, [this] { saveProjectAs({}); }},
+        {&exit, tr("E&xit"), "actionExit", QKeySequence::Quit, noIcon, [this] { close(); }},
+        {&undo, {}, "actionUndo", QKeySequence::Undo, QStyle::SP_ArrowBack, {}},
+        {&redo, {}, "actionRedo", QKeySequence::Redo, QStyle::SP_ArrowForward, {}},
+        {&m_copy, tr("&Copy"), "actionCopy", QKeySequence::Copy, noIcon, [this] { copySelection(); }},
+        {&m_paste, tr("&Paste"), "actionPaste", QKeySequence::Paste, noIcon, [this] { paste(); }},
+        {&m_remove, tr("Re&move"), "actionRemove", QKeySequence::Delete, QStyle::SP_TrashIcon, [this] { removeSelection(); }},
+        {&m_moveUp, tr("Move &Up"), "actionMoveUp", QKeySequence(Qt::CTRL | Qt::Key_Up), QStyle::SP_ArrowUp,
+         [this] { moveSelection(-1); }},
+        {&m_moveDown, tr("Move &Down"), "actionMoveDown", QKeySequence(Qt::CTRL | Qt::Key_Down), QStyle::SP_ArrowDown,
+         [this] { moveSelection(1); }},
+        {&m_enable, tr("&Enable"), "actionEnable", {}, noIcon, [this] { setSelectionEnabled(true); }},
+        {&m_disable, tr("D&isable"), "actionDisable", {}, noIcon, [this] { setSelectionEnabled(false); }},
+        {&m_properties, tr("&Properties..."), "actionProperties", QKeySequence(Qt::Key_Return),
+         QStyle::SP_FileDialogDetailedView, [this] { editAction(currentRow()); }},
+        {&variables, tr("&Variables..."), "actionVariables", {}, noIcon, [this] { editVariables(); }},
+        {&m_run, tr("&Run"), "actionRun", QKeySequence(Qt::Key_F9), QStyle::SP_MediaPlay, [this] { runProject(0, false); }},
+        {&m_runFrom, tr("Run &From Selected Action"), "actionRunFrom", QKeySequence(Qt::SHIFT | Qt::Key_F9),
+         QStyle::SP_MediaSeekForward, [this] { runProject(std::max(currentRow(), 0), false); }},
+        {&m_dryRun, tr("&Dry Run (start no programs)"), "actionDryRun", {}, noIcon, [this] { runProject(0, true); }},
+        {&m_stop, tr("&Stop"), "actionStop", QKeySequence(Qt::CTRL | Qt::Key_Period), QStyle::SP_MediaStop, [this] { stopRun(); }},
+        {&m_validate, tr("&Validate"), "actionValidate", QKeySequence(Qt::CTRL | Qt::Key_T), QStyle::SP_DialogApplyButton,
+         [this] { validateProject(); }},
+        {&options, tr("&Options..."), "actionOptions", {}, QStyle::SP_ComputerIcon, [this] { editOptions(); }},
+        {&help, tr("Action &Help"), "actionHelp", QKeySequence(Qt::Key_F1), QStyle::SP_DialogHelpButton, [this] { showActionHelp(); }},
+        {&about, tr("&About..."), "actionAbout", {}, noIcon, [this] { showAbout(); }},
+    };
+    for (const TCommand& command : commands) {
+        QAction*& action = *command.action;
+        if (command.handler) {
+            action = new QAction(command.text, this);
+            connect(action, &QAction::triggered, this, command.handler);
+        }
+        action->setObjectName(command.name);
+        if (!command.key.isEmpty())
+            action->setShortcut(command.key);
+        if (command.icon != noIcon)
+            action->setIcon(style()->standardIcon(command.icon));
+    }
 
-    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
-    tools->addAction(make(tr("&Options..."), "actionOptions", {}, [this] { editOptions(); }, QStyle::SP_ComputerIcon));
-
-    QMenu* help = menuBar()->addMenu(tr("&Help"));
-    help->addAction(make(tr("Action &Help"), "actionHelp", QKeySequence(Qt::Key_F1), [this] { showActionHelp(); },
-                         QStyle::SP_DialogHelpButton));
-    help->addAction(make(tr("&About..."), "actionAbout", {}, [this] { showAbout(); }));
-
+    // Menus and the tool bar in order; nullptr is a separator.
+    m_recentMenu = new QMenu(tr("Open &Recent"), this);
+    const std::pair<QString, std::vector<QAction*>> menus[] = {
+        {tr("&File"), {newAction, open, m_recentMenu->menuAction(), m_save, saveAs, nullptr, exit}},
+        {tr("&Edit"), {undo, redo, nullptr, m_copy, m_paste, m_remove, nullptr, m_moveUp, m_moveDown, m_enable, m_disable,
+                       nullptr, m_properties, variables}},
+        {tr("&Project"), {m_run, m_runFrom, m_dryRun, m_stop, nullptr, m_validate}},
+        {tr("&Tools"), {options}},
+        {tr("&Help"), {help, about}},
+    };
+    const auto fill = [](QWidget* widget, const std::vector<QAction*>& actions) {
+        for (QAction* action : actions) {
+            if (action) {
+                widget->addAction(action);
+            } else if (auto* menu = qobject_cast<QMenu*>(widget)) {
+                menu->addSeparator();
+            } else if (auto* bar = qobject_cast<QToolBar*>(widget)) {
+                bar->addSeparator();
+            }
+        }
+    };
+    for (const auto& [title, actions] : menus)
+        fill(menuBar()->addMenu(title), actions);
     QToolBar* bar = addToolBar(tr("Main"));
     bar->setObjectName("mainToolBar");
     bar->setIconSize(QSize(16, 16));
-    bar->addActions({newAction, open, m_save});
-    bar->addSeparator();
-    bar->addActions({undo, redo});
-    bar->addSeparator();
-    bar->addActions({m_moveUp, m_moveDown, m_remove, m_properties});
-    bar->addSeparator();
-    bar->addActions({m_run, m_runFrom, m_stop, m_validate});
+    fill(bar, {newAction, open, m_save, nullptr, undo, redo, nullptr, m_moveUp, m_moveDown, m_remove, m_properties, nullptr,
+               m_run, m_runFrom, m_stop, m_validate});
+    m_projectView->addActions({m_properties, m_copy, m_paste, m_remove, m_moveUp, m_moveDown, m_enable, m_disable});
 }
 
 void TMainWindow::updateTitle()

@@ -38,10 +38,9 @@ TOptionsDialog::TOptionsDialog(QWidget* parent) : QDialog(parent), m_tabs(new QT
         const QIcon icon = packageIcon(WFOptionsServices().IconOf(*options));
         for (const auto& pageClass : WFOptionsServices().PagesFor(*options)) {
             std::string error;
-            QWidget* widget = WFCreatePage(pageClass, nullptr, error);
-            IWFOptionsPage* page = widget ? WFOptionsPageOf(widget) : nullptr;
+            std::unique_ptr<QWidget> widget = WFCreatePage(pageClass, nullptr, error);
+            IWFOptionsPage* page = widget ? WFOptionsPageOf(widget.get()) : nullptr;
             if (!page) {
-                delete widget;
                 m_tabs->addTab(unavailablePage(error.empty() ? pageClass.className + " is no options page" : error,
                                                tr("The other pages still edit their options.")),
                                icon, QString::fromStdString(pageClass.className));
@@ -49,7 +48,7 @@ TOptionsDialog::TOptionsDialog(QWidget* parent) : QDialog(parent), m_tabs(new QT
             }
             page->InitPage(&optionsOwner());
             page->ReadOptions(*options);
-            m_tabs->addTab(new TPageArea(widget), icon, QString::fromStdString(page->GetPageName()));
+            m_tabs->addTab(new TPageArea(widget.release()), icon, QString::fromStdString(page->GetPageName()));
             m_pages.emplace_back(page, options);
         }
     }

@@ -3,6 +3,7 @@
 #include "BuildRunner.h"
 #include "ConsoleLog.h"
 
+#include "WFLineSplitter.h"
 #include "WFProject.h"
 #include "WFVariables.h"
 
@@ -14,46 +15,37 @@
 #include <functional>
 #include <ostream>
 #include <streambuf>
+#include <string_view>
 
 namespace {
 
-/// A stream buffer that hands over each complete line.
+/// A stream buffer that hands over each complete line, cut as the runner cuts program output.
 class TLineBuffer final : public std::streambuf {
 public:
-    explicit TLineBuffer(std::function<void(const std::string&)> onLine) : m_onLine(std::move(onLine)) {}
-    ~TLineBuffer() override
+    explicit TLineBuffer(std::function<void(const std::string&)> onLine)
+        : m_emit([onLine = std::move(onLine)](std::string_view line) { onLine(std::string(line)); })
     {
-        if (!m_line.empty())
-            m_onLine(m_line);
     }
+    ~TLineBuffer() override { m_splitter.finish(m_emit); }
 
 protected:
     int_type overflow(int_type c) override
     {
-        if (c != traits_type::eof())
-            put(static_cast<char>(c));
+        if (c != traits_type::eof()) {
+            const char byte = static_cast<char>(c);
+            m_splitter.add(std::string_view(&byte, 1), m_emit);
+        }
         return traits_type::not_eof(c);
     }
     std::streamsize xsputn(const char* text, std::streamsize count) override
     {
-        for (std::streamsize i = 0; i < count; ++i)
-            put(text[i]);
+        m_splitter.add(std::string_view(text, static_cast<std::size_t>(count)), m_emit);
         return count;
     }
 
 private:
-    void put(char c)
-    {
-        if (c == '\n') {
-            m_onLine(m_line);
-            m_line.clear();
-        } else {
-            m_line += c;
-        }
-    }
-
-    std::function<void(const std::string&)> m_onLine;
-    std::string m_line;
+    TWFLineSplitter::LineFunction m_emit;
+    TWFLineSplitter m_splitter;
 };
 
 TRunStatus statusOf(TJUnitCase::Outcome outcome)

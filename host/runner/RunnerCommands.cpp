@@ -17,8 +17,33 @@
 #include <exception>
 #include <filesystem>
 #include <ostream>
+#include <string>
+#include <string_view>
 
 namespace {
+
+/// A field of a tab-separated listing as text that cannot break the listing or the terminal: a
+/// backslash, tab, line break, escape or other control character comes out as a C escape.
+std::string listingField(std::string_view text)
+{
+    static const char* const kHex = "0123456789abcdef";
+    std::string result;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        switch (c) {
+        case '\\': result += "\\\\"; break;
+        case '\t': result += "\\t"; break;
+        case '\n': result += "\\n"; break;
+        case '\r': result += "\\r"; break;
+        default:
+            if (byte < 0x20 || byte == 0x7f)
+                result += std::string("\\x") + kHex[byte >> 4] + kHex[byte & 15];
+            else
+                result += c;
+        }
+    }
+    return result;
+}
 
 class TCommandContext {
 public:
@@ -196,7 +221,7 @@ int commandActions(const TCommandContext& c)
     if (!c.loadPlugins())
         return kExitUsage;
     for (const auto& entry : WFActionServices().Catalogue())
-        c.out << entry.typeId << '\t' << entry.displayName << '\t' << entry.category << '\n';
+        c.out << listingField(entry.typeId) << '\t' << listingField(entry.displayName) << '\t' << listingField(entry.category) << '\n';
     c.out.flush();
     return kExitSuccess;
 }
@@ -206,7 +231,7 @@ int commandPlugins(const TCommandContext& c)
     if (!c.loadPlugins())
         return kExitUsage;
     for (const auto& plugin : WFLoadedPlugins())
-        c.out << plugin.path << '\t' << plugin.description << '\n';
+        c.out << listingField(plugin.path) << '\t' << listingField(plugin.description) << '\n';
     c.out.flush();
     return kExitSuccess;
 }

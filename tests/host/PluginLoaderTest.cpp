@@ -1,10 +1,19 @@
 #include "WFAction.h"
+#include "WFLog.h"
 #include "WFPluginLoader.h"
 #include "WFServices.h"
 
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -38,19 +47,92 @@ TEST(PluginLoader, RegistersAndRunsAnActionEndToEnd)
     WFActionServices().Clear();
 }
 
-TEST(PluginLoader, ExplainsWhatIsWrong)
+std::string readBytes(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+/// A file a row loads, made in the test's folder; returns its path.
+using MakeFile = std::string (*)(const wftest::TempDir& dir);
+
+struct BadPluginCase {
+    const char* name;
+    MakeFile make;
+    /// What the reason after "cannot load PATH: " starts with.
+    std::string reason;
+};
+
+class BadPlugin : public testing::TestWithParam<BadPluginCase> {};
+
+TEST_P(BadPlugin, IsRefusedBeforeMappingWithAReasonNamingTheFile)
 {
     wftest::TempDir dir;
+    wftest::ScopedEnv fault("WF_FAULTY_PLUGIN", "throw");
+    const std::string path = GetParam().make(dir);
     std::string error;
-    EXPECT_FALSE(WFLoadPlugin(dir.file("missing.so"), false, error));
-    EXPECT_NE(error.find("does not exist"), std::string::npos) << error;
+    EXPECT_FALSE(WFLoadPlugin(path, false, error));
+    const std::string expected = "cannot load " + path + ": " + GetParam().reason;
+    EXPECT_EQ(error.substr(0, expected.size()), expected) << error;
+}
 
-    const std::string notALibrary = dir.write("fake.so", "not a shared library");
-    EXPECT_FALSE(WFLoadPlugin(notALibrary, false, error));
-    EXPECT_NE(error.find("cannot load plug-in"), std::string::npos) << error;
+std::string cutAt(const wftest::TempDir& dir, std::size_t size)
+{
+    return dir.write("cut.so", readBytes(WF_TEST_PLUGIN_PATH).substr(0, size));
+}
 
-    EXPECT_FALSE(WFLoadPlugin(WF_NO_ENTRY_PLUGIN_PATH, false, error));
-    EXPECT_NE(error.find("no WFRegister"), std::string::npos) << error;
+INSTANTIATE_TEST_SUITE_P(
+    PluginLoader, BadPlugin,
+    testing::Values(
+        BadPluginCase{"Missing", [](const wftest::TempDir& dir) { return dir.file("missing.so"); }, "no such file"},
+        BadPluginCase{"NotALibrary", [](const wftest::TempDir& dir) { return dir.write("fake.so", "not a shared library"); },
+                      "not a shared library (no ELF header)"},
+        BadPluginCase{"CutInsideItsHeader", [](const wftest::TempDir& dir) { return cutAt(dir, 40); },
+                      "truncated: 40 bytes hold no whole ELF header"},
+        BadPluginCase{"CutInsideItsCode",
+                      [](const wftest::TempDir& dir) { return cutAt(dir, readBytes(WF_TEST_PLUGIN_PATH).size() / 2); },
+                      "truncated: segment "},
+        BadPluginCase{"DanglingLink",
+                      [](const wftest::TempDir& dir) {
+                          std::filesystem::create_symlink(dir.file("gone.so"), dir.file("link.so"));
+                          return dir.file("link.so");
+                      },
+                      "dangling link to "},
+        BadPluginCase{"Fifo",
+                      [](const wftest::TempDir& dir) {
+                          ::mkfifo(dir.file("pipe.so").c_str(), 0600);
+                          return dir.file("pipe.so");
+                      },
+                      "not a regular file"},
+        BadPluginCase{"WithoutEntryPoint", [](const wftest::TempDir&) { return std::string(WF_NO_ENTRY_PLUGIN_PATH); },
+                      "it exports no WFRegister entry point"},
+        BadPluginCase{"WhoseRegistrationThrows", [](const wftest::TempDir&) { return std::string(WF_FAULTY_PLUGIN_PATH); },
+                      "WFRegister failed: no licence for this host"}),
+    [](const testing::TestParamInfo<BadPluginCase>& info) { return info.param.name; });
+
+TEST(PluginLoaderDeathTest, CrashInsideWFRegisterNamesThePlugin)
+{
+    wftest::ScopedEnv fault("WF_FAULTY_PLUGIN", "crash");
+    std::string error;
+    EXPECT_DEATH(WFLoadPlugin(WF_FAULTY_PLUGIN_PATH, false, error),
+                 "plug-in " WF_FAULTY_PLUGIN_PATH " crashed in WFRegister \\(Segmentation fault\\)");
+}
+
+TEST(PluginLoader, SamePluginUnderASecondNameIsLoadedOnceWithAWarning)
+{
+    WFActionServices().Clear();
+    wftest::TempDir dir;
+    const std::string copy = dir.write("copy.so", readBytes(WF_TEST_PLUGIN_PATH));
+    std::vector<std::string> warnings;
+    const auto previous = SetWFWarningHandler([&](std::string_view text) { warnings.emplace_back(text); });
+    std::string error;
+    EXPECT_TRUE(WFLoadPlugin(WF_TEST_PLUGIN_PATH, false, error)) << error;
+    EXPECT_TRUE(WFLoadPlugin(copy, false, error)) << error;
+    SetWFWarningHandler(previous);
+    EXPECT_EQ(WFActionServices().Catalogue().size(), 1u);
+    EXPECT_EQ(warnings, std::vector<std::string>{copy + " is the same plug-in as " +
+                                                 std::filesystem::canonical(WF_TEST_PLUGIN_PATH).string() + ": loaded once"});
+    WFActionServices().Clear();
 }
 
 } // namespace

@@ -171,7 +171,7 @@ TEST_P(ActionPages, AreTheActionsPagesInTabOrderAndOpenOnANewAction)
         SCOPED_TRACE(classes[i].className);
         QWidget host;
         std::string error;
-        QWidget* widget = WFCreatePage(classes[i], &host, error);
+        QWidget* widget = WFCreatePage(classes[i], &host, error).release();
         ASSERT_NE(widget, nullptr) << error;
         IWFActionPage* page = WFActionPageOf(widget);
         ASSERT_NE(page, nullptr);
@@ -198,7 +198,7 @@ TEST_F(PackagePages, OptionsHaveTheOptionsPage)
     ASSERT_EQ(classes.size(), 1u);
     EXPECT_EQ(classes[0].className, "TClearCaseOptionsFrame");
     std::string error;
-    std::unique_ptr<QWidget> widget(WFCreatePage(classes[0], nullptr, error));
+    std::unique_ptr<QWidget> widget = WFCreatePage(classes[0], nullptr, error);
     ASSERT_NE(widget, nullptr) << error;
     IWFOptionsPage* page = WFOptionsPageOf(widget.get());
     ASSERT_NE(page, nullptr);

@@ -62,18 +62,17 @@ QString bindSample(const TClearCasePageMaker& maker, QWidget* page, std::unique_
 bool renderPage(const TClearCasePageMaker& maker, const QString& file, std::string& error)
 {
     QTabWidget tabs;
-    QWidget* page = WFCreatePage({maker.className, maker.make}, nullptr, error);
+    std::unique_ptr<QWidget> page = WFCreatePage({maker.className, maker.make}, nullptr, error);
     if (!page)
         return false;
     std::unique_ptr<TClearCaseBaseAction> action;
-    const QString caption = bindSample(maker, page, action, error);
-    if (caption.isEmpty()) {
-        delete page;
+    const QString caption = bindSample(maker, page.get(), action, error);
+    if (caption.isEmpty())
         return false;
-    }
-    tabs.addTab(page, caption);
+    const int height = page->minimumHeight();
+    tabs.addTab(page.release(), caption);
     tabs.show();
-    tabs.resize(kWFPageWidth + 8, page->minimumHeight() + tabs.tabBar()->sizeHint().height() + 12);
+    tabs.resize(kWFPageWidth + 8, height + tabs.tabBar()->sizeHint().height() + 12);
     QApplication::processEvents();
     return tabs.grab().save(file);
 }

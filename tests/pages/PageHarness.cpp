@@ -48,7 +48,7 @@ QPoint indicatorCentre(QAbstractButton* button)
 OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_action(action)
 {
     std::string error;
-    m_widget.reset(WFCreatePage(pageClass, nullptr, error));
+    m_widget = WFCreatePage(pageClass, nullptr, error);
     if (!m_widget)
         throw std::runtime_error(error);
     m_page = WFActionPageOf(m_widget.get());

@@ -591,6 +591,8 @@ TEST_P(WfbuildUsage, StatusAndOutput)
     const UsageCase& c = GetParam();
     dir.write("fake.so", "");
     ASSERT_EQ(::mkfifo(dir.file("some.fifo").c_str(), 0600), 0);
+    dir.write("cut.so", wftest::readFile(WF_RUNNER_TEST_PLUGIN).substr(0, 40));
+    std::filesystem::create_symlink(dir.file("gone.so"), dir.file("gone-link.so"));
     std::vector<std::string> arguments;
     for (const auto& argument : c.arguments)
         arguments.push_back(expand(argument));
@@ -629,16 +631,21 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"OptionsSetWithoutValue", {"options", "set", "Testing.Level"}, 2, "",
                   "wfbuild: missing SECTION.KEY and VALUE after \"options set\"\nTry 'wfbuild help options'.\n"},
         UsageCase{"PluginThatIsNoLibrary", {"actions", "--plugin", "@DIR@/fake.so"}, 2, "",
-                  "wfbuild: cannot load plug-in \"@DIR@/fake.so\": Cannot load library @DIR@/fake.so: "
-                  "(@DIR@/fake.so: file too short)\n"},
+                  "wfbuild: cannot load @DIR@/fake.so: not a shared library (no ELF header)\n"},
+        UsageCase{"PluginCutShort", {"plugins", "--plugin", "@DIR@/cut.so"}, 2, "",
+                  "wfbuild: cannot load @DIR@/cut.so: truncated: 40 bytes hold no whole ELF header\n"},
+        UsageCase{"PluginLinkToNothing", {"plugins", "--plugin", "@DIR@/gone-link.so"}, 2, "",
+                  "wfbuild: cannot load @DIR@/gone-link.so: dangling link to @DIR@/gone.so\n"},
         UsageCase{"PluginWithAMissingSymbol", {"actions", "--plugin", WF_RUNNER_BROKEN_PLUGIN}, 2, "",
-                  "wfbuild: cannot load plug-in \"" WF_RUNNER_BROKEN_PLUGIN "\": Cannot load library " WF_RUNNER_BROKEN_PLUGIN
+                  "wfbuild: cannot load " WF_RUNNER_BROKEN_PLUGIN ": Cannot load library " WF_RUNNER_BROKEN_PLUGIN
                   ": (" WF_RUNNER_BROKEN_PLUGIN ": undefined symbol: _Z25functionNoRuntimeProvidesv)\n"},
         UsageCase{"MissingPlugin", {"actions", "--plugin", "@DIR@/none.so"}, 2, "",
-                  "wfbuild: plug-in \"@DIR@/none.so\" does not exist\n"},
+                  "wfbuild: cannot load @DIR@/none.so: no such file\n"},
+        UsageCase{"PluginDescriptionWithControlCharacters", {"plugins", "--no-default-plugins", "--plugin", WF_FAULTY_PLUGIN_PATH},
+                  0, WF_FAULTY_PLUGIN_PATH "\tFaulty\\tpackage\\nsecond line \\x1b[31mred\\\\\n", ""},
         // Nobody writes to the FIFO: opening it would wait for ever.
         UsageCase{"PluginThatIsAFifo", {"actions", "--plugin", "@DIR@/some.fifo"}, 2, "",
-                  "wfbuild: cannot load plug-in \"@DIR@/some.fifo\": it is not a regular file\n"},
+                  "wfbuild: cannot load @DIR@/some.fifo: not a regular file\n"},
         UsageCase{"Help", {"--help"}, 0, "*Usage: wfbuild COMMAND [OPTIONS]\n", ""},
         UsageCase{"HelpOfCommand", {"help", "run"}, 0, "*Usage: wfbuild run PROJECT.wfp", ""},
         UsageCase{"HelpAfterCommand", {"options", "--help"}, 0, "*Usage: wfbuild options", ""},
