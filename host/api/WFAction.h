@@ -69,6 +69,10 @@ public:
     std::string GetActionTypeID() const { return m_actionTypeId; }
     bool GetEnabled() const { return m_enabled; }
     void SetEnabled(bool enabled) { m_enabled = enabled; }
+    /// When set, a failure of this action is logged and reported but the build goes on as if
+    /// it had succeeded.
+    bool GetContinueOnFailure() const { return m_continueOnFailure; }
+    void SetContinueOnFailure(bool goOn) { m_continueOnFailure = goOn; }
 
     // Services the host provides to every action (not virtual).
     /// Expands the host's expressions in Value. On failure the host logs one line naming
@@ -90,6 +94,7 @@ private:
     std::string m_actionTypeId;
     std::string m_description;
     bool m_enabled = true;
+    bool m_continueOnFailure = false;
     TWFActionHost* m_host = nullptr;
 };
 

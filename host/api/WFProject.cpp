@@ -45,6 +45,14 @@ void TWFProject::DefineVariables(TWFBuildVariables& target) const
     }
 }
 
+int projectFormatVersion(const TWFProject& project)
+{
+    const auto goesOn = [](const auto& action) { return action->GetContinueOnFailure(); };
+    const bool newer = !project.cleanupActions.empty() || project.cleanupTimeoutSeconds
+        || std::any_of(project.actions.begin(), project.actions.end(), goesOn);
+    return newer ? kWFProjectFormatNewest : kWFProjectFormatBase;
+}
+
 namespace {
 
 class TPropertyMap final : public IZTXMLReader {
@@ -165,12 +173,12 @@ void readVariables(TReader& r, TWFProject& project)
     }
 }
 
-void readAction(TReader& r, TWFProject& project)
+void readAction(TReader& r, std::vector<std::unique_ptr<TCustomWFAction>>& list)
 {
     const std::string type = r.attribute("type");
     const long long line = r.xml.lineNumber();
     const long long column = r.xml.columnNumber();
-    r.checkAttributes({"type", "description", "enabled"});
+    r.checkAttributes({"type", "description", "enabled", "continueOnFailure"});
     std::unique_ptr<TCustomWFAction> action = WFActionServices().CreateAction(type);
     if (!action) {
         r.error("unknown action type \"" + type + "\"");
@@ -183,6 +191,13 @@ void readAction(TReader& r, TWFProject& project)
         if (!parseBooleanText(r.attribute("enabled"), enabled))
             r.error("action " + type + ": enabled=\"" + r.attribute("enabled") + "\" is not True or False");
         action->SetEnabled(enabled);
+    }
+    if (r.hasAttribute("continueOnFailure")) {
+        bool goOn = false;
+        if (!parseBooleanText(r.attribute("continueOnFailure"), goOn))
+            r.error("action " + type + ": continueOnFailure=\"" + r.attribute("continueOnFailure")
+                    + "\" is not True or False");
+        action->SetContinueOnFailure(goOn);
     }
     TPropertyMap properties;
     std::vector<std::pair<long long, long long>> places;
@@ -221,7 +236,33 @@ void readAction(TReader& r, TWFProject& project)
         r.diagnostics.push_back({r.file, place.first, place.second, problem.message, true});
         r.failed = true;
     }
-    project.actions.push_back(std::move(action));
+    list.push_back(std::move(action));
+}
+
+/// The <action> elements of <actions> or <cleanup>.
+void readActionList(TReader& r, std::vector<std::unique_ptr<TCustomWFAction>>& list, const char* element)
+{
+    while (r.xml.readNextStartElement()) {
+        if (r.xml.name() == QLatin1String("action")) {
+            readAction(r, list);
+        } else {
+            r.error("unexpected element <" + r.xml.name().toString().toStdString() + "> in <" + element + ">");
+            r.xml.skipCurrentElement();
+        }
+    }
+}
+
+/// Reads a time-limit attribute of <wfproject>; false after reporting a bad value.
+bool readTimeLimit(TReader& r, const char* name, std::int64_t& seconds)
+{
+    const std::string text = r.attribute(name);
+    const TWFTimeLimitParse parsed = parseTimeLimitSeconds(text, seconds);
+    if (parsed == TWFTimeLimitParse::TooLong)
+        r.error(std::string(name) + "=\"" + text + "\" is longer than the longest time limit, "
+                + std::to_string(kWFMaxTimeLimitSeconds) + " seconds (30 days)");
+    else if (parsed != TWFTimeLimitParse::Ok)
+        r.error(std::string(name) + "=\"" + text + "\" is not a whole number of seconds");
+    return parsed == TWFTimeLimitParse::Ok;
 }
 
 /// Line and column, in characters, of the byte at offset in UTF-8 text.
@@ -422,33 +463,24 @@ bool ReadProjectText(const std::string& text, const std::string& fileName, TWFPr
     } else if (r.xml.name() != QLatin1String("wfproject")) {
         r.error("the root element is <" + r.xml.name().toString().toStdString() + ">, not <wfproject>");
     } else {
-        r.checkAttributes({"version", "timeout"});
-        if (r.hasAttribute("version") && r.attribute("version") != "1")
-            r.error("project format version " + r.attribute("version") + " is not supported (expected 1)");
-        if (r.hasAttribute("timeout")) {
-            const std::string timeout = r.attribute("timeout");
-            std::int64_t value = 0;
-            const TWFTimeLimitParse parsed = parseTimeLimitSeconds(timeout, value);
-            if (parsed == TWFTimeLimitParse::TooLong)
-                r.error("timeout=\"" + timeout + "\" is longer than the longest time limit, "
-                        + std::to_string(kWFMaxTimeLimitSeconds) + " seconds (30 days)");
-            else if (parsed != TWFTimeLimitParse::Ok)
-                r.error("timeout=\"" + timeout + "\" is not a whole number of seconds");
-            else
-                project.timeoutSeconds = value;
-        }
+        r.checkAttributes({"version", "timeout", "cleanupTimeout"});
+        if (r.hasAttribute("version") && r.attribute("version") != "1" && r.attribute("version") != "2")
+            r.error("project format version " + r.attribute("version") + " is not supported (this wfbuild reads "
+                    + std::to_string(kWFProjectFormatBase) + " to " + std::to_string(kWFProjectFormatNewest)
+                    + "); the file was written by a newer version");
+        if (std::int64_t value = 0; r.hasAttribute("timeout") && readTimeLimit(r, "timeout", value))
+            project.timeoutSeconds = value;
+        if (std::int64_t value = 0; r.hasAttribute("cleanupTimeout") && readTimeLimit(r, "cleanupTimeout", value))
+            project.cleanupTimeoutSeconds = value;
+        bool sawCleanup = false;
         while (r.xml.readNextStartElement()) {
             if (r.xml.name() == QLatin1String("variables")) {
                 readVariables(r, project);
             } else if (r.xml.name() == QLatin1String("actions")) {
-                while (r.xml.readNextStartElement()) {
-                    if (r.xml.name() == QLatin1String("action")) {
-                        readAction(r, project);
-                    } else {
-                        r.error("unexpected element <" + r.xml.name().toString().toStdString() + "> in <actions>");
-                        r.xml.skipCurrentElement();
-                    }
-                }
+                readActionList(r, project.actions, "actions");
+            } else if (r.xml.name() == QLatin1String("cleanup") && !sawCleanup) {
+                sawCleanup = true;
+                readActionList(r, project.cleanupActions, "cleanup");
             } else {
                 r.error("unexpected element <" + r.xml.name().toString().toStdString() + "> in <wfproject>");
                 r.xml.skipCurrentElement();
@@ -495,9 +527,11 @@ std::string WriteProjectText(const TWFProject& project)
     xml.setAutoFormattingIndent(2);
     xml.writeStartDocument();
     xml.writeStartElement("wfproject");
-    xml.writeAttribute("version", "1");
+    xml.writeAttribute("version", QString::number(projectFormatVersion(project)));
     if (project.timeoutSeconds > 0)
         xml.writeAttribute("timeout", QString::number(project.timeoutSeconds));
+    if (project.cleanupTimeoutSeconds)
+        xml.writeAttribute("cleanupTimeout", QString::number(*project.cleanupTimeoutSeconds));
     xml.writeStartElement("variables");
     for (const auto& variable : project.variables) {
         xml.writeEmptyElement("variable");
@@ -506,17 +540,24 @@ std::string WriteProjectText(const TWFProject& project)
         xml.writeAttribute("value", QString::fromStdString(variable.value));
     }
     xml.writeEndElement();
-    xml.writeStartElement("actions");
     TXmlPropertyWriter properties(xml);
-    for (const auto& action : project.actions) {
-        xml.writeStartElement("action");
-        xml.writeAttribute("type", QString::fromStdString(action->GetActionTypeID()));
-        xml.writeAttribute("description", QString::fromStdString(action->GetDescription()));
-        xml.writeAttribute("enabled", action->GetEnabled() ? "True" : "False");
-        action->WriteState(properties);
+    const auto writeList = [&](const char* element, const std::vector<std::unique_ptr<TCustomWFAction>>& list) {
+        xml.writeStartElement(element);
+        for (const auto& action : list) {
+            xml.writeStartElement("action");
+            xml.writeAttribute("type", QString::fromStdString(action->GetActionTypeID()));
+            xml.writeAttribute("description", QString::fromStdString(action->GetDescription()));
+            xml.writeAttribute("enabled", action->GetEnabled() ? "True" : "False");
+            if (action->GetContinueOnFailure())
+                xml.writeAttribute("continueOnFailure", "True");
+            action->WriteState(properties);
+            xml.writeEndElement();
+        }
         xml.writeEndElement();
-    }
-    xml.writeEndElement();
+    };
+    writeList("actions", project.actions);
+    if (!project.cleanupActions.empty())
+        writeList("cleanup", project.cleanupActions);
     xml.writeEndElement();
     xml.writeEndDocument();
     return bytes.toStdString();

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,12 +41,24 @@ public:
 
     std::vector<TWFProjectVariable> variables;
     std::vector<std::unique_ptr<TCustomWFAction>> actions;
+    /// Run in order after the actions when the build fails or is interrupted, never after a success.
+    std::vector<std::unique_ptr<TCustomWFAction>> cleanupActions;
     /// Longest a process of any action may run, in seconds; 0: no bound.
     std::int64_t timeoutSeconds = 0;
+    /// Longest the clean-up may take after an interrupt, in seconds; unset: the host's default.
+    std::optional<std::int64_t> cleanupTimeoutSeconds;
 
     /// Puts the project's variables into a run's variable set.
     void DefineVariables(TWFBuildVariables& target) const;
 };
+
+/// The format version of files that use nothing newer than version 1 (so that older hosts
+/// keep reading them), and the newest this host reads: version 2 adds clean-up actions,
+/// the clean-up time limit and the continue-on-failure flag.
+inline constexpr int kWFProjectFormatBase = 1;
+inline constexpr int kWFProjectFormatNewest = 2;
+/// The version a project needs: the lowest that holds everything it uses.
+WF_API int projectFormatVersion(const TWFProject& project);
 
 /// Larger project files are refused while they are read.
 inline constexpr long long kWFProjectSizeLimit = 16LL * 1024 * 1024;

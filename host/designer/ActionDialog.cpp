@@ -27,7 +27,8 @@
 
 TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWFActionHost* validationHost)
     : QDialog(parent), m_action(cloneAction(action)), m_validationHost(validationHost), m_tabs(new QTabWidget(this)), m_description(new QLineEdit),
-      m_enabled(new QCheckBox(tr("Enabled: the action runs with the project")))
+      m_enabled(new QCheckBox(tr("Enabled: the action runs with the project"))),
+      m_continueOnFailure(new QCheckBox(tr("Continue the build when this action fails")))
 {
     setObjectName("actionDialog");
     const auto* entry = WFActionServices().Find(action.GetActionTypeID());
@@ -76,6 +77,10 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
     form->addRow(tr("Action:"), type);
     form->addRow(tr("Description:"), m_description);
     form->addRow(QString(), m_enabled);
+    m_continueOnFailure->setObjectName("boxContinueOnFailure");
+    m_continueOnFailure->setChecked(m_action->GetContinueOnFailure());
+    m_continueOnFailure->setToolTip(tr("Its failure is logged and reported, and the build goes on as if it had succeeded"));
+    form->addRow(QString(), m_continueOnFailure);
     m_tabs->addTab(general, tr("General"));
 
     connect(m_tabs, &QTabWidget::currentChanged, this, [this](int index) {
@@ -119,6 +124,7 @@ void TActionDialog::accept()
             page->WriteActionData(*edited);
     edited->SetDescription(m_description->text().toStdString());
     edited->SetEnabled(m_enabled->isChecked());
+    edited->SetContinueOnFailure(m_continueOnFailure->isChecked());
 
     TWFActionHost bareHost;
     bareHost.functions = WFScriptingServices().Resolver();

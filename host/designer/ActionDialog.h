@@ -42,6 +42,7 @@ private:
     QTabWidget* m_tabs;
     QLineEdit* m_description;
     QCheckBox* m_enabled;
+    QCheckBox* m_continueOnFailure;
     std::vector<IWFActionPage*> m_pages;
     int m_activePage = -1;
 };

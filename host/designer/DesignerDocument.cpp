@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <iterator>
 
 #include <sys/stat.h>
 
@@ -44,6 +45,21 @@ QString joinDiagnostics(const std::vector<TWFProjectDiagnostic>& diagnostics, bo
     return lines.join('\n');
 }
 
+using TActionList = std::vector<std::unique_ptr<TCustomWFAction>>;
+
+/// Runs edit on the project's rows as one list, the clean-up heading as a null entry that
+/// edit leaves in place, so that a change may cross from one section into the other.
+void editRows(TWFProject& project, const std::function<void(TActionList&)>& edit)
+{
+    TActionList rows = std::move(project.actions);
+    rows.push_back(nullptr);
+    std::move(project.cleanupActions.begin(), project.cleanupActions.end(), std::back_inserter(rows));
+    edit(rows);
+    const auto heading = std::find(rows.begin(), rows.end(), nullptr);
+    project.actions.assign(std::make_move_iterator(rows.begin()), std::make_move_iterator(heading));
+    project.cleanupActions.assign(std::make_move_iterator(heading + 1), std::make_move_iterator(rows.end()));
+}
+
 } // namespace
 
 std::unique_ptr<TCustomWFAction> cloneAction(const TCustomWFAction& action)
@@ -53,6 +69,7 @@ std::unique_ptr<TCustomWFAction> cloneAction(const TCustomWFAction& action)
         return nullptr;
     copy->SetDescription(action.GetDescription());
     copy->SetEnabled(action.GetEnabled());
+    copy->SetContinueOnFailure(action.GetContinueOnFailure());
     for (const auto& property : action.Properties())
         copy->SetPropertyText(property.name, action.GetPropertyText(property.name));
     return copy;
@@ -142,14 +159,29 @@ void TDesignerDocument::change(const QString& label, const std::function<void(TW
     emit projectChanged();
 }
 
+int TDesignerDocument::rowCount() const
+{
+    return static_cast<int>(m_project.actions.size() + 1 + m_project.cleanupActions.size());
+}
+
+TCustomWFAction* TDesignerDocument::actionAt(int row) const
+{
+    const int heading = cleanupHeadingRow();
+    if (row < 0 || row >= rowCount() || row == heading)
+        return nullptr;
+    return row < heading ? m_project.actions[row].get() : m_project.cleanupActions[row - heading - 1].get();
+}
+
 void TDesignerDocument::insertActions(int row, std::vector<std::unique_ptr<TCustomWFAction>> actions, const QString& label)
 {
     if (actions.empty())
         return;
     change(label, [&](TWFProject& project) {
-        const auto at = std::clamp<std::size_t>(static_cast<std::size_t>(std::max(row, 0)), 0, project.actions.size());
-        project.actions.insert(project.actions.begin() + static_cast<std::ptrdiff_t>(at),
-                               std::make_move_iterator(actions.begin()), std::make_move_iterator(actions.end()));
+        editRows(project, [&](TActionList& rows) {
+            const auto at = std::clamp<std::size_t>(static_cast<std::size_t>(std::max(row, 0)), 0, rows.size());
+            rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(at), std::make_move_iterator(actions.begin()),
+                        std::make_move_iterator(actions.end()));
+        });
     });
 }
 
@@ -157,38 +189,41 @@ void TDesignerDocument::removeActions(std::vector<int> rows)
 {
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    std::erase_if(rows, [this](int row) { return !actionAt(row); });
     change(rows.size() == 1 ? tr("Remove action") : tr("Remove %1 actions").arg(rows.size()), [&](TWFProject& project) {
-        for (auto it = rows.rbegin(); it != rows.rend(); ++it)
-            if (*it >= 0 && static_cast<std::size_t>(*it) < project.actions.size())
-                project.actions.erase(project.actions.begin() + *it);
+        editRows(project, [&](TActionList& list) {
+            for (auto it = rows.rbegin(); it != rows.rend(); ++it)
+                list.erase(list.begin() + *it);
+        });
     });
 }
 
 void TDesignerDocument::moveAction(int from, int to)
 {
-    const int count = static_cast<int>(m_project.actions.size());
-    if (from < 0 || from >= count || to < 0 || to >= count || from == to)
+    if (!actionAt(from) || to < 0 || to >= rowCount() || from == to)
         return;
     change(tr("Move action"), [&](TWFProject& project) {
-        auto moved = std::move(project.actions[from]);
-        project.actions.erase(project.actions.begin() + from);
-        project.actions.insert(project.actions.begin() + to, std::move(moved));
+        editRows(project, [&](TActionList& rows) {
+            auto moved = std::move(rows[from]);
+            rows.erase(rows.begin() + from);
+            rows.insert(rows.begin() + to, std::move(moved));
+        });
     });
 }
 
 void TDesignerDocument::replaceAction(int row, std::unique_ptr<TCustomWFAction> action)
 {
-    if (row < 0 || static_cast<std::size_t>(row) >= m_project.actions.size() || !action)
+    if (!actionAt(row) || !action)
         return;
-    change(tr("Edit action"), [&](TWFProject& project) { project.actions[row] = std::move(action); });
+    change(tr("Edit action"), [&](TWFProject& project) { editRows(project, [&](TActionList& rows) { rows[row] = std::move(action); }); });
 }
 
 void TDesignerDocument::setEnabled(const std::vector<int>& rows, bool enabled)
 {
-    change(enabled ? tr("Enable") : tr("Disable"), [&](TWFProject& project) {
+    change(enabled ? tr("Enable") : tr("Disable"), [&](TWFProject&) {
         for (const int row : rows)
-            if (row >= 0 && static_cast<std::size_t>(row) < project.actions.size())
-                project.actions[row]->SetEnabled(enabled);
+            if (TCustomWFAction* action = actionAt(row))
+                action->SetEnabled(enabled);
     });
 }
 
@@ -201,8 +236,8 @@ std::string TDesignerDocument::actionsText(const std::vector<int>& rows) const
 {
     TWFProject selection;
     for (const int row : rows)
-        if (row >= 0 && static_cast<std::size_t>(row) < m_project.actions.size())
-            if (auto copy = cloneAction(*m_project.actions[row]))
+        if (const TCustomWFAction* action = actionAt(row))
+            if (auto copy = cloneAction(*action))
                 selection.actions.push_back(std::move(copy));
     return WriteProjectText(selection);
 }

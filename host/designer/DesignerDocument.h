@@ -45,9 +45,16 @@ public:
     /// Whether the file at path() is no longer the one opened or last saved here (another
     /// program wrote, replaced or removed it).
     bool changedOnDisk() const;
+    /// The project list's rows: the actions, one heading row that opens the clean-up section
+    /// ("When the build fails"), then the clean-up actions. Rows below are counted this way.
+    int rowCount() const;
+    int cleanupHeadingRow() const { return static_cast<int>(m_project.actions.size()); }
+    /// The action of a row; nullptr for the heading and for rows out of range.
+    TCustomWFAction* actionAt(int row) const;
 
     /// One undoable change of the project, made by `edit` on the live project.
     void change(const QString& label, const std::function<void(TWFProject&)>& edit);
+    /// Inserts before a row; at the heading row, at the end of the actions.
     void insertActions(int row, std::vector<std::unique_ptr<TCustomWFAction>> actions, const QString& label);
     void removeActions(std::vector<int> rows);
     void moveAction(int from, int to);

@@ -597,7 +597,7 @@ bool TMainWindow::addCatalogueAction(const QString& typeId)
     auto action = WFActionServices().CreateAction(typeId.toStdString());
     if (!action)
         return false;
-    const int row = currentRow() < 0 ? m_model->rowCount() : currentRow() + 1;
+    const int row = currentRow() < 0 ? m_document->cleanupHeadingRow() : currentRow() + 1;
     std::vector<std::unique_ptr<TCustomWFAction>> actions;
     actions.push_back(std::move(action));
     m_document->insertActions(row, std::move(actions), tr("Add action"));
@@ -607,12 +607,12 @@ bool TMainWindow::addCatalogueAction(const QString& typeId)
 
 bool TMainWindow::editAction(int row, const QString& page)
 {
-    if (row < 0 || row >= m_model->rowCount() || m_runner->isRunning())
+    if (!m_document->actionAt(row) || m_runner->isRunning())
         return false;
     TWFBuildVariables variables;
     m_document->project().DefineVariables(variables);
     TWFActionHost host = validationHost(variables);
-    TActionDialog dialog(*m_document->project().actions[row], this, &host);
+    TActionDialog dialog(*m_document->actionAt(row), this, &host);
     const TDialogSize size(dialog, *m_settings, "actionDialog/size");
     if (!page.isEmpty())
         dialog.showPage(page);
@@ -662,7 +662,7 @@ void TMainWindow::paste()
         statusBar()->showMessage(tr("The clipboard holds no actions."), 5000);
         return;
     }
-    const int row = currentRow() < 0 ? m_model->rowCount() : currentRow() + 1;
+    const int row = currentRow() < 0 ? m_document->cleanupHeadingRow() : currentRow() + 1;
     const int count = static_cast<int>(actions.size());
     m_document->insertActions(row, std::move(actions), count == 1 ? tr("Paste action") : tr("Paste %1 actions").arg(count));
     selectRow(row);
@@ -702,11 +702,12 @@ bool TMainWindow::isRunning() const
 
 bool TMainWindow::runProject(int first, bool dryRun)
 {
-    if (m_runner->isRunning() || m_document->project().actions.empty())
+    // Clean-up actions run only after a failure of the actions above them.
+    if (m_runner->isRunning() || first >= m_document->cleanupHeadingRow())
         return false;
     m_log->clear();
     m_model->clearRunState();
-    for (int row = first; row < m_model->rowCount(); ++row)
+    for (int row = first; row < m_document->cleanupHeadingRow(); ++row)
         m_model->setRunState(row, TRunStatus::Waiting);
     QString error;
     if (!m_runner->start(WriteProjectText(m_document->project()), m_document->path(), first, dryRun, error)) {
@@ -776,15 +777,19 @@ int TMainWindow::validateProject()
     int invalid = 0;
     const std::size_t checked = ::validateProject(project, host, [&](const TActionValidation& action) {
         ++invalid;
-        auto* parent = new QTreeWidgetItem(m_problems, {tr("Action %1 (%2)").arg(action.index + 1).arg(QString::fromStdString(action.title))});
+        const int row = static_cast<int>(action.index) + (action.cleanup ? m_document->cleanupHeadingRow() + 1 : 0);
+        const QString title = (action.cleanup ? tr("Clean-up action %1 (%2)") : tr("Action %1 (%2)"))
+                                  .arg(action.index + 1)
+                                  .arg(QString::fromStdString(action.title));
+        auto* parent = new QTreeWidgetItem(m_problems, {title});
         parent->setIcon(0, statusIcon(TRunStatus::Failed));
-        parent->setData(0, kRowRole, static_cast<int>(action.index));
+        parent->setData(0, kRowRole, row);
         for (const auto& error : action.errors) {
             auto* item = new QTreeWidgetItem(parent, {QString::fromStdString(error.location), QString::fromStdString(error.message)});
-            item->setData(0, kRowRole, static_cast<int>(action.index));
+            item->setData(0, kRowRole, row);
             item->setData(0, kLocationRole, QString::fromStdString(error.location));
         }
-        m_model->setRunState(static_cast<int>(action.index), TRunStatus::Failed);
+        m_model->setRunState(row, TRunStatus::Failed);
     });
     m_problems->expandAll();
     m_problems->resizeColumnToContents(0);
@@ -823,7 +828,8 @@ void TMainWindow::showActionHelp()
         statusBar()->showMessage(tr("Select an action to see its help."), 5000);
         return;
     }
-    ::showActionHelp(*m_document->project().actions[row], this);
+    if (const TCustomWFAction* action = m_document->actionAt(row))
+        ::showActionHelp(*action, this);
 }
 
 void TMainWindow::showAbout()

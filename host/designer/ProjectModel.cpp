@@ -7,6 +7,7 @@
 
 #include <QColor>
 #include <QDataStream>
+#include <QFont>
 #include <QIODevice>
 #include <QMimeData>
 
@@ -23,19 +24,19 @@ QString displayNameOf(const TCustomWFAction& action)
 TProjectModel::TProjectModel(TDesignerDocument& document, QObject* parent) : QAbstractTableModel(parent), m_document(document)
 {
     connect(&m_document, &TDesignerDocument::projectChanged, this, &TProjectModel::reset);
-    m_run.resize(m_document.project().actions.size());
+    m_run.resize(static_cast<std::size_t>(m_document.rowCount()));
 }
 
 void TProjectModel::reset()
 {
     beginResetModel();
-    m_run.assign(m_document.project().actions.size(), TRunState{});
+    m_run.assign(static_cast<std::size_t>(m_document.rowCount()), TRunState{});
     endResetModel();
 }
 
 int TProjectModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_document.project().actions.size());
+    return parent.isValid() ? 0 : m_document.rowCount();
 }
 
 int TProjectModel::columnCount(const QModelIndex& parent) const
@@ -47,7 +48,10 @@ QVariant TProjectModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || index.row() >= rowCount())
         return {};
-    const TCustomWFAction& action = *m_document.project().actions[index.row()];
+    const TCustomWFAction* found = m_document.actionAt(index.row());
+    if (!found)
+        return headingData(index, role);
+    const TCustomWFAction& action = *found;
     const TRunState& run = m_run[index.row()];
     switch (index.column()) {
     case ActionColumn:
@@ -84,9 +88,28 @@ QVariant TProjectModel::data(const QModelIndex& index, int role) const
     }
 }
 
+QVariant TProjectModel::headingData(const QModelIndex& index, int role) const
+{
+    if (index.column() != ActionColumn)
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return tr("When the build fails");
+    case Qt::ToolTipRole:
+        return tr("Clean-up actions: they run, in order, when the build fails or is stopped");
+    case Qt::FontRole: {
+        QFont font;
+        font.setBold(true);
+        return font;
+    }
+    default:
+        return {};
+    }
+}
+
 bool TProjectModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (!index.isValid() || index.column() != ActionColumn || role != Qt::CheckStateRole)
+    if (!index.isValid() || index.column() != ActionColumn || role != Qt::CheckStateRole || !m_document.actionAt(index.row()))
         return false;
     m_document.setEnabled({index.row()}, value.toInt() == Qt::Checked);
     return true;
@@ -112,6 +135,10 @@ Qt::ItemFlags TProjectModel::flags(const QModelIndex& index) const
 {
     if (!index.isValid())
         return Qt::ItemIsDropEnabled;
+    // The heading can take the selection (to add or paste at the start of its section) and
+    // drops, but is neither dragged nor switched off.
+    if (!m_document.actionAt(index.row()))
+        return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDropEnabled;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
     if (index.column() == ActionColumn)
         flags |= Qt::ItemIsUserCheckable;
@@ -127,7 +154,7 @@ QMimeData* TProjectModel::mimeData(const QModelIndexList& indexes) const
 {
     QList<int> rows;
     for (const auto& index : indexes)
-        if (!rows.contains(index.row()))
+        if (!rows.contains(index.row()) && m_document.actionAt(index.row()))
             rows << index.row();
     auto* data = new QMimeData;
     QByteArray bytes;
@@ -145,8 +172,12 @@ Qt::DropActions TProjectModel::supportedDropActions() const
 
 bool TProjectModel::dropMimeData(const QMimeData* data, Qt::DropAction, int row, int, const QModelIndex& parent)
 {
-    if (row < 0)
+    if (row < 0) {
         row = parent.isValid() ? parent.row() : rowCount();
+        // Dropped onto the heading: at the start of its section.
+        if (parent.isValid() && parent.row() == m_document.cleanupHeadingRow())
+            ++row;
+    }
     if (data->hasFormat(kActionTypeMime)) {
         const std::string typeId = QString::fromUtf8(data->data(kActionTypeMime)).toStdString();
         auto action = WFActionServices().CreateAction(typeId);

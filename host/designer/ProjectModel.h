@@ -13,7 +13,9 @@ inline constexpr const char* kActionRowsMime = "application/x-wrenfield-action-r
 inline constexpr const char* kActionTypeMime = "application/x-wrenfield-action-type";
 
 /// The project's actions as the main window lists them: action (icon, title, enabled check
-/// box), run status and elapsed time. Edits go to the document as undoable changes.
+/// box), run status and elapsed time; then a heading row "When the build fails" and the
+/// clean-up actions (rows as the document counts them). Edits go to the document as undoable
+/// changes.
 class TProjectModel final : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -40,6 +42,7 @@ public:
 
 private:
     void reset();
+    QVariant headingData(const QModelIndex& index, int role) const;
 
     struct TRunState {
         TRunStatus status = TRunStatus::None;

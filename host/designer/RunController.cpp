@@ -111,7 +111,8 @@ bool TRunController::start(const std::string& projectText, const QString& projec
         error = diagnostics.empty() ? tr("The project cannot be run.") : QString::fromStdString(diagnostics.front().ToString());
         return false;
     }
-    first = std::clamp(first, 0, static_cast<int>(run->project.actions.size()));
+    const int heading = static_cast<int>(run->project.actions.size());
+    first = std::clamp(first, 0, heading);
     run->project.actions.erase(run->project.actions.begin(), run->project.actions.begin() + first);
     run->first = first;
     run->project.DefineVariables(run->variables);
@@ -119,11 +120,19 @@ bool TRunController::start(const std::string& projectText, const QString& projec
         projectPath.isEmpty() ? QDir::currentPath().toStdString() : QFileInfo(projectPath).absolutePath().toStdString();
     run->settings.dryRun = dryRun;
     run->settings.timeoutSeconds = run->project.timeoutSeconds;
-    run->runner.SetWatcher({[this, first](std::size_t index) {
-                                post([this, row = first + static_cast<int>(index)] { emit actionStarted(row); });
+    run->settings.cleanupTimeoutSeconds =
+        run->project.cleanupTimeoutSeconds.value_or(TRunSettings::kDefaultCleanupTimeoutSeconds);
+    // The runner counts the actions run, then the clean-up actions; the list has the heading between.
+    const auto rowOf = [first, heading](std::size_t index) {
+        const int ran = heading - first;
+        const int i = static_cast<int>(index);
+        return i < ran ? first + i : heading + 1 + (i - ran);
+    };
+    run->runner.SetWatcher({[this, rowOf](std::size_t index) {
+                                post([this, row = rowOf(index)] { emit actionStarted(row); });
                             },
-                            [this, first](std::size_t index, const TJUnitCase& result) {
-                                post([this, row = first + static_cast<int>(index), status = statusOf(result.outcome),
+                            [this, rowOf](std::size_t index, const TJUnitCase& result) {
+                                post([this, row = rowOf(index), status = statusOf(result.outcome),
                                       seconds = result.seconds, message = QString::fromStdString(result.message)] {
                                     emit actionFinished(row, status, seconds, message);
                                 });

@@ -7,8 +7,10 @@
 #include "WFProject.h"
 #include "WFServices.h"
 
+#include <algorithm>
 #include <chrono>
 #include <ostream>
+#include <thread>
 
 namespace {
 
@@ -42,10 +44,19 @@ std::string plural(std::size_t count, const char* word)
 
 } // namespace
 
-std::string actionTitle(const TCustomWFAction& action)
+namespace {
+
+std::string displayName(const TCustomWFAction& action)
 {
     const auto* entry = WFActionServices().Find(action.GetActionTypeID());
-    const std::string name = entry ? entry->displayName : action.GetActionName();
+    return entry ? entry->displayName : action.GetActionName();
+}
+
+} // namespace
+
+std::string actionTitle(const TCustomWFAction& action)
+{
+    const std::string name = displayName(action);
     const std::string description = action.GetDescription();
     return description.empty() ? name : name + ": " + description;
 }
@@ -76,17 +87,20 @@ std::size_t validateProject(TWFProject& project, TWFActionHost& host,
                             const std::function<void(const TActionValidation&)>& onInvalid)
 {
     std::size_t checked = 0;
-    for (std::size_t index = 0; index < project.actions.size(); ++index) {
-        TCustomWFAction& action = *project.actions[index];
-        if (!action.GetEnabled())
-            continue;
-        ++checked;
-        action.SetHost(&host);
-        bool ok = false;
-        auto errors = validateActionErrors(action, ok);
-        action.SetHost(nullptr);
-        if (!ok)
-            onInvalid({index, actionTitle(action), std::move(errors)});
+    for (const bool cleanup : {false, true}) {
+        auto& list = cleanup ? project.cleanupActions : project.actions;
+        for (std::size_t index = 0; index < list.size(); ++index) {
+            TCustomWFAction& action = *list[index];
+            if (!action.GetEnabled())
+                continue;
+            ++checked;
+            action.SetHost(&host);
+            bool ok = false;
+            auto errors = validateActionErrors(action, ok);
+            action.SetHost(nullptr);
+            if (!ok)
+                onInvalid({index, cleanup, actionTitle(action), std::move(errors)});
+        }
     }
     return checked;
 }
@@ -95,19 +109,63 @@ TBuildRunner::TBuildRunner(TConsoleLog& log, std::ostream& out, std::ostream& er
 
 void TBuildRunner::Interrupt()
 {
+    std::lock_guard lock(m_currentMutex);
     // The flag first: either the loop sees it before starting an action, or the action is
     // already current here and is told to stop.
     m_interrupted = true;
+    ++m_interrupts;
+    if (m_inCleanup && !m_cleanupDeadline && m_cleanupLimitSeconds > 0) {
+        // The first interrupt during the clean-up of a failed build only bounds it.
+        m_cleanupDeadline = std::chrono::steady_clock::now() + std::chrono::seconds(m_cleanupLimitSeconds);
+        m_deadlineChanged.notify_all();
+    }
+    if (m_inCleanup && m_interrupts < 2)
+        return;
     // Also what is not the action's own program: queries, waits for a FIFO.
     WFRequestStop();
-    std::lock_guard lock(m_currentMutex);
     if (m_current)
         m_current->TerminateAction();
 }
 
+TBuildRunner::TActionRun TBuildRunner::runAction(TCustomWFAction& action, TWFActionHost& host)
+{
+    const auto started = std::chrono::steady_clock::now();
+    action.SetHost(&host);
+    {
+        std::lock_guard lock(m_currentMutex);
+        m_current = &action;
+    }
+    TActionRun run;
+    if (!cleanupStopped()) {
+        const auto errors = validateAction(action, run.ok);
+        for (const auto& line : errors)
+            m_log.Line(IWFLogSink::Stream::Message, line);
+        if (!run.ok)
+            run.reason = "validation failed";
+    }
+    if (run.ok && !cleanupStopped()) {
+        run.ok = action.Execute();
+        if (!run.ok)
+            run.reason = failureReason(action);
+    }
+    {
+        std::lock_guard lock(m_currentMutex);
+        m_current = nullptr;
+    }
+    action.SetHost(nullptr);
+    m_log.Flush();
+    run.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+    return run;
+}
+
+bool TBuildRunner::cleanupStopped()
+{
+    std::lock_guard lock(m_currentMutex);
+    return m_inCleanup ? m_interrupts >= 2 || m_cleanupExpired : m_interrupted.load();
+}
+
 int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const TRunSettings& settings)
 {
-    using Clock = std::chrono::steady_clock;
     m_cases.clear();
     m_summary = {};
     // A stop request of an earlier run must not stop this one; an interrupt that came before
@@ -125,7 +183,9 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
     const std::size_t total = project.actions.size();
     std::size_t ran = 0;
     std::size_t disabled = 0;
+    std::size_t ignored = 0;
     int status = kExitSuccess;
+    TFailure failure;
     for (std::size_t index = 0; index < total; ++index) {
         TCustomWFAction& action = *project.actions[index];
         const std::size_t number = index + 1;
@@ -151,59 +211,142 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         if (m_watcher.started)
             m_watcher.started(index);
         m_log.BeginAction(number, total, title);
-        action.SetHost(&host);
-        {
-            std::lock_guard lock(m_currentMutex);
-            m_current = &action;
-        }
-        const auto started = Clock::now();
-        bool ok = false;
-        std::string reason;
-        if (!m_interrupted) {
-            const auto errors = validateAction(action, ok);
-            for (const auto& line : errors)
-                m_log.Line(IWFLogSink::Stream::Message, line);
-            if (!ok)
-                reason = "validation failed";
-        }
-        if (ok && !m_interrupted) {
-            ok = action.Execute();
-            if (!ok)
-                reason = failureReason(action);
-        }
-        {
-            std::lock_guard lock(m_currentMutex);
-            m_current = nullptr;
-        }
-        action.SetHost(nullptr);
-        m_log.Flush();
+        const TActionRun run = runAction(action, host);
         ++ran;
-        result.seconds = std::chrono::duration<double>(Clock::now() - started).count();
+        result.seconds = run.seconds;
 
-        if (m_interrupted && (!ok || wasTerminated(action))) {
+        if (m_interrupted && (!run.ok || wasTerminated(action))) {
             status = kExitInterrupted;
             result.outcome = TJUnitCase::Outcome::Failed;
             result.message = "interrupted";
             result.log = m_log.ActionText();
             m_err << "Interrupted: action " << number << " (" << title << ") was stopped." << std::endl;
-        } else if (!ok) {
+        } else if (!run.ok && action.GetContinueOnFailure()) {
+            ++ignored;
+            result.message = "failed, the build went on (continue on failure): " + run.reason;
+            result.log = m_log.ActionText();
+            m_err << "Action " << number << " (" << title << ") failed: " << run.reason
+                  << "; the build goes on (continue on failure)." << std::endl;
+        } else if (!run.ok) {
             status = kExitFailed;
             result.outcome = TJUnitCase::Outcome::Failed;
-            result.message = reason;
+            result.message = run.reason;
             result.log = m_log.ActionText();
-            m_err << "Action " << number << " (" << title << ") failed: " << reason << std::endl;
+            m_err << "Action " << number << " (" << title << ") failed: " << run.reason << std::endl;
         } else {
             result.outcome = TJUnitCase::Outcome::Passed;
         }
+        if (status != kExitSuccess)
+            failure = {number, displayName(action), action.GetDescription(), result.message};
         m_cases.push_back(std::move(result));
         notifyFinished(index);
     }
     if (status == kExitSuccess && m_interrupted) {
         status = kExitInterrupted;
+        failure = {0, {}, {}, "interrupted"};
         m_err << "Interrupted: no further action was started." << std::endl;
     }
-    m_summary = {status, ran, disabled, settings.dryRun};
+    if (status != kExitSuccess && !project.cleanupActions.empty())
+        runCleanup(project, host, settings, failure);
+    m_summary = {status, ran, disabled, ignored, settings.dryRun};
     return status;
+}
+
+void TBuildRunner::runCleanup(TWFProject& project, TWFActionHost& host, const TRunSettings& settings,
+                              const TFailure& failure)
+{
+    TWFBuildVariables& variables = *host.variables;
+    variables.Set(kFailedActionVariable, TWFVariant(static_cast<long long>(failure.number)));
+    variables.Set(kFailedActionNameVariable, TWFVariant(failure.name));
+    variables.Set(kFailedActionDescriptionVariable, TWFVariant(failure.description));
+    variables.Set(kFailureVariable, TWFVariant(failure.reason));
+
+    const auto& list = project.cleanupActions;
+    const std::size_t enabled = static_cast<std::size_t>(
+        std::count_if(list.begin(), list.end(), [](const auto& action) { return action->GetEnabled(); }));
+    {
+        std::lock_guard lock(m_currentMutex);
+        m_inCleanup = true;
+        m_cleanupDone = false;
+        m_cleanupExpired = false;
+        m_cleanupLimitSeconds = settings.cleanupTimeoutSeconds;
+        m_cleanupDeadline.reset();
+        if (m_interrupts > 0 && m_cleanupLimitSeconds > 0)
+            m_cleanupDeadline = std::chrono::steady_clock::now() + std::chrono::seconds(m_cleanupLimitSeconds);
+        // Queries and waits of the clean-up must not see the build's stop request.
+        if (m_interrupts < 2)
+            WFClearStopRequest();
+    }
+    std::string why = failure.reason == "interrupted" ? "the build was interrupted" : "the build failed";
+    if (failure.number > 0)
+        why += " at action " + std::to_string(failure.number);
+    if (m_interrupted && settings.cleanupTimeoutSeconds > 0)
+        why += "; time limit " + std::to_string(settings.cleanupTimeoutSeconds) + " s";
+    m_log.Line(IWFLogSink::Stream::Message, "=== Clean-up (" + why + "): " + plural(enabled, "action") + " ===");
+    m_log.Flush();
+    std::thread watchdog([this] { watchCleanupDeadline(); });
+
+    std::size_t ran = 0;
+    std::size_t failed = 0;
+    const std::size_t base = project.actions.size();
+    for (std::size_t index = 0; index < list.size(); ++index) {
+        TCustomWFAction& action = *list[index];
+        const std::size_t number = index + 1;
+        const std::string title = actionTitle(action);
+        TJUnitCase result{title, action.GetActionTypeID(), 0, TJUnitCase::Outcome::Skipped, {}, {}, true};
+        if (!action.GetEnabled()) {
+            m_out << consoleHeader(number, list.size(), title, true) << " (disabled)" << std::endl;
+            result.message = "disabled";
+        } else if (cleanupStopped()) {
+            std::lock_guard lock(m_currentMutex);
+            result.message = m_cleanupExpired ? "not run: the clean-up time limit ran out"
+                                              : "not run: a second interrupt ended the clean-up";
+        } else {
+            if (m_watcher.started)
+                m_watcher.started(base + index);
+            m_log.BeginAction(number, list.size(), title, true);
+            const TActionRun run = runAction(action, host);
+            ++ran;
+            result.seconds = run.seconds;
+            if (run.ok) {
+                result.outcome = TJUnitCase::Outcome::Passed;
+            } else {
+                ++failed;
+                result.outcome = TJUnitCase::Outcome::Failed;
+                result.message = cleanupStopped() && wasTerminated(action) ? "stopped" : run.reason;
+                result.log = m_log.ActionText();
+                m_err << "Clean-up action " << number << " (" << title << ") failed: " << result.message << std::endl;
+            }
+        }
+        m_cases.push_back(std::move(result));
+        notifyFinished(base + index);
+    }
+    {
+        std::lock_guard lock(m_currentMutex);
+        m_cleanupDone = true;
+        m_inCleanup = false;
+        m_deadlineChanged.notify_all();
+    }
+    watchdog.join();
+    m_err << "Clean-up: " << plural(ran, "action") << " run, " << failed << " failed." << std::endl;
+}
+
+void TBuildRunner::watchCleanupDeadline()
+{
+    std::unique_lock lock(m_currentMutex);
+    while (!m_cleanupDone) {
+        if (!m_cleanupDeadline) {
+            m_deadlineChanged.wait(lock);
+            continue;
+        }
+        if (m_deadlineChanged.wait_until(lock, *m_cleanupDeadline) == std::cv_status::timeout && !m_cleanupDone) {
+            m_cleanupExpired = true;
+            WFRequestStop();
+            if (m_current)
+                m_current->TerminateAction();
+            return;
+        }
+    }
 }
 
 void TBuildRunner::notifyFinished(std::size_t index)
@@ -220,5 +363,7 @@ void TBuildRunner::ReportSuccess()
           << (m_summary.dryRun ? " prepared" : " run");
     if (m_summary.disabled)
         m_out << ", " << m_summary.disabled << " disabled";
+    if (m_summary.ignoredFailures)
+        m_out << ", " << plural(m_summary.ignoredFailures, "failure") << " let go (continue on failure)";
     m_out << "." << std::endl;
 }

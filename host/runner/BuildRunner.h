@@ -5,10 +5,13 @@
 #include "WFAction.h"
 
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <iosfwd>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,7 +25,17 @@ struct TRunSettings {
     bool dryRun = false;
     /// Per action; 0: no bound.
     std::int64_t timeoutSeconds = 0;
+    /// Longest the clean-up may take once the build is interrupted; 0: no bound.
+    std::int64_t cleanupTimeoutSeconds = kDefaultCleanupTimeoutSeconds;
+    static constexpr std::int64_t kDefaultCleanupTimeoutSeconds = 60;
 };
+
+/// Build variables the clean-up actions see: which action failed (its number from 1, 0 when
+/// the build was interrupted between actions), its display name and description, and why.
+inline constexpr const char* kFailedActionVariable = "FAILED_ACTION";
+inline constexpr const char* kFailedActionNameVariable = "FAILED_ACTION_NAME";
+inline constexpr const char* kFailedActionDescriptionVariable = "FAILED_ACTION_DESCRIPTION";
+inline constexpr const char* kFailureVariable = "FAILURE";
 
 /// How an action is named to the user: its display name and, when it has one, its description.
 std::string actionTitle(const TCustomWFAction& action);
@@ -43,48 +56,74 @@ std::vector<std::string> validateAction(TCustomWFAction& action, bool& ok);
 
 /// The errors of one action of a project that is not valid.
 struct TActionValidation {
-    /// From 0, in project order.
+    /// From 0, in the order of its list.
     std::size_t index = 0;
+    /// A clean-up action rather than one of the build's.
+    bool cleanup = false;
     std::string title;
     std::vector<TValidationError> errors;
 };
 
-/// Validates every enabled action of a project as a run would, with the host's services bound,
-/// handing each action that is not valid to onInvalid as soon as it is checked. Returns how many
-/// enabled actions were checked.
+/// Validates every enabled action of a project, then every enabled clean-up action, as a run
+/// would, with the host's services bound, handing each action that is not valid to onInvalid as
+/// soon as it is checked. Returns how many enabled actions were checked.
 std::size_t validateProject(TWFProject& project, TWFActionHost& host,
                             const std::function<void(const TActionValidation&)>& onInvalid);
 
 /// What a watching host learns of a run while it goes, on the running thread. Every action of
 /// the project is finished once, in order (disabled and not-run ones too); only those that run
-/// are started first.
+/// are started first. Clean-up actions follow when the build fails, numbered on after the
+/// actions: index actions.size() is the first clean-up action.
 struct TRunWatcher {
     std::function<void(std::size_t index)> started;
     std::function<void(std::size_t index, const TJUnitCase& result)> finished;
 };
 
 /// The run loop of wfbuild: the enabled actions in order, each validated then executed, up to
-/// the first that fails. Console sections and log lines go to the log; the summary and failures
-/// to out and err.
+/// the first that fails (an action marked to continue on failure only has its failure noted).
+/// When the build failed or was interrupted, the enabled clean-up actions run in order, each
+/// whatever the one before did; after an interrupt under the clean-up time limit, and a second
+/// interrupt ends them at once. Console sections and log lines go to the log; the summary and
+/// failures to out and err.
 class TBuildRunner {
 public:
     TBuildRunner(TConsoleLog& log, std::ostream& out, std::ostream& err);
 
-    /// 0 when every enabled action succeeded, 1 when one failed, 130 when interrupted.
+    /// 0 when every enabled action succeeded, 1 when one failed, 130 when interrupted; the
+    /// clean-up does not change it.
     int Run(TWFProject& project, TWFBuildVariables& variables, const TRunSettings& settings);
     /// The success line of the last run, if it passed and nothing failed to be written so far.
     /// Called once every record of the run (log, JUnit report) is written, so that no
     /// failure can follow a claim of success.
     void ReportSuccess();
-    /// One case per action of the last run, in project order.
+    /// One case per action of the last run, in project order, then one per clean-up action
+    /// when the clean-up ran.
     const std::vector<TJUnitCase>& Cases() const { return m_cases; }
 
-    /// From any thread: stops the running action's program and starts no further action.
+    /// From any thread: stops the running action's program and starts no further action; the
+    /// clean-up then runs. During the clean-up, a second interrupt stops it as the first
+    /// stopped the build.
     void Interrupt();
     /// Set before Run.
     void SetWatcher(TRunWatcher watcher) { m_watcher = std::move(watcher); }
 
 private:
+    /// What the clean-up is told of the failure.
+    struct TFailure {
+        std::size_t number = 0;
+        std::string name;
+        std::string description;
+        std::string reason;
+    };
+    struct TActionRun {
+        bool ok = false;
+        std::string reason;
+        double seconds = 0;
+    };
+    TActionRun runAction(TCustomWFAction& action, TWFActionHost& host);
+    void runCleanup(TWFProject& project, TWFActionHost& host, const TRunSettings& settings, const TFailure& failure);
+    void watchCleanupDeadline();
+    bool cleanupStopped();
     void notifyFinished(std::size_t index);
 
     TConsoleLog& m_log;
@@ -96,9 +135,18 @@ private:
         int status = -1;
         std::size_t ran = 0;
         std::size_t disabled = 0;
+        std::size_t ignoredFailures = 0;
         bool dryRun = false;
     } m_summary;
+    /// Guards m_current, the interrupt count and the clean-up's deadline.
     std::mutex m_currentMutex;
+    std::condition_variable m_deadlineChanged;
     TCustomWFAction* m_current = nullptr;
     std::atomic<bool> m_interrupted{false};
+    int m_interrupts = 0;
+    bool m_inCleanup = false;
+    bool m_cleanupDone = false;
+    bool m_cleanupExpired = false;
+    std::int64_t m_cleanupLimitSeconds = 0;
+    std::optional<std::chrono::steady_clock::time_point> m_cleanupDeadline;
 };

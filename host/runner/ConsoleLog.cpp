@@ -32,9 +32,9 @@ void TConsoleLog::NoteWriteFailure(const std::string& reason)
         m_writeFailure = reason;
 }
 
-std::string consoleHeader(std::size_t number, std::size_t total, const std::string& title)
+std::string consoleHeader(std::size_t number, std::size_t total, const std::string& title, bool cleanup)
 {
-    return "[" + std::to_string(number) + "/" + std::to_string(total) + "] " + title;
+    return std::string(cleanup ? "[clean-up " : "[") + std::to_string(number) + "/" + std::to_string(total) + "] " + title;
 }
 
 namespace {
@@ -45,11 +45,11 @@ constexpr auto kFlushInterval = std::chrono::milliseconds(50);
 
 } // namespace
 
-void TConsoleLog::BeginAction(std::size_t number, std::size_t total, const std::string& title)
+void TConsoleLog::BeginAction(std::size_t number, std::size_t total, const std::string& title, bool cleanup)
 {
     m_actionText.clear();
     m_droppedBytes = 0;
-    m_out << consoleHeader(number, total, title) << '\n';
+    m_out << consoleHeader(number, total, title, cleanup) << '\n';
     flushIfDue(true);
 }
 

@@ -24,7 +24,7 @@ public:
     /// false with a reason.
     bool OpenLogFile(const std::string& path, std::string& error);
     /// Starts the console section of one action and forgets the previous action's lines.
-    void BeginAction(std::size_t number, std::size_t total, const std::string& title);
+    void BeginAction(std::size_t number, std::size_t total, const std::string& title, bool cleanup = false);
     void Line(Stream stream, std::string_view text) override;
     void Settle() override;
     /// The lines sent since BeginAction, each ended by a line break; when they exceed the
@@ -56,5 +56,6 @@ private:
     std::chrono::steady_clock::time_point m_lastFlush;
 };
 
-/// The console title of an action: "[3/12] ClearCase Check Out: nightly".
-std::string consoleHeader(std::size_t number, std::size_t total, const std::string& title);
+/// The console title of an action: "[3/12] ClearCase Check Out: nightly", or of a clean-up
+/// action: "[clean-up 1/2] ClearCase Undo Check Out".
+std::string consoleHeader(std::size_t number, std::size_t total, const std::string& title, bool cleanup = false);

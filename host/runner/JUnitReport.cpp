@@ -63,37 +63,69 @@ std::string seconds(double value)
 
 } // namespace
 
-std::string renderJUnitReport(const std::string& suiteName, const std::vector<TJUnitCase>& cases)
-{
+namespace {
+
+struct TTally {
+    std::size_t tests = 0;
     std::size_t failures = 0;
     std::size_t skipped = 0;
-    double total = 0;
-    for (const auto& c : cases) {
+    double seconds = 0;
+
+    void add(const TJUnitCase& c)
+    {
+        ++tests;
         failures += c.outcome == TJUnitCase::Outcome::Failed;
         skipped += c.outcome == TJUnitCase::Outcome::Skipped;
-        total += c.seconds;
+        seconds += c.seconds;
     }
-    const std::string counts = " tests=\"" + std::to_string(cases.size()) + "\" failures=\"" + std::to_string(failures)
-        + "\" errors=\"0\" skipped=\"" + std::to_string(skipped) + "\" time=\"" + seconds(total) + "\"";
-    std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-    xml += "<testsuites name=\"wfbuild\"" + counts + ">\n";
-    xml += "  <testsuite name=\"" + escape(suiteName, true) + "\"" + counts + ">\n";
+    std::string attributes() const
+    {
+        return " tests=\"" + std::to_string(tests) + "\" failures=\"" + std::to_string(failures)
+            + "\" errors=\"0\" skipped=\"" + std::to_string(skipped) + "\" time=\"" + ::seconds(seconds) + "\"";
+    }
+};
+
+std::string renderCase(const TJUnitCase& c)
+{
+    std::string xml = "    <testcase name=\"" + escape(c.name, true) + "\" classname=\"" + escape(c.className, true)
+        + "\" time=\"" + seconds(c.seconds) + "\"";
+    switch (c.outcome) {
+    case TJUnitCase::Outcome::Passed:
+        xml += "/>\n";
+        break;
+    case TJUnitCase::Outcome::Skipped:
+        xml += ">\n      <skipped message=\"" + escape(c.message, true) + "\"/>\n    </testcase>\n";
+        break;
+    case TJUnitCase::Outcome::Failed:
+        xml += ">\n      <failure message=\"" + escape(c.message, true) + "\" type=\"ActionFailed\">"
+            + escape(c.log, false) + "</failure>\n    </testcase>\n";
+        break;
+    }
+    return xml;
+}
+
+} // namespace
+
+std::string renderJUnitReport(const std::string& suiteName, const std::vector<TJUnitCase>& cases)
+{
+    TTally all;
+    TTally suites[2];
     for (const auto& c : cases) {
-        xml += "    <testcase name=\"" + escape(c.name, true) + "\" classname=\"" + escape(c.className, true)
-            + "\" time=\"" + seconds(c.seconds) + "\"";
-        switch (c.outcome) {
-        case TJUnitCase::Outcome::Passed:
-            xml += "/>\n";
-            break;
-        case TJUnitCase::Outcome::Skipped:
-            xml += ">\n      <skipped message=\"" + escape(c.message, true) + "\"/>\n    </testcase>\n";
-            break;
-        case TJUnitCase::Outcome::Failed:
-            xml += ">\n      <failure message=\"" + escape(c.message, true) + "\" type=\"ActionFailed\">"
-                + escape(c.log, false) + "</failure>\n    </testcase>\n";
-            break;
-        }
+        all.add(c);
+        suites[c.cleanup].add(c);
     }
-    xml += "  </testsuite>\n</testsuites>\n";
+    std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    xml += "<testsuites name=\"wfbuild\"" + all.attributes() + ">\n";
+    for (const bool cleanup : {false, true}) {
+        if (cleanup && suites[1].tests == 0)
+            continue;
+        const std::string name = cleanup ? suiteName + " (clean-up)" : suiteName;
+        xml += "  <testsuite name=\"" + escape(name, true) + "\"" + suites[cleanup].attributes() + ">\n";
+        for (const auto& c : cases)
+            if (c.cleanup == cleanup)
+                xml += renderCase(c);
+        xml += "  </testsuite>\n";
+    }
+    xml += "</testsuites>\n";
     return xml;
 }

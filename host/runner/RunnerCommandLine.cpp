@@ -30,6 +30,24 @@ struct TOptionRule {
     TApply apply;
 };
 
+bool parseTimeLimitOption(const std::string& option, const std::string& v, std::optional<std::int64_t>& target,
+                          std::string& error)
+{
+    std::int64_t seconds = 0;
+    switch (parseTimeLimitSeconds(v, seconds)) {
+    case TWFTimeLimitParse::Ok:
+        target = seconds;
+        return true;
+    case TWFTimeLimitParse::TooLong:
+        error = option + " " + v + " is longer than the longest time limit, " + std::to_string(kWFMaxTimeLimitSeconds)
+            + " seconds (30 days)";
+        return false;
+    case TWFTimeLimitParse::NotSeconds:
+        break;
+    }
+    return error = option + " expects a whole number of seconds, got \"" + v + "\"", false;
+}
+
 const std::vector<TOptionRule>& optionTable()
 {
     using C = TRunnerCommand;
@@ -61,19 +79,11 @@ const std::vector<TOptionRule>& optionTable()
          [](TRunnerArguments& a, const std::string&, std::string&) { return a.printVariables = true, true; }},
         {"--timeout", true, {C::Run},
          [](TRunnerArguments& a, const std::string& v, std::string& error) {
-             std::int64_t seconds = 0;
-             switch (parseTimeLimitSeconds(v, seconds)) {
-             case TWFTimeLimitParse::Ok:
-                 a.timeoutSeconds = seconds;
-                 return true;
-             case TWFTimeLimitParse::TooLong:
-                 error = "--timeout " + v + " is longer than the longest time limit, "
-                     + std::to_string(kWFMaxTimeLimitSeconds) + " seconds (30 days)";
-                 return false;
-             case TWFTimeLimitParse::NotSeconds:
-                 break;
-             }
-             return error = "--timeout expects a whole number of seconds, got \"" + v + "\"", false;
+             return parseTimeLimitOption("--timeout", v, a.timeoutSeconds, error);
+         }},
+        {"--cleanup-timeout", true, {C::Run},
+         [](TRunnerArguments& a, const std::string& v, std::string& error) {
+             return parseTimeLimitOption("--cleanup-timeout", v, a.cleanupTimeoutSeconds, error);
          }},
         {"--output", true, {C::Resave},
          [](TRunnerArguments& a, const std::string& v, std::string&) { return a.outputFile = v, true; }},
@@ -254,8 +264,10 @@ std::string runnerHelpText(std::string_view topic)
         return "Usage: wfbuild run PROJECT.wfp [OPTIONS]\n"
                "\n"
                "Runs the enabled actions of the project in order and stops at the first one\n"
-               "that fails. Actions whose program needs no particular folder run in the\n"
-               "project file's folder.\n"
+               "that fails (unless it is marked to continue on failure). When the build fails\n"
+               "or is interrupted, the project's clean-up actions run next, each whatever the\n"
+               "one before did; a second interrupt ends them. Actions whose program needs no\n"
+               "particular folder run in the project file's folder.\n"
                "\n"
                "Options:\n"
                "  --config-dir DIR       read options.ini from DIR instead of the default\n"
@@ -267,6 +279,9 @@ std::string runnerHelpText(std::string_view topic)
                "  --print-variables      print the build variables as JSON, last line of the output\n"
                "  --timeout SECONDS      stop any action's program after SECONDS (0: no limit);\n"
                "                         default: the project's timeout, else no limit\n"
+               "  --cleanup-timeout SECONDS\n"
+               "                         after an interrupt, stop the clean-up actions after\n"
+               "                         SECONDS (0: no limit); default: the project's, else 60\n"
                + pluginOptions
                + "\n"
                  "Exit status: 0 all actions succeeded, 1 an action failed, 2 usage, configuration\n"

@@ -28,6 +28,7 @@ struct TRunnerArguments {
     /// resave: write even though the warnings name values that the file will lose.
     bool dropUnknown = false;
     std::optional<std::int64_t> timeoutSeconds;
+    std::optional<std::int64_t> cleanupTimeoutSeconds;
     std::vector<std::string> plugins;
     /// options: "show" or "set"; set names SECTION.KEY and VALUE.
     std::string optionsVerb = "show";

@@ -143,6 +143,8 @@ int commandRun(const TCommandContext& c)
     settings.projectDirectory = c.projectDirectory();
     settings.dryRun = c.args.dryRun;
     settings.timeoutSeconds = c.args.timeoutSeconds.value_or(project.timeoutSeconds);
+    settings.cleanupTimeoutSeconds = c.args.cleanupTimeoutSeconds.value_or(
+        project.cleanupTimeoutSeconds.value_or(TRunSettings::kDefaultCleanupTimeoutSeconds));
 
     TBuildRunner runner(log, c.out, c.err);
     int status = kExitSuccess;
@@ -187,7 +189,7 @@ int commandValidate(const TCommandContext& c)
     const std::size_t checked = validateProject(project, host, [&](const TActionValidation& action) {
         ++invalid;
         for (const auto& error : action.errors)
-            c.out << "Action " << action.index + 1 << " (" << action.title << "): " << error.ToString() << std::endl;
+            c.out << (action.cleanup ? "Clean-up action " : "Action ") << action.index + 1 << " (" << action.title << "): " << error.ToString() << std::endl;
     });
     if (invalid) {
         c.out << c.args.project << ": " << invalid << " of " << checked << " enabled actions are not valid." << std::endl;

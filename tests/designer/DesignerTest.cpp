@@ -20,6 +20,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -132,10 +133,12 @@ protected:
         const std::string copy = m_config.write(name, wftest::readFile(examplePath(name)));
         ASSERT_TRUE(window->openProject(QString::fromStdString(copy)));
     }
-    std::string writeProject(const std::string& name, const std::string& actions, const std::string& variables = "")
+    std::string writeProject(const std::string& name, const std::string& actions, const std::string& variables = "",
+                             const std::string& cleanup = "")
     {
-        return m_config.write(name, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"1\">\n  <variables>" +
-                                        variables + "</variables>\n  <actions>\n" + actions + "  </actions>\n</wfproject>\n");
+        return m_config.write(name, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"2\">\n  <variables>" +
+                                        variables + "</variables>\n  <actions>\n" + actions + "  </actions>\n  <cleanup>\n" +
+                                        cleanup + "  </cleanup>\n</wfproject>\n");
     }
     void select(int row)
     {
@@ -368,6 +371,14 @@ std::string typeAt(TMainWindow& w, int row)
     return w.document().project().actions.at(row)->GetActionTypeID();
 }
 
+std::vector<std::string> cleanupTypes(TMainWindow& w)
+{
+    std::vector<std::string> types;
+    for (const auto& action : w.document().project().cleanupActions)
+        types.push_back(action->GetActionTypeID());
+    return types;
+}
+
 QMimeData* rowsMime(TMainWindow& w, int row)
 {
     return w.model().mimeData({w.model().index(row, 0)});
@@ -377,7 +388,7 @@ INSTANTIATE_TEST_SUITE_P(
     Rows, ProjectEdits,
     ::testing::Values(
         EditRow{"remove", [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionRemove")->trigger(); },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 1), "WF_LOGMESSAGE"); EXPECT_EQ(w.model().rowCount(), 16); }},
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 1), "WF_LOGMESSAGE"); EXPECT_EQ(w.model().rowCount(), 20); }},
         EditRow{"move up", [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionMoveUp")->trigger(); },
                 [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS"); EXPECT_EQ(typeAt(w, 1), "CC_UPDATE"); }},
         EditRow{"move down", [](TMainWindow& w) { selectRow(w, 0); w.findChild<QAction*>("actionMoveDown")->trigger(); },
@@ -400,14 +411,64 @@ INSTANTIATE_TEST_SUITE_P(
                 }},
         EditRow{"drag a row down",
                 [](TMainWindow& w) { std::unique_ptr<QMimeData> data(rowsMime(w, 0)); w.model().dropMimeData(data.get(), Qt::MoveAction, 3, 0, {}); },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_UPDATE"); EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS"); EXPECT_EQ(w.model().rowCount(), 17); }},
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_UPDATE"); EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS"); EXPECT_EQ(w.model().rowCount(), 21); }},
         EditRow{"drag from the catalogue",
                 [](TMainWindow& w) {
                     QMimeData data;
                     data.setData(kActionTypeMime, "CC_LOCK");
                     w.model().dropMimeData(&data, Qt::CopyAction, 2, 0, {});
                 },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_LOCK"); EXPECT_EQ(w.model().rowCount(), 18); }},
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_LOCK"); EXPECT_EQ(w.model().rowCount(), 22); }},
+        // The clean-up section: release.wfp has 17 actions, the heading at row 17, then 3 clean-up actions.
+        EditRow{"drag an action onto the clean-up heading",
+                [](TMainWindow& w) { std::unique_ptr<QMimeData> data(rowsMime(w, 0)); w.model().dropMimeData(data.get(), Qt::MoveAction, -1, 0, w.model().index(17, 0)); },
+                [](TMainWindow& w) {
+                    EXPECT_EQ(cleanupTypes(w), (std::vector<std::string>{"CC_UPDATE", "CC_UNCHECKOUT", "CC_UNLOCK_OBJ", "WF_LOGMESSAGE"}));
+                    EXPECT_EQ(w.document().project().actions.size(), 16u);
+                }},
+        EditRow{"move the first clean-up action up into the actions",
+                [](TMainWindow& w) { selectRow(w, 18); w.findChild<QAction*>("actionMoveUp")->trigger(); },
+                [](TMainWindow& w) {
+                    EXPECT_EQ(typeAt(w, 17), "CC_UNCHECKOUT");
+                    EXPECT_EQ(cleanupTypes(w), (std::vector<std::string>{"CC_UNLOCK_OBJ", "WF_LOGMESSAGE"}));
+                    EXPECT_EQ(w.projectView()->currentIndex().row(), 17);
+                }},
+        EditRow{"add from the catalogue with the heading selected",
+                [](TMainWindow& w) { selectRow(w, 17); w.addCatalogueAction("CC_UNLOCK"); },
+                [](TMainWindow& w) { EXPECT_EQ(cleanupTypes(w).front(), "CC_UNLOCK"); EXPECT_EQ(w.document().project().actions.size(), 17u); }},
+        EditRow{"untick a clean-up action",
+                [](TMainWindow& w) { w.model().setData(w.model().index(19, 0), Qt::Unchecked, Qt::CheckStateRole); },
+                [](TMainWindow& w) { EXPECT_FALSE(w.document().project().cleanupActions[1]->GetEnabled()); }},
+        EditRow{"copy a clean-up action and paste it among the actions",
+                [](TMainWindow& w) {
+                    selectRow(w, 19);
+                    w.findChild<QAction*>("actionCopy")->trigger();
+                    selectRow(w, 0);
+                    w.findChild<QAction*>("actionPaste")->trigger();
+                },
+                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 1), "CC_UNLOCK_OBJ"); EXPECT_EQ(cleanupTypes(w).size(), 3u); }},
+        EditRow{"remove a clean-up action but never the heading",
+                [](TMainWindow& w) {
+                    w.projectView()->selectionModel()->select(QItemSelection(w.model().index(17, 0), w.model().index(18, 0)),
+                                                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+                    w.findChild<QAction*>("actionRemove")->trigger();
+                },
+                [](TMainWindow& w) {
+                    EXPECT_EQ(cleanupTypes(w), (std::vector<std::string>{"CC_UNLOCK_OBJ", "WF_LOGMESSAGE"}));
+                    EXPECT_EQ(w.model().data(w.model().index(17, 0), Qt::DisplayRole).toString(), "When the build fails");
+                }},
+        EditRow{"continue on failure from the General tab",
+                [](TMainWindow& w) {
+                    whenModal([](QWidget* dialog) {
+                        dialog->findChild<QCheckBox*>("boxContinueOnFailure")->click();
+                        clickButton(dialog, QDialogButtonBox::Ok);
+                    });
+                    w.editAction(6);
+                },
+                [](TMainWindow& w) {
+                    EXPECT_TRUE(w.document().project().actions[6]->GetContinueOnFailure());
+                    EXPECT_NE(projectText(w).find("continueOnFailure=\"True\""), std::string::npos);
+                }},
         EditRow{"edit the variables",
                 [](TMainWindow& w) {
                     whenModal([](QWidget* dialog) {
@@ -718,11 +779,13 @@ TEST_F(DesignerWindow, F1OpensThePackageHelpAtTheActionsTopicAndAboutListsThePac
 
 // --- running -------------------------------------------------------------------------------
 
+/// The run state of every action row, the clean-up heading left out.
 std::vector<TRunStatus> statuses(TMainWindow& w)
 {
     std::vector<TRunStatus> result;
     for (int row = 0; row < w.model().rowCount(); ++row)
-        result.push_back(w.model().runStatus(row));
+        if (w.document().actionAt(row))
+            result.push_back(w.model().runStatus(row));
     return result;
 }
 
@@ -758,6 +821,7 @@ struct RunRow {
     QStringList logHolds;
     QStringList logLacks;
     QStringList errorLines;
+    std::string cleanup = {};
 };
 
 void PrintTo(const RunRow& row, std::ostream* out)
@@ -770,7 +834,7 @@ class ProjectRuns : public DesignerWindow, public ::testing::WithParamInterface<
 TEST_P(ProjectRuns, ShowStatusesAndTheLog)
 {
     const RunRow& row = GetParam();
-    ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject("run.wfp", row.actions))));
+    ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject("run.wfp", row.actions, "", row.cleanup))));
     int finished = -1;
     QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
     ASSERT_TRUE(window->runProject(row.first, row.dryRun));
@@ -803,7 +867,19 @@ INSTANTIATE_TEST_SUITE_P(
         RunRow{"a dry run starts no program", runProgramAction("-c \"echo ran\""), 0, true, 0,
                {S::Succeeded}, {"Dry run succeeded"}, {"ran\n"}, {}},
         RunRow{"from the selected action", logAction("before") + logAction("after"), 1, false, 0,
-               {S::None, S::Succeeded}, {"after", "[1/1]"}, {"before"}, {}}),
+               {S::None, S::Succeeded}, {"after", "[1/1]"}, {"before"}, {}},
+        RunRow{"a failure runs the clean-up, each whatever the one before did",
+               runProgramAction("-c \"exit 3\"", "compile") + logAction("never"), 0, false, 1,
+               {S::Failed, S::Skipped, S::Failed, S::Skipped, S::Succeeded},
+               {"=== Clean-up (the build failed at action 1): 2 actions ===", "[clean-up 3/3]",
+                "undo after 1 Run Program compile: exit code 3"},
+               {"never"},
+               {"Action 1 (Run Program: compile) failed: exit code 3", "Clean-up action 1 (Run Program: undo) failed: exit code 4",
+                "Clean-up: 2 actions run, 1 failed."},
+               runProgramAction("-c \"exit 4\"", "undo") + logAction("off", false)
+                   + logAction("undo after %FAILED_ACTION% %FAILED_ACTION_NAME% %FAILED_ACTION_DESCRIPTION%: %FAILURE%")},
+        RunRow{"success runs no clean-up", logAction("fine"), 0, false, 0, {S::Succeeded, S::None}, {"fine"}, {"Clean-up"}, {},
+               logAction("undo")}),
     [](const auto& info) { return testName(info.param.name); });
 
 TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
@@ -854,7 +930,9 @@ TEST_F(DesignerWindow, RunsTheReleaseDemoAgainstTheSimulator)
     ASSERT_TRUE(waitFor([&] { return finished >= 0; }, 60000));
     const QString log = logLines(*window, false).join('\n');
     EXPECT_EQ(finished, 0) << log.toStdString();
-    EXPECT_EQ(statuses(*window), std::vector<TRunStatus>(17, TRunStatus::Succeeded)) << log.toStdString();
+    std::vector<TRunStatus> expected(17, TRunStatus::Succeeded);
+    expected.resize(20, TRunStatus::None); // no clean-up after a success
+    EXPECT_EQ(statuses(*window), expected) << log.toStdString();
     for (const char* piece : {"[1/17] ClearCase Update Snapshot View: Bring the release view up to date",
                               "Command Line: checkout -reserved -c \"Stamp build 1\" -nquery", "Build succeeded: 17 actions run."})
         EXPECT_TRUE(log.contains(piece)) << piece << "\n" << log.toStdString();

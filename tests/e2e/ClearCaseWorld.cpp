@@ -145,9 +145,9 @@ void ClearCaseWorld::write(const std::string& place, const std::string& bytes) c
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-wftest::ProgramRun ClearCaseWorld::wfbuild(const std::string& project, std::vector<std::string> extra) const
+wftest::ProgramRun ClearCaseWorld::wfbuild(const std::string& project, std::vector<std::string> extra,
+                                           wftest::ProgramRequest request) const
 {
-    wftest::ProgramRequest request;
     request.program = wfbuildPath();
     request.arguments = {"run", project, "--config-dir", configDir(), "--log", logFile(),
                          "--set", "VIEW=" + view(), "--set", "SETUP=" + setupView(), "--set", "DIR=" + dir(), "--set", "BUILD=7"};

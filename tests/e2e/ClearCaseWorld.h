@@ -39,8 +39,9 @@ public:
     void write(const std::string& place, const std::string& bytes) const;
 
     /// Runs wfbuild on a project with the world's options and variables VIEW, SETUP, DIR and BUILD (7),
-    /// its log in logFile(), in the world's folder.
-    wftest::ProgramRun wfbuild(const std::string& project, std::vector<std::string> extra = {}) const;
+    /// its log in logFile(), in the world's folder; request may ask for a signal.
+    wftest::ProgramRun wfbuild(const std::string& project, std::vector<std::string> extra = {},
+                               wftest::ProgramRequest request = {}) const;
 
 private:
     std::vector<std::pair<std::string, std::string>> environment(const std::string& user) const;

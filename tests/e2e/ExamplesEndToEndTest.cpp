@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <filesystem>
+#include <regex>
 
 namespace {
 
@@ -70,6 +72,71 @@ INSTANTIATE_TEST_SUITE_P(Projects, Example, ::testing::Values(
         ch = std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
     return name;
 });
+
+// The release job broken on purpose at a step: its clean-up gives back the check-outs and
+// thaws the label type, and the report shows both the broken step and the clean-up.
+struct BrokenReleaseCase {
+    std::string name;
+    /// The release job's action before which the broken step goes.
+    std::string before;
+    /// The broken step's shell command; @DIR@ is the world's folder.
+    std::string command;
+    /// Sent when the step has written DIR/started; 0: none.
+    int signal;
+    int status;
+    std::string failure;
+};
+
+void PrintTo(const BrokenReleaseCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+class BrokenRelease : public ::testing::TestWithParam<BrokenReleaseCase> {};
+
+TEST_P(BrokenRelease, CleansUpAfterItself)
+{
+    const BrokenReleaseCase& c = GetParam();
+    e2e::ClearCaseWorld world;
+    std::string project = wftest::readFile(std::string(WF_EXAMPLES_DIR) + "/release.wfp");
+    const std::string command = std::regex_replace(c.command, std::regex("@DIR@"), world.dir());
+    const std::string broken = "<action type=\"WF_RUNPROGRAM\" description=\"Broken step\" enabled=\"True\">"
+                               "<property name=\"Program\">/bin/sh</property>"
+                               "<property name=\"Arguments\">-c \"" + command + "\"</property></action>\n    ";
+    const auto at = project.find("<action type=\"" + c.before + "\"");
+    ASSERT_NE(at, std::string::npos) << c.before;
+    project.insert(at, broken);
+    const std::string path = world.where("dir:broken-release.wfp");
+    world.write("dir:broken-release.wfp", project);
+    wftest::ProgramRequest request;
+    if (c.signal) {
+        request.signalWhenFileReady = world.dir() + "/started";
+        request.signal = c.signal;
+    }
+    const wftest::ProgramRun run = world.wfbuild(path, {"--junit", world.dir() + "/junit.xml"}, request);
+
+    EXPECT_EQ(run.status, c.status) << wftest::readFile(world.logFile()) << run.err;
+    e2e::expectLooks(world, {{"vobs/main", {"lscheckout", "-short", "-recurse"}, {}, {"version.h", "Makefile"}},
+                             {"vobs/main", {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {}, {"(locked)"}}});
+    const std::string log = wftest::readFile(world.logFile());
+    EXPECT_NE(log.find("=== Clean-up (the build "), std::string::npos) << log;
+    EXPECT_NE(log.find("Build 7 cleaned up after action "), std::string::npos) << log;
+    const std::string report = wftest::readFile(world.dir() + "/junit.xml");
+    const auto cleanupSuite = report.find("<testsuite name=\"broken-release.wfp (clean-up)\"");
+    ASSERT_NE(cleanupSuite, std::string::npos) << report;
+    const auto brokenCase = report.find("<testcase name=\"Run Program: Broken step\"");
+    ASSERT_LT(brokenCase, cleanupSuite) << report;
+    EXPECT_EQ(report.find("<failure message=\"" + c.failure + "\""), report.find("<failure", brokenCase)) << report;
+    for (const char* cleanup : {"Give back the release check-outs", "Thaw the release label", "Say what went wrong"})
+        EXPECT_NE(report.find(cleanup, cleanupSuite), std::string::npos) << cleanup << "\n" << report;
+}
+
+INSTANTIATE_TEST_SUITE_P(Release, BrokenRelease, ::testing::Values(
+    BrokenReleaseCase{"FailsAfterTheCheckOuts", "WF_WRITETEXTFILE", "exit 1", 0, 1, "exit code 1"},
+    BrokenReleaseCase{"FailsAfterTheLock", "CC_GETCONFIGSPEC", "exit 1", 0, 1, "exit code 1"},
+    BrokenReleaseCase{"IsStoppedAfterTheCheckOuts", "WF_WRITETEXTFILE", "echo up > @DIR@/started; sleep 30", SIGTERM, 130,
+                      "interrupted"}
+), [](const ::testing::TestParamInfo<BrokenReleaseCase>& info) { return info.param.name; });
 
 // The demo's main job exactly as scripts/demo.sh runs it after building, in a scratch folder.
 TEST(Demo, RunsTheReleaseJobAndSummarisesIt)

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -97,6 +98,62 @@ TEST_F(Project, RoundTripsByteForByte)
     EXPECT_EQ(static_cast<TPropertiesAction&>(*again.actions[1]).m_text, " <kept> \"as is\" ");
 }
 
+// What only version 2 holds raises the written version; a project without it stays readable
+// by hosts that know version 1 alone.
+TEST_F(Project, CleanupActionsAndContinueOnFailureRoundTripAsVersion2)
+{
+    const std::string v2 = R"(<?xml version="1.0" encoding="UTF-8"?>
+<wfproject version="2" cleanupTimeout="90">
+  <variables/>
+  <actions>
+    <action type="T_PROPS" description="lint" enabled="True" continueOnFailure="True">
+      <property name="Text"></property>
+      <property name="Flag">False</property>
+      <property name="Count">0</property>
+      <property name="Colour">clRed</property>
+    </action>
+  </actions>
+  <cleanup>
+    <action type="T_PROPS" description="undo" enabled="False">
+      <property name="Text">give back</property>
+      <property name="Flag">True</property>
+      <property name="Count">2</property>
+      <property name="Colour">clGreen</property>
+    </action>
+  </cleanup>
+</wfproject>
+)";
+    TWFProject project;
+    ASSERT_TRUE(read(v2, project)) << firstDiagnostic();
+    ASSERT_EQ(project.actions.size(), 1u);
+    ASSERT_EQ(project.cleanupActions.size(), 1u);
+    EXPECT_TRUE(project.actions[0]->GetContinueOnFailure());
+    EXPECT_EQ(static_cast<TPropertiesAction&>(*project.cleanupActions[0]).m_text, "give back");
+    EXPECT_EQ(project.cleanupTimeoutSeconds.value_or(0), 90);
+    EXPECT_EQ(WriteProjectText(project), v2);
+
+    const auto dropCleanup = [](TWFProject& p) { p.cleanupActions.clear(); };
+    const auto dropFlag = [](TWFProject& p) { p.actions[0]->SetContinueOnFailure(false); };
+    const auto dropTimeout = [](TWFProject& p) { p.cleanupTimeoutSeconds.reset(); };
+    const struct {
+        const char* kept;
+        std::vector<std::function<void(TWFProject&)>> drops;
+        const char* version;
+    } rows[] = {
+        {"the clean-up list", {dropFlag, dropTimeout}, "version=\"2\""},
+        {"the flag", {dropCleanup, dropTimeout}, "version=\"2\""},
+        {"the clean-up time limit", {dropCleanup, dropFlag}, "version=\"2\""},
+        {"nothing of version 2", {dropCleanup, dropFlag, dropTimeout}, "version=\"1\""},
+    };
+    for (const auto& row : rows) {
+        TWFProject changed;
+        ASSERT_TRUE(read(v2, changed));
+        for (const auto& drop : row.drops)
+            drop(changed);
+        EXPECT_NE(WriteProjectText(changed).find(row.version), std::string::npos) << "keeping " << row.kept;
+    }
+}
+
 TEST_F(Project, WritesPropertiesInPersistenceOrder)
 {
     TWFProject project;
@@ -154,6 +211,12 @@ INSTANTIATE_TEST_SUITE_P(
                 "</variables></wfproject>", "3:", "variable \"A\" is defined twice"},
         BadCase{"misspelledAttribute", "<wfproject><actions>\n\n<action type=\"T_PROPS\" enabeld=\"False\"/></actions></wfproject>",
                 "3:", "unknown attribute \"enabeld\" on <action>"},
+        BadCase{"newerFormat", "<wfproject version=\"3\">\n</wfproject>", "1:",
+                "project format version 3 is not supported (this wfbuild reads 1 to 2)"},
+        BadCase{"badContinueOnFailure", "<wfproject><actions>\n<action type=\"T_PROPS\" continueOnFailure=\"often\"/>"
+                "</actions></wfproject>", "2:", "continueOnFailure=\"often\" is not True or False"},
+        BadCase{"badCleanupTimeout", "<wfproject cleanupTimeout=\"soon\"/>", "1:", "cleanupTimeout=\"soon\" is not a whole number"},
+        BadCase{"strangerInCleanup", "<wfproject><cleanup>\n<step/></cleanup></wfproject>", "2:", "unexpected element <step> in <cleanup>"},
         BadCase{"unknownPropertyAttribute", "<wfproject><actions><action type=\"T_PROPS\">\n<property name=\"Count\" kind=\"x\">1</property>"
                 "</action></actions></wfproject>", "2:", "unknown attribute \"kind\" on <property>"}),
     [](const auto& info) { return std::string(info.param.name); });

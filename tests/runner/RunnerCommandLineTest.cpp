@@ -37,6 +37,8 @@ std::string describe(const TRunnerArguments& a)
         add("drop-unknown");
     if (a.timeoutSeconds)
         add("timeout=" + std::to_string(*a.timeoutSeconds));
+    if (a.cleanupTimeoutSeconds)
+        add("cleanup-timeout=" + std::to_string(*a.cleanupTimeoutSeconds));
     for (const auto& plugin : a.plugins)
         add("plugin=" + plugin);
     if (a.command == TRunnerCommand::Options)
@@ -74,6 +76,9 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{{"run", "p.wfp", "--timeout", "-1"}, "error: --timeout expects a whole number of seconds, got \"-1\""},
         ParseCase{{"run", "p.wfp", "--timeout", "5s"}, "error: --timeout expects a whole number of seconds, got \"5s\""},
         ParseCase{{"run", "p.wfp", "--timeout", "2592000"}, "run project=p.wfp timeout=2592000"},
+        ParseCase{{"run", "p.wfp", "--cleanup-timeout", "0"}, "run project=p.wfp cleanup-timeout=0"},
+        ParseCase{{"run", "p.wfp", "--cleanup-timeout", "soon"},
+                  "error: --cleanup-timeout expects a whole number of seconds, got \"soon\""},
         ParseCase{{"run", "p.wfp", "--timeout", "4294968"},
                   "error: --timeout 4294968 is longer than the longest time limit, 2592000 seconds (30 days)"},
         ParseCase{{"run", "p.wfp", "--timeout", "99999999999999999999"},

@@ -45,10 +45,18 @@ std::string testRun(const std::string& description, const Properties& properties
     return action("TEST_RUN", description, properties, enabled);
 }
 
-std::string projectXml(const std::string& actions, const std::string& variables = "", const std::string& rootAttributes = "")
+std::string projectXml(const std::string& actions, const std::string& variables = "", const std::string& rootAttributes = "",
+                       const std::string& cleanup = "")
 {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"1\"" + rootAttributes + ">\n  <variables>\n"
-        + variables + "  </variables>\n  <actions>\n" + actions + "  </actions>\n</wfproject>\n";
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"" + std::string(cleanup.empty() ? "1" : "2")
+        + "\"" + rootAttributes + ">\n  <variables>\n" + variables + "  </variables>\n  <actions>\n" + actions
+        + "  </actions>\n" + (cleanup.empty() ? "" : "  <cleanup>\n" + cleanup + "  </cleanup>\n") + "</wfproject>\n";
+}
+
+/// An action whose failure lets the build go on.
+std::string goingOn(const std::string& actionXml)
+{
+    return replaceAll(actionXml, "enabled=\"True\"", "enabled=\"True\" continueOnFailure=\"True\"");
 }
 
 std::string variable(const std::string& name, const std::string& value)
@@ -97,6 +105,7 @@ struct RunCase {
     std::string variables = {};
     std::string rootAttributes = {};
     std::map<std::string, std::string> files = {};
+    std::string cleanup = {};
 };
 
 class WfbuildRun : public Wfbuild, public ::testing::WithParamInterface<RunCase> {};
@@ -106,7 +115,7 @@ TEST_P(WfbuildRun, LogStatusAndStarts)
     const RunCase& c = GetParam();
     for (const auto& [name, bytes] : c.files)
         dir.write(name, bytes);
-    const std::string project = writeProject(projectXml(c.actions, c.variables, c.rootAttributes));
+    const std::string project = writeProject(projectXml(c.actions, c.variables, c.rootAttributes, c.cleanup));
     std::vector<std::string> arguments{"run", project, "--log", dir.file("build.log")};
     for (const auto& argument : c.arguments)
         arguments.push_back(expand(argument));
@@ -179,7 +188,22 @@ INSTANTIATE_TEST_SUITE_P(
         RunCase{"SetVariableFeedsLaterActions",
                 action("TEST_SETVAR", "v", {{"Name", "WHO"}, {"Value", "%TestOptions().Greeting%, %USER_NAME%"}})
                     + testRun("use", {{"Arguments", "%WHO%"}}),
-                {"--set", "USER_NAME=ann"}, 0, "Set WHO to \"hello, ann\"\nCommand Line: hello, ann\n", 1, ""}),
+                {"--set", "USER_NAME=ann"}, 0, "Set WHO to \"hello, ann\"\nCommand Line: hello, ann\n", 1, ""},
+        RunCase{"CleanupRunsAfterAFailureEachWhateverTheOneBeforeDid",
+                testRun("first") + testRun("second", {{"Environment", "WF_FAKE_EXIT=3"}}) + testRun("third"), {}, 1,
+                "Command Line: \nCommand Line: \nAction Failed: the program ended with exit code 3.\n"
+                "=== Clean-up (the build failed at action 2): 2 actions ===\n"
+                "Command Line: \nAction Failed: the program ended with exit code 5.\n"
+                "Command Line: 2|Test Run|second|exit code 3\n",
+                4, "Clean-up: 2 actions run, 1 failed.", "", "", {},
+                testRun("undo", {{"Environment", "WF_FAKE_EXIT=5"}}) + testRun("off", {}, false)
+                    + testRun("tell", {{"Arguments", "%FAILED_ACTION%|%FAILED_ACTION_NAME%|%FAILED_ACTION_DESCRIPTION%|%FAILURE%"}})},
+        RunCase{"NoCleanupAfterSuccess", testRun("fine"), {}, 0, "Command Line: \n", 1, "", "", "", {}, testRun("undo")},
+        RunCase{"ContinueOnFailureLetsTheBuildGoOnAndStartsNoCleanup",
+                goingOn(testRun("lint", {{"Environment", "WF_FAKE_EXIT=3"}})) + testRun("build"), {}, 0,
+                "Command Line: \nAction Failed: the program ended with exit code 3.\nCommand Line: \n", 2,
+                "Action 1 (Test Run: lint) failed: exit code 3; the build goes on (continue on failure).", "", "", {},
+                testRun("undo")}),
     [](const auto& info) { return info.param.name; });
 
 TEST_F(Wfbuild, ConsoleShowsAHeaderPerActionAndProgramErrorsOnStandardError)
@@ -247,6 +271,25 @@ TEST_F(Wfbuild, JUnitReportHasOneCasePerAction)
                    "</testsuites>\n");
 }
 
+TEST_F(Wfbuild, JUnitReportHasTheCleanupAsASuiteOfItsOwn)
+{
+    const std::string project = writeProject(projectXml(testRun("bad", {{"Environment", "WF_FAKE_EXIT=4"}}), "", "",
+                                                        testRun("undo") + testRun("off", {}, false)));
+    const ProgramRun run = wfbuild({"run", project, "--junit", dir.file("junit.xml")});
+    EXPECT_EQ(run.status, 1);
+    const std::string xml = std::regex_replace(wftest::readFile(dir.file("junit.xml")), std::regex("time=\"[0-9.]+\""), "time=\"T\"");
+    const std::string cleanupSuite =
+        "  <testsuite name=\"project.wfp (clean-up)\" tests=\"2\" failures=\"0\" errors=\"0\" skipped=\"1\" time=\"T\">\n"
+        "    <testcase name=\"Test Run: undo\" classname=\"TEST_RUN\" time=\"T\"/>\n"
+        "    <testcase name=\"Test Run: off\" classname=\"TEST_RUN\" time=\"T\">\n"
+        "      <skipped message=\"disabled\"/>\n"
+        "    </testcase>\n"
+        "  </testsuite>\n</testsuites>\n";
+    ASSERT_GE(xml.size(), cleanupSuite.size()) << xml;
+    EXPECT_EQ(xml.substr(xml.size() - cleanupSuite.size()), cleanupSuite);
+    EXPECT_NE(xml.find("tests=\"3\" failures=\"1\" errors=\"0\" skipped=\"1\""), std::string::npos) << xml;
+}
+
 // ---- Interrupts: the program and what it started are gone, nothing further runs ----
 
 class WfbuildInterrupt : public Wfbuild, public ::testing::WithParamInterface<int> {};
@@ -275,6 +318,53 @@ TEST_P(WfbuildInterrupt, StopsTheRunningProgramTreeAndExits130)
 
 INSTANTIATE_TEST_SUITE_P(Signals, WfbuildInterrupt, ::testing::Values(SIGINT, SIGTERM, SIGHUP),
                          [](const auto& info) { return std::string(sigabbrev_np(info.param)); });
+
+// ---- The clean-up after an interrupt: under its own time limit, ended by a second interrupt ----
+
+struct CleanupInterruptCase {
+    std::string name;
+    /// The first clean-up action's program and arguments; a second one follows.
+    std::string program;
+    std::string arguments;
+    std::vector<std::string> options;
+    /// What the report says of the second clean-up action.
+    std::string second;
+};
+
+class WfbuildCleanupInterrupt : public Wfbuild, public ::testing::WithParamInterface<CleanupInterruptCase> {};
+
+TEST_P(WfbuildCleanupInterrupt, EndsTheCleanupAndKeeps130)
+{
+    const CleanupInterruptCase& c = GetParam();
+    const std::string project = writeProject(projectXml(
+        testRun("long", {{"Environment", "WF_FAKE_CHILD_PIDFILE=@DIR@/child.pid&#10;WF_FAKE_SLEEP_MS=20000"}}), "", "",
+        testRun("undo", {{"Program", c.program}, {"Arguments", c.arguments}}) + testRun("tell", {{"Arguments", "%FAILURE%"}})));
+    ProgramRequest request;
+    request.signalWhenFileReady = dir.file("child.pid");
+    request.signal = SIGTERM;
+    std::vector<std::string> arguments{"run", project, "--log", dir.file("build.log"), "--junit", dir.file("junit.xml")};
+    arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+    const ProgramRun run = wfbuild(arguments, request);
+
+    EXPECT_EQ(run.status, 130) << run.err;
+    EXPECT_LT(run.elapsedMs, 4000);
+    const std::string log = wftest::readFile(dir.file("build.log"));
+    EXPECT_NE(log.find("=== Clean-up (the build was interrupted at action 1; time limit "), std::string::npos) << log;
+    const std::string report = wftest::readFile(dir.file("junit.xml"));
+    EXPECT_NE(report.find("<testsuite name=\"project.wfp (clean-up)\""), std::string::npos) << report;
+    EXPECT_NE(report.find(c.second), std::string::npos) << report;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cleanup, WfbuildCleanupInterrupt,
+    ::testing::Values(
+        CleanupInterruptCase{"RunsToItsEndWithinTheTimeLimit", "/bin/sh", "-c true", {},
+                             "<testcase name=\"Test Run: tell\" classname=\"TEST_RUN\" time=\""},
+        CleanupInterruptCase{"IsStoppedWhenItsTimeLimitRunsOut", "/bin/sh", "-c \"sleep 20\"", {"--cleanup-timeout", "1"},
+                             "<skipped message=\"not run: the clean-up time limit ran out\"/>"},
+        CleanupInterruptCase{"IsEndedAtOnceByASecondInterrupt", "/bin/sh", "-c \"kill -TERM $PPID; sleep 20\"", {},
+                             "<skipped message=\"not run: a second interrupt ended the clean-up\"/>"}),
+    [](const auto& info) { return info.param.name; });
 
 // ---- Signals that are no interrupt: the run goes on without its console or log, and
 // nothing is left running ----
