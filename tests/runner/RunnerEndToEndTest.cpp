@@ -363,17 +363,17 @@ INSTANTIATE_TEST_SUITE_P(
                        replaceAll(projectXml(testRun("x")), "enabled=\"True\"", "enabled=\"maybe\""),
                        "@FILE@:6:60: error: action TEST_RUN: enabled=\"maybe\" is not True or False\n"},
         BadProjectCase{"ProcessingInstruction", projectXml("    <?build fast?>\n" + testRun("x")),
-                       "@FILE@:6:19: error: the processing instruction <?build?> cannot be kept in a project (saving "
+                       "@FILE@:6:18: error: the processing instruction <?build?> cannot be kept in a project (saving "
                        "would drop it); remove it\n"},
         BadProjectCase{"UnresolvedEntityInTextAndAttribute",
-                       "<!DOCTYPE wfproject SYSTEM \"wf.dtd\">\n"
-                           + projectXml(testRun("&desc;", {{"Arguments", "a &arg; b"}})),
-                       "@FILE@:7:60: error: the entity reference &desc; is not resolved (it would read as empty text); "
+                       replaceAll(projectXml(testRun("&desc;", {{"Arguments", "a &arg; b"}})), "<wfproject",
+                                  "<!DOCTYPE wfproject SYSTEM \"wf.dtd\">\n<wfproject"),
+                       "@FILE@:7:42: error: the entity reference &desc; is not resolved (it would read as empty text); "
                        "write its text instead\n"
-                       "@FILE@:8:35: error: the entity reference &arg; is not resolved (it would read as empty text); "
+                       "@FILE@:8:36: error: the entity reference &arg; is not resolved (it would read as empty text); "
                        "write its text instead\n"},
         BadProjectCase{"VariableNameWithABlank", projectXml(testRun("x"), variable("A B", "1")),
-                       "@FILE@:4:58: error: \"A B\" cannot name a variable: %NAME% expressions cannot reach a name "
+                       "@FILE@:4:50: error: \"A B\" cannot name a variable: %NAME% expressions cannot reach a name "
                        "holding a blank, a control character or %\n"}),
     [](const auto& info) { return info.param.name; });
 
@@ -662,7 +662,7 @@ TEST_F(Wfbuild, ResaveRefusesToDropCommentsUnlessTold)
     const std::string project = writeProject(xml);
     const ProgramRun refused = wfbuild({"resave", project});
     EXPECT_EQ(refused.status, 2);
-    EXPECT_EQ(refused.err, project + ":6:40: warning: the XML comment <!-- keep the nightly settings --> is not kept on "
+    EXPECT_EQ(refused.err, project + ":6:38: warning: the XML comment <!-- keep the nightly settings --> is not kept on "
                                      "saving\nwfbuild: resaving would lose what the warnings above name; nothing was "
                                      "written (--drop-unknown accepts the loss).\n");
     EXPECT_EQ(wftest::readFile(project), expand(xml));
