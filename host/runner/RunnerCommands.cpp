@@ -258,8 +258,8 @@ int commandOptionsSet(const TCommandContext& c)
         std::string sections;
         for (const auto* options : all)
             sections += (sections.empty() ? "" : ", ") + options->GetOptionKey();
-        return c.fail("no loaded plug-in has options named " + section + " (options of: "
-                      + (sections.empty() ? "none" : sections) + "); nothing was written.");
+        return c.fail("there is no option " + option + ": no loaded plug-in has options named " + section
+                      + " (options of: " + (sections.empty() ? "none" : sections) + "); nothing was written.");
     }
     if (!(*owner)->FindProperty(name))
         return c.fail("there is no option " + option + " (the options are " + optionNames(**owner)

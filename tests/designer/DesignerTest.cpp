@@ -13,6 +13,7 @@
 #include "ProgramRun.h"
 #include "WFTestSupport.h"
 
+#include "WFBrowse.h"
 #include "WFIniFile.h"
 #include "WFPluginLoader.h"
 #include "WFServices.h"
@@ -528,8 +529,9 @@ TEST_F(DesignerWindow, AProjectThatFailsToLoadIsNamedWithItsPlaceAndOpensNothing
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const std::string name = "broken" + std::to_string(i) + ".wfp";
         const std::string path = rows[i].content.empty() ? m_config.file(name) : m_config.write(name, rows[i].content);
-        if (rows[i].content.empty())
+        if (rows[i].content.empty()) {
             ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+        }
         QString message;
         whenModal([&](QWidget* box) { closeMessageBox(box, &message); });
         EXPECT_FALSE(window->openProject(QString::fromStdString(path)));
@@ -616,14 +618,16 @@ TEST_P(SavingOver, AsksBeforeLosingCommentsOrAChangeMadeOnDisk)
 
     if (row.box) {
         EXPECT_TRUE(asked.startsWith(QString(row.box) + ": " + QString::fromStdString(path))) << asked.toStdString();
-        if (row.comment)
+        if (row.comment) {
             EXPECT_TRUE(asked.contains("<!-- IMPORTANT -->")) << asked.toStdString();
+        }
     }
     const std::map<std::string, std::string> texts{{"opened", opened}, {"outside", outside}, {"designer", designer}};
     EXPECT_EQ(wftest::readFile(path), texts.at(row.fileHolds));
     EXPECT_EQ(std::filesystem::exists(elsewhere), row.savedElsewhere);
-    if (row.savedElsewhere)
+    if (row.savedElsewhere) {
         EXPECT_EQ(wftest::readFile(elsewhere), designer);
+    }
     if (row.answer == std::string("btnReload")) {
         EXPECT_FALSE(window->document().isModified());
         TWFProject reloaded;

@@ -317,6 +317,11 @@ struct LostOnSaveCase {
     std::string lost;
 };
 
+void PrintTo(const LostOnSaveCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 class ProjectLostOnSave : public Project, public ::testing::WithParamInterface<LostOnSaveCase> {};
 
 TEST_P(ProjectLostOnSave, NamesWhatSavingDropsAtItsPlace)

@@ -144,6 +144,11 @@ struct BadProject {
     const char* special = "folder";  // "folder", "fifo" or a device's path
 };
 
+void PrintTo(const BadProject& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 class BadProjects : public Faults, public ::testing::WithParamInterface<BadProject> {};
 
 TEST_P(BadProjects, AreRefusedWithExit2AndLeftUntouched)
