@@ -96,10 +96,9 @@ TBuildRunner::TBuildRunner(TConsoleLog& log, std::ostream& out, std::ostream& er
 void TBuildRunner::Interrupt()
 {
     // The flag first: either the loop sees it before starting an action, or the action is
-    // already current here and is told to stop.
+    // already current here and is told to stop. It is also the run's stop request, which ends
+    // waits on the run's thread that are not the action's program (a FIFO).
     m_interrupted = true;
-    // Also what is not the action's own program: queries, waits for a FIFO.
-    WFRequestStop();
     std::lock_guard lock(m_currentMutex);
     if (m_current)
         m_current->TerminateAction();
@@ -110,10 +109,8 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
     using Clock = std::chrono::steady_clock;
     m_cases.clear();
     m_summary = {};
-    // A stop request of an earlier run must not stop this one; an interrupt that came before
-    // the start has set m_interrupted, which the loop honours.
-    if (!m_interrupted)
-        WFClearStopRequest();
+    // Stops only this run: the designer's queries on its own thread keep working.
+    const TWFStopScope stopScope(m_interrupted);
     TWFActionHost host;
     host.log = &m_log;
     host.variables = &variables;
