@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 
 extern char** environ;
 
@@ -21,6 +22,10 @@ using Clock = std::chrono::steady_clock;
 
 /// As long as a query in a process of its own may stay silent.
 constexpr int kDefaultSilenceLimitMs = 5000;
+/// As long as a query may take in all when nobody can cancel it.
+constexpr int kDefaultTimeLimitMs = 30000;
+/// The most output a query may bring: far more than any listing a page shows.
+constexpr std::size_t kDefaultReplyLimit = 64 * 1024 * 1024;
 /// How often an unbounded wait looks whether it was cancelled.
 constexpr int kUnboundedReadSliceMs = 500;
 constexpr std::string_view kPrompt = "cleartool> ";
@@ -104,31 +109,77 @@ std::optional<std::string> interactiveCommandLine(const std::vector<std::string>
     return line;
 }
 
-std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output)
+namespace {
+
+std::string reportHead(int number)
 {
-    static constexpr std::string_view head = "Command ";
-    static constexpr std::string_view middle = " returned status ";
-    for (std::size_t begin = output.find(head); begin != std::string_view::npos; begin = output.find(head, begin + 1)) {
-        std::size_t at = begin + head.size();
-        int number = 0;
-        if (!readNumber(output, at, number) || output.substr(at, middle.size()) != middle)
-            continue;
-        at += middle.size();
-        const bool negative = at < output.size() && output[at] == '-';
-        if (negative)
-            ++at;
+    return "Command " + std::to_string(number) + " returned status ";
+}
+
+/// Reads the status and line end that follow a report's head at `at`: the report's end, 0 when
+/// this is no report, npos when it has not fully arrived.
+std::size_t readReportTail(std::string_view output, std::size_t at, int& status)
+{
+    const bool negative = at < output.size() && output[at] == '-';
+    if (negative)
+        ++at;
+    if (!readNumber(output, at, status))
+        return at >= output.size() ? std::string_view::npos : 0;
+    if (negative)
+        status = -status;
+    if (at < output.size() && output[at] == '\r')
+        ++at;
+    if (at >= output.size())
+        return std::string_view::npos;
+    return output[at] == '\n' ? at + 1 : 0;
+}
+
+} // namespace
+
+std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output, int number, std::size_t from)
+{
+    const std::string head = reportHead(number);
+    for (std::size_t begin = output.find(head, from); begin != std::string_view::npos;
+         begin = output.find(head, begin + 1)) {
         int status = 0;
-        if (!readNumber(output, at, status))
-            continue;
-        if (at < output.size() && output[at] == '\r')
-            ++at;
-        if (at >= output.size())
-            return std::nullopt; // the rest of the report has not arrived yet
-        if (output[at] != '\n')
-            continue;
-        return TClearCaseStatusReport{begin, at + 1, negative ? -status : status};
+        const std::size_t end = readReportTail(output, begin + head.size(), status);
+        if (end == std::string_view::npos)
+            return std::nullopt;
+        if (end != 0)
+            return TClearCaseStatusReport{begin, end, status};
     }
     return std::nullopt;
+}
+
+std::optional<TClearCaseStatusReport> findFinalReport(std::string_view output, int number, bool prompted)
+{
+    if (prompted) {
+        if (output.size() < kPrompt.size() || output.substr(output.size() - kPrompt.size()) != kPrompt)
+            return std::nullopt;
+        output.remove_suffix(kPrompt.size());
+    }
+    // Back over the line end and the status to where the head must stand.
+    std::size_t at = output.size();
+    if (at == 0 || output[at - 1] != '\n')
+        return std::nullopt;
+    --at;
+    if (at > 0 && output[at - 1] == '\r')
+        --at;
+    const std::size_t digitsEnd = at;
+    while (at > 0 && isDigit(output[at - 1]) && digitsEnd - at < 10)
+        --at;
+    if (at == digitsEnd)
+        return std::nullopt;
+    if (at > 0 && output[at - 1] == '-')
+        --at;
+    const std::string head = reportHead(number);
+    if (at < head.size() || output.substr(at - head.size(), head.size()) != head)
+        return std::nullopt;
+    int status = 0;
+    const std::size_t end = readReportTail(output, at, status);
+    if (end != output.size())
+        return std::nullopt;
+    return TClearCaseStatusReport{at - head.size(), end, status};
 }
 
 std::vector<std::string> outputLines(std::string_view text)
@@ -141,7 +192,10 @@ std::vector<std::string> outputLines(std::string_view text)
     return lines;
 }
 
-TClearCaseQuerySession::TClearCaseQuerySession() : m_silenceLimit(kDefaultSilenceLimitMs) {}
+TClearCaseQuerySession::TClearCaseQuerySession()
+    : m_silenceLimit(kDefaultSilenceLimitMs), m_timeLimit(kDefaultTimeLimitMs), m_replyLimit(kDefaultReplyLimit)
+{
+}
 
 TClearCaseQuerySession::~TClearCaseQuerySession()
 {
@@ -175,32 +229,55 @@ void TClearCaseQuerySession::Reset()
     m_pending.clear();
 }
 
-TClearCaseQuerySession::Read TClearCaseQuerySession::readReply(IWFInteractiveProcess& process, int& status,
-                                                               std::string& text)
+TClearCaseQuerySession::Read TClearCaseQuerySession::readExchange(IWFInteractiveProcess& process, Exchange& exchange)
 {
-    auto lastOutput = Clock::now();
-    std::size_t searched = 0;
+    const auto started = Clock::now();
+    auto lastOutput = started;
+    // Every search starts where the previous one could no longer find anything, so that output
+    // without line breaks is looked at once, not on every read.
+    const std::size_t window = reportHead(exchange.cdNumber).size() + 16;
+    std::size_t cdSearched = 0;
+    std::optional<TClearCaseStatusReport> cd;
     for (;;) {
-        if (auto report = findStatusReport(std::string_view(m_pending).substr(searched))) {
-            std::string_view body = std::string_view(m_pending).substr(0, searched + report->begin);
+        if (m_pending.size() > m_replyLimit) {
+            std::cerr << "wfclearcase: a cleartool query brought more than " << m_replyLimit
+                      << " bytes of output; it was stopped and gives no result" << std::endl;
+            return Read::TooLarge;
+        }
+        if (exchange.cdNumber == 1)
+            m_prompted = m_pending.compare(0, kPrompt.size(), kPrompt) == 0 || kPrompt.substr(0, m_pending.size()) == m_pending;
+        if (!cd) {
+            cd = findStatusReport(m_pending, exchange.cdNumber, cdSearched);
+            cdSearched = std::max(cdSearched, m_pending.size() > window ? m_pending.size() - window : 0);
+            m_answered = m_answered || cd.has_value();
+        }
+        const auto last = cd ? findFinalReport(std::string_view(m_pending).substr(cd->end), exchange.cdNumber + 1, m_prompted)
+                             : std::nullopt;
+        // The reply's end is what arrived last: were more waiting, the report was a listed name.
+        if (last && process.Read(m_pending, 0) == IWFInteractiveProcess::ReadResult::Data) {
+            lastOutput = Clock::now();
+            continue;
+        }
+        if (last) {
+            std::string_view body = std::string_view(m_pending).substr(cd->end, last->begin);
             while (body.substr(0, kPrompt.size()) == kPrompt)
                 body.remove_prefix(kPrompt.size());
-            text = std::string(body);
-            status = report->status;
-            m_pending.erase(0, searched + report->end);
+            exchange.cdStatus = cd->status;
+            exchange.status = last->status;
+            exchange.text = std::string(body);
+            m_pending.clear();
             return Read::Reply;
         }
-        // A report cut short may begin up to a line before the end: search again from there.
-        const std::size_t lineStart = m_pending.rfind('\n');
-        searched = lineStart == std::string::npos ? 0 : lineStart + 1;
         // Once the session has answered, a slow server is waited for when the user can cancel;
         // before that, silence is how a cleartool without the interactive mode shows itself.
         const bool bounded = !m_answered || !WFBusyCanCancel();
-        const int limit = bounded ? static_cast<int>(m_silenceLimit) : kUnboundedReadSliceMs;
-        const auto silent = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastOutput).count();
-        if (bounded && silent >= limit)
+        const auto now = Clock::now();
+        const auto silent = std::chrono::duration_cast<std::chrono::milliseconds>(now - lastOutput).count();
+        const auto spent = std::chrono::duration_cast<std::chrono::milliseconds>(now - started).count();
+        if (bounded && (silent >= m_silenceLimit || spent >= m_timeLimit))
             return Read::Hung;
-        switch (process.Read(m_pending, static_cast<int>(bounded ? limit - silent : limit))) {
+        const long long wait = bounded ? std::min<long long>(m_silenceLimit - silent, m_timeLimit - spent) : kUnboundedReadSliceMs;
+        switch (process.Read(m_pending, static_cast<int>(wait))) {
         case IWFInteractiveProcess::ReadResult::Data:
             lastOutput = Clock::now();
             break;
@@ -250,6 +327,8 @@ TClearCaseQuerySession::Reply TClearCaseQuerySession::Run(const std::string& cle
         ++m_starts;
         m_key = key;
         m_pending.clear();
+        m_sent = 0;
+        m_prompted = false;
         m_answered = false;
         std::lock_guard lock(m_processMutex);
         m_process = process;
@@ -257,7 +336,7 @@ TClearCaseQuerySession::Reply TClearCaseQuerySession::Run(const std::string& cle
 
     auto failed = [&](Read how) {
         drop();
-        if (m_cancelled || (how == Read::Hung && m_answered)) {
+        if (m_cancelled || how == Read::TooLarge || (how == Read::Hung && m_answered)) {
             reply.outcome = Outcome::Failed;
             return reply;
         }
@@ -270,24 +349,21 @@ TClearCaseQuerySession::Reply TClearCaseQuerySession::Run(const std::string& cle
 
     if (m_cancelled)
         return failed(Read::Died);
+    Exchange exchange;
+    exchange.cdNumber = m_sent + 1;
+    m_sent += 2;
     if (!process->Write(*cdLine + "\n" + *commandLine + "\n"))
         return failed(Read::Died);
-    int cdStatus = 0;
-    std::string cdText;
-    Read how = readReply(*process, cdStatus, cdText);
-    if (how != Read::Reply)
-        return failed(how);
-    m_answered = true;
-    std::string text;
-    how = readReply(*process, reply.status, text);
+    const Read how = readExchange(*process, exchange);
     if (how != Read::Reply)
         return failed(how);
     if (m_cancelled)
         return failed(Read::Died);
+    reply.status = exchange.status;
     // A folder that cannot be entered gives no result, as a process that cannot start there.
-    reply.outcome = cdStatus == 0 ? Outcome::Answered : Outcome::Failed;
+    reply.outcome = exchange.cdStatus == 0 ? Outcome::Answered : Outcome::Failed;
     if (reply.outcome == Outcome::Answered)
-        reply.lines = outputLines(text);
+        reply.lines = outputLines(exchange.text);
     return reply;
 }
 

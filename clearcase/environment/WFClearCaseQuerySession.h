@@ -14,8 +14,10 @@ class IWFInteractiveProcess;
 /// One `cleartool -status` kept running for the design-time queries, so that a page that
 /// asks many questions pays for one cleartool start instead of one per question. Each query
 /// sends `cd` to its folder and its sub-command, and reads standard output up to the
-/// "Command N returned status S" report. The session is restarted when the cleartool path or
-/// the process environment changes, after it dies, and after a Cancel.
+/// "Command N returned status S" report carrying the number of its sub-command, found at the
+/// very end of what arrived (before the next prompt), so that listed names that look like
+/// reports are taken for output. The session is restarted when the cleartool path or the
+/// process environment changes, after it dies, and after a Cancel.
 class TClearCaseQuerySession {
 public:
     enum class Outcome {
@@ -45,12 +47,22 @@ public:
     /// How long cleartool may stay silent during a query before the session is taken to hang
     /// and is killed, in milliseconds.
     void SetSilenceLimit(int milliseconds) { m_silenceLimit = milliseconds; }
+    /// How long a query may take in all when nobody can cancel it, in milliseconds.
+    void SetTimeLimit(int milliseconds) { m_timeLimit = milliseconds; }
+    /// The most output one query may bring, in bytes; more ends the session and gives no result.
+    void SetReplyLimit(std::size_t bytes) { m_replyLimit = bytes; }
     /// Sessions started so far.
     int GetStarts() const { return m_starts; }
 
 private:
-    enum class Read { Reply, Hung, Died };
-    Read readReply(IWFInteractiveProcess& process, int& status, std::string& text);
+    enum class Read { Reply, Hung, Died, TooLarge };
+    struct Exchange {
+        int cdNumber = 0;
+        int cdStatus = 0;
+        int status = 0;
+        std::string text;
+    };
+    Read readExchange(IWFInteractiveProcess& process, Exchange& exchange);
     void drop();
 
     std::mutex m_queryMutex;
@@ -59,9 +71,15 @@ private:
     std::string m_key;
     std::string m_unsupportedKey;
     std::string m_pending;
+    /// Sub-commands sent to the running session: the next report numbers follow on.
+    int m_sent = 0;
+    /// Whether the running session prints a prompt after every report (known from its start).
+    bool m_prompted = false;
     bool m_answered = false;
     std::atomic<bool> m_cancelled{false};
     std::atomic<int> m_silenceLimit;
+    std::atomic<int> m_timeLimit;
+    std::atomic<std::size_t> m_replyLimit;
     std::atomic<int> m_starts{0};
 };
 
@@ -90,7 +108,11 @@ struct TClearCaseStatusReport {
     std::size_t end = 0;
     int status = 0;
 };
-std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output);
+/// The first complete report numbered `number` at or after `from`.
+std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output, int number, std::size_t from = 0);
+/// The report numbered `number` that ends `output`, followed only by the prompt when
+/// `prompted`: the end of a reply once nothing more arrives.
+std::optional<TClearCaseStatusReport> findFinalReport(std::string_view output, int number, bool prompted);
 
 /// Output text as lines, split by the host's line splitter as its process runner splits a
 /// program's output.

@@ -1,7 +1,7 @@
 #include "WFInteractiveProcess.h"
 
-#include "WFProcess.h"
 #include "WFReplaceableFactory.h"
+#include "WFSpawn.h"
 
 #include <algorithm>
 #include <atomic>
@@ -9,16 +9,12 @@
 #include <chrono>
 #include <csignal>
 #include <cstring>
-#include <mutex>
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-extern char** environ;
 
 namespace {
 
@@ -65,7 +61,9 @@ TPosixInteractiveProcess::~TPosixInteractiveProcess()
         int status = 0;
         while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
         }
-        WFForgetKeptProgram(pid);
+        forgetProgram(pid);
+        // What the program started outside its process group goes too.
+        stopLeftovers();
     }
     closeFd(m_out);
     closeFd(m_err);
@@ -98,51 +96,13 @@ bool TPosixInteractiveProcess::Start(const std::string& executable, const std::v
         return false;
     }
 
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, input[1], 0);
-    posix_spawn_file_actions_adddup2(&actions, out[1], 1);
-    posix_spawn_file_actions_adddup2(&actions, err[1], 2);
-    if (!workingDirectory.empty())
-        posix_spawn_file_actions_addchdir_np(&actions, workingDirectory.c_str());
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    sigset_t defaults;
-    sigemptyset(&defaults);
-    for (int signal : {SIGINT, SIGTERM, SIGPIPE, SIGHUP, SIGQUIT, SIGCHLD})
-        sigaddset(&defaults, signal);
-    sigset_t none;
-    sigemptyset(&none);
-    posix_spawnattr_setsigdefault(&attributes, &defaults);
-    posix_spawnattr_setsigmask(&attributes, &none);
-    posix_spawnattr_setpgroup(&attributes, 0);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-
-    std::vector<std::string> argvText = arguments;
-    argvText.insert(argvText.begin(), executable);
-    std::vector<char*> argv;
-    for (auto& argument : argvText)
-        argv.push_back(argument.data());
-    argv.push_back(nullptr);
-
-    int spawned = 0;
-    const pid_t pid = WFStartKeptProgram([&] {
-        pid_t child = 0;
-        spawned = executable.find('/') == std::string::npos
-            ? ::posix_spawnp(&child, executable.c_str(), &actions, &attributes, argv.data(), environ)
-            : ::posix_spawn(&child, executable.c_str(), &actions, &attributes, argv.data(), environ);
-        return spawned == 0 ? static_cast<int>(child) : 0;
-    });
-    posix_spawn_file_actions_destroy(&actions);
-    posix_spawnattr_destroy(&attributes);
+    std::vector<std::string> argv = arguments;
+    argv.insert(argv.begin(), executable);
+    const pid_t pid = spawnProgram(executable, argv, workingDirectory, input[1], out[1], err[1], m_error);
     ::close(input[1]);
     ::close(out[1]);
     ::close(err[1]);
-    if (spawned != 0) {
-        m_error = "Could not start \"" + executable + "\"";
-        if (!workingDirectory.empty())
-            m_error += " in \"" + workingDirectory + "\"";
-        m_error += std::string(": ") + std::strerror(spawned);
+    if (pid < 0) {
         ::close(input[0]);
         ::close(out[0]);
         ::close(err[0]);

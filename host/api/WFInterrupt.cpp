@@ -10,23 +10,23 @@
 
 namespace {
 
-std::atomic<bool> g_stopRequested{false};
+thread_local const std::atomic<bool>* t_stopRequest = nullptr;
 
 } // namespace
 
-void WFRequestStop()
+TWFStopScope::TWFStopScope(const std::atomic<bool>& request) : m_previous(t_stopRequest)
 {
-    g_stopRequested = true;
+    t_stopRequest = &request;
+}
+
+TWFStopScope::~TWFStopScope()
+{
+    t_stopRequest = m_previous;
 }
 
 bool WFStopRequested()
 {
-    return g_stopRequested;
-}
-
-void WFClearStopRequest()
-{
-    g_stopRequested = false;
+    return t_stopRequest && t_stopRequest->load();
 }
 
 int openInterruptibly(const std::string& path, int flags, mode_t mode, std::string& error)

@@ -5,6 +5,7 @@
 #include "WFFiles.h"
 #include "WFInterrupt.h"
 #include "WFLineSplitter.h"
+#include "WFSpawn.h"
 
 #include <algorithm>
 #include <atomic>
@@ -13,23 +14,14 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <mutex>
 #include <optional>
-#include <set>
-#include <sstream>
 #include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
-#include <pthread.h>
 #include <signal.h>
-#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-extern char** environ;
 
 namespace {
 
@@ -64,122 +56,6 @@ constexpr Milliseconds kCheckInterval{100};
 constexpr Milliseconds kExitGrace{1000};
 /// The first look at the program after its output closed: its end is a few microseconds away.
 constexpr Microseconds kFirstExitStep{50};
-/// How long stopping waits for killed processes to be gone before leaving them to the system.
-constexpr Milliseconds kReapBound{2000};
-
-/// Programs being run, by pid: stopping what a finished program left behind must not touch
-/// them. Held across vfork so that a new program is registered before anyone looks.
-std::mutex& registryMutex()
-{
-    static std::mutex mutex;
-    return mutex;
-}
-
-std::multiset<pid_t>& runningPrograms()
-{
-    static std::multiset<pid_t> pids;
-    return pids;
-}
-
-/// Processes the program started and then left become this process's children, not init's,
-/// so that none escapes being stopped (setsid, double fork). A cgroup would hold them too,
-/// but needs a delegated hierarchy that build agents in containers rarely give.
-void becomeSubreaper()
-{
-#ifdef __linux__
-    static std::once_flag once;
-    std::call_once(once, [] { ::prctl(PR_SET_CHILD_SUBREAPER, 1); });
-#endif
-}
-
-std::vector<pid_t> readPids(const std::string& path)
-{
-    std::vector<pid_t> pids;
-    std::ifstream in(path);
-    for (long pid; in >> pid;)
-        pids.push_back(static_cast<pid_t>(pid));
-    return pids;
-}
-
-/// Every process with its parent, from /proc.
-std::vector<std::pair<pid_t, pid_t>> processParents()
-{
-    std::vector<std::pair<pid_t, pid_t>> table;
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc", error)) {
-        const std::string name = entry.path().filename().string();
-        if (name.empty() || name.find_first_not_of("0123456789") != std::string::npos)
-            continue;
-        std::ifstream in(entry.path() / "stat");
-        std::string text;
-        std::getline(in, text);
-        // "pid (command) state ppid ...": the command may hold blanks and parentheses.
-        const auto close = text.rfind(')');
-        if (close == std::string::npos)
-            continue;
-        std::istringstream fields(text.substr(close + 1));
-        std::string state;
-        long parent = 0;
-        if (fields >> state >> parent)
-            table.emplace_back(static_cast<pid_t>(std::stol(name)), static_cast<pid_t>(parent));
-    }
-    return table;
-}
-
-/// This process's children, of every thread.
-std::vector<pid_t> ownChildren()
-{
-    std::vector<pid_t> children;
-    std::error_code error;
-    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task", error)) {
-        const auto pids = readPids((task.path() / "children").string());
-        children.insert(children.end(), pids.begin(), pids.end());
-    }
-    if (error) {
-        const pid_t self = ::getpid();
-        for (const auto& [pid, parent] : processParents())
-            if (parent == self)
-                children.push_back(pid);
-    }
-    return children;
-}
-
-/// Kills whatever finished programs left behind: children of this process that are no
-/// running program, and everything below them. Returns the killed children, to be reaped.
-std::vector<pid_t> killLeftovers()
-{
-    std::lock_guard lock(registryMutex());
-    std::vector<pid_t> roots;
-    for (pid_t child : ownChildren())
-        if (!runningPrograms().count(child))
-            roots.push_back(child);
-    if (roots.empty())
-        return roots;
-    std::vector<pid_t> victims = roots;
-    const auto table = processParents();
-    for (std::size_t next = 0; next < victims.size(); ++next)
-        for (const auto& [pid, parent] : table)
-            if (parent == victims[next] && std::find(victims.begin(), victims.end(), pid) == victims.end())
-                victims.push_back(pid);
-    for (pid_t victim : victims)
-        ::kill(victim, SIGKILL);
-    return roots;
-}
-
-/// Stops everything the finished programs left behind. Killed processes pass their own
-/// children on to us as they die, so this goes round until none is left.
-void stopLeftovers()
-{
-    const auto until = Clock::now() + kReapBound;
-    for (std::vector<pid_t> killed = killLeftovers(); !killed.empty() && Clock::now() < until;
-         killed = killLeftovers()) {
-        for (pid_t pid : killed) {
-            int status = 0;
-            while (::waitpid(pid, &status, WNOHANG) == 0 && Clock::now() < until)
-                std::this_thread::sleep_for(Milliseconds(1));
-        }
-    }
-}
 
 /// One output pipe of the program.
 struct TStream {
@@ -250,15 +126,6 @@ private:
     bool m_pipeGrown = false;
 };
 
-/// The program's path: as given when it names a folder, else the first match on PATH.
-std::string resolveProgram(const std::string& program)
-{
-    if (program.find('/') != std::string::npos)
-        return program;
-    const std::string found = findProgramOnPath(program);
-    return found.empty() ? program : found;
-}
-
 bool TPosixProcess::fail(std::string error)
 {
     m_error = std::move(error);
@@ -269,66 +136,9 @@ bool TPosixProcess::spawn(int outWrite, int errWrite)
 {
     std::vector<std::string> arguments = splitCommandLine(m_parameters);
     arguments.insert(arguments.begin(), m_executable);
-    std::vector<char*> argv;
-    argv.reserve(arguments.size() + 1);
-    for (auto& argument : arguments)
-        argv.push_back(argument.data());
-    argv.push_back(nullptr);
-    const std::string program = resolveProgram(m_executable);
-    const char* volatile directory = m_directory.empty() ? nullptr : m_directory.c_str();
-    becomeSubreaper();
-
-    // vfork and exec by hand: posix_spawn asks and resets every signal handler in the child and
-    // maps a stack for it, which doubled the cost of starting a short program. Everything the
-    // child does is async-signal-safe, with all signals blocked until the handlers that
-    // matter are back to their defaults.
-    sigset_t all;
-    sigset_t previous;
-    sigfillset(&all);
-    std::unique_lock registry(registryMutex());
-    pthread_sigmask(SIG_SETMASK, &all, &previous);
-    volatile int childError = 0;
-    volatile bool inDirectory = true;
-    const pid_t pid = ::vfork();
-    if (pid == 0) {
-        ::setpgid(0, 0);
-        struct sigaction defaults {};
-        defaults.sa_handler = SIG_DFL;
-        for (int signal : {SIGINT, SIGTERM, SIGPIPE, SIGHUP, SIGQUIT, SIGCHLD, SIGXFSZ})
-            ::sigaction(signal, &defaults, nullptr);
-        const int input = ::open("/dev/null", O_RDONLY);
-        if (input >= 0 && input != 0) {
-            ::dup2(input, 0);
-            ::close(input);
-        }
-        ::dup2(outWrite, 1);
-        ::dup2(errWrite, 2);
-        if (directory && ::chdir(directory) != 0) {
-            childError = errno;
-            inDirectory = false;
-            ::_exit(127);
-        }
-        ::sigprocmask(SIG_SETMASK, &previous, nullptr);
-        ::execve(program.c_str(), argv.data(), environ);
-        childError = errno;
-        ::_exit(127);
-    }
-    const int forkError = pid < 0 ? errno : 0;
-    if (pid > 0 && childError == 0)
-        runningPrograms().insert(pid);
-    registry.unlock();
-    pthread_sigmask(SIG_SETMASK, &previous, nullptr);
-    if (pid < 0 || childError != 0) {
-        if (pid > 0) {
-            int status = 0;
-            while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
-            }
-        }
-        std::string error = "Could not start \"" + m_executable + "\"";
-        if (!inDirectory)
-            error += " in \"" + m_directory + "\"";
-        return fail(error + ": " + std::strerror(pid < 0 ? forkError : childError));
-    }
+    const pid_t pid = spawnProgram(m_executable, arguments, m_directory, -1, outWrite, errWrite, m_error);
+    if (pid < 0)
+        return false;
     m_pid = pid;
     return true;
 }
@@ -471,10 +281,7 @@ int TPosixProcess::reap(bool ended)
     }
     // Anything the program left running goes with it, also what left its process group.
     ::kill(-m_pid, SIGKILL);
-    {
-        std::lock_guard lock(registryMutex());
-        runningPrograms().erase(runningPrograms().find(m_pid));
-    }
+    forgetProgram(m_pid);
     m_pid = 0;
     stopLeftovers();
     if (WIFEXITED(status))
@@ -564,23 +371,6 @@ std::string findProgramOnPath(const std::string& name)
         start = end + 1;
     }
     return {};
-}
-
-int WFStartKeptProgram(const std::function<int()>& start)
-{
-    std::lock_guard lock(registryMutex());
-    const int pid = start();
-    if (pid > 0)
-        runningPrograms().insert(static_cast<pid_t>(pid));
-    return pid;
-}
-
-void WFForgetKeptProgram(int pid)
-{
-    std::lock_guard lock(registryMutex());
-    const auto found = runningPrograms().find(static_cast<pid_t>(pid));
-    if (found != runningPrograms().end())
-        runningPrograms().erase(found);
 }
 
 std::shared_ptr<IWFProcess> CreateWFProcess()

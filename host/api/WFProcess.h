@@ -85,10 +85,3 @@ WF_API TWFTimeLimitParse parseTimeLimitSeconds(std::string_view text, std::int64
 /// Empty entries of PATH are skipped: a build host does not run programs from wherever it
 /// happens to be.
 WF_API std::string findProgramOnPath(const std::string& name);
-
-/// For programs the host keeps running past a run (an interactive session): `start` runs with
-/// the runner's registry locked and returns the new child's pid, or 0 or less when it failed;
-/// a started child counts as a running program, so that the clean-up after a run never stops
-/// it, until WFForgetKeptProgram after it was reaped.
-WF_API int WFStartKeptProgram(const std::function<int()>& start);
-WF_API void WFForgetKeptProgram(int pid);

@@ -110,7 +110,7 @@ TBuildRunner::TBuildRunner(TConsoleLog& log, std::ostream& out, std::ostream& er
 void TBuildRunner::Interrupt()
 {
     std::lock_guard lock(m_currentMutex);
-    // The flag first: either the loop sees it before starting an action, or the action is
+    // The flags first: either the loop sees them before starting an action, or the action is
     // already current here and is told to stop.
     m_interrupted = true;
     ++m_interrupts;
@@ -121,8 +121,8 @@ void TBuildRunner::Interrupt()
     }
     if (m_inCleanup && m_interrupts < 2)
         return;
-    // Also what is not the action's own program: queries, waits for a FIFO.
-    WFRequestStop();
+    // Also what is not the action's own program on the run's thread: waits for a FIFO.
+    m_stopRequest = true;
     if (m_current)
         m_current->TerminateAction();
 }
@@ -168,10 +168,8 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
 {
     m_cases.clear();
     m_summary = {};
-    // A stop request of an earlier run must not stop this one; an interrupt that came before
-    // the start has set m_interrupted, which the loop honours.
-    if (!m_interrupted)
-        WFClearStopRequest();
+    // Stops only this run: the designer's queries on its own thread keep working.
+    const TWFStopScope stopScope(m_stopRequest);
     TWFActionHost host;
     host.log = &m_log;
     host.variables = &variables;
@@ -275,7 +273,7 @@ void TBuildRunner::runCleanup(TWFProject& project, TWFActionHost& host, const TR
             m_cleanupDeadline = std::chrono::steady_clock::now() + std::chrono::seconds(m_cleanupLimitSeconds);
         // Queries and waits of the clean-up must not see the build's stop request.
         if (m_interrupts < 2)
-            WFClearStopRequest();
+            m_stopRequest = false;
     }
     std::string why = failure.reason == "interrupted" ? "the build was interrupted" : "the build failed";
     if (failure.number > 0)
@@ -341,7 +339,7 @@ void TBuildRunner::watchCleanupDeadline()
         }
         if (m_deadlineChanged.wait_until(lock, *m_cleanupDeadline) == std::cv_status::timeout && !m_cleanupDone) {
             m_cleanupExpired = true;
-            WFRequestStop();
+            m_stopRequest = true;
             if (m_current)
                 m_current->TerminateAction();
             return;

@@ -143,6 +143,9 @@ private:
     std::condition_variable m_deadlineChanged;
     TCustomWFAction* m_current = nullptr;
     std::atomic<bool> m_interrupted{false};
+    /// What the run's stop scope watches: set with the first interrupt, cleared for a clean-up
+    /// that the first interrupt only bounds, set again by a second one or the clean-up's deadline.
+    std::atomic<bool> m_stopRequest{false};
     int m_interrupts = 0;
     bool m_inCleanup = false;
     bool m_cleanupDone = false;

@@ -16,12 +16,14 @@
 #include "WFBrowse.h"
 #include "WFIniFile.h"
 #include "WFPluginLoader.h"
+#include "WFProcess.h"
 #include "WFServices.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -227,6 +229,29 @@ TEST(DesignerProgram, HelpAndVersionNeedNoDisplay)
         EXPECT_EQ(run.status, row.status) << row.argument << run.err;
         EXPECT_NE((run.out + run.err).find(row.piece), std::string::npos) << row.argument << ": " << run.out << run.err;
     }
+}
+
+TEST(DesignerProgram, ExitsCleanlyAfterAPageAskedClearCase)
+{
+    // A fresh process, as the designer starts: the package's query session is made before the
+    // host has started any program.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    wftest::TempDir dir;
+    const std::string ini =
+        dir.write("options.ini", std::string("[ClearCase]\nCleartoolPath=") + CLEARTOOL_PATH + "\nInstallationType=ClearCase\n");
+    wftest::ScopedEnv home("CCSIM_HOME", dir.file("sim"));
+    EXPECT_EXIT(
+        {
+            designertest::loadPackages();
+            std::string error;
+            WFOptionsServices().Load(ini, error);
+            const auto action = WFActionServices().CreateAction("CC_MKLBTYPE");
+            std::unique_ptr<QWidget> page(WFActionServices().PagesOf("TClearCaseMkLbTypeAction").at(0).create(nullptr));
+            dynamic_cast<TFrame&>(*page).ReadActionData(*action);
+            page->findChild<QComboBox*>("txtVOBSelector")->showPopup();
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 // --- package icons -----------------------------------------------------------------------
@@ -907,6 +932,13 @@ TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
     EXPECT_EQ(statuses(*window), (std::vector<TRunStatus>{S::Failed, S::Skipped}));
     EXPECT_TRUE(waitFor([&] { return ::kill(child, 0) != 0; }, 3000)) << "the program's own child still runs";
     EXPECT_TRUE(window->findChild<QLabel*>("runLabel")->text().startsWith("Stopped"));
+    // The stop ended that run only: a design-time query starts its own program as before.
+    const auto query = CreateWFProcess();
+    query->SetExecutable("/bin/echo");
+    query->SetParameters("answered");
+    query->SetCollectOutput(true);
+    ASSERT_TRUE(query->Execute()) << query->GetErrorText();
+    EXPECT_EQ(query->GetOutputLines(), std::vector<std::string>{"answered"});
 }
 
 TEST_F(DesignerWindow, RunsTheReleaseDemoAgainstTheSimulator)

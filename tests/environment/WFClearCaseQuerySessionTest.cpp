@@ -39,7 +39,6 @@ protected:
     void SetUp() override
     {
         ClearCaseQuerySession().Reset();
-        ClearCaseQuerySession().SetSilenceLimit(5000);
         SetClearCaseDesignTime(true);
     }
     void TearDown() override
@@ -47,6 +46,8 @@ protected:
         SetClearCaseDesignTime(false);
         ClearCaseQuerySession().Reset();
         ClearCaseQuerySession().SetSilenceLimit(5000);
+        ClearCaseQuerySession().SetTimeLimit(30000);
+        ClearCaseQuerySession().SetReplyLimit(64 * 1024 * 1024);
         WFOptionsServices().Clear();
     }
 
@@ -59,6 +60,26 @@ protected:
         return {alone, query()};
     }
 };
+
+std::string reportLine(int number)
+{
+    return "Command " + std::to_string(number) + " returned status 0";
+}
+
+/// Every report from 1 to 20 as listed names, each line ended by `end`.
+std::string reportNames(const std::string& end)
+{
+    std::string names;
+    for (int number = 1; number <= 20; ++number)
+        names += reportLine(number) + end;
+    return names;
+}
+
+/// The same names as the query gives them.
+std::string reportResult()
+{
+    return reportNames("\r\n");
+}
 
 // --- The interactive line ---------------------------------------------------------------
 
@@ -102,6 +123,9 @@ INSTANTIATE_TEST_SUITE_P(
 struct ReportCase {
     std::string name;
     std::string output;
+    int number;
+    /// Set: the report that ends the output, followed by the prompt or not; else the first one.
+    std::optional<bool> finalPrompted;
     std::optional<std::size_t> begin;
     int status = 0;
 };
@@ -113,10 +137,11 @@ void PrintTo(const ReportCase& row, std::ostream* out)
 
 class StatusReportTest : public testing::TestWithParam<ReportCase> {};
 
-TEST_P(StatusReportTest, FindsTheReportWhereverItStarts)
+TEST_P(StatusReportTest, FindsOnlyTheReportOfItsNumber)
 {
     const ReportCase& row = GetParam();
-    const auto report = findStatusReport(row.output);
+    const auto report = row.finalPrompted ? findFinalReport(row.output, row.number, *row.finalPrompted)
+                                          : findStatusReport(row.output, row.number);
     ASSERT_EQ(report.has_value(), row.begin.has_value());
     if (!report)
         return;
@@ -127,13 +152,20 @@ TEST_P(StatusReportTest, FindsTheReportWhereverItStarts)
 
 INSTANTIATE_TEST_SUITE_P(
     Outputs, StatusReportTest,
-    testing::Values(ReportCase{"OnALineOfItsOwn", "a\nb\nCommand 2 returned status 0\n", 4, 0},
-                    ReportCase{"AfterOutputWithoutBreak", "a\nbCommand 12 returned status 1\ncleartool> ", 3, 1},
-                    ReportCase{"CarriageReturnEnding", "Command 1 returned status 0\r\n", 0, 0},
-                    ReportCase{"NotYetComplete", "a\nCommand 3 returned sta", std::nullopt},
-                    ReportCase{"LineNotYetEnded", "Command 3 returned status 0", std::nullopt},
-                    ReportCase{"LookAlikeSkipped", "Command x returned status 0\nCommand 4 returned status 2\n", 28, 2},
-                    ReportCase{"NoReport", "Command 4 was fine\n", std::nullopt}),
+    testing::Values(ReportCase{"OnALineOfItsOwn", "a\nb\nCommand 2 returned status 0\n", 2, {}, 4, 0},
+                    ReportCase{"AfterOutputWithoutBreak", "a\nbCommand 12 returned status 1\ncleartool> ", 12, {}, 3, 1},
+                    ReportCase{"CarriageReturnEnding", "Command 1 returned status 0\r\n", 1, {}, 0, 0},
+                    ReportCase{"OtherNumbersSkipped", "Command 1 returned status 0\nCommand 12 returned status 0\nCommand 2 returned status 3\n", 2, {}, 57, 3},
+                    ReportCase{"NotYetComplete", "a\nCommand 3 returned sta", 3, {}, std::nullopt},
+                    ReportCase{"LineNotYetEnded", "Command 3 returned status 0", 3, {}, std::nullopt},
+                    ReportCase{"LookAlikeSkipped", "Command 4 returned status x\nCommand 4 returned status 2\n", 4, {}, 28, 2},
+                    ReportCase{"NoReport", "Command 4 was fine\n", 4, {}, std::nullopt},
+                    ReportCase{"FinalAfterListedLookAlikes", "Command 2 returned status 0\nx\nCommand 2 returned status 0\ncleartool> ", 2, true, 30, 0},
+                    ReportCase{"FinalNeedsThePrompt", "x\nCommand 2 returned status 0\n", 2, true, std::nullopt},
+                    ReportCase{"FinalWithoutPromptWhenNoneIsPrinted", "x\nCommand 2 returned status 0\n", 2, false, 2, 0},
+                    ReportCase{"FinalOfAnotherNumber", "Command 12 returned status 0\ncleartool> ", 2, true, std::nullopt},
+                    ReportCase{"FinalNegativeAfterOutputWithoutBreak", "xCommand 2 returned status -1\r\ncleartool> ", 2, true, 1, -1},
+                    ReportCase{"FinalFollowedByMore", "Command 2 returned status 0\ncleartool> x", 2, true, std::nullopt}),
     [](const auto& info) { return info.param.name; });
 
 // --- Every query on a populated simulator store -----------------------------------------
@@ -177,6 +209,9 @@ protected:
             {"dev/vobs/main", {"mkactivity", "-nc", "-headline", "Fix build", "fix_1"}},
             {"dev/vobs/main", {"mkactivity", "-nc", "-headline", "Other", "add_2"}},
         };
+        // Listed names that are status reports; the one a first query waits for is a folder.
+        for (int number = 1; number <= 20; ++number)
+            s_temp->write("base/vobs/main/reports/" + reportLine(number) + (number == 2 ? "/" + reportLine(4) : ""), "");
         for (const auto& step : steps) {
             if (step.args[0] == "mkelem") {
                 s_temp->write("base/vobs/main/src/a.c", "int a;\n");
@@ -252,6 +287,7 @@ const std::vector<StoreQuery>& storeQueries()
          [](const std::string& root) { return CCGetHistory("src/my file.c", root + "/base/vobs/main"); }},
         {"HistoryOfNoElement", [](const std::string& root) { return CCGetHistory("nothing.c", root + "/base"); }, true},
         {"LsOfTheView", [](const std::string& root) { return CCGetLS(root + "/base/vobs/main"); }},
+        {"LsOfNamesThatAreReports", [](const std::string& root) { return CCGetLS(root + "/base/vobs/main/reports"); }},
         {"LsOfAMissingFolder", [](const std::string& root) { return CCGetLS(root + "/no such folder"); }, true},
         {"Describe", [](const std::string&) { return CCDescribeObject("lbtype:REL1@/vobs/main"); }},
         {"DescribeFails", [](const std::string&) { return CCDescribeObject("lbtype:NOPE@/vobs/main"); }, true},
@@ -300,10 +336,12 @@ TEST_F(SimulatorStore, OneSessionServesEveryQuery)
 
 // --- Stand-ins that misbehave -----------------------------------------------------------
 
-/// A cleartool stand-in script. One process: prints FAKE_OUT's text (a printf format) and exits
-/// with FAKE_STATUS. With -status it answers every line as the interactive mode does, unless
-/// the file "mode" beside it says: "hang" (stops answering sub-commands), "mute" (never answers),
-/// "die" (exits in the middle of a sub-command), "plain" (has no interactive mode).
+/// A cleartool stand-in script. One process: prints FAKE_OUT's text (a printf format; each "|"
+/// a pause, so that the reader gets it in pieces) and exits with FAKE_STATUS. With -status it
+/// answers every line as the interactive mode does, unless the file "mode" beside it says:
+/// "hang" (stops answering sub-commands), "mute" (never answers), "die" (exits in the middle
+/// of a sub-command), "plain" (has no interactive mode), "trickle" (a line every 0.1 s, no end),
+/// "flood" (megabytes without a line break).
 class ScriptedCleartool : public SessionTest {
 protected:
     void SetUp() override
@@ -312,6 +350,13 @@ protected:
         m_program = m_temp.write("bin/cleartool", R"(#!/bin/sh
 here=$(dirname "$0")
 mode=$(cat "$here/mode" 2>/dev/null)
+emit() {
+  rest=$FAKE_OUT
+  while :; do
+    printf "${rest%%|*}"
+    case "$rest" in *"|"*) rest=${rest#*|}; sleep 0.05 ;; *) break ;; esac
+  done
+}
 if [ "$1" = "-status" ] && [ "$mode" = "plain" ]; then
   echo "Usage: cleartool subcommand" >&2
   exit 1
@@ -327,8 +372,12 @@ if [ "$1" = "-status" ]; then
     status=0
     case "$line" in
       cd*) dir=${line#cd }; dir=${dir#\"}; dir=${dir%\"}; [ -d "$dir" ] || status=1 ;;
-      *) case "$mode" in hang) sleep 60 ;; die) exit 3 ;; esac
-         printf "$FAKE_OUT"; status=${FAKE_STATUS:-0} ;;
+      *) case "$mode" in
+           hang) sleep 60 ;; die) exit 3 ;;
+           trickle) while :; do echo t; sleep 0.1; done ;;
+           flood) head -c 3000000 /dev/zero | tr '\0' x ;;
+         esac
+         emit; status=${FAKE_STATUS:-0} ;;
     esac
     printf 'Command %d returned status %d\n' "$n" "$status"
     printf 'cleartool> '
@@ -336,7 +385,7 @@ if [ "$1" = "-status" ]; then
   exit 0
 fi
 echo "$*" >> "$here/alone"
-printf "$FAKE_OUT"
+emit
 exit ${FAKE_STATUS:-0}
 )");
         fs::permissions(m_program, fs::perms::owner_all);
@@ -376,9 +425,11 @@ TEST_P(ScriptedOutputTest, SameLinesAsOneProcess)
     const OutputCase& row = GetParam();
     wftest::ScopedEnv out("FAKE_OUT", row.format);
     wftest::ScopedEnv status("FAKE_STATUS", std::to_string(row.status));
-    const auto [alone, session] = bothWays([] { return CCGetCleartoolOutput("lsvob", "-short", "", false); });
+    const auto query = [] { return CCGetCleartoolOutput("lsvob", "-short", "", false); };
+    const auto [alone, session] = bothWays(query);
     EXPECT_EQ(alone, row.expected);
     EXPECT_EQ(session, alone);
+    EXPECT_EQ(query(), alone) << "the next query of the same session";
     EXPECT_EQ(count("starts"), 1);
     EXPECT_EQ(count("alone"), 1);
 }
@@ -392,7 +443,13 @@ INSTANTIATE_TEST_SUITE_P(
                     OutputCase{"NoOutput", "", 0, ""},
                     OutputCase{"PromptLookAlikeInsideKept", "x cleartool> y\\n", 0, "x cleartool> y\r\n"},
                     OutputCase{"FailingSubCommand", "b\\na\\n", 1, ""},
-                    OutputCase{"FailingWithoutFinalBreak", "partial", 2, ""}),
+                    OutputCase{"FailingWithoutFinalBreak", "partial", 2, ""},
+                    OutputCase{"ReportsListedFirst", reportNames("\\n") + "a\\n", 0, reportResult() + "a\r\n"},
+                    OutputCase{"ReportsListedInTheMiddle", "a\\n" + reportNames("\\n") + "b\\n", 0, "a\r\n" + reportResult() + "b\r\n"},
+                    OutputCase{"ReportsListedLast", "a\\n" + reportNames("\\n"), 0, "a\r\n" + reportResult()},
+                    OutputCase{"ReportListedLastWithoutFinalBreak", "a\\n" + reportNames("\\n") + reportLine(2), 0, "a\r\n" + reportResult() + reportLine(2) + "\r\n"},
+                    OutputCase{"ReportsListedInPieces", reportNames("\\n|"), 0, reportResult()},
+                    OutputCase{"ReportInsideALine", "/v/Command 2 returned status 0\\n", 0, "/v/Command 2 returned status 0\r\n"}),
     [](const auto& info) { return info.param.name; });
 
 struct FaultCase {
@@ -415,6 +472,8 @@ TEST_P(SessionFaultTest, NeverBlocksAndRecovers)
     const FaultCase& row = GetParam();
     wftest::ScopedEnv out("FAKE_OUT", "x\\n");
     ClearCaseQuerySession().SetSilenceLimit(400);
+    ClearCaseQuerySession().SetTimeLimit(1500);
+    ClearCaseQuerySession().SetReplyLimit(1024 * 1024);
     setMode(row.mode);
     const auto started = Clock::now();
     const std::string first = CCGetVOBNames();
@@ -433,7 +492,9 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(FaultCase{"HangsAfterAnswering", "hang", false, 2},
                     FaultCase{"NeverAnswersSoRunsAlone", "mute", true, 1},
                     FaultCase{"DiesMidQuerySoRunsAlone", "die", true, 2},
-                    FaultCase{"NoInteractiveModeSoRunsAlone", "plain", true, 0}),
+                    FaultCase{"NoInteractiveModeSoRunsAlone", "plain", true, 0},
+                    FaultCase{"TricklesPastTheTimeLimit", "trickle", false, 2},
+                    FaultCase{"FloodsPastTheReplyLimit", "flood", false, 2}),
     [](const auto& info) { return info.param.name; });
 
 TEST_F(ScriptedCleartool, CancelKillsAHungQueryAndTheNextStartsAFreshSession)
@@ -503,6 +564,19 @@ INSTANTIATE_TEST_SUITE_P(Switch, SessionSwitchTest,
                                          SwitchCase{"TurnedOffIgnoringCase", true, "FALSE", false},
                                          SwitchCase{"OtherValuesKeepItOn", true, "1", true}),
                          [](const auto& info) { return info.param.name; });
+
+TEST_F(ScriptedCleartool, AHostThatUsedTheSessionExitsCleanly)
+{
+    // A fresh process, so that the session is made before anything was started, as in a host.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    wftest::ScopedEnv out("FAKE_OUT", "x\\n");
+    EXPECT_EXIT(
+        {
+            CCGetVOBNames();
+            std::exit(ClearCaseQuerySession().GetStarts() == 1 ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
 
 TEST_F(ScriptedCleartool, EditionDetectionKeepsItsOwnProcess)
 {
