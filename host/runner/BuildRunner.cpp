@@ -21,6 +21,12 @@ public:
     std::vector<TValidationError> errors;
 };
 
+class TCollectedLines final : public IWFLogSink {
+public:
+    void Line(Stream /*stream*/, std::string_view text) override { lines.emplace_back(text); }
+    std::vector<std::string> lines;
+};
+
 std::string failureReason(const TCustomWFAction& action)
 {
     const auto* execute = dynamic_cast<const TWFExecuteAbstractAction*>(&action);
@@ -35,12 +41,33 @@ bool wasTerminated(const TCustomWFAction& action)
     return execute && execute->WasTerminated();
 }
 
+/// An action whose program never ran was wrongly set up: no command line, no program.
+bool programRan(const TCustomWFAction& action)
+{
+    const auto* execute = dynamic_cast<const TWFExecuteAbstractAction*>(&action);
+    return !execute || execute->GetLastExitCode() >= 0 || execute->WasTerminated();
+}
+
+std::string withDetail(const std::string& reason, const std::string& detail)
+{
+    return detail.empty() ? reason : reason + ": " + detail;
+}
+
 std::string plural(std::size_t count, const char* word)
 {
     return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
 }
 
 } // namespace
+
+std::string junitCaseName(std::size_t number, std::size_t total, const std::string& title)
+{
+    std::string digits = std::to_string(number);
+    const std::size_t width = std::to_string(total).size();
+    if (digits.size() < width)
+        digits.insert(0, width - digits.size(), '0');
+    return digits + " " + title;
+}
 
 std::string actionTitle(const TCustomWFAction& action)
 {
@@ -72,6 +99,26 @@ std::vector<std::string> validateAction(TCustomWFAction& action, bool& ok)
     return lines;
 }
 
+std::vector<TValidationError> prepareCommandLine(TCustomWFAction& action, const TWFActionHost& host)
+{
+    auto* execute = dynamic_cast<TWFExecuteAbstractAction*>(&action);
+    if (!execute)
+        return {};
+    TCollectedLines logged;
+    TWFActionHost dryRun = host;
+    dryRun.log = &logged;
+    dryRun.dryRun = true;
+    action.SetHost(&dryRun);
+    const bool ok = execute->Execute();
+    action.SetHost(nullptr);
+    if (ok)
+        return {};
+    std::vector<TValidationError> errors{{"Command line", failureReason(action)}};
+    for (auto& line : logged.lines)
+        errors.push_back({"Command line", std::move(line)});
+    return errors;
+}
+
 std::size_t validateProject(TWFProject& project, TWFActionHost& host,
                             const std::function<void(const TActionValidation&)>& onInvalid)
 {
@@ -85,6 +132,10 @@ std::size_t validateProject(TWFProject& project, TWFActionHost& host,
         bool ok = false;
         auto errors = validateActionErrors(action, ok);
         action.SetHost(nullptr);
+        if (ok) {
+            errors = prepareCommandLine(action, host);
+            ok = errors.empty();
+        }
         if (!ok)
             onInvalid({index, actionTitle(action), std::move(errors)});
     }
@@ -130,7 +181,8 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         TCustomWFAction& action = *project.actions[index];
         const std::size_t number = index + 1;
         const std::string title = actionTitle(action);
-        TJUnitCase result{title, action.GetActionTypeID(), 0, TJUnitCase::Outcome::Skipped, {}, {}};
+        TJUnitCase result{junitCaseName(number, total, title), action.GetActionTypeID(), 0, TJUnitCase::Outcome::Skipped,
+                          {}, {}, {}};
         if (!action.GetEnabled()) {
             ++disabled;
             m_out << consoleHeader(number, total, title) << " (disabled)" << std::endl;
@@ -158,6 +210,7 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         }
         const auto started = Clock::now();
         bool ok = false;
+        bool programStarted = false;
         std::string reason;
         if (!m_interrupted) {
             const auto errors = validateAction(action, ok);
@@ -168,6 +221,7 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         }
         if (ok && !m_interrupted) {
             ok = action.Execute();
+            programStarted = programRan(action);
             if (!ok)
                 reason = failureReason(action);
         }
@@ -179,18 +233,21 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         m_log.Flush();
         ++ran;
         result.seconds = std::chrono::duration<double>(Clock::now() - started).count();
+        result.log = m_log.ActionText();
+        result.errors = m_log.ActionErrors();
 
         if (m_interrupted && (!ok || wasTerminated(action))) {
             status = kExitInterrupted;
             result.outcome = TJUnitCase::Outcome::Failed;
             result.message = "interrupted";
-            result.log = m_log.ActionText();
             m_err << "Interrupted: action " << number << " (" << title << ") was stopped." << std::endl;
         } else if (!ok) {
             status = kExitFailed;
-            result.outcome = TJUnitCase::Outcome::Failed;
-            result.message = reason;
-            result.log = m_log.ActionText();
+            // A program that failed is told by what it said last on standard error; an action
+            // that never started one, by the last thing the host or the action logged.
+            result.outcome = programStarted ? TJUnitCase::Outcome::Failed : TJUnitCase::Outcome::Error;
+            result.message = withDetail(reason, m_log.LastLine(programStarted ? IWFLogSink::Stream::StdErr
+                                                                     : IWFLogSink::Stream::Message));
             m_err << "Action " << number << " (" << title << ") failed: " << reason << std::endl;
         } else {
             result.outcome = TJUnitCase::Outcome::Passed;

@@ -24,6 +24,10 @@ struct TRunSettings {
     std::int64_t timeoutSeconds = 0;
 };
 
+/// The test-case name of action number of total: the number, padded so that names sort in
+/// project order, then the title ("03 ClearCase Check Out: nightly").
+std::string junitCaseName(std::size_t number, std::size_t total, const std::string& title);
+
 /// How an action is named to the user: its display name and, when it has one, its description.
 std::string actionTitle(const TCustomWFAction& action);
 
@@ -49,9 +53,14 @@ struct TActionValidation {
     std::vector<TValidationError> errors;
 };
 
+/// Prepares the command line of an action that runs a program as a dry run does, starting
+/// nothing and logging nothing; when that fails, the reason and what the action logged.
+std::vector<TValidationError> prepareCommandLine(TCustomWFAction& action, const TWFActionHost& host);
+
 /// Validates every enabled action of a project as a run would, with the host's services bound,
-/// handing each action that is not valid to onInvalid as soon as it is checked. Returns how many
-/// enabled actions were checked.
+/// and prepares the command line of each valid one, handing each action that is not valid or
+/// cannot be prepared to onInvalid as soon as it is checked. Returns how many enabled actions
+/// were checked.
 std::size_t validateProject(TWFProject& project, TWFActionHost& host,
                             const std::function<void(const TActionValidation&)>& onInvalid);
 
