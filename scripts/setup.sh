@@ -10,7 +10,7 @@ PACKAGES=(
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang libclang-rt-14-dev
   python3 procps
-  dpkg-dev file help2man lintian desktop-file-utils
+  dpkg-dev file help2man lintian desktop-file-utils libxml2-utils
   xvfb xauth fonts-dejavu-core
 )
 

@@ -235,7 +235,7 @@ bool TWFExecuteAbstractAction::Execute()
     if (process->GetTimedOut()) {
         m_failureReason = "timed out after " + std::to_string(timeout) + " s";
         SendMessage("Action Failed: the program was still running after " + std::to_string(timeout)
-                    + " seconds and was stopped with everything it started.");
+                    + (timeout == 1 ? " second" : " seconds") + " and was stopped with everything it started.");
         return false;
     }
     if (process->GetTerminated()) {

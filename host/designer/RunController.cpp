@@ -54,6 +54,7 @@ TRunStatus statusOf(TJUnitCase::Outcome outcome)
     case TJUnitCase::Outcome::Passed:
         return TRunStatus::Succeeded;
     case TJUnitCase::Outcome::Failed:
+    case TJUnitCase::Outcome::Error:
         return TRunStatus::Failed;
     case TJUnitCase::Outcome::Skipped:
         return TRunStatus::Skipped;

@@ -23,6 +23,12 @@ public:
     std::vector<TValidationError> errors;
 };
 
+class TCollectedLines final : public IWFLogSink {
+public:
+    void Line(Stream /*stream*/, std::string_view text) override { lines.emplace_back(text); }
+    std::vector<std::string> lines;
+};
+
 std::string failureReason(const TCustomWFAction& action)
 {
     const auto* execute = dynamic_cast<const TWFExecuteAbstractAction*>(&action);
@@ -37,12 +43,33 @@ bool wasTerminated(const TCustomWFAction& action)
     return execute && execute->WasTerminated();
 }
 
+/// An action whose program never ran was wrongly set up: no command line, no program.
+bool programRan(const TCustomWFAction& action)
+{
+    const auto* execute = dynamic_cast<const TWFExecuteAbstractAction*>(&action);
+    return !execute || execute->GetLastExitCode() >= 0 || execute->WasTerminated();
+}
+
+std::string withDetail(const std::string& reason, const std::string& detail)
+{
+    return detail.empty() ? reason : reason + ": " + detail;
+}
+
 std::string plural(std::size_t count, const char* word)
 {
     return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
 }
 
 } // namespace
+
+std::string junitCaseName(std::size_t number, std::size_t total, const std::string& title)
+{
+    std::string digits = std::to_string(number);
+    const std::size_t width = std::to_string(total).size();
+    if (digits.size() < width)
+        digits.insert(0, width - digits.size(), '0');
+    return digits + " " + title;
+}
 
 namespace {
 
@@ -83,6 +110,26 @@ std::vector<std::string> validateAction(TCustomWFAction& action, bool& ok)
     return lines;
 }
 
+std::vector<TValidationError> prepareCommandLine(TCustomWFAction& action, const TWFActionHost& host)
+{
+    auto* execute = dynamic_cast<TWFExecuteAbstractAction*>(&action);
+    if (!execute)
+        return {};
+    TCollectedLines logged;
+    TWFActionHost dryRun = host;
+    dryRun.log = &logged;
+    dryRun.dryRun = true;
+    action.SetHost(&dryRun);
+    const bool ok = execute->Execute();
+    action.SetHost(nullptr);
+    if (ok)
+        return {};
+    std::vector<TValidationError> errors{{"Command line", failureReason(action)}};
+    for (auto& line : logged.lines)
+        errors.push_back({"Command line", std::move(line)});
+    return errors;
+}
+
 std::size_t validateProject(TWFProject& project, TWFActionHost& host,
                             const std::function<void(const TActionValidation&)>& onInvalid)
 {
@@ -98,6 +145,10 @@ std::size_t validateProject(TWFProject& project, TWFActionHost& host,
             bool ok = false;
             auto errors = validateActionErrors(action, ok);
             action.SetHost(nullptr);
+            if (ok) {
+                errors = prepareCommandLine(action, host);
+                ok = errors.empty();
+            }
             if (!ok)
                 onInvalid({index, cleanup, actionTitle(action), std::move(errors)});
         }
@@ -145,6 +196,7 @@ TBuildRunner::TActionRun TBuildRunner::runAction(TCustomWFAction& action, TWFAct
     }
     if (run.ok && !cleanupStopped()) {
         run.ok = action.Execute();
+        run.programStarted = programRan(action);
         if (!run.ok)
             run.reason = failureReason(action);
     }
@@ -188,7 +240,8 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         TCustomWFAction& action = *project.actions[index];
         const std::size_t number = index + 1;
         const std::string title = actionTitle(action);
-        TJUnitCase result{title, action.GetActionTypeID(), 0, TJUnitCase::Outcome::Skipped, {}, {}};
+        TJUnitCase result{junitCaseName(number, total, title), action.GetActionTypeID(), 0, TJUnitCase::Outcome::Skipped,
+                          {}, {}, {}};
         if (!action.GetEnabled()) {
             ++disabled;
             m_out << consoleHeader(number, total, title) << " (disabled)" << std::endl;
@@ -212,24 +265,23 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
         const TActionRun run = runAction(action, host);
         ++ran;
         result.seconds = run.seconds;
+        result.log = m_log.ActionText();
+        result.errors = m_log.ActionErrors();
 
         if (m_interrupted && (!run.ok || wasTerminated(action))) {
             status = kExitInterrupted;
             result.outcome = TJUnitCase::Outcome::Failed;
             result.message = "interrupted";
-            result.log = m_log.ActionText();
             m_err << "Interrupted: action " << number << " (" << title << ") was stopped." << std::endl;
         } else if (!run.ok && action.GetContinueOnFailure()) {
             ++ignored;
             result.message = "failed, the build went on (continue on failure): " + run.reason;
-            result.log = m_log.ActionText();
             m_err << "Action " << number << " (" << title << ") failed: " << run.reason
                   << "; the build goes on (continue on failure)." << std::endl;
         } else if (!run.ok) {
             status = kExitFailed;
-            result.outcome = TJUnitCase::Outcome::Failed;
-            result.message = run.reason;
-            result.log = m_log.ActionText();
+            result.outcome = failureOutcome(run);
+            result.message = failureMessage(run);
             m_err << "Action " << number << " (" << title << ") failed: " << run.reason << std::endl;
         } else {
             result.outcome = TJUnitCase::Outcome::Passed;
@@ -291,7 +343,8 @@ void TBuildRunner::runCleanup(TWFProject& project, TWFActionHost& host, const TR
         TCustomWFAction& action = *list[index];
         const std::size_t number = index + 1;
         const std::string title = actionTitle(action);
-        TJUnitCase result{title, action.GetActionTypeID(), 0, TJUnitCase::Outcome::Skipped, {}, {}, true};
+        TJUnitCase result{junitCaseName(number, list.size(), title), action.GetActionTypeID(), 0,
+                          TJUnitCase::Outcome::Skipped, {}, {}, {}, true};
         if (!action.GetEnabled()) {
             m_out << consoleHeader(number, list.size(), title, true) << " (disabled)" << std::endl;
             result.message = "disabled";
@@ -306,13 +359,15 @@ void TBuildRunner::runCleanup(TWFProject& project, TWFActionHost& host, const TR
             const TActionRun run = runAction(action, host);
             ++ran;
             result.seconds = run.seconds;
+            result.log = m_log.ActionText();
+            result.errors = m_log.ActionErrors();
             if (run.ok) {
                 result.outcome = TJUnitCase::Outcome::Passed;
             } else {
                 ++failed;
-                result.outcome = TJUnitCase::Outcome::Failed;
-                result.message = cleanupStopped() && wasTerminated(action) ? "stopped" : run.reason;
-                result.log = m_log.ActionText();
+                const bool stopped = cleanupStopped() && wasTerminated(action);
+                result.outcome = stopped ? TJUnitCase::Outcome::Failed : failureOutcome(run);
+                result.message = stopped ? "stopped" : failureMessage(run);
                 m_err << "Clean-up action " << number << " (" << title << ") failed: " << result.message << std::endl;
             }
         }
@@ -345,6 +400,19 @@ void TBuildRunner::watchCleanupDeadline()
             return;
         }
     }
+}
+
+TJUnitCase::Outcome TBuildRunner::failureOutcome(const TActionRun& run) const
+{
+    return run.programStarted ? TJUnitCase::Outcome::Failed : TJUnitCase::Outcome::Error;
+}
+
+std::string TBuildRunner::failureMessage(const TActionRun& run) const
+{
+    // A program that failed is told by what it said last on standard error; an action that
+    // never started one, by the last thing the host or the action logged.
+    return withDetail(run.reason,
+                      m_log.LastLine(run.programStarted ? IWFLogSink::Stream::StdErr : IWFLogSink::Stream::Message));
 }
 
 void TBuildRunner::notifyFinished(std::size_t index)

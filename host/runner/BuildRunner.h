@@ -37,6 +37,10 @@ inline constexpr const char* kFailedActionNameVariable = "FAILED_ACTION_NAME";
 inline constexpr const char* kFailedActionDescriptionVariable = "FAILED_ACTION_DESCRIPTION";
 inline constexpr const char* kFailureVariable = "FAILURE";
 
+/// The test-case name of action number of total: the number, padded so that names sort in
+/// project order, then the title ("03 ClearCase Check Out: nightly").
+std::string junitCaseName(std::size_t number, std::size_t total, const std::string& title);
+
 /// How an action is named to the user: its display name and, when it has one, its description.
 std::string actionTitle(const TCustomWFAction& action);
 
@@ -64,9 +68,14 @@ struct TActionValidation {
     std::vector<TValidationError> errors;
 };
 
+/// Prepares the command line of an action that runs a program as a dry run does, starting
+/// nothing and logging nothing; when that fails, the reason and what the action logged.
+std::vector<TValidationError> prepareCommandLine(TCustomWFAction& action, const TWFActionHost& host);
+
 /// Validates every enabled action of a project, then every enabled clean-up action, as a run
-/// would, with the host's services bound, handing each action that is not valid to onInvalid as
-/// soon as it is checked. Returns how many enabled actions were checked.
+/// would, with the host's services bound, and prepares the command line of each valid one,
+/// handing each action that is not valid or cannot be prepared to onInvalid as soon as it is
+/// checked. Returns how many enabled actions were checked.
 std::size_t validateProject(TWFProject& project, TWFActionHost& host,
                             const std::function<void(const TActionValidation&)>& onInvalid);
 
@@ -119,11 +128,15 @@ private:
         bool ok = false;
         std::string reason;
         double seconds = 0;
+        /// Whether the action's program ran: a failure without one is a set-up error.
+        bool programStarted = false;
     };
     TActionRun runAction(TCustomWFAction& action, TWFActionHost& host);
     void runCleanup(TWFProject& project, TWFActionHost& host, const TRunSettings& settings, const TFailure& failure);
     void watchCleanupDeadline();
     bool cleanupStopped();
+    TJUnitCase::Outcome failureOutcome(const TActionRun& run) const;
+    std::string failureMessage(const TActionRun& run) const;
     void notifyFinished(std::size_t index);
 
     TConsoleLog& m_log;

@@ -41,42 +41,57 @@ namespace {
 
 /// How much of an action's log the report keeps.
 constexpr std::size_t kReportLimit = 64 * 1024;
-constexpr auto kFlushInterval = std::chrono::milliseconds(50);
 
 } // namespace
 
 void TConsoleLog::BeginAction(std::size_t number, std::size_t total, const std::string& title, bool cleanup)
 {
-    m_actionText.clear();
-    m_droppedBytes = 0;
+    m_actionText = {};
+    m_actionErrors = {};
+    for (auto& line : m_lastLine)
+        line.clear();
     m_out << consoleHeader(number, total, title, cleanup) << '\n';
-    flushIfDue(true);
+    Flush();
 }
 
-void TConsoleLog::keep(std::string_view text)
+void TConsoleLog::TTail::add(std::string_view line)
 {
-    m_actionText.append(text);
-    m_actionText += '\n';
-    if (m_actionText.size() <= 2 * kReportLimit)
+    text.append(line);
+    text += '\n';
+    if (text.size() <= 2 * kReportLimit)
         return;
     // Trim in large steps at a line boundary, so keeping the tail stays linear.
-    std::size_t cut = m_actionText.size() - kReportLimit;
-    const auto lineEnd = m_actionText.find('\n', cut);
+    std::size_t cut = text.size() - kReportLimit;
+    const auto lineEnd = text.find('\n', cut);
     cut = lineEnd == std::string::npos ? cut : lineEnd + 1;
-    m_droppedBytes += cut;
-    m_actionText.erase(0, cut);
+    droppedBytes += cut;
+    text.erase(0, cut);
+}
+
+std::string TConsoleLog::TTail::str() const
+{
+    if (droppedBytes == 0)
+        return text;
+    return "[... " + std::to_string(droppedBytes) + " bytes of earlier output left out ...]\n" + text;
 }
 
 std::string TConsoleLog::ActionText() const
 {
-    if (m_droppedBytes == 0)
-        return m_actionText;
-    return "[... " + std::to_string(m_droppedBytes) + " bytes of earlier output left out ...]\n" + m_actionText;
+    return m_actionText.str();
+}
+
+std::string TConsoleLog::ActionErrors() const
+{
+    return m_actionErrors.str();
 }
 
 void TConsoleLog::Line(Stream stream, std::string_view text)
 {
-    keep(text);
+    m_actionText.add(text);
+    if (stream == Stream::StdErr)
+        m_actionErrors.add(text);
+    if (text.find_first_not_of(" \t\r") != std::string_view::npos)
+        m_lastLine[static_cast<int>(stream)] = text;
     std::ostream& console = stream == Stream::StdErr ? m_err : m_out;
     console << text << '\n';
     if (m_fd >= 0) {
@@ -87,21 +102,12 @@ void TConsoleLog::Line(Stream stream, std::string_view text)
             flushFile();
     }
     if (stream != Stream::StdOut)
-        flushIfDue(true);
+        Flush();
 }
 
 void TConsoleLog::Settle()
 {
-    flushIfDue(false);
-}
-
-void TConsoleLog::flushIfDue(bool now)
-{
-    const auto current = std::chrono::steady_clock::now();
-    if (!now && current - m_lastFlush < kFlushInterval)
-        return;
     Flush();
-    m_lastFlush = current;
 }
 
 void TConsoleLog::Flush()

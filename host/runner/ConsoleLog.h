@@ -2,16 +2,16 @@
 
 #include "WFLog.h"
 
-#include <chrono>
 #include <iosfwd>
 #include <string>
 
 /// wfbuild's build log. The console gets a header per action, then its lines: messages and
 /// standard output on standard output, the program's standard error on standard error. The
 /// log file gets every line exactly as sent and nothing else. Messages are flushed at once and
-/// program output when a chunk of it has been handed over, at most every few hundredths of a
-/// second, so a build can be watched while it runs without a write per line of a large listing. The last lines of the current action are
-/// kept for the report: enough to explain a failure, never the whole of a large output.
+/// program output as soon as the chunk that brought it has been handed over, so the last line
+/// before a hang is on the console and in the log; a large listing comes in large chunks, so
+/// that is no write per line. The last lines of the current action are kept for the report:
+/// enough to explain a failure, never the whole of a large output.
 class TConsoleLog final : public IWFLogSink {
 public:
     TConsoleLog(std::ostream& out, std::ostream& err);
@@ -30,6 +30,10 @@ public:
     /// The lines sent since BeginAction, each ended by a line break; when they exceed the
     /// report's limit, the last ones after a note of how much was left out.
     std::string ActionText() const;
+    /// As ActionText, the program's standard error alone.
+    std::string ActionErrors() const;
+    /// The last line of the current action that was not blank, of one stream.
+    const std::string& LastLine(Stream stream) const { return m_lastLine[static_cast<int>(stream)]; }
     /// Flushes the console and the log file.
     void Flush();
     /// The first write to the console or the log file that failed (a full disk, a closed
@@ -39,8 +43,14 @@ public:
     void NoteWriteFailure(const std::string& reason);
 
 private:
-    void keep(std::string_view text);
-    void flushIfDue(bool now);
+    /// The end of a stream of lines, kept within the report's limit.
+    struct TTail {
+        std::string text;
+        std::size_t droppedBytes = 0;
+        void add(std::string_view line);
+        std::string str() const;
+    };
+
     void flushFile();
     void checkConsole();
 
@@ -51,9 +61,9 @@ private:
     std::string m_pending;
     std::string m_writeFailure;
 
-    std::string m_actionText;
-    std::size_t m_droppedBytes = 0;
-    std::chrono::steady_clock::time_point m_lastFlush;
+    TTail m_actionText;
+    TTail m_actionErrors;
+    std::string m_lastLine[3];
 };
 
 /// The console title of an action: "[3/12] ClearCase Check Out: nightly", or of a clean-up

@@ -113,6 +113,8 @@ bool takesPositionals(TRunnerArguments& a, const std::vector<std::string>& words
         if (!expectCount(1, 1, "the project file (PROJECT.wfp)"))
             return false;
         a.project = words[0];
+        if (a.project.empty())
+            return error = "the project file name is empty", false;
         return true;
     case TRunnerCommand::Actions:
     case TRunnerCommand::Plugins:

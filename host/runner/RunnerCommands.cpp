@@ -55,6 +55,7 @@ public:
     int fail(const std::string& message, int status = kExitUsage) const
     {
         err << "wfbuild: " << message << std::endl;
+        problems.push_back(message);
         return status;
     }
 
@@ -95,12 +96,15 @@ public:
             const auto lost = ProjectMarkupLostOnSave(text, args.project);
             diagnostics.insert(diagnostics.end(), lost.begin(), lost.end());
         }
-        for (const auto& diagnostic : diagnostics)
+        for (const auto& diagnostic : diagnostics) {
             err << diagnostic.ToString() << std::endl;
+            if (diagnostic.isError)
+                problems.push_back(diagnostic.ToString());
+        }
         if (hadWarnings)
             *hadWarnings = std::any_of(diagnostics.begin(), diagnostics.end(), [](const auto& d) { return !d.isError; });
         if (!ok)
-            fail("the project " + args.project + " could not be read; nothing was done.");
+            fail("the project \"" + args.project + "\" could not be read; nothing was done.");
         return ok;
     }
 
@@ -121,23 +125,67 @@ public:
         return std::filesystem::absolute(args.project).lexically_normal().parent_path().string();
     }
 
+    /// The report's suite for this project, without cases.
+    TJUnitSuite reportSuite(const std::string& timestamp) const
+    {
+        return {std::filesystem::path(args.project).filename().string(), timestamp, junitHostname(), {}, {}};
+    }
+
+    /// Writes the --junit report, if asked for, with each case's class name in the project's
+    /// name, so that several projects of one job stay apart.
+    bool writeReport(TJUnitSuite suite, std::string& error) const
+    {
+        if (args.junitFile.empty())
+            return true;
+        std::string prefix = std::filesystem::path(args.project).stem().string();
+        // A dot separates packages in a class name.
+        std::replace(prefix.begin(), prefix.end(), '.', '_');
+        for (auto& c : suite.cases)
+            c.className = prefix + "." + c.className;
+        return writeFileAtomically(args.junitFile, renderJUnitReport(suite), error);
+    }
+
+    /// A run that could not start still replaces the report, with one case naming the problem,
+    /// so that a report never speaks of an earlier run. Returns the usage status.
+    int reportNotRun(const std::string& timestamp) const
+    {
+        if (args.junitFile.empty() || sameFile(args.junitFile, args.project))
+            return kExitUsage;
+        TJUnitSuite suite = reportSuite(timestamp);
+        TJUnitCase problem{"0 Project", "wfbuild", 0, TJUnitCase::Outcome::Error, {}, {}, {}};
+        problem.message = problems.empty() ? "the run could not start" : problems.front();
+        for (const auto& line : problems)
+            problem.log += line + "\n";
+        suite.cases.push_back(std::move(problem));
+        if (std::string error; !writeReport(std::move(suite), error))
+            err << "wfbuild: cannot write the JUnit report: " << error << std::endl;
+        return kExitUsage;
+    }
+
     const TRunnerArguments& args;
     std::ostream& out;
     std::ostream& err;
+    /// Every error printed so far, for the report of a run that could not start.
+    mutable std::vector<std::string> problems;
 };
 
 int commandRun(const TCommandContext& c)
 {
+    const std::string timestamp = junitTimestamp();
     TWFProject project;
     TWFBuildVariables variables;
     if (!c.prepareBuild(project, variables))
-        return kExitUsage;
+        return c.reportNotRun(timestamp);
     for (const auto& [option, path] : {std::pair{"--log", c.args.logFile}, std::pair{"--junit", c.args.junitFile}})
-        if (!path.empty() && sameFile(path, c.args.project))
-            return c.fail(std::string(option) + " " + path + " names the project itself; nothing was run.");
+        if (!path.empty() && sameFile(path, c.args.project)) {
+            c.fail(std::string(option) + " " + path + " names the project itself; nothing was run.");
+            return c.reportNotRun(timestamp);
+        }
     TConsoleLog log(c.out, c.err);
-    if (std::string error; !c.args.logFile.empty() && !log.OpenLogFile(c.args.logFile, error))
-        return c.fail(error);
+    if (std::string error; !c.args.logFile.empty() && !log.OpenLogFile(c.args.logFile, error)) {
+        c.fail(error);
+        return c.reportNotRun(timestamp);
+    }
 
     TRunSettings settings;
     settings.projectDirectory = c.projectDirectory();
@@ -152,12 +200,12 @@ int commandRun(const TCommandContext& c)
         TInterruptWatcher watcher([&runner](int) { runner.Interrupt(); });
         status = runner.Run(project, variables, settings);
     }
-    if (!c.args.junitFile.empty()) {
-        const std::string suite = std::filesystem::path(c.args.project).filename().string();
-        std::string error;
-        if (!writeFileAtomically(c.args.junitFile, renderJUnitReport(suite, runner.Cases()), error))
-            log.NoteWriteFailure("cannot write the JUnit report: " + error);
-    }
+    TJUnitSuite suite = c.reportSuite(timestamp);
+    for (const auto& [name, value] : variables.All())
+        suite.properties.emplace_back(name, value.toString());
+    suite.cases = runner.Cases();
+    if (std::string error; !c.writeReport(std::move(suite), error))
+        log.NoteWriteFailure("cannot write the JUnit report: " + error);
     log.Flush();
     runner.ReportSuccess();
     if (c.args.printVariables)

@@ -157,7 +157,7 @@ TEST_F(RunSequence, TimeLimitStopsAHungProgram)
     host.timeoutSeconds = 1;
     EXPECT_FALSE(action.Execute());
     EXPECT_NE(action.GetFailureReason().find("timed out"), std::string::npos);
-    EXPECT_NE(log.messages().back().find("still running after 1 seconds"), std::string::npos);
+    EXPECT_NE(log.messages().back().find("still running after 1 second"), std::string::npos);
 }
 
 TEST(ExpandInAction, FailureIsLoggedWithTheLabel)

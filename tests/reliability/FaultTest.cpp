@@ -95,7 +95,7 @@ TEST_F(Faults, HungToolStoppedByTheTimeoutLeavesNothingRunning)
                              {{"WF_FAKE_SLEEP_MS", "60000"}, {"WF_FAKE_CHILD_PIDFILE", pidFile}});
     EXPECT_EQ(run.status, 1) << run.err;
     EXPECT_LT(run.elapsedMs, 8000);
-    EXPECT_NE(log().find("still running after 1 seconds"), std::string::npos) << log();
+    EXPECT_NE(log().find("still running after 1 second"), std::string::npos) << log();
     int child = 0;
     std::ifstream(pidFile) >> child;
     ASSERT_GT(child, 0);

@@ -15,12 +15,13 @@ class JUnitText : public ::testing::TestWithParam<TextCase> {};
 /// How the log of a failed case appears inside <failure>.
 std::string failureBody(const std::string& log)
 {
-    const std::string xml = renderJUnitReport("s", {{"n", "c", 0, TJUnitCase::Outcome::Failed, "m", log}});
+    TJUnitSuite suite{"s", "2026-01-02T03:04:05", "h", {}, {{"n", "c", 0, TJUnitCase::Outcome::Failed, "m", log, ""}}};
+    const std::string xml = renderJUnitReport(suite);
     const auto open = xml.find("\">", xml.find("<failure")) + 2;
     return xml.substr(open, xml.find("</failure>") - open);
 }
 
-TEST_P(JUnitText, CarriesWhatXmlCanAndReplacesTheRest)
+TEST_P(JUnitText, CarriesWhatEveryReaderCanAndDropsTheRest)
 {
     EXPECT_EQ(failureBody(GetParam().text), GetParam().escaped);
 }
@@ -28,27 +29,50 @@ TEST_P(JUnitText, CarriesWhatXmlCanAndReplacesTheRest)
 INSTANTIATE_TEST_SUITE_P(
     Rows, JUnitText,
     ::testing::Values(TextCase{"Markup", "a<b>&\"c\"", "a&lt;b&gt;&amp;\"c\""},
-                      TextCase{"LineBreaks", "one\ntwo\r\n\tthree", "one\ntwo&#13;\n\tthree"},
-                      TextCase{"ControlCharacters", std::string("x\x01y\x1Fz\0w", 7), "x\xEF\xBF\xBDy\xEF\xBF\xBDz\xEF\xBF\xBDw"},
+                      TextCase{"LineBreaksAndTabsKeptCarriageReturnsDropped", "one\ntwo\r\n\tthree", "one\ntwo\n\tthree"},
+                      TextCase{"ControlCharactersDropped", std::string("x\x01y\x1Fz\0w\x7F", 8), "xyzw"},
+                      TextCase{"ColourEscapesStripped", "\x1B[1;31merror:\x1B[0m bad\x1B[K", "error: bad"},
+                      TextCase{"TitleAndCharsetEscapesStripped", "\x1B]0;title\a\x1B(Bok\x1B]8;;u\x1B\\", "ok"},
+                      TextCase{"EscapeAtTheEnd", "cut\x1B[1;3", "cut"},
+                      TextCase{"C1ControlDropped", "a\xC2\x9B" "b", "ab"},
                       TextCase{"Utf8Kept", "Zo\xC3\xAB \xE6\x97\xA5 \xF0\x9F\x98\x80", "Zo\xC3\xAB \xE6\x97\xA5 \xF0\x9F\x98\x80"},
-                      TextCase{"Latin1Byte", "caf\xE9!", "caf\xEF\xBF\xBD!"},
-                      TextCase{"TruncatedSequence", "end\xE6\x97", "end\xEF\xBF\xBD\xEF\xBF\xBD"},
-                      TextCase{"OverlongSlash", "\xC0\xAF", "\xEF\xBF\xBD\xEF\xBF\xBD"},
-                      TextCase{"Surrogate", "\xED\xA0\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
-                      TextCase{"NotACharacter", "\xEF\xBF\xBF", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"}),
+                      TextCase{"Latin1Byte", "caf\xE9!", "caf?!"},
+                      TextCase{"TruncatedSequence", "end\xE6\x97", "end??"},
+                      TextCase{"OverlongSlash", "\xC0\xAF", "??"},
+                      TextCase{"Surrogate", "\xED\xA0\x80", "???"},
+                      TextCase{"NotACharacter", "\xEF\xBF\xBF", "???"},
+                      TextCase{"ReplacementCharacter", "\xEF\xBF\xBD", "???"}),
     [](const auto& info) { return info.param.name; });
 
 TEST(JUnitReport, AttributesEscapeLineBreaksAndQuotes)
 {
-    const std::string xml = renderJUnitReport("a\"b", {{"x\ny", "T<1>", 1.23456, TJUnitCase::Outcome::Skipped, "why\t\"", ""}});
-    EXPECT_EQ(xml, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                   "<testsuites name=\"wfbuild\" tests=\"1\" failures=\"0\" errors=\"0\" skipped=\"1\" time=\"1.235\">\n"
-                   "  <testsuite name=\"a&quot;b\" tests=\"1\" failures=\"0\" errors=\"0\" skipped=\"1\" time=\"1.235\">\n"
-                   "    <testcase name=\"x&#10;y\" classname=\"T&lt;1&gt;\" time=\"1.235\">\n"
-                   "      <skipped message=\"why&#9;&quot;\"/>\n"
-                   "    </testcase>\n"
-                   "  </testsuite>\n"
-                   "</testsuites>\n");
+    const TJUnitSuite suite{"a\"b",
+                            "2026-01-02T03:04:05",
+                            "build-7",
+                            {{"V", "x\ty"}},
+                            {{"x\ny", "T<1>", 1.23456, TJUnitCase::Outcome::Skipped, "why\t\"", "", ""},
+                             {"ok", "T", 0.5, TJUnitCase::Outcome::Passed, "", "out\n", "err\n"},
+                             {"bad", "T", 0, TJUnitCase::Outcome::Error, "no \x1B[1mprogram", "log\n", ""}}};
+    EXPECT_EQ(renderJUnitReport(suite),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<testsuites name=\"wfbuild\" tests=\"3\" failures=\"0\" errors=\"1\" time=\"1.735\">\n"
+              "  <testsuite name=\"a&quot;b\" tests=\"3\" failures=\"0\" errors=\"1\" skipped=\"1\" time=\"1.735\""
+              " timestamp=\"2026-01-02T03:04:05\" hostname=\"build-7\">\n"
+              "    <properties>\n"
+              "      <property name=\"V\" value=\"x&#9;y\"/>\n"
+              "    </properties>\n"
+              "    <testcase name=\"x&#10;y\" classname=\"T&lt;1&gt;\" time=\"1.235\">\n"
+              "      <skipped message=\"why&#9;&quot;\"/>\n"
+              "    </testcase>\n"
+              "    <testcase name=\"ok\" classname=\"T\" time=\"0.500\">\n"
+              "      <system-out>out\n</system-out>\n"
+              "      <system-err>err\n</system-err>\n"
+              "    </testcase>\n"
+              "    <testcase name=\"bad\" classname=\"T\" time=\"0.000\">\n"
+              "      <error message=\"no program\" type=\"ActionNotStarted\">log\n</error>\n"
+              "    </testcase>\n"
+              "  </testsuite>\n"
+              "</testsuites>\n");
 }
 
 } // namespace

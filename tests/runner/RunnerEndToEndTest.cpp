@@ -164,16 +164,16 @@ INSTANTIATE_TEST_SUITE_P(
                 "Action 1 (Test Run: a) failed: the command line could not be built"},
         RunCase{"TimeoutStopsTheProgram", testRun("slow", {{"Environment", "WF_FAKE_SLEEP_MS=5000"}}), {"--timeout", "1"},
                 1,
-                "Command Line: \nAction Failed: the program was still running after 1 seconds and was stopped with "
+                "Command Line: \nAction Failed: the program was still running after 1 second and was stopped with "
                 "everything it started.\n",
                 1, "Action 1 (Test Run: slow) failed: timed out after 1 s"},
         RunCase{"TimeoutHoldsAfterTheProgramClosesItsOutput",
                 testRun("slow", {{"Environment", "WF_FAKE_CLOSE_OUTPUT=1&#10;WF_FAKE_SLEEP_MS=5000"}}), {"--timeout", "1"}, 1,
-                "Command Line: \nAction Failed: the program was still running after 1 seconds and was stopped with "
+                "Command Line: \nAction Failed: the program was still running after 1 second and was stopped with "
                 "everything it started.\n",
                 1, "Action 1 (Test Run: slow) failed: timed out after 1 s"},
         RunCase{"ProjectTimeoutApplies", testRun("slow", {{"Environment", "WF_FAKE_SLEEP_MS=5000"}}), {}, 1,
-                "Command Line: \nAction Failed: the program was still running after 1 seconds and was stopped with "
+                "Command Line: \nAction Failed: the program was still running after 1 second and was stopped with "
                 "everything it started.\n",
                 1, "Action 1 (Test Run: slow) failed: timed out after 1 s", "", " timeout=\"1\""},
         RunCase{"MissingProgram", testRun("gone", {{"Program", "@DIR@/missing"}}), {}, 1,
@@ -240,35 +240,131 @@ TEST_F(Wfbuild, PrintVariablesIsTheLastLineAlsoAfterAFailure)
     }
 }
 
-TEST_F(Wfbuild, JUnitReportHasOneCasePerAction)
+// ---- JUnit reports: each case told apart, the text cleaned, valid under the published schema ----
+
+/// The report with what changes from run to run (times, start, machine) made fixed.
+std::string stableReport(const std::string& path)
 {
-    const std::string project = writeProject(projectXml(
-        testRun("ok &amp; fine") + testRun("off", {}, false)
-        + testRun("bad", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt&#10;WF_FAKE_EXIT=4"}}) + testRun("after")));
-    dir.write("out.txt", "<tag> & \x01 text\n");
-    const std::string report = dir.file("reports/junit.xml");
+    const std::string xml = std::regex_replace(wftest::readFile(path), std::regex("time=\"[0-9.]+\""), "time=\"T\"");
+    return std::regex_replace(xml, std::regex("timestamp=\"[0-9T:-]{19}\" hostname=\"[^\" ]+\""),
+                              "timestamp=\"S\" hostname=\"H\"");
+}
+
+struct ReportCase {
+    std::string name;
+    std::string project;
+    int status;
+    /// The whole report as stableReport shows it.
+    std::string report;
+};
+
+class WfbuildReport : public Wfbuild, public ::testing::WithParamInterface<ReportCase> {};
+
+TEST_P(WfbuildReport, TellsEveryCaseApartAndMatchesTheSchema)
+{
+    const ReportCase& c = GetParam();
+    dir.write("ok.txt", "hello\n");
+    dir.write("bad.txt", "<tag> & \x01 \x1B[1;31merror:\x1B[0m \xE9t\xC3\xA9\n");
     std::filesystem::create_directories(dir.file("reports"));
-    const ProgramRun run = wfbuild({"run", project, "--junit", report});
-    EXPECT_EQ(run.status, 1);
-    const std::string xml = std::regex_replace(wftest::readFile(report), std::regex("time=\"[0-9.]+\""), "time=\"T\"");
-    EXPECT_EQ(xml, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                   "<testsuites name=\"wfbuild\" tests=\"4\" failures=\"1\" errors=\"0\" skipped=\"2\" time=\"T\">\n"
-                   "  <testsuite name=\"project.wfp\" tests=\"4\" failures=\"1\" errors=\"0\" skipped=\"2\" time=\"T\">\n"
-                   "    <testcase name=\"Test Run: ok &amp; fine\" classname=\"TEST_RUN\" time=\"T\"/>\n"
-                   "    <testcase name=\"Test Run: off\" classname=\"TEST_RUN\" time=\"T\">\n"
+    const std::string report = dir.write("reports/junit.xml", "the report of an earlier run");
+    const ProgramRun run = wfbuild({"run", writeProject(c.project), "--junit", report, "--set", "V=a\"b"});
+    EXPECT_EQ(run.status, c.status) << run.err;
+    EXPECT_EQ(stableReport(report), expand(c.report));
+
+    if (std::string(XMLLINT_PATH).empty())
+        GTEST_SKIP() << "xmllint is not installed (bash scripts/setup.sh installs it)";
+    ProgramRequest lint;
+    lint.program = XMLLINT_PATH;
+    lint.arguments = {"--noout", "--schema", JUNIT_SCHEMA, report};
+    const ProgramRun linted = wftest::runProgram(lint);
+    EXPECT_EQ(linted.status, 0) << linted.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Reports, WfbuildReport,
+    ::testing::Values(
+        ReportCase{"PassedSkippedAndFailed",
+                   projectXml(testRun("ok &amp; fine", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/ok.txt&#10;WF_FAKE_STDERR=note"}})
+                              + testRun("off", {}, false)
+                              + testRun("bad", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/bad.txt&#10;WF_FAKE_EXIT=4&#10;"
+                                                                "WF_FAKE_STDERR=make: *** [all] Error 1"}})
+                              + testRun("after")),
+                   1,
+                   "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                   "<testsuites name=\"wfbuild\" tests=\"4\" failures=\"1\" errors=\"0\" time=\"T\">\n"
+                   "  <testsuite name=\"project.wfp\" tests=\"4\" failures=\"1\" errors=\"0\" skipped=\"2\" time=\"T\""
+                   " timestamp=\"S\" hostname=\"H\">\n"
+                   "    <properties>\n"
+                   "      <property name=\"V\" value=\"a&quot;b\"/>\n"
+                   "    </properties>\n"
+                   "    <testcase name=\"1 Test Run: ok &amp; fine\" classname=\"project.TEST_RUN\" time=\"T\">\n"
+                   "      <system-out>Command Line: \nhello\nnote\n</system-out>\n"
+                   "      <system-err>note\n</system-err>\n"
+                   "    </testcase>\n"
+                   "    <testcase name=\"2 Test Run: off\" classname=\"project.TEST_RUN\" time=\"T\">\n"
                    "      <skipped message=\"disabled\"/>\n"
                    "    </testcase>\n"
-                   "    <testcase name=\"Test Run: bad\" classname=\"TEST_RUN\" time=\"T\">\n"
-                   "      <failure message=\"exit code 4\" type=\"ActionFailed\">Command Line: \n"
-                   "&lt;tag&gt; &amp; \xEF\xBF\xBD text\n"
+                   "    <testcase name=\"3 Test Run: bad\" classname=\"project.TEST_RUN\" time=\"T\">\n"
+                   "      <failure message=\"exit code 4: make: *** [all] Error 1\" type=\"ActionFailed\">Command Line: \n"
+                   "&lt;tag&gt; &amp;  error: ?t\xC3\xA9\n"
+                   "make: *** [all] Error 1\n"
                    "Action Failed: the program ended with exit code 4.\n"
                    "</failure>\n"
+                   "      <system-err>make: *** [all] Error 1\n</system-err>\n"
                    "    </testcase>\n"
-                   "    <testcase name=\"Test Run: after\" classname=\"TEST_RUN\" time=\"T\">\n"
+                   "    <testcase name=\"4 Test Run: after\" classname=\"project.TEST_RUN\" time=\"T\">\n"
                    "      <skipped message=\"not run: an earlier action failed\"/>\n"
                    "    </testcase>\n"
                    "  </testsuite>\n"
-                   "</testsuites>\n");
+                   "</testsuites>\n"},
+        ReportCase{"AnActionThatCannotStartIsAnError",
+                   projectXml(testRun("unprepared", {{"Mode", "tmFailCommandLine"}})), 1,
+                   "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                   "<testsuites name=\"wfbuild\" tests=\"1\" failures=\"0\" errors=\"1\" time=\"T\">\n"
+                   "  <testsuite name=\"project.wfp\" tests=\"1\" failures=\"0\" errors=\"1\" skipped=\"0\" time=\"T\""
+                   " timestamp=\"S\" hostname=\"H\">\n"
+                   "    <properties>\n"
+                   "      <property name=\"V\" value=\"a&quot;b\"/>\n"
+                   "    </properties>\n"
+                   "    <testcase name=\"1 Test Run: unprepared\" classname=\"project.TEST_RUN\" time=\"T\">\n"
+                   "      <error message=\"the command line could not be built: Error: The action was set to fail its "
+                   "command line.\" type=\"ActionNotStarted\">Error: The action was set to fail its command line.\n"
+                   "</error>\n"
+                   "    </testcase>\n"
+                   "  </testsuite>\n"
+                   "</testsuites>\n"},
+        ReportCase{"AProjectThatCannotBeReadIsOneError", projectXml(action("TEST_NOPE", "x")), 2,
+                   "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                   "<testsuites name=\"wfbuild\" tests=\"1\" failures=\"0\" errors=\"1\" time=\"T\">\n"
+                   "  <testsuite name=\"project.wfp\" tests=\"1\" failures=\"0\" errors=\"1\" skipped=\"0\" time=\"T\""
+                   " timestamp=\"S\" hostname=\"H\">\n"
+                   "    <testcase name=\"0 Project\" classname=\"project.wfbuild\" time=\"T\">\n"
+                   "      <error message=\"@DIR@/project.wfp:6:60: error: unknown action type &quot;TEST_NOPE&quot;\""
+                   " type=\"ActionNotStarted\">@DIR@/project.wfp:6:60: error: unknown action type \"TEST_NOPE\"\n"
+                   "the project \"@DIR@/project.wfp\" could not be read; nothing was done.\n"
+                   "</error>\n"
+                   "    </testcase>\n"
+                   "  </testsuite>\n"
+                   "</testsuites>\n"}),
+    [](const auto& info) { return info.param.name; });
+
+// ---- Output as it happens: every line reaches the console and the log while the program still runs ----
+
+TEST_F(Wfbuild, LinesBeforeAHangAreOnTheConsoleAndInTheLog)
+{
+    // Two lines 10 ms apart, then a hang; wfbuild is killed outright, so only what it had
+    // already written can be seen.
+    dir.write("two.txt", "x\ny\n");
+    const std::string project = writeProject(projectXml(testRun(
+        "hangs", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/two.txt&#10;WF_FAKE_CHUNKS=2&#10;WF_FAKE_CHUNK_DELAY_MS=10&#10;"
+                                  "WF_FAKE_SLEEP_MS=4000"}})));
+    ProgramRequest request;
+    request.signal = SIGKILL;
+    request.signalAfterMs = 1500;
+    const ProgramRun run = wfbuild({"run", project, "--log", dir.file("build.log")}, request);
+    EXPECT_EQ(run.status, 128 + SIGKILL);
+    EXPECT_EQ(run.out, "[1/1] Test Run: hangs\nCommand Line: \nx\ny\n");
+    EXPECT_EQ(wftest::readFile(dir.file("build.log")), "Command Line: \nx\ny\n");
 }
 
 TEST_F(Wfbuild, JUnitReportHasTheCleanupAsASuiteOfItsOwn)
@@ -395,7 +491,7 @@ TEST_P(WfbuildLostOutput, EndsWithoutBeingKilledAndStopsTheProgramTree)
     EXPECT_GE(run.status, 0) << run.err;
     EXPECT_LT(run.status, 128) << "wfbuild was killed by signal " << run.status - 128;
     EXPECT_NE(run.err.find(c.errLine), std::string::npos) << run.err;
-    EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<testcase name=\"Test Run: noisy\""), std::string::npos);
+    EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<testcase name=\"1 Test Run: noisy\""), std::string::npos);
     const int child = std::stoi(wftest::readFile(dir.file("child.pid")));
     EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
 }
@@ -422,7 +518,7 @@ TEST_P(WfbuildBadProject, RefusedWithPlaceAndLeftUntouched)
     const BadProjectCase& c = GetParam();
     const std::string project = writeProject(c.text);
     const std::string expectedErr = replaceAll(c.err, "@FILE@", project)
-        + "wfbuild: the project " + project + " could not be read; nothing was done.\n";
+        + "wfbuild: the project \"" + project + "\" could not be read; nothing was done.\n";
     for (const std::string command : {"run", "validate"}) {
         const ProgramRun run = wfbuild({command, project});
         EXPECT_EQ(run.status, 2) << command;
@@ -558,13 +654,16 @@ TEST_F(Wfbuild, ValidateReportsEveryInvalidEnabledAction)
 {
     const std::string project = writeProject(projectXml(
         testRun("good") + testRun("bad", {{"Mode", "tmFailValidation"}, {"Program", ""}})
-        + testRun("off", {{"Mode", "tmFailValidation"}}, false) + action("TEST_SETVAR", "")));
+        + testRun("off", {{"Mode", "tmFailValidation"}}, false) + action("TEST_SETVAR", "")
+        + testRun("unprepared", {{"Mode", "tmFailCommandLine"}})));
     const ProgramRun run = wfbuild({"validate", project});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "Action 2 (Test Run: bad): Program: No program has been given.\n"
                        "Action 2 (Test Run: bad): Test Options: The action was set to fail validation.\n"
                        "Action 4 (Test Set Variable): Variable: No variable name has been given.\n"
-                       + project + ": 2 of 3 enabled actions are not valid.\n");
+                       "Action 5 (Test Run: unprepared): Command line: the command line could not be built\n"
+                       "Action 5 (Test Run: unprepared): Command line: Error: The action was set to fail its command line.\n"
+                       + project + ": 3 of 4 enabled actions are not valid.\n");
     EXPECT_EQ(programStarts(), 0u);
 
     const std::string fine = writeProject(projectXml(testRun("good")), "fine.wfp");
@@ -709,6 +808,8 @@ INSTANTIATE_TEST_SUITE_P(
                   "wfbuild: unknown option \"--dry-run\" for \"resave\"\nTry 'wfbuild help resave'.\n"},
         UsageCase{"MissingProject", {"validate"}, 2, "",
                   "wfbuild: missing the project file (PROJECT.wfp)\nTry 'wfbuild help validate'.\n"},
+        UsageCase{"EmptyProject", {"validate", ""}, 2, "",
+                  "wfbuild: the project file name is empty\nTry 'wfbuild help validate'.\n"},
         UsageCase{"MissingValue", {"run", "p.wfp", "--log"}, 2, "",
                   "wfbuild: option --log needs a value\nTry 'wfbuild help run'.\n"},
         UsageCase{"BadTimeout", {"run", "p.wfp", "--timeout", "soon"}, 2, "",
