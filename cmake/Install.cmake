@@ -1,21 +1,5 @@
-# The installed layout under the prefix:
-#   bin/wfbuild, bin/wfdesigner                   the programs
-#   lib/wrenfield/libWF30CoreAPI.so.3 ...         the host's shared libraries, private to it
-#   lib/wrenfield/plugins/                        plug-ins and the ClearCase help file
-#   lib/wrenfield/sim/cleartool                   the simulator, never on PATH (a real cleartool wins)
-#   share/doc/wrenfield/                          docs and examples
-#   share/man/man1, share/bash-completion, share/applications, share/icons
-# wfbuild looks for plug-ins in ../lib/wrenfield/plugins, so the private folder is lib/wrenfield on
-# every distribution, not the multiarch libdir. Every run path is relative to $ORIGIN, so an
-# unpacked tree works wherever it lies.
-#
-# Two components: "runtime" is all a headless build agent needs; "designer" holds whatever links
-# Qt Widgets (the designer, the design-time library, plug-ins' page libraries).
-include(GNUInstallDirs)
-
-set(WF_INSTALL_PRIVATE_DIR lib/wrenfield)
-set(WF_INSTALL_PLUGIN_DIR ${WF_INSTALL_PRIVATE_DIR}/plugins)
-set(WF_INSTALL_SIM_DIR ${WF_INSTALL_PRIVATE_DIR}/sim)
+# What is installed besides the targets (docs, man pages, completion, desktop files), and the
+# check of the install rules each target declares beside itself (InstallTargets.cmake).
 set(WF_INSTALL_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/wrenfield)
 set(WF_INSTALL_MAN1_DIR ${CMAKE_INSTALL_MANDIR}/man1)
 set(WF_PACKAGING_DIR ${PROJECT_SOURCE_DIR}/packaging)
@@ -73,49 +57,29 @@ function(wf_links_widgets target out)
   set(${out} FALSE PARENT_SCOPE)
 endfunction()
 
-function(wf_component_of target out)
-  wf_links_widgets(${target} widgets)
-  if(widgets)
-    set(${out} designer PARENT_SCOPE)
-  else()
-    set(${out} runtime PARENT_SCOPE)
-  endif()
-endfunction()
-
-# Shared libraries and plug-ins are found rather than listed, so a new one (the design-time library,
-# a package's page library) is installed in the right package as soon as it is built. What is built
-# into bin/plugins (or a folder below it) goes to the same place under lib/wrenfield/plugins; other
-# shared libraries go to lib/wrenfield. Test and benchmark targets stay out.
+# Every program and shared library outside the tests declares its install rule, and nothing in
+# the runtime package reaches Qt Widgets: a build agent installs no widget library.
 wf_collect_targets(${PROJECT_SOURCE_DIR} wf_all_targets)
+get_property(wf_installed GLOBAL PROPERTY WF_INSTALLED_TARGETS)
 foreach(target IN LISTS wf_all_targets)
   get_target_property(source_dir ${target} SOURCE_DIR)
   get_target_property(type ${target} TYPE)
   if(source_dir MATCHES "^${PROJECT_SOURCE_DIR}/(tests|bench)(/|$)"
-     OR NOT type MATCHES "^(SHARED|MODULE)_LIBRARY$")
+     OR NOT type MATCHES "^(SHARED_LIBRARY|MODULE_LIBRARY|EXECUTABLE)$")
     continue()
   endif()
-  get_target_property(output_dir ${target} LIBRARY_OUTPUT_DIRECTORY)
-  wf_component_of(${target} component)
-  file(RELATIVE_PATH below_plugins ${WF_PLUGIN_DIR} "${output_dir}")
-  if(output_dir AND NOT below_plugins MATCHES "^\\.\\.")
-    set(destination ${WF_INSTALL_PLUGIN_DIR})
-    if(below_plugins)
-      string(APPEND destination /${below_plugins})
-    endif()
-  elseif(type STREQUAL "SHARED_LIBRARY")
-    set(destination ${WF_INSTALL_PRIVATE_DIR})
-  else()
-    continue()
+  if(NOT target IN_LIST wf_installed)
+    message(FATAL_ERROR "${target} is built but not installed: call wf_install_library or "
+                        "wf_install_program beside its add_library/add_executable")
   endif()
-  # The run path climbs from the library's folder back to lib/wrenfield.
-  file(RELATIVE_PATH up ${CMAKE_INSTALL_PREFIX}/${destination} ${CMAKE_INSTALL_PREFIX}/${WF_INSTALL_PRIVATE_DIR})
-  string(REGEX REPLACE "/$" "" up "${up}")
-  if(up)
-    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${up}")
-  else()
-    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
+endforeach()
+foreach(target IN LISTS wf_installed)
+  get_target_property(component ${target} WF_INSTALL_COMPONENT)
+  wf_links_widgets(${target} widgets)
+  if(widgets AND component STREQUAL "runtime")
+    message(FATAL_ERROR "${target} is installed in the runtime package but links Qt Widgets: "
+                        "install it with COMPONENT designer")
   endif()
-  install(TARGETS ${target} LIBRARY DESTINATION ${destination} COMPONENT ${component} NAMELINK_SKIP)
 endforeach()
 
 # Writes PROGRAM's man page from its --help and --version (help2man), gzipped as Debian wants it.
@@ -165,8 +129,6 @@ endfunction()
 # --- runtime: what a build agent installs
 set(WF_PACKAGE_COMPONENTS runtime)
 if(TARGET wfbuild)
-  set_target_properties(wfbuild PROPERTIES INSTALL_RPATH "$ORIGIN/../${WF_INSTALL_PRIVATE_DIR}")
-  install(TARGETS wfbuild RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
   wf_man_page(wfbuild runtime "run Wrenfield build projects unattended" COMMANDS)
   install(FILES ${WF_PACKAGING_DIR}/wfbuild.bash-completion RENAME wfbuild
           DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions COMPONENT runtime)
@@ -175,9 +137,6 @@ if(TARGET WF30ClearCase)
   # Every action's help points here: "Plugins\ClearCase.html" beside the plug-in.
   install(FILES ${PROJECT_SOURCE_DIR}/clearcase/resources/ClearCase.html
           DESTINATION ${WF_INSTALL_PLUGIN_DIR} COMPONENT runtime)
-endif()
-if(TARGET ccsim_cleartool)
-  install(TARGETS ccsim_cleartool RUNTIME DESTINATION ${WF_INSTALL_SIM_DIR} COMPONENT runtime)
 endif()
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${WF_INSTALL_DOC_DIR} COMPONENT runtime)
 # The designer's pages and their screenshots go with the designer: a build agent has no use for them.
@@ -192,8 +151,6 @@ endif()
 # --- designer: the visual editor, for desktops
 if(TARGET wfdesigner)
   list(APPEND WF_PACKAGE_COMPONENTS designer)
-  set_target_properties(wfdesigner PROPERTIES INSTALL_RPATH "$ORIGIN/../${WF_INSTALL_PRIVATE_DIR}")
-  install(TARGETS wfdesigner RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT designer)
   # A Qt program may build its application object before reading --help; it needs no display.
   wf_man_page(wfdesigner designer "edit Wrenfield build projects" ENVIRONMENT QT_QPA_PLATFORM=offscreen)
   install(FILES ${WF_PACKAGING_DIR}/wfdesigner.desktop

@@ -3,6 +3,7 @@
 # once the top folder is finished (a deferred call reads its arguments then, hence the variable).
 set(WF_CMAKE_DIR ${CMAKE_CURRENT_LIST_DIR})
 include(${WF_CMAKE_DIR}/Fuzz.cmake)
+include(${WF_CMAKE_DIR}/InstallTargets.cmake)
 cmake_language(DEFER CALL include ${WF_CMAKE_DIR}/Install.cmake)
 cmake_language(DEFER CALL include ${WF_CMAKE_DIR}/RunPaths.cmake)
 cmake_language(DEFER CALL include ${WF_CMAKE_DIR}/Packaging.cmake)

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAttributeAction.h"
 
 #include <string>
 
 /// "ClearCase Apply Attribute (Objects)": cleartool mkattr on object selectors.
-class TClearCaseApplyAttributeObjectsAction : public TClearCaseBaseAttributeAction {
+class WF_CC_API TClearCaseApplyAttributeObjectsAction : public TClearCaseBaseAttributeAction {
 public:
     TClearCaseApplyAttributeObjectsAction();
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAttributeAction.h"
 
 #include <string>
 
 /// "ClearCase Apply Attribute (Paths)": cleartool mkattr on path names, taken as they stand
 /// (the action declares that it uses no view context).
-class TClearCaseApplyAttributePathNamesAction : public TClearCaseBaseAttributeAction {
+class WF_CC_API TClearCaseApplyAttributePathNamesAction : public TClearCaseBaseAttributeAction {
 public:
     TClearCaseApplyAttributePathNamesAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
 /// "ClearCase Apply Label": cleartool mklabel over a list of path names in a view.
-class TClearCaseApplyLabelAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseApplyLabelAction : public TClearCaseBaseAction {
 public:
     TClearCaseApplyLabelAction();
 

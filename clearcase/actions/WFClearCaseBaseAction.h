@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "WFAction.h"
 #include "environment/WFClearCaseUtils.h"
 #include "WFCommandLine.h"
@@ -12,7 +13,7 @@
 /// Time stamp given to the files an update loads (used by the update action).
 enum TCCTimeStampBehaviour : int { tbDefault = 0, tbCurrent = 1, tbCheckin = 2 };
 /// Member names of TCCTimeStampBehaviour, in value order, as persisted.
-const std::vector<std::string>& timeStampBehaviourMembers();
+WF_CC_API const std::vector<std::string>& timeStampBehaviourMembers();
 
 /// The help file every action of the package points to.
 inline constexpr const char* kClearCaseHelpFile = "Plugins\\ClearCase.html";
@@ -28,7 +29,7 @@ struct TClearCaseActionIdentity {
 
 /// Base of every ClearCase action: runs cleartool with the sub-command of the concrete action
 /// in the view named by the view context, and offers the shared command-line building blocks.
-class TClearCaseBaseAction : public TWFExecuteAbstractAction {
+class WF_CC_API TClearCaseBaseAction : public TWFExecuteAbstractAction {
 public:
     TClearCaseBaseAction();
     ~TClearCaseBaseAction() override;

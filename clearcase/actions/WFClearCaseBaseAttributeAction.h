@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
@@ -7,11 +8,11 @@
 
 /// The value type of an attribute type.
 enum TClearCaseAttributeType : int { atString = 0, atInteger = 1, atReal = 2, atDate = 3, atOpaque = 4 };
-const std::vector<std::string>& attributeTypeMembers();
+WF_CC_API const std::vector<std::string>& attributeTypeMembers();
 
 /// Base of the attribute actions: the attribute name, its value and the default-value flag.
 /// Persists nothing by itself and is not registered.
-class TClearCaseBaseAttributeAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseBaseAttributeAction : public TClearCaseBaseAction {
 public:
     TClearCaseBaseAttributeAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseCheckInGenericAction.h"
 
 #include <string>
 
 /// "UCM Check In Files for Activity": cleartool checkin of every check-out of an activity.
-class TClearCaseCheckInActivityAction : public TClearCaseCheckInGenericAction {
+class WF_CC_API TClearCaseCheckInActivityAction : public TClearCaseCheckInGenericAction {
 public:
     TClearCaseCheckInActivityAction();
 

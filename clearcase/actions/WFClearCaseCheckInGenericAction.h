@@ -1,12 +1,13 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 
 /// The check-in switches and everything of a check-in command line except its operands;
 /// base of the path-name and activity check-ins. Not registered by itself.
-class TClearCaseCheckInGenericAction : public TClearCaseUCMAction {
+class WF_CC_API TClearCaseCheckInGenericAction : public TClearCaseUCMAction {
 public:
     TClearCaseCheckInGenericAction();
 

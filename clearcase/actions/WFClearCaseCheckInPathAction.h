@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseCheckInGenericAction.h"
 
 #include <string>
 
 /// "ClearCase Check In": cleartool checkin of a list of path names.
-class TClearCaseCheckInPathAction : public TClearCaseCheckInGenericAction {
+class WF_CC_API TClearCaseCheckInPathAction : public TClearCaseCheckInGenericAction {
 public:
     TClearCaseCheckInPathAction();
 

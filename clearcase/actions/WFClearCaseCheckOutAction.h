@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
@@ -9,11 +10,11 @@
 enum TCCDataLocation : int { coView = 0, coOut = 1, coNoData = 2 };
 /// Which version is checked out.
 enum TCCCheckOutSelector : int { coDefault = 0, coVersion = 1, coBranch = 2 };
-const std::vector<std::string>& dataLocationMembers();
-const std::vector<std::string>& checkOutSelectorMembers();
+WF_CC_API const std::vector<std::string>& dataLocationMembers();
+WF_CC_API const std::vector<std::string>& checkOutSelectorMembers();
 
 /// "ClearCase Check Out": cleartool checkout of a list of path names.
-class TClearCaseCheckoutAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseCheckoutAction : public TClearCaseBaseAction {
 public:
     TClearCaseCheckoutAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
 /// "ClearCase Run Cleartool (Generic)": any sub-command with the user's own arguments.
-class TClearCaseCleartoolAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseCleartoolAction : public TClearCaseBaseAction {
 public:
     TClearCaseCleartoolAction();
 

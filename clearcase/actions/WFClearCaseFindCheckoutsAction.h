@@ -1,12 +1,13 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
 /// "ClearCase Find Checkouts": cleartool lscheckout in the view context's directory, its
 /// output optionally collected into a build variable.
-class TClearCaseFindCheckoutsAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseFindCheckoutsAction : public TClearCaseBaseAction {
 public:
     TClearCaseFindCheckoutsAction();
 

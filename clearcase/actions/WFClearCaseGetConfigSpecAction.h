@@ -1,12 +1,13 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <memory>
 #include <string>
 
 /// "ClearCase Get Config Spec": cleartool catcs, its output optionally copied into a file.
-class TClearCaseGetConfigSpecAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseGetConfigSpecAction : public TClearCaseBaseAction {
 public:
     TClearCaseGetConfigSpecAction();
     ~TClearCaseGetConfigSpecAction() override;

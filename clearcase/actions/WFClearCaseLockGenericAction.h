@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
 /// The lock options shared by the two lock actions; not registered by itself.
-class TClearCaseLockGenericAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseLockGenericAction : public TClearCaseBaseAction {
 public:
     TClearCaseLockGenericAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseLockGenericAction.h"
 
 #include <string>
 
 /// "ClearCase Lock (Objects)": cleartool lock of object selectors.
-class TClearCaseLockObjectsAction : public TClearCaseLockGenericAction {
+class WF_CC_API TClearCaseLockObjectsAction : public TClearCaseLockGenericAction {
 public:
     TClearCaseLockObjectsAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseLockGenericAction.h"
 
 #include <string>
 
 /// "ClearCase Lock (Paths)": cleartool lock of path names in a view.
-class TClearCaseLockPathNamesAction : public TClearCaseLockGenericAction {
+class WF_CC_API TClearCaseLockPathNamesAction : public TClearCaseLockGenericAction {
 public:
     TClearCaseLockPathNamesAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 
 /// "UCM Make Activity": cleartool mkactivity in the stream of a view.
-class TClearCaseMakeActivityAction : public TClearCaseUCMAction {
+class WF_CC_API TClearCaseMakeActivityAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeActivityAction();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAttributeAction.h"
 
 #include <string>
@@ -7,10 +8,10 @@
 
 /// The instance constraint of a new attribute type.
 enum TClearCaseLabelConstraints : int { lcDefault = 0, lcVPelement = 1, lcVPbranch = 2, lcVPversion = 3 };
-const std::vector<std::string>& labelConstraintsMembers();
+WF_CC_API const std::vector<std::string>& labelConstraintsMembers();
 
 /// "ClearCase Make Attribute Type": cleartool mkattype in a VOB; needs no view.
-class TClearCaseMakeAttributeTypeAction : public TClearCaseBaseAttributeAction {
+class WF_CC_API TClearCaseMakeAttributeTypeAction : public TClearCaseBaseAttributeAction {
 public:
     TClearCaseMakeAttributeTypeAction();
 

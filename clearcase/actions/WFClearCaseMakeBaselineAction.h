@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
@@ -9,11 +10,11 @@
 enum TSelectionType : int { slAll = 0, slComponents = 1, slActivities = 2 };
 /// The kind of baseline and its labelling.
 enum TLabelBehaviour : int { lbIncremental = 0, lbAll = 1, lbNone = 2 };
-const std::vector<std::string>& selectionTypeMembers();
-const std::vector<std::string>& labelBehaviourMembers();
+WF_CC_API const std::vector<std::string>& selectionTypeMembers();
+WF_CC_API const std::vector<std::string>& labelBehaviourMembers();
 
 /// "UCM Make Baseline": cleartool mkbl for all components, chosen components or activities.
-class TClearCaseMakeBaselineAction : public TClearCaseUCMAction {
+class WF_CC_API TClearCaseMakeBaselineAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeBaselineAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 
 /// "UCM Make Baseline from Label": cleartool mkbl -import of an existing label type.
-class TClearCaseMakeBaselineFromLabelAction : public TClearCaseUCMAction {
+class WF_CC_API TClearCaseMakeBaselineFromLabelAction : public TClearCaseUCMAction {
 public:
     TClearCaseMakeBaselineFromLabelAction();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
@@ -7,10 +8,10 @@
 
 /// The state a new element is left in.
 enum TClearCaseCheckOutType : int { ccCheckedOut = 0, ccCheckedIn = 1, ccNoCheckOut = 2 };
-const std::vector<std::string>& checkOutTypeMembers();
+WF_CC_API const std::vector<std::string>& checkOutTypeMembers();
 
 /// "ClearCase Make Element": cleartool mkelem of a list of path names.
-class TClearCaseMakeElementAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseMakeElementAction : public TClearCaseBaseAction {
 public:
     TClearCaseMakeElementAction();
 

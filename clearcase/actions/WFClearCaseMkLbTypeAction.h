@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
 /// "ClearCase Make Label Type": cleartool mklbtype in a VOB; needs no view.
-class TClearCaseMkLbTypeAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseMkLbTypeAction : public TClearCaseBaseAction {
 public:
     TClearCaseMkLbTypeAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseUCMAction.h"
 
 #include <string>
 
 /// "UCM Set Current Activity": cleartool setactivity in a view.
-class TClearCaseSetActivityAction : public TClearCaseUCMAction {
+class WF_CC_API TClearCaseSetActivityAction : public TClearCaseUCMAction {
 public:
     TClearCaseSetActivityAction();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
@@ -7,10 +8,10 @@
 
 /// Where a new config spec comes from.
 enum TConfigSpecType : int { csCurrent = 0, csDefault = 1, csFile = 2, csStream = 3 };
-const std::vector<std::string>& configSpecTypeMembers();
+WF_CC_API const std::vector<std::string>& configSpecTypeMembers();
 
 /// "ClearCase Set Config Spec": cleartool setcs with a mode switch or a config spec file.
-class TClearCaseSetConfigSpecAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseSetConfigSpecAction : public TClearCaseBaseAction {
 public:
     TClearCaseSetConfigSpecAction();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
@@ -7,7 +8,7 @@
 
 /// Base of the actions that name UCM activities or components: an activity list (whose first
 /// entry is ActivityName), a component list and the flag for the view's current activity.
-class TClearCaseUCMAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseUCMAction : public TClearCaseBaseAction {
 public:
     TClearCaseUCMAction();
     ~TClearCaseUCMAction() override;

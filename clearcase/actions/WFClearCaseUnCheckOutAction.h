@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
 /// "ClearCase Undo Checkout": cleartool uncheckout of a list of path names.
-class TClearCaseUnCheckOutAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseUnCheckOutAction : public TClearCaseBaseAction {
 public:
     TClearCaseUnCheckOutAction();
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseUnCheckOutAction.h"
 
 #include <string>
 
 /// "UCM Undo Checkouts for Activity": cleartool uncheckout of the check-outs of the view's
 /// current activity.
-class TClearCaseUnCheckOutActivityAction : public TClearCaseUnCheckOutAction {
+class WF_CC_API TClearCaseUnCheckOutActivityAction : public TClearCaseUnCheckOutAction {
 public:
     TClearCaseUnCheckOutActivityAction();
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
 /// "ClearCase Unlock (Objects)": cleartool unlock of object selectors.
-class TClearCaseUnlockObjectsAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseUnlockObjectsAction : public TClearCaseBaseAction {
 public:
     TClearCaseUnlockObjectsAction();
 

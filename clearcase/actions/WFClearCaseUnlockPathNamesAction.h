@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
 
 /// "ClearCase Unlock (Paths)": cleartool unlock of path names in a view.
-class TClearCaseUnlockPathNamesAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseUnlockPathNamesAction : public TClearCaseBaseAction {
 public:
     TClearCaseUnlockPathNamesAction();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "actions/WFClearCaseBaseAction.h"
 
 #include <string>
@@ -7,10 +8,10 @@
 
 /// What an update does with hijacked files.
 enum TCCHijackMode : int { hmOverwrite = 0, hmNooverwrite = 1, hmRename = 2 };
-const std::vector<std::string>& hijackModeMembers();
+WF_CC_API const std::vector<std::string>& hijackModeMembers();
 
 /// "ClearCase Update Snapshot View": cleartool update in the view context's directory.
-class TClearCaseUpdateAction : public TClearCaseBaseAction {
+class WF_CC_API TClearCaseUpdateAction : public TClearCaseBaseAction {
 public:
     TClearCaseUpdateAction();
 

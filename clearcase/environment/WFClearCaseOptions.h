@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
 #include "WFOptions.h"
 #include "WFServices.h"
 
@@ -9,7 +10,7 @@
 enum TClearCaseType { ccUnknown = 0, ccLT = 1, ccFull = 2 };
 
 /// The package's options as every other part sees them.
-class IWFClearCaseOptions {
+class WF_CC_API IWFClearCaseOptions {
 public:
     virtual ~IWFClearCaseOptions() = default;
     virtual class TWFClearCaseOptions* GetImplementation() = 0;
@@ -27,7 +28,7 @@ public:
 };
 
 /// The ClearCase options: where cleartool is, the default view and the installed edition.
-class TWFClearCaseOptions final : public TWFOptionsObject, public IWFClearCaseOptions {
+class WF_CC_API TWFClearCaseOptions final : public TWFOptionsObject, public IWFClearCaseOptions {
 public:
     TWFClearCaseOptions();
 
@@ -65,17 +66,17 @@ private:
 
 /// The live options object, found afresh through the host's options services; nullptr when
 /// the host holds none. Callers do not keep the pointer.
-IWFClearCaseOptions* ClearCaseOptions();
+WF_CC_API IWFClearCaseOptions* ClearCaseOptions();
 
 /// The options class as registered with the host's options services.
-TWFOptionsClass ClearCaseOptionsClass();
+WF_CC_API TWFOptionsClass ClearCaseOptionsClass();
 
 /// Registers the enumeration, the options class and the script function "ClearCaseOptions".
-void RegisterOptions();
+WF_CC_API void RegisterOptions();
 
 /// Where cleartool is when no path is stored: the App Paths registry entry on Windows, the
 /// standard install folder elsewhere, then PATH; empty when none of them holds it.
-std::string defaultClearToolPath();
+WF_CC_API std::string defaultClearToolPath();
 
 /// The executable's file name on this platform.
-std::string cleartoolExecutableName();
+WF_CC_API std::string cleartoolExecutableName();

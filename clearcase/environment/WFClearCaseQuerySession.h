@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
+
 #include <atomic>
 #include <cstddef>
 #include <memory>
@@ -18,7 +20,7 @@ class IWFInteractiveProcess;
 /// very end of what arrived (before the next prompt), so that listed names that look like
 /// reports are taken for output. The session is restarted when the cleartool path or the
 /// process environment changes, after it dies, and after a Cancel.
-class TClearCaseQuerySession {
+class WF_CC_API TClearCaseQuerySession {
 public:
     enum class Outcome {
         Answered,    ///< the sub-command ran; status and lines hold what it returned
@@ -84,22 +86,22 @@ private:
 };
 
 /// The package's one session.
-TClearCaseQuerySession& ClearCaseQuerySession();
+WF_CC_API TClearCaseQuerySession& ClearCaseQuerySession();
 
 /// Whether the package was loaded by a design-time host (WFRegister with RegisterPages true).
 /// Only design-time queries use the session; run-time actions never touch it.
-void SetClearCaseDesignTime(bool designTime);
-bool GetClearCaseDesignTime();
+WF_CC_API void SetClearCaseDesignTime(bool designTime);
+WF_CC_API bool GetClearCaseDesignTime();
 /// The environment variable that turns the session off ("0", "off", "false" or "no").
 constexpr const char* kClearCaseQuerySessionVariable = "WF_CLEARCASE_QUERY_SESSION";
 /// True at design time unless the environment variable turns the session off.
-bool ClearCaseQuerySessionEnabled();
+WF_CC_API bool ClearCaseQuerySessionEnabled();
 
 /// The interactive-mode line that gives cleartool `arguments` as they are: blanks and quotes
 /// are wrapped in double quotes, or single quotes for a word holding a double quote. Nothing
 /// when a word cannot pass safely (a line break, both kinds of quote, a trailing backslash
 /// that would continue the line).
-std::optional<std::string> interactiveCommandLine(const std::vector<std::string>& arguments);
+WF_CC_API std::optional<std::string> interactiveCommandLine(const std::vector<std::string>& arguments);
 
 /// A "Command N returned status S" report found in session output: where it starts (it may
 /// follow output without a final line break), where its line ends, and S.
@@ -109,11 +111,11 @@ struct TClearCaseStatusReport {
     int status = 0;
 };
 /// The first complete report numbered `number` at or after `from`.
-std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output, int number, std::size_t from = 0);
+WF_CC_API std::optional<TClearCaseStatusReport> findStatusReport(std::string_view output, int number, std::size_t from = 0);
 /// The report numbered `number` that ends `output`, followed only by the prompt when
 /// `prompted`: the end of a reply once nothing more arrives.
-std::optional<TClearCaseStatusReport> findFinalReport(std::string_view output, int number, bool prompted);
+WF_CC_API std::optional<TClearCaseStatusReport> findFinalReport(std::string_view output, int number, bool prompted);
 
 /// Output text as lines, split by the host's line splitter as its process runner splits a
 /// program's output.
-std::vector<std::string> outputLines(std::string_view text);
+WF_CC_API std::vector<std::string> outputLines(std::string_view text);

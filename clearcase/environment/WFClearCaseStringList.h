@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
+
 #include <string>
 #include <vector>
 
@@ -7,7 +9,7 @@
 // results of the cleartool queries.
 
 /// Every entry followed by CR LF, the last one included; an empty list gives "".
-std::string stringListText(const std::vector<std::string>& lines);
+WF_CC_API std::string stringListText(const std::vector<std::string>& lines);
 /// The entries of a string list's text, split at CR LF, CR or LF; a final line break does not
 /// start another entry, every other line (empty ones included) is one entry.
-std::vector<std::string> splitStringListText(const std::string& text);
+WF_CC_API std::vector<std::string> splitStringListText(const std::string& text);

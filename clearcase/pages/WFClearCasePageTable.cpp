@@ -28,55 +28,104 @@
 #include "pages/WFClearCaseUnCheckOutFrame.h"
 #include "pages/WFClearCaseUpdateFrame.h"
 #include "pages/WFClearCaseViewPathNameFrame.h"
+#include "environment/WFClearCaseOptions.h"
 #include "WFPageFactory.h"
+#include "WFServices.h"
 
 #include <cstring>
+#include <set>
+#include <string>
 
 namespace {
 
-// One row per page class, by name.
-const TClearCasePageMaker kPages[] = {
-    {"TClearCaseViewPathNameFrame", WFMakePage<TClearCaseViewPathNameFrame>},
-    {"TClearCaseExtendedPathNameFrame", WFMakePage<TClearCaseExtendedPathNameFrame>},
-    {"TClearCaseCommentFrame", WFMakePage<TClearCaseCommentFrame>},
-    {"TClearCaseUpdateFrame", WFMakePage<TClearCaseUpdateFrame>},
-    {"TClearCaseCheckInFrame", WFMakePage<TClearCaseCheckInFrame>},
-    {"TClearCaseCheckOutFrame", WFMakePage<TClearCaseCheckOutFrame>},
-    {"TClearCaseUnCheckOutFrame", WFMakePage<TClearCaseUnCheckOutFrame>},
-    {"TClearCaseUnCheckOutActivityFrame", WFMakePage<TClearCaseUnCheckOutActivityFrame>},
-    {"TClearCaseCleartoolFrame", WFMakePage<TClearCaseCleartoolFrame>},
-    {"TClearCaseSetConfigSpecFrame", WFMakePage<TClearCaseSetConfigSpecFrame>},
-    {"TClearCaseGetConfigSpecFrame", WFMakePage<TClearCaseGetConfigSpecFrame>},
-    {"TClearCaseFindCheckoutsFrame", WFMakePage<TClearCaseFindCheckoutsFrame>},
-    {"TClearCaseMakeAttributeTypeFrame", WFMakePage<TClearCaseMakeAttributeTypeFrame>},
-    {"TClearCaseMakeAttributeTypeOptionsFrame", WFMakePage<TClearCaseMakeAttributeTypeOptionsFrame>},
-    {"TClearCaseApplyAttributePathNamesFrame", WFMakePage<TClearCaseApplyAttributePathNamesFrame>},
-    {"TClearCaseApplyAttributeFrame", WFMakePage<TClearCaseApplyAttributeFrame>},
-    {"TClearCaseApplyAttributeObjectsFrame", WFMakePage<TClearCaseApplyAttributeObjectsFrame>},
-    {"TClearCaseObjectSelectorFrame", WFMakePage<TClearCaseObjectSelectorFrame>},
-    {"TClearCaseOptionsFrame", WFMakePage<TClearCaseOptionsFrame>},
-    {"TClearCaseMakeElementFrame", WFMakePage<TClearCaseMakeElementFrame>},
-    {"TClearCaseLockFrame", WFMakePage<TClearCaseLockFrame>},
-    {"TClearCaseMkLbTypeFrame", WFMakePage<TClearCaseMkLbTypeFrame>},
-    {"TClearCaseApplyLabelFrame", WFMakePage<TClearCaseApplyLabelFrame>},
-    {"TClearCaseActivitySelectorFrame", WFMakePage<TClearCaseActivitySelectorFrame>},
-    {"TClearCaseMakeActivityFrame", WFMakePage<TClearCaseMakeActivityFrame>},
-    {"TClearCaseMakeBaselineFrame", WFMakePage<TClearCaseMakeBaselineFrame>},
-    {"TClearCaseMakeBaseLineLabelFrame", WFMakePage<TClearCaseMakeBaseLineLabelFrame>},
-    {"TClearCaseMakeBaselineFromLabelFrame", WFMakePage<TClearCaseMakeBaselineFromLabelFrame>},
-};
+template <typename T>
+TClearCasePageMaker page()
+{
+    return {T::staticMetaObject.className(), WFMakePage<T>};
+}
+
+TWFPageClass pageClass(const TClearCasePageMaker& maker)
+{
+    return {maker.className, maker.make};
+}
 
 } // namespace
 
-std::span<const TClearCasePageMaker> ClearCasePageMakers()
+const std::vector<TClearCaseActionPagesRow>& ClearCaseActionPages()
 {
-    return kPages;
+    // The lists are uneven on purpose: not every action has every page.
+    static const auto viewPaths = page<TClearCaseViewPathNameFrame>();
+    static const auto extendedPaths = page<TClearCaseExtendedPathNameFrame>();
+    static const auto objects = page<TClearCaseObjectSelectorFrame>();
+    static const auto activity = page<TClearCaseActivitySelectorFrame>();
+    static const auto comment = page<TClearCaseCommentFrame>();
+    static const auto checkIn = page<TClearCaseCheckInFrame>();
+    static const auto lock = page<TClearCaseLockFrame>();
+    static const auto applyAttribute = page<TClearCaseApplyAttributeFrame>();
+    static const std::vector<TClearCaseActionPagesRow> rows = {
+        {"TClearCaseUpdateAction", {page<TClearCaseUpdateFrame>()}},
+        {"TClearCaseCheckoutAction", {viewPaths, extendedPaths, page<TClearCaseCheckOutFrame>(), comment}},
+        {"TClearCaseCheckInPathAction", {viewPaths, extendedPaths, checkIn, comment}},
+        {"TClearCaseUnCheckOutAction", {viewPaths, extendedPaths, page<TClearCaseUnCheckOutFrame>()}},
+        {"TClearCaseUnCheckOutActivityAction", {page<TClearCaseUnCheckOutActivityFrame>()}},
+        {"TClearCaseCheckInActivityAction", {activity, checkIn, comment}},
+        {"TClearCaseSetActivityAction", {activity, comment}},
+        {"TClearCaseMkLbTypeAction", {page<TClearCaseMkLbTypeFrame>(), comment}},
+        {"TClearCaseApplyLabelAction", {viewPaths, extendedPaths, page<TClearCaseApplyLabelFrame>(), comment}},
+        {"TClearCaseLockPathNamesAction", {viewPaths, extendedPaths, lock, comment}},
+        {"TClearCaseLockObjectsAction", {objects, lock, comment}},
+        {"TClearCaseUnlockObjectsAction", {objects, comment}},
+        {"TClearCaseUnlockPathNamesAction", {viewPaths, extendedPaths, comment}},
+        {"TClearCaseMakeBaselineAction", {page<TClearCaseMakeBaselineFrame>(), page<TClearCaseMakeBaseLineLabelFrame>(), comment}},
+        {"TClearCaseMakeBaselineFromLabelAction", {page<TClearCaseMakeBaselineFromLabelFrame>(), comment}},
+        {"TClearCaseCleartoolAction", {page<TClearCaseCleartoolFrame>()}},
+        {"TClearCaseMakeActivityAction", {page<TClearCaseMakeActivityFrame>(), comment}},
+        {"TClearCaseMakeAttributeTypeAction",
+         {page<TClearCaseMakeAttributeTypeFrame>(), page<TClearCaseMakeAttributeTypeOptionsFrame>(), comment}},
+        {"TClearCaseApplyAttributePathNamesAction", {viewPaths, applyAttribute, page<TClearCaseApplyAttributePathNamesFrame>()}},
+        {"TClearCaseApplyAttributeObjectsAction", {objects, applyAttribute, page<TClearCaseApplyAttributeObjectsFrame>()}},
+        {"TClearCaseSetConfigSpecAction", {page<TClearCaseSetConfigSpecFrame>()}},
+        {"TClearCaseGetConfigSpecAction", {page<TClearCaseGetConfigSpecFrame>()}},
+        {"TClearCaseFindCheckoutsAction", {page<TClearCaseFindCheckoutsFrame>()}},
+        {"TClearCaseMakeElementAction", {viewPaths, page<TClearCaseMakeElementFrame>(), comment}},
+    };
+    return rows;
+}
+
+const TClearCasePageMaker& ClearCaseOptionsPage()
+{
+    static const auto options = page<TClearCaseOptionsFrame>();
+    return options;
+}
+
+std::vector<TClearCasePageMaker> ClearCasePageMakers()
+{
+    std::vector<TClearCasePageMaker> makers;
+    std::set<std::string> seen;
+    for (const auto& row : ClearCaseActionPages())
+        for (const auto& maker : row.pages)
+            if (seen.insert(maker.className).second)
+                makers.push_back(maker);
+    makers.push_back(ClearCaseOptionsPage());
+    return makers;
 }
 
 QWidget* ClearCaseCreatePage(const char* className, QWidget* parent)
 {
-    for (const auto& row : kPages)
-        if (std::strcmp(row.className, className) == 0)
-            return row.make(parent);
+    for (const auto& maker : ClearCasePageMakers())
+        if (std::strcmp(maker.className, className) == 0)
+            return maker.make(parent);
     return nullptr;
+}
+
+void ClearCaseRegisterPages()
+{
+    WFOptionsServices().RegisterOptionsPages(ClearCaseOptionsClass(), {pageClass(ClearCaseOptionsPage())});
+    // The host keys pages by class name alone.
+    for (const auto& row : ClearCaseActionPages()) {
+        std::vector<TWFPageClass> pages;
+        for (const auto& maker : row.pages)
+            pages.push_back(pageClass(maker));
+        WFActionServices().RegisterActionPages(TWFActionClass{row.actionClassName, {}}, pages);
+    }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/WFClearCaseExport.h"
+
 #include <cstddef>
 #include <span>
 #include <string>
@@ -15,9 +17,9 @@ struct TWFClearCaseResource {
 
 /// The compiled-in resources, generated from the package's resource files at build time;
 /// ended by an entry whose name is nullptr.
-extern const TWFClearCaseResource WFClearCaseResourceTable[];
+extern WF_CC_API const TWFClearCaseResource WFClearCaseResourceTable[];
 
 /// The bytes of the named resource (a bitmap is a whole .bmp file); empty when there is none.
-std::span<const unsigned char> WFClearCaseFindResource(std::string_view name);
+WF_CC_API std::span<const unsigned char> WFClearCaseFindResource(std::string_view name);
 /// The names of all resources, sorted.
-std::vector<std::string> WFClearCaseResourceNames();
+WF_CC_API std::vector<std::string> WFClearCaseResourceNames();

@@ -27,9 +27,9 @@
 #include "environment/WFClearCaseOptions.h"
 #include "environment/WFClearCaseQuerySession.h"
 
-#include <dlfcn.h>
+#include "WFLog.h"
+#include "WFPluginLoader.h"
 
-#include <iostream>
 #include <memory>
 
 namespace {
@@ -38,51 +38,6 @@ template <typename T>
 std::unique_ptr<TClearCaseBaseAction> make()
 {
     return std::make_unique<T>();
-}
-
-TWFPageClass page(const char* className)
-{
-    return TWFPageClass{className, {}};
-}
-
-TClearCasePageFactory g_pageFactory = nullptr;
-
-/// The page library beside the plug-in this code was loaded from, loaded once.
-TClearCasePageFactory loadPageLibrary()
-{
-    static TClearCasePageFactory loaded = [] () -> TClearCasePageFactory {
-        Dl_info self{};
-        if (!dladdr(reinterpret_cast<void*>(&loadPageLibrary), &self) || !self.dli_fname) {
-            std::cerr << "WF30ClearCase: cannot tell where the package was loaded from; property pages unavailable\n";
-            return nullptr;
-        }
-        std::string path = self.dli_fname;
-        path = path.substr(0, path.find_last_of('/') + 1) + kClearCasePageLibrary;
-        void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-        const char* error = library ? nullptr : dlerror();
-        auto factory = library ? reinterpret_cast<TClearCasePageFactory>(dlsym(library, kClearCasePageFactorySymbol)) : nullptr;
-        if (!factory)
-            std::cerr << "WF30ClearCase: property pages unavailable: " << (error ? error : path + " exports no page factory") << "\n";
-        return factory;
-    }();
-    return loaded;
-}
-
-/// The page classes of a design-time host: each named class made by the page library.
-TWFPageClass pageClassFor(const TWFPageClass& named, TClearCasePageFactory factory)
-{
-    TWFPageClass result = named;
-    if (factory)
-        result.create = [factory, name = named.className](QWidget* parent) { return factory(name.c_str(), parent); };
-    return result;
-}
-
-std::vector<TWFPageClass> pageClassesFor(const std::vector<TWFPageClass>& named, TClearCasePageFactory factory)
-{
-    std::vector<TWFPageClass> result;
-    for (const auto& one : named)
-        result.push_back(pageClassFor(one, factory));
-    return result;
 }
 
 // The catalogue: type ID, class name, display name, help topic, class. One row per action, in
@@ -137,47 +92,6 @@ std::unique_ptr<TClearCaseBaseAction> ClearCaseCreateAction(const TClearCaseCata
     return action;
 }
 
-const std::vector<TClearCasePagesRow>& ClearCaseActionPages()
-{
-    // The lists are uneven on purpose: not every action has every page.
-    static const auto viewPaths = page("TClearCaseViewPathNameFrame");
-    static const auto extendedPaths = page("TClearCaseExtendedPathNameFrame");
-    static const auto objects = page("TClearCaseObjectSelectorFrame");
-    static const auto activity = page("TClearCaseActivitySelectorFrame");
-    static const auto comment = page("TClearCaseCommentFrame");
-    static const auto checkIn = page("TClearCaseCheckInFrame");
-    static const auto lock = page("TClearCaseLockFrame");
-    static const auto applyAttribute = page("TClearCaseApplyAttributeFrame");
-    static const std::vector<TClearCasePagesRow> pages = {
-        {"TClearCaseUpdateAction", {page("TClearCaseUpdateFrame")}},
-        {"TClearCaseCheckoutAction", {viewPaths, extendedPaths, page("TClearCaseCheckOutFrame"), comment}},
-        {"TClearCaseCheckInPathAction", {viewPaths, extendedPaths, checkIn, comment}},
-        {"TClearCaseUnCheckOutAction", {viewPaths, extendedPaths, page("TClearCaseUnCheckOutFrame")}},
-        {"TClearCaseUnCheckOutActivityAction", {page("TClearCaseUnCheckOutActivityFrame")}},
-        {"TClearCaseCheckInActivityAction", {activity, checkIn, comment}},
-        {"TClearCaseSetActivityAction", {activity, comment}},
-        {"TClearCaseMkLbTypeAction", {page("TClearCaseMkLbTypeFrame"), comment}},
-        {"TClearCaseApplyLabelAction", {viewPaths, extendedPaths, page("TClearCaseApplyLabelFrame"), comment}},
-        {"TClearCaseLockPathNamesAction", {viewPaths, extendedPaths, lock, comment}},
-        {"TClearCaseLockObjectsAction", {objects, lock, comment}},
-        {"TClearCaseUnlockObjectsAction", {objects, comment}},
-        {"TClearCaseUnlockPathNamesAction", {viewPaths, extendedPaths, comment}},
-        {"TClearCaseMakeBaselineAction", {page("TClearCaseMakeBaselineFrame"), page("TClearCaseMakeBaseLineLabelFrame"), comment}},
-        {"TClearCaseMakeBaselineFromLabelAction", {page("TClearCaseMakeBaselineFromLabelFrame"), comment}},
-        {"TClearCaseCleartoolAction", {page("TClearCaseCleartoolFrame")}},
-        {"TClearCaseMakeActivityAction", {page("TClearCaseMakeActivityFrame"), comment}},
-        {"TClearCaseMakeAttributeTypeAction",
-         {page("TClearCaseMakeAttributeTypeFrame"), page("TClearCaseMakeAttributeTypeOptionsFrame"), comment}},
-        {"TClearCaseApplyAttributePathNamesAction", {viewPaths, applyAttribute, page("TClearCaseApplyAttributePathNamesFrame")}},
-        {"TClearCaseApplyAttributeObjectsAction", {objects, applyAttribute, page("TClearCaseApplyAttributeObjectsFrame")}},
-        {"TClearCaseSetConfigSpecAction", {page("TClearCaseSetConfigSpecFrame")}},
-        {"TClearCaseGetConfigSpecAction", {page("TClearCaseGetConfigSpecFrame")}},
-        {"TClearCaseFindCheckoutsAction", {page("TClearCaseFindCheckoutsFrame")}},
-        {"TClearCaseMakeElementAction", {viewPaths, page("TClearCaseMakeElementFrame"), comment}},
-    };
-    return pages;
-}
-
 void ClearCaseRegister(bool registerPages)
 {
     RegisterOptions();
@@ -188,16 +102,12 @@ void ClearCaseRegister(bool registerPages)
     if (!registerPages)
         return;
     SetClearCaseDesignTime(true);
-    const TClearCasePageFactory factory = g_pageFactory ? g_pageFactory : loadPageLibrary();
-    WFOptionsServices().RegisterOptionsPages(ClearCaseOptionsClass(), pageClassesFor({page("TClearCaseOptionsFrame")}, factory));
-    // The host keys pages by class name alone.
-    for (const auto& row : ClearCaseActionPages())
-        WFActionServices().RegisterActionPages(TWFActionClass{row.actionClassName, {}}, pageClassesFor(row.pages, factory));
-}
-
-void SetClearCasePageFactory(TClearCasePageFactory factory)
-{
-    g_pageFactory = factory;
+    const auto registerPagesOf = reinterpret_cast<TClearCasePagesEntry>(WFCompanionLibraries()->Resolve(
+        reinterpret_cast<const void*>(&ClearCaseRegister), kClearCasePageLibrary, kClearCasePagesEntrySymbol));
+    if (registerPagesOf)
+        registerPagesOf();
+    else
+        WFWarning("the ClearCase property pages are unavailable");
 }
 
 std::string WFClearCasePackageDescription()

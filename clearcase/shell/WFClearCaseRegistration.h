@@ -16,12 +16,6 @@ struct TClearCaseCatalogueRow {
     std::unique_ptr<TClearCaseBaseAction> (*make)();
 };
 
-/// The property pages of one action class, in tab order, by page class name.
-struct TClearCasePagesRow {
-    std::string actionClassName;
-    std::vector<TWFPageClass> pages;
-};
-
 /// The category every action of the package is listed under.
 inline constexpr const char* kClearCaseCategory = "ClearCase";
 
@@ -31,20 +25,12 @@ std::span<const TClearCaseCatalogueRow> ClearCaseCatalogue();
 const TClearCaseCatalogueRow* ClearCaseFindClass(const std::string& className);
 /// A new action of the row's class, bound to the row and its type ID.
 std::unique_ptr<TClearCaseBaseAction> ClearCaseCreateAction(const TClearCaseCatalogueRow& row);
-/// Every action's pages, in the order they are registered.
-const std::vector<TClearCasePagesRow>& ClearCaseActionPages();
-
-class QWidget;
-/// Makes a page of the named class, or nullptr for a class there is none of. The pages live in a
-/// library of their own so that a headless host never loads a widget library.
-using TClearCasePageFactory = QWidget* (*)(const char* className, QWidget* parent);
-/// The name the page library exports its factory under.
-inline constexpr const char* kClearCasePageFactorySymbol = "WFClearCaseCreatePage";
+/// The page library's one entry point: registers the options page and every action's pages. The
+/// pages live in a library of their own so that a headless host never loads a widget library.
+using TClearCasePagesEntry = void (*)();
+inline constexpr const char* kClearCasePagesEntrySymbol = "WFClearCaseRegisterPages";
 /// The page library's file, relative to the folder of the plug-in.
 inline constexpr const char* kClearCasePageLibrary = "clearcase/WF30ClearCasePages.so";
-/// For a host that links the pages itself: registration then uses this factory instead of
-/// loading the page library. nullptr goes back to loading it.
-void SetClearCasePageFactory(TClearCasePageFactory factory);
 
 /// Registers the options, the catalogue and, for a design-time host, the options and action
 /// pages. The body of the package's exported WFRegister.

@@ -15,6 +15,10 @@
 
 #include <gtest/gtest.h>
 
+#include <dlfcn.h>
+
+#include <filesystem>
+
 #include <map>
 #include <memory>
 #include <string>
@@ -142,6 +146,27 @@ protected:
         ASSERT_TRUE(WFLoadPlugin(WF_CC_PLUGIN_PATH, true, error)) << error;
     }
 };
+
+TEST_F(PackagePages, PlugInAndPageLibraryReachOneQuerySessionAndOneOptionsObject)
+{
+    void* plugin = dlopen(WF_CC_PLUGIN_PATH, RTLD_NOW | RTLD_NOLOAD);
+    void* pages = dlopen(WF_CC_PAGE_LIBRARY_PATH, RTLD_NOW | RTLD_NOLOAD);
+    ASSERT_NE(plugin, nullptr);
+    ASSERT_NE(pages, nullptr);
+    // ClearCaseQuerySession(), ClearCaseOptions() and GetClearCaseDesignTime(): each file finds the
+    // one definition in the core, so both reach the same session, options and design-time flag.
+    for (const char* symbol : {"_Z21ClearCaseQuerySessionv", "_Z16ClearCaseOptionsv", "_Z22GetClearCaseDesignTimev"}) {
+        void* fromPlugin = dlsym(plugin, symbol);
+        ASSERT_NE(fromPlugin, nullptr) << symbol;
+        EXPECT_EQ(dlsym(pages, symbol), fromPlugin) << symbol;
+        Dl_info where{};
+        ASSERT_NE(dladdr(fromPlugin, &where), 0);
+        EXPECT_EQ(std::filesystem::path(where.dli_fname).filename().string(), "libWF30ClearCaseCore.so") << symbol;
+    }
+    EXPECT_TRUE(reinterpret_cast<bool (*)()>(dlsym(pages, "_Z22GetClearCaseDesignTimev"))());
+    dlclose(plugin);
+    dlclose(pages);
+}
 
 TEST_F(PackagePages, PageLibraryIsLoadedOnlyWhenPagesAreAsked)
 {

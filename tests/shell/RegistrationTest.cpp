@@ -1,13 +1,17 @@
 #include "GoldenCatalogue.h"
 
+#include "environment/WFClearCaseQuerySession.h"
 #include "shell/WFClearCaseRegistration.h"
 #include "WFAction.h"
+#include "WFLog.h"
+#include "WFPluginLoader.h"
 #include "WFServices.h"
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -19,14 +23,6 @@ void clearServices()
     WFActionServices().Clear();
     WFOptionsServices().Clear();
     WFScriptingServices().Clear();
-}
-
-std::vector<std::string> pageNames(const std::vector<TWFPageClass>& pages)
-{
-    std::vector<std::string> names;
-    for (const auto& page : pages)
-        names.push_back(page.className);
-    return names;
 }
 
 /// Registers the package afresh, with or without pages.
@@ -86,29 +82,73 @@ INSTANTIATE_TEST_SUITE_P(Catalogue, CatalogueRowTest, testing::Range<std::size_t
                              return wftest::goldenCatalogue()[info.param].typeId;
                          });
 
-TEST(RegistrationTest, EveryCataloguedClassHasPagesOnlyForADesignTimeHost)
-{
+/// Stands in for the host's companion-library service: records what the package asks for and
+/// answers with the entry point a row gives.
+class FakeCompanions final : public IWFCompanionLibraries {
+public:
+    explicit FakeCompanions(void* answer) : m_answer(answer) {}
+    void* Resolve(const void*, const std::string& relativePath, const std::string& symbol) override
     {
-        RegisteredPackage package(false);
-        for (const auto& row : ClearCaseCatalogue())
-            EXPECT_TRUE(WFActionServices().PagesOf(row.identity.className).empty()) << row.identity.className;
+        asked.push_back(relativePath + " " + symbol);
+        return m_answer;
     }
-    RegisteredPackage package(true);
-    for (const auto& row : ClearCaseCatalogue())
-        EXPECT_FALSE(WFActionServices().PagesOf(row.identity.className).empty()) << row.identity.className;
+    std::vector<std::string> asked;
 
-    std::vector<std::string> withPages;
-    for (const auto& row : ClearCaseActionPages())
-        withPages.push_back(row.actionClassName);
-    std::vector<std::string> catalogued;
-    for (const auto& row : ClearCaseCatalogue())
-        catalogued.push_back(row.identity.className);
-    std::sort(withPages.begin(), withPages.end());
-    std::sort(catalogued.begin(), catalogued.end());
-    EXPECT_EQ(withPages, catalogued);
+private:
+    void* m_answer;
+};
+
+int g_pageRegistrations = 0;
+void countPageRegistration()
+{
+    ++g_pageRegistrations;
 }
 
-TEST(RegistrationTest, OptionsAreRegisteredWithIconScriptsAndPageOnlyAtDesignTime)
+struct PageLibraryCase {
+    const char* name;
+    bool registerPages;
+    bool libraryLoads;
+    std::vector<std::string> asked;
+    int registrations;
+    std::vector<std::string> warnings;
+};
+
+class PageLibraryTest : public testing::TestWithParam<PageLibraryCase> {};
+
+TEST_P(PageLibraryTest, IsAskedOfTheHostOnlyByADesignTimeHost)
+{
+    const PageLibraryCase& row = GetParam();
+    auto fake = std::make_shared<FakeCompanions>(row.libraryLoads ? reinterpret_cast<void*>(&countPageRegistration) : nullptr);
+    const auto previous = SetWFCompanionLibrariesFactory([fake] { return fake; });
+    std::vector<std::string> warnings;
+    const auto previousWarnings = SetWFWarningHandler([&](std::string_view text) { warnings.emplace_back(text); });
+    g_pageRegistrations = 0;
+    {
+        RegisteredPackage package(row.registerPages);
+        EXPECT_EQ(GetClearCaseDesignTime(), row.registerPages);
+        // The shell itself names no page.
+        EXPECT_TRUE(WFActionServices().PagesOf("TClearCaseCheckoutAction").empty());
+    }
+    SetClearCaseDesignTime(false);
+    SetWFWarningHandler(previousWarnings);
+    SetWFCompanionLibrariesFactory(previous);
+    EXPECT_EQ(fake->asked, row.asked);
+    EXPECT_EQ(g_pageRegistrations, row.registrations);
+    EXPECT_EQ(warnings, row.warnings);
+}
+
+const std::vector<std::string> kAskedForPages{"clearcase/WF30ClearCasePages.so WFClearCaseRegisterPages"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Registration, PageLibraryTest,
+    testing::Values(PageLibraryCase{"HeadlessHostLoadsNoPageLibrary", false, true, {}, 0, {}},
+                    PageLibraryCase{"DesignTimeHostRegistersThePagesThroughTheLibrarysEntryPoint", true, true,
+                                    kAskedForPages, 1, {}},
+                    PageLibraryCase{"MissingPageLibraryLeavesTheActionsWithAWarning", true, false, kAskedForPages, 0,
+                                    {"the ClearCase property pages are unavailable"}}),
+    [](const testing::TestParamInfo<PageLibraryCase>& info) { return info.param.name; });
+
+TEST(RegistrationTest, OptionsAreRegisteredWithIconAndScripts)
 {
     {
         RegisteredPackage package(false);
@@ -121,20 +161,16 @@ TEST(RegistrationTest, OptionsAreRegisteredWithIconScriptsAndPageOnlyAtDesignTim
         ASSERT_EQ(enumerations.size(), 1u);
         EXPECT_EQ(enumerations[0].first, "TClearCaseType");
         EXPECT_EQ(enumerations[0].second, (std::vector<std::string>{"ccUnknown", "ccLT", "ccFull"}));
-        EXPECT_TRUE(WFOptionsServices().PagesOf("TWFClearCaseOptions").empty());
     }
-    RegisteredPackage package(true);
-    EXPECT_EQ(pageNames(WFOptionsServices().PagesOf("TWFClearCaseOptions")), std::vector<std::string>{"TClearCaseOptionsFrame"});
 }
 
 class IntermediateClassTest : public testing::TestWithParam<std::string> {};
 
-TEST_P(IntermediateClassTest, IsNeitherCataloguedNorGivenPages)
+TEST_P(IntermediateClassTest, IsNotCatalogued)
 {
-    RegisteredPackage package(true);
+    RegisteredPackage package(false);
     for (const auto& entry : WFActionServices().Catalogue())
         EXPECT_NE(entry.actionClass.className, GetParam());
-    EXPECT_TRUE(WFActionServices().PagesOf(GetParam()).empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Bases, IntermediateClassTest,

@@ -1,4 +1,4 @@
-// Page tests run on the offscreen platform unless told otherwise, so no display is needed.
+// main() of the Qt tests: the offscreen platform unless told otherwise, so no display is needed.
 #include <QApplication>
 
 #include <gtest/gtest.h>
