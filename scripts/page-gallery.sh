@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Renders every property page and editor into docs/pages/ under a virtual X server.
+# Renders every property page and editor into docs/pages/ under a virtual X server, and a few
+# pages also at 1.25x the font (-font125.png) and in an enlarged dialog (-enlarged.png).
 # Usage: scripts/page-gallery.sh [BUILD_DIR]   (default: build)
 set -euo pipefail
 cd "$(dirname "$0")/.."

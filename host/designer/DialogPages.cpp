@@ -22,9 +22,12 @@ QSize TPageArea::sizeHint() const
 TDialogSize::TDialogSize(QDialog& dialog, QSettings& settings, QString key)
     : m_dialog(dialog), m_settings(settings), m_key(std::move(key))
 {
-    const QSize stored = m_settings.value(m_key).toSize();
-    if (stored.isValid())
-        m_dialog.resize(fitted(m_dialog, stored));
+    QSize stored = m_settings.value(m_key).toSize();
+    if (!stored.isValid())
+        return;
+    if (const QScreen* screen = m_dialog.screen())
+        stored = stored.boundedTo(screen->availableGeometry().size());
+    m_dialog.resize(stored);
 }
 
 TDialogSize::~TDialogSize()

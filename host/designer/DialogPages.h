@@ -15,8 +15,8 @@ public:
     QSize sizeHint() const override;
 };
 
-/// Gives a dialog the size it had when the user last closed it (at least what its pages ask
-/// for, at most the screen) and stores its size under `key` when it goes.
+/// Gives a dialog the size it had when the user last closed it (at most the screen) and stores
+/// its size under `key` when it goes.
 class TDialogSize {
 public:
     TDialogSize(QDialog& dialog, QSettings& settings, QString key);

@@ -34,6 +34,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
@@ -691,6 +693,50 @@ TEST_F(DesignerWindow, CancelChangesNothing)
     EXPECT_FALSE(window->editAction(4));
     EXPECT_EQ(projectText(*window), before);
     EXPECT_FALSE(window->document().isModified());
+}
+
+TEST_F(DesignerWindow, ActionDialogFitsItsPagesLetsThemGrowAndRemembersItsSize)
+{
+    openExample("release.wfp");
+    const auto& actions = window->document().project().actions;
+    const auto baseline = std::find_if(actions.begin(), actions.end(), [](const auto& a) { return a->GetActionTypeID() == "UCM_MAKEBL"; });
+    ASSERT_NE(baseline, actions.end());
+    const int row = static_cast<int>(baseline - actions.begin());
+    QSize chosen;
+    whenModal([&](QWidget* dialog) {
+        auto* tabs = dialog->findChild<QTabWidget*>();
+        for (int i = 0; i < tabs->count(); ++i) {
+            auto* area = qobject_cast<QScrollArea*>(tabs->widget(i));
+            if (!area)
+                continue;
+            tabs->setCurrentIndex(i);
+            QApplication::processEvents();
+            EXPECT_FALSE(area->verticalScrollBar()->isVisible()) << tabs->tabText(i).toStdString();
+            EXPECT_FALSE(area->horizontalScrollBar()->isVisible()) << tabs->tabText(i).toStdString();
+        }
+        tabs->setCurrentIndex(0);
+        auto* area = qobject_cast<QScrollArea*>(tabs->widget(0));
+        const QSize before = area->widget()->size();
+        dialog->resize(dialog->size() + QSize(300, 200));
+        QApplication::processEvents();
+        EXPECT_EQ(area->widget()->size(), before + QSize(300, 200));
+        // Smaller than the page, the page scrolls instead of squeezing its controls.
+        dialog->resize(200, 200);
+        QApplication::processEvents();
+        EXPECT_TRUE(area->verticalScrollBar()->isVisible());
+        EXPECT_EQ(area->widget()->size().expandedTo(area->widget()->minimumSizeHint()), area->widget()->size());
+        dialog->resize(700, 500);
+        chosen = dialog->size();
+        clickButton(dialog, QDialogButtonBox::Cancel);
+    });
+    EXPECT_FALSE(window->editAction(row));
+    QSize reopened;
+    whenModal([&](QWidget* dialog) {
+        reopened = dialog->size();
+        clickButton(dialog, QDialogButtonBox::Cancel);
+    });
+    EXPECT_FALSE(window->editAction(row));
+    EXPECT_EQ(reopened, chosen);
 }
 
 TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
