@@ -291,8 +291,9 @@ std::string runnerHelpText(std::string_view topic)
     if (topic == "validate")
         return "Usage: wfbuild validate PROJECT.wfp [OPTIONS]\n"
                "\n"
-               "Reads the project and checks every enabled action as a run would, without\n"
-               "starting anything. Prints each problem with the action and the place to fix it.\n"
+               "Reads the project and checks every enabled action and clean-up action as a run\n"
+               "would, without starting anything. Prints each problem with the action and the\n"
+               "place to fix it.\n"
                "\n"
                "Options:\n"
                "  --config-dir DIR       read options.ini from DIR\n"

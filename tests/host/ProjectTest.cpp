@@ -107,7 +107,7 @@ TEST_F(Project, CleanupActionsAndContinueOnFailureRoundTripAsVersion2)
   <variables/>
   <actions>
     <action type="T_PROPS" description="lint" enabled="True" continueOnFailure="True">
-      <property name="Text"></property>
+      <property name="Text"/>
       <property name="Flag">False</property>
       <property name="Count">0</property>
       <property name="Colour">clRed</property>
