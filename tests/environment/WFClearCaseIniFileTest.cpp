@@ -51,14 +51,6 @@ private:
     wftest::TempDir m_config;
 };
 
-TEST_F(UserSettingsTest, LastViewDirectoryIsWrittenToTheUserFileKeepingTheRest)
-{
-    writeUserIni("; mine\n[Other]\nLastViewDirectory=/elsewhere\n");
-    ASSERT_TRUE(CCSetLastViewDirectory("/views/dev"));
-    EXPECT_EQ(userIni(), "; mine\n[Other]\nLastViewDirectory=/elsewhere\n\n[ClearCase]\nLastViewDirectory=/views/dev\n");
-    EXPECT_EQ(CCGetLastViewDirectory(), "/views/dev");
-}
-
 TEST_F(UserSettingsTest, DefaultViewStandsInOnlyForAnEmptyValue)
 {
     ClearCaseOptions()->SetDefaultViewPath("/views/default");
@@ -148,7 +140,6 @@ INSTANTIATE_TEST_SUITE_P(
     Flags, CustomObjectSelectorTest,
     testing::Values(FlagCase{"Missing", "", false},
                     FlagCase{"One", "[ClearCase]\nUsingCustomObjectSelector=1\n", true},
-                    FlagCase{"Zero", "[ClearCase]\nUsingCustomObjectSelector=0\n", false},
                     FlagCase{"TrueWord", "[ClearCase]\nUsingCustomObjectSelector=True\n", true},
                     FlagCase{"Garbage", "[ClearCase]\nUsingCustomObjectSelector=maybe\n", false},
                     FlagCase{"OtherSection", "[Other]\nUsingCustomObjectSelector=1\n", false}),

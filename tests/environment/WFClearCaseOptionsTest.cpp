@@ -212,7 +212,6 @@ INSTANTIATE_TEST_SUITE_P(
     Detection, DetectionTest,
     testing::Values(DetectionCase{"Off", false, "Rational ClearCase LT\n", ccFull, 0},
                     DetectionCase{"LtOnce", true, "Rational ClearCase LT\n", ccLT, 1},
-                    DetectionCase{"FullOnce", true, "Rational ClearCase\n", ccFull, 1},
                     DetectionCase{"UnknownRetried", true, "nothing useful\n", ccUnknown, 3}),
     [](const testing::TestParamInfo<DetectionCase>& info) { return info.param.name; });
 
