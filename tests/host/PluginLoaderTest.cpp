@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,11 @@ struct BadPluginCase {
     /// What the reason after "cannot load PATH: " starts with.
     std::string reason;
 };
+
+void PrintTo(const BadPluginCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
 
 class BadPlugin : public testing::TestWithParam<BadPluginCase> {};
 

@@ -113,6 +113,11 @@ struct PageLibraryCase {
     std::vector<std::string> warnings;
 };
 
+void PrintTo(const PageLibraryCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 class PageLibraryTest : public testing::TestWithParam<PageLibraryCase> {};
 
 TEST_P(PageLibraryTest, IsAskedOfTheHostOnlyByADesignTimeHost)
