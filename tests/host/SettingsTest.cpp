@@ -77,10 +77,11 @@ public:
     std::string mode;
 };
 
-TEST(OptionsServices, LoadSaveKeepsForeignSectionsAndUnwrittenKeys)
+TEST(OptionsServices, LoadSaveKeepsCommentsForeignSectionsAndUnwrittenKeysAndRefusesLineBreaks)
 {
     wftest::TempDir dir;
-    const std::string ini = dir.write("options.ini", "[Foreign]\nX=1\n\n[Demo]\nPath=/a\nMode=fast\nExtra=kept\n");
+    const std::string text = "; written by hand\n[Foreign]\nX=1\n\n[Demo]\n# the tool\nPath=/a\nMode=fast\nExtra=kept\n";
+    const std::string ini = dir.write("options.ini", text);
     WFOptionsServices().Clear();
     WFOptionsServices().RegisterOptionsClass({"TDemoOptions", [] { return std::unique_ptr<TWFOptionsObject>(new TDemoOptions); }}, "LOGO");
     std::string error;
@@ -89,32 +90,16 @@ TEST(OptionsServices, LoadSaveKeepsForeignSectionsAndUnwrittenKeys)
     ASSERT_NE(options, nullptr);
     EXPECT_EQ(options->path, "/a");
     EXPECT_EQ(WFOptionsServices().IconOf(*options), "LOGO");
+    EXPECT_EQ(WFOptionsServices().FindOptions("Tests", "Other"), nullptr);
     options->path = "/b";
     options->mode.clear();
     ASSERT_TRUE(WFOptionsServices().Save(ini, error)) << error;
-    EXPECT_EQ(wftest::readFile(ini), "[Foreign]\nX=1\n\n[Demo]\nPath=/b\nMode=fast\nExtra=kept\n");
-    EXPECT_EQ(WFOptionsServices().FindOptions("Tests", "Other"), nullptr);
-    WFOptionsServices().Clear();
-}
-
-TEST(OptionsServices, SaveKeepsCommentsAndRefusesKeysTheFileCannotHold)
-{
-    wftest::TempDir dir;
-    const std::string text = "; written by hand\n[Demo]\n# the tool\nPath=/a\n\n; other tools\n[Foreign]\nX=1\n";
-    const std::string ini = dir.write("options.ini", text);
-    WFOptionsServices().Clear();
-    WFOptionsServices().RegisterOptionsClass({"TDemoOptions", [] { return std::unique_ptr<TWFOptionsObject>(new TDemoOptions); }}, "");
-    std::string error;
-    ASSERT_TRUE(WFOptionsServices().Load(ini, error)) << error;
-    auto* options = dynamic_cast<TDemoOptions*>(WFOptionsServices().FindOptions("Tests", "Demo"));
-    ASSERT_NE(options, nullptr);
-    options->path = "/b";
-    ASSERT_TRUE(WFOptionsServices().Save(ini, error)) << error;
-    EXPECT_EQ(wftest::readFile(ini), "; written by hand\n[Demo]\n# the tool\nPath=/b\n\n; other tools\n[Foreign]\nX=1\n");
+    const std::string saved = "; written by hand\n[Foreign]\nX=1\n\n[Demo]\n# the tool\nPath=/b\nMode=fast\nExtra=kept\n";
+    EXPECT_EQ(wftest::readFile(ini), saved);
     options->path = "/c\nMode=injected";
     EXPECT_FALSE(WFOptionsServices().Save(ini, error));
     EXPECT_NE(error.find("line break"), std::string::npos) << error;
-    EXPECT_EQ(wftest::readFile(ini), "; written by hand\n[Demo]\n# the tool\nPath=/b\n\n; other tools\n[Foreign]\nX=1\n");
+    EXPECT_EQ(wftest::readFile(ini), saved);
     WFOptionsServices().Clear();
 }
 
