@@ -209,9 +209,6 @@ protected:
             {"dev/vobs/main", {"mkactivity", "-nc", "-headline", "Fix build", "fix_1"}},
             {"dev/vobs/main", {"mkactivity", "-nc", "-headline", "Other", "add_2"}},
         };
-        // Listed names that are status reports; the one a first query waits for is a folder.
-        for (int number = 1; number <= 20; ++number)
-            s_temp->write("base/vobs/main/reports/" + reportLine(number) + (number == 2 ? "/" + reportLine(4) : ""), "");
         for (const auto& step : steps) {
             if (step.args[0] == "mkelem") {
                 s_temp->write("base/vobs/main/src/a.c", "int a;\n");
@@ -227,6 +224,9 @@ protected:
             ASSERT_TRUE(process->Execute()) << process->GetErrorText();
             ASSERT_EQ(process->GetExitCode(), 0) << parameters;
         }
+        // Listed names that are status reports; the one a first query waits for is a folder.
+        for (int number = 1; number <= 20; ++number)
+            s_temp->write("base/vobs/main/reports/" + reportLine(number) + (number == 2 ? "/" + reportLine(4) : ""), "");
     }
     static void TearDownTestSuite()
     {

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <functional>
+#include <ostream>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -135,6 +136,11 @@ struct KindCase {
     /// Runs the script and lets the program go; its standard output.
     std::function<std::string(const std::string& script)> run;
 };
+
+void PrintTo(const KindCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
 
 class SpawnedProgram : public testing::TestWithParam<KindCase> {};
 
