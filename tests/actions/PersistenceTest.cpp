@@ -66,12 +66,7 @@ TEST_P(StorageStringTest, ReadsBack)
 }
 
 const std::vector<StorageCase> kStorage = {
-    {"PlainPathsMoveBeforeExtendedOnes", "TClearCaseCheckoutAction", "PathNameStorageString",
-     "x.c@@/main/1\r\na.c\r\n", "a.c\r\nx.c@@/main/1\r\n"},
-    {"AnyLineBreakSplits", "TClearCaseCheckoutAction", "PathNameStorageString", "a.c\nb.c\rc.c\r\n",
-     "a.c\r\nb.c\r\nc.c\r\n"},
-    {"LastLineWithoutBreakIsKept", "TClearCaseUnCheckOutAction", "PathNameStorageString", "a.c\r\nb.c",
-     "a.c\r\nb.c\r\n"},
+    // Splitting itself is the string list's; here plain paths, the empty one too, go first.
     {"EmptyLinesAreEntries", "TClearCaseUnCheckOutAction", "PathNameStorageString", "a@@x\r\n\r\nb.c\r\n",
      "\r\nb.c\r\na@@x\r\n"},
     {"EmptyStaysEmpty", "TClearCaseCheckoutAction", "PathNameStorageString", "", ""},
