@@ -124,7 +124,7 @@ TEST_P(BrokenRelease, CleansUpAfterItself)
     const std::string report = wftest::readFile(world.dir() + "/junit.xml");
     const auto cleanupSuite = report.find("<testsuite name=\"broken-release.wfp (clean-up)\"");
     ASSERT_NE(cleanupSuite, std::string::npos) << report;
-    const auto brokenCase = report.find("<testcase name=\"Run Program: Broken step\"");
+    const auto brokenCase = report.find(" Run Program: Broken step\" classname=");
     ASSERT_LT(brokenCase, cleanupSuite) << report;
     EXPECT_EQ(report.find("<failure message=\"" + c.failure + "\""), report.find("<failure", brokenCase)) << report;
     for (const char* cleanup : {"Give back the release check-outs", "Thaw the release label", "Say what went wrong"})

@@ -374,16 +374,19 @@ TEST_F(Wfbuild, JUnitReportHasTheCleanupAsASuiteOfItsOwn)
     const ProgramRun run = wfbuild({"run", project, "--junit", dir.file("junit.xml")});
     EXPECT_EQ(run.status, 1);
     const std::string xml = std::regex_replace(wftest::readFile(dir.file("junit.xml")), std::regex("time=\"[0-9.]+\""), "time=\"T\"");
-    const std::string cleanupSuite =
-        "  <testsuite name=\"project.wfp (clean-up)\" tests=\"2\" failures=\"0\" errors=\"0\" skipped=\"1\" time=\"T\">\n"
-        "    <testcase name=\"Test Run: undo\" classname=\"TEST_RUN\" time=\"T\"/>\n"
-        "    <testcase name=\"Test Run: off\" classname=\"TEST_RUN\" time=\"T\">\n"
-        "      <skipped message=\"disabled\"/>\n"
-        "    </testcase>\n"
-        "  </testsuite>\n</testsuites>\n";
-    ASSERT_GE(xml.size(), cleanupSuite.size()) << xml;
-    EXPECT_EQ(xml.substr(xml.size() - cleanupSuite.size()), cleanupSuite);
-    EXPECT_NE(xml.find("tests=\"3\" failures=\"1\" errors=\"0\" skipped=\"1\""), std::string::npos) << xml;
+    const std::size_t suite = xml.find("  <testsuite name=\"project.wfp (clean-up)\" tests=\"2\" failures=\"0\" errors=\"0\" "
+                                       "skipped=\"1\" time=\"T\" timestamp=");
+    ASSERT_NE(suite, std::string::npos) << xml;
+    const std::string cases = "    <testcase name=\"1 Test Run: undo\" classname=\"project.TEST_RUN\" time=\"T\">\n"
+                              "      <system-out>Command Line: \n</system-out>\n"
+                              "    </testcase>\n"
+                              "    <testcase name=\"2 Test Run: off\" classname=\"project.TEST_RUN\" time=\"T\">\n"
+                              "      <skipped message=\"disabled\"/>\n"
+                              "    </testcase>\n"
+                              "  </testsuite>\n</testsuites>\n";
+    ASSERT_GE(xml.size(), cases.size()) << xml;
+    EXPECT_EQ(xml.substr(xml.size() - cases.size()), cases);
+    EXPECT_NE(xml.find("<testsuites name=\"wfbuild\" tests=\"3\" failures=\"1\" errors=\"0\""), std::string::npos) << xml;
 }
 
 // ---- Interrupts: the program and what it started are gone, nothing further runs ----
@@ -455,7 +458,7 @@ INSTANTIATE_TEST_SUITE_P(
     Cleanup, WfbuildCleanupInterrupt,
     ::testing::Values(
         CleanupInterruptCase{"RunsToItsEndWithinTheTimeLimit", "/bin/sh", "-c true", {},
-                             "<testcase name=\"Test Run: tell\" classname=\"TEST_RUN\" time=\""},
+                             "<testcase name=\"2 Test Run: tell\" classname=\"project.TEST_RUN\" time=\""},
         CleanupInterruptCase{"IsStoppedWhenItsTimeLimitRunsOut", "/bin/sh", "-c \"sleep 20\"", {"--cleanup-timeout", "1"},
                              "<skipped message=\"not run: the clean-up time limit ran out\"/>"},
         CleanupInterruptCase{"IsEndedAtOnceByASecondInterrupt", "/bin/sh", "-c \"kill -TERM $PPID; sleep 20\"", {},
