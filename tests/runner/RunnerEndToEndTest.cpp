@@ -494,7 +494,10 @@ TEST_P(WfbuildLostOutput, EndsWithoutBeingKilledAndStopsTheProgramTree)
     EXPECT_GE(run.status, 0) << run.err;
     EXPECT_LT(run.status, 128) << "wfbuild was killed by signal " << run.status - 128;
     EXPECT_NE(run.err.find(c.errLine), std::string::npos) << run.err;
-    EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<testcase name=\"1 Test Run: noisy\""), std::string::npos);
+    // Under a file size limit the report, which carries the action's output, cannot be written either.
+    if (c.fileSizeLimit == 0) {
+        EXPECT_NE(wftest::readFile(dir.file("junit.xml")).find("<testcase name=\"1 Test Run: noisy\""), std::string::npos);
+    }
     const int child = std::stoi(wftest::readFile(dir.file("child.pid")));
     EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
 }
