@@ -81,6 +81,16 @@ def bench_overhead(args, work, rounds):
             "wfbuild_cpu": wf_c, "script_cpu": sh_c, "cpu_ratio": wf_c / sh_c}
 
 
+def growth_table(intro, columns, rows, conclusion):
+    """A table of (count, file size, seconds) rows and a line on how the time grew from the
+    first row to the last."""
+    what, measured = columns
+    lines = [intro, "", f"| {what} | file size | {measured} |", "|---|---|---|"]
+    lines += [f"| {count} | {size / MB:.1f} MB | {seconds:.4f} s |" for count, size, seconds in rows]
+    growth = rows[-1][2] / max(rows[0][2], 1e-9)
+    return lines + ["", conclusion(growth), ""]
+
+
 def overhead_section(o):
     return ["## Per-action overhead", "",
             f"`wfbuild run` on a project of {o['actions']} check-out actions against a compiled "
@@ -349,20 +359,18 @@ def main():
     scale = sum(large[1:]) / sum(small[1:])
     lines += ["", f"- 10 times the actions take {scale:.1f} times as long (linear: about 10): "
                   f"{verdict(scale <= 13)}", ""]
-    lines += ["Attributes on one element: a tag with more than 64 attributes is refused by one pass over the "
-              "text before the XML reader (whose duplicate check grows with the square of the count) sees it.", "",
-              "| attributes | file size | refused after |", "|---|---|---|"]
-    lines += [f"| {count} | {size / MB:.1f} MB | {seconds:.4f} s |" for count, size, seconds in crowded]
-    growth = crowded[-1][2] / max(crowded[0][2], 1e-9)
-    lines += ["", f"- 100 times the attributes take {growth:.0f} times as long (linear: about 100, "
-                  f"quadratic before: 100 000 took 16 s): {verdict(growth <= 200)}", ""]
-    lines += ["Variables: a project's variables are checked for duplicates through a set, so reading them "
-              "takes time in proportion to their number.", "",
-              "| variables | file size | read |", "|---|---|---|"]
-    lines += [f"| {count} | {size / MB:.1f} MB | {seconds:.4f} s |" for count, size, seconds in variables]
-    growth = variables[-1][2] / max(variables[0][2], 1e-9)
-    lines += ["", f"- 16 times the variables take {growth:.1f} times as long (linear: about 16, "
-                  f"quadratic before: 160 000 took 47 s): {verdict(growth <= 24)}", ""]
+    lines += growth_table(
+        "Attributes on one element: a tag with more than 64 attributes is refused by one pass over the "
+        "text before the XML reader (whose duplicate check grows with the square of the count) sees it.",
+        ("attributes", "refused after"), crowded,
+        lambda growth: f"- 100 times the attributes take {growth:.0f} times as long (linear: about 100, "
+                       f"quadratic before: 100 000 took 16 s): {verdict(growth <= 200)}")
+    lines += growth_table(
+        "Variables: a project's variables are checked for duplicates through a set, so reading them "
+        "takes time in proportion to their number.",
+        ("variables", "read"), variables,
+        lambda growth: f"- 16 times the variables take {growth:.1f} times as long (linear: about 16, "
+                       f"quadratic before: 160 000 took 47 s): {verdict(growth <= 24)}")
     lines += ["## Queries", "",
               f"The all-components query over {queries['vobs']} project VOBs against the simulator "
               f"({queries['lines']} components found), and the same {queries['vobs'] + 1} command lines started directly.", "",
