@@ -180,12 +180,12 @@ void TClearCaseViewPathNameFrame::menuFileClick()
     TWFBrowseFileRequest request;
     request.title = "Select File";
     request.initialDir = CCGetLastViewDirectory();
-    std::string chosen;
-    if (!WFBrowseForFile(request, chosen))
+    std::vector<std::string> chosen;
+    if (!WFBrowseForFiles(request, chosen))
         return;
-    const QString file = QString::fromStdString(chosen);
-    appendPath(file);
-    CCSetLastViewDirectory(folderOf(file));
+    for (const std::string& file : chosen)
+        appendPath(QString::fromStdString(file));
+    CCSetLastViewDirectory(folderOf(QString::fromStdString(chosen.back())));
 }
 
 void TClearCaseViewPathNameFrame::editButtonClick()

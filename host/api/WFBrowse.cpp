@@ -14,6 +14,12 @@ TWFBrowseForFileHook& fileHook()
     return hook;
 }
 
+TWFBrowseForFilesHook& filesHook()
+{
+    static TWFBrowseForFilesHook hook;
+    return hook;
+}
+
 } // namespace
 
 bool WFBrowseForDirectory(const std::string& initialDir, std::string& dir, const std::string& caption)
@@ -26,6 +32,17 @@ bool WFBrowseForFile(const TWFBrowseFileRequest& request, std::string& file)
     return fileHook() ? fileHook()(request, file) : false;
 }
 
+bool WFBrowseForFiles(const TWFBrowseFileRequest& request, std::vector<std::string>& files)
+{
+    if (filesHook())
+        return filesHook()(request, files) && !files.empty();
+    std::string file;
+    if (!WFBrowseForFile(request, file))
+        return false;
+    files = {file};
+    return true;
+}
+
 void SetWFBrowseForDirectoryHook(TWFBrowseForDirectoryHook hook)
 {
     directoryHook() = std::move(hook);
@@ -34,4 +51,9 @@ void SetWFBrowseForDirectoryHook(TWFBrowseForDirectoryHook hook)
 void SetWFBrowseForFileHook(TWFBrowseForFileHook hook)
 {
     fileHook() = std::move(hook);
+}
+
+void SetWFBrowseForFilesHook(TWFBrowseForFilesHook hook)
+{
+    filesHook() = std::move(hook);
 }

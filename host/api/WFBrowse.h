@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 /// Modal folder picker; true when the user chose a folder. The design-time part installs a
 /// dialog; tests may install an answer. Without a hook the picker is cancelled.
@@ -24,8 +25,13 @@ struct WF_API TWFBrowseFileRequest {
 };
 /// Modal file picker; true when the user chose a file.
 WF_API bool WFBrowseForFile(const TWFBrowseFileRequest& request, std::string& file);
+/// Modal picker of one or more existing files; true when the user chose at least one. Without a
+/// hook of its own it asks the single-file picker.
+WF_API bool WFBrowseForFiles(const TWFBrowseFileRequest& request, std::vector<std::string>& files);
 
 using TWFBrowseForDirectoryHook = std::function<bool(const std::string& initialDir, std::string& dir, const std::string& caption)>;
 using TWFBrowseForFileHook = std::function<bool(const TWFBrowseFileRequest& request, std::string& file)>;
+using TWFBrowseForFilesHook = std::function<bool(const TWFBrowseFileRequest& request, std::vector<std::string>& files)>;
 WF_API void SetWFBrowseForDirectoryHook(TWFBrowseForDirectoryHook hook);
 WF_API void SetWFBrowseForFileHook(TWFBrowseForFileHook hook);
+WF_API void SetWFBrowseForFilesHook(TWFBrowseForFilesHook hook);

@@ -62,7 +62,9 @@ void WFRunBusyWithIndicator(const std::string& message, const std::function<void
     delay.start(delayMs);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     if (!*done) {
-        TWFBusyIndicator indicator(QString::fromStdString(message), QApplication::activeWindow());
+        // Over the dialog that asked, even before the window manager made it the active window.
+        QWidget* over = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : QApplication::activeWindow();
+        TWFBusyIndicator indicator(QString::fromStdString(message), over);
         QObject::connect(&indicator, &TWFBusyIndicator::cancelRequested, [&cancel] {
             if (cancel)
                 cancel();

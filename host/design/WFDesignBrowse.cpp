@@ -27,6 +27,26 @@ QStringList nameFilters(const std::string& filter)
     return filters;
 }
 
+bool browseForFiles(const TWFBrowseFileRequest& request, bool several, std::vector<std::string>& files)
+{
+    QFileDialog dialog(QApplication::activeWindow(), text(request.title), text(request.initialDir));
+    if (!request.filter.empty())
+        dialog.setNameFilters(nameFilters(request.filter));
+    if (!request.fileName.empty())
+        dialog.selectFile(text(request.fileName));
+    dialog.setDefaultSuffix(text(request.defaultExtension));
+    dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(several ? QFileDialog::ExistingFiles
+                       : request.save || !request.mustExist ? QFileDialog::AnyFile
+                                                            : QFileDialog::ExistingFile);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return false;
+    files.clear();
+    for (const QString& file : dialog.selectedFiles())
+        files.push_back(file.toStdString());
+    return true;
+}
+
 } // namespace
 
 void WFInstallDialogBrowsers()
@@ -39,17 +59,13 @@ void WFInstallDialogBrowsers()
         return true;
     });
     SetWFBrowseForFileHook([](const TWFBrowseFileRequest& request, std::string& file) {
-        QFileDialog dialog(QApplication::activeWindow(), text(request.title), text(request.initialDir));
-        if (!request.filter.empty())
-            dialog.setNameFilters(nameFilters(request.filter));
-        if (!request.fileName.empty())
-            dialog.selectFile(text(request.fileName));
-        dialog.setDefaultSuffix(text(request.defaultExtension));
-        dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-        dialog.setFileMode(request.save || !request.mustExist ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        std::vector<std::string> files;
+        if (!browseForFiles(request, false, files))
             return false;
-        file = dialog.selectedFiles().front().toStdString();
+        file = files.front();
         return true;
+    });
+    SetWFBrowseForFilesHook([](const TWFBrowseFileRequest& request, std::vector<std::string>& files) {
+        return browseForFiles(request, true, files);
     });
 }

@@ -10,11 +10,14 @@
 class IWFActionPage;
 class QCheckBox;
 class QLineEdit;
+class QPlainTextEdit;
 class QTabWidget;
+class QTimer;
 
 /// Edits a copy of an action on the pages its package registered, in their order, and the
-/// host's General tab. The pages read the copy when the dialog opens and write it back on OK;
-/// the action given is never touched, so Cancel changes nothing.
+/// host's General tab. The pages read the copy once the dialog is open and write it back on OK;
+/// the action given is never touched, so Cancel changes nothing. Below the pages, the command
+/// line a dry run would show for the action as edited, or why it would not run.
 class TActionDialog final : public QDialog {
     Q_OBJECT
 public:
@@ -27,14 +30,23 @@ public:
     /// Shows the tab whose caption is `caption` ("General" for the host's own); false when none is.
     bool showPage(const QString& caption);
     QTabWidget* tabs() const { return m_tabs; }
+    QPlainTextEdit* preview() const { return m_preview; }
+    /// Reads the action into the pages, once; the dialog does it when it is first shown.
+    void fillPages();
 
     void accept() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void showHelp();
+    void watchEdits(QWidget* root);
+    /// A copy of the action with what the pages show written into it.
+    std::unique_ptr<TCustomWFAction> editedAction();
+    TWFActionHost host() const;
+    void updatePreview();
 
     std::unique_ptr<TCustomWFAction> m_action;
     std::unique_ptr<TCustomWFAction> m_result;
@@ -43,6 +55,9 @@ private:
     QLineEdit* m_description;
     QCheckBox* m_enabled;
     QCheckBox* m_continueOnFailure;
+    QPlainTextEdit* m_preview;
+    QTimer* m_previewTimer;
+    bool m_filled = false;
     std::vector<IWFActionPage*> m_pages;
     int m_activePage = -1;
 };

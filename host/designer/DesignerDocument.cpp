@@ -185,12 +185,13 @@ void TDesignerDocument::insertActions(int row, std::vector<std::unique_ptr<TCust
     });
 }
 
-void TDesignerDocument::removeActions(std::vector<int> rows)
+void TDesignerDocument::removeActions(std::vector<int> rows, const QString& label)
 {
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     std::erase_if(rows, [this](int row) { return !actionAt(row); });
-    change(rows.size() == 1 ? tr("Remove action") : tr("Remove %1 actions").arg(rows.size()), [&](TWFProject& project) {
+    const QString text = !label.isEmpty() ? label : rows.size() == 1 ? tr("Remove action") : tr("Remove %1 actions").arg(rows.size());
+    change(text, [&](TWFProject& project) {
         editRows(project, [&](TActionList& list) {
             for (auto it = rows.rbegin(); it != rows.rend(); ++it)
                 list.erase(list.begin() + *it);

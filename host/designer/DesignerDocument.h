@@ -56,7 +56,8 @@ public:
     void change(const QString& label, const std::function<void(TWFProject&)>& edit);
     /// Inserts before a row; at the heading row, at the end of the actions.
     void insertActions(int row, std::vector<std::unique_ptr<TCustomWFAction>> actions, const QString& label);
-    void removeActions(std::vector<int> rows);
+    /// label names the undo step; "Remove action" when empty.
+    void removeActions(std::vector<int> rows, const QString& label = {});
     void moveAction(int from, int to);
     void replaceAction(int row, std::unique_ptr<TCustomWFAction> action);
     void setEnabled(const std::vector<int>& rows, bool enabled);

@@ -72,6 +72,8 @@ QIcon statusIcon(TRunStatus status)
         return dot(QColor(40, 170, 70));
     case TRunStatus::Failed:
         return dot(QColor(210, 50, 40));
+    case TRunStatus::Stopped:
+        return dot(QColor(230, 150, 30));
     case TRunStatus::Skipped:
         return dot(QColor(200, 200, 200));
     }
@@ -91,6 +93,8 @@ QString statusText(TRunStatus status)
         return QObject::tr("Succeeded");
     case TRunStatus::Failed:
         return QObject::tr("Failed");
+    case TRunStatus::Stopped:
+        return QObject::tr("Stopped");
     case TRunStatus::Skipped:
         return QObject::tr("Skipped");
     }

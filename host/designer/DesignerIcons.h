@@ -4,7 +4,7 @@
 #include <QString>
 
 /// Where an action stands in the current or last run.
-enum class TRunStatus { None, Waiting, Running, Succeeded, Failed, Skipped };
+enum class TRunStatus { None, Waiting, Running, Succeeded, Failed, Stopped, Skipped };
 
 /// The 16x16 bitmap a package carries under the name (an action's type ID, an options icon);
 /// a plain placeholder when no loaded package has it.

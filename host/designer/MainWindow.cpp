@@ -25,6 +25,7 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
@@ -106,10 +107,12 @@ TMainWindow::TMainWindow(const QString& settingsFile, QWidget* parent)
     m_projectView->setContextMenuPolicy(Qt::ActionsContextMenu);
     m_projectView->header()->setStretchLastSection(false);
     m_projectView->header()->setSectionResizeMode(TProjectModel::ActionColumn, QHeaderView::Stretch);
+    m_projectView->header()->setSectionResizeMode(TProjectModel::ValidColumn, QHeaderView::ResizeToContents);
     m_projectView->header()->resizeSection(TProjectModel::StatusColumn, 110);
     m_projectView->header()->resizeSection(TProjectModel::TimeColumn, 70);
     setCentralWidget(m_projectView);
     connect(m_projectView, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) { editAction(index.row()); });
+    m_projectView->installEventFilter(this);
 
     createCatalogue();
     createDocks();
@@ -120,24 +123,44 @@ TMainWindow::TMainWindow(const QString& settingsFile, QWidget* parent)
     statusBar()->addPermanentWidget(m_runLabel);
     m_clock = new QTimer(this);
     m_clock->setInterval(200);
-    connect(m_clock, &QTimer::timeout, this, [this] {
-        m_runLabel->setText(tr("Running: %1 s").arg(m_runTime.elapsed() / 1000.0, 0, 'f', 1));
-    });
+    connect(m_clock, &QTimer::timeout, this, &TMainWindow::showRunProgress);
+    // Validity follows every change, once the edits of one moment are done.
+    m_validityTimer = new QTimer(this);
+    m_validityTimer->setSingleShot(true);
+    m_validityTimer->setInterval(150);
+    connect(m_validityTimer, &QTimer::timeout, this, [this] { checkValidity(nullptr); });
+    connect(m_document, &TDesignerDocument::projectChanged, m_validityTimer, qOverload<>(&QTimer::start));
 
     connect(m_document, &TDesignerDocument::pathChanged, this, &TMainWindow::updateTitle);
     connect(&m_document->undoStack(), &QUndoStack::cleanChanged, this, &TMainWindow::updateTitle);
     connect(m_document, &TDesignerDocument::projectChanged, this, &TMainWindow::updateActions);
     connect(m_projectView->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TMainWindow::updateActions);
+    // A change rebuilds the list; undo, redo and edits keep the rows the user had selected.
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        m_keptSelection = selectedRows();
+        m_keptCurrent = m_projectView->currentIndex().row();
+    });
     connect(m_model, &QAbstractItemModel::modelReset, this, [this] {
         connect(m_projectView->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TMainWindow::updateActions,
                 Qt::UniqueConnection);
+        selectRows(m_keptSelection, m_keptCurrent);
     });
+    connect(m_model, &TProjectModel::typeDropped, this, [this](int row, const QString& typeId) { addCatalogueAction(typeId, row); });
+    connect(m_model, &TProjectModel::rowDropped, this, &TMainWindow::selectRow);
 
     connect(m_runner, &TRunController::logLine, this, &TMainWindow::appendLog);
-    connect(m_runner, &TRunController::actionStarted, this, [this](int row) { m_model->setRunState(row, TRunStatus::Running); });
+    connect(m_runner, &TRunController::actionStarted, this, [this](int row) {
+        m_model->setRunState(row, TRunStatus::Running, 0);
+        m_progress.row = row;
+        ++(row < m_document->cleanupHeadingRow() ? m_progress.started : m_progress.cleanupStarted);
+        m_progress.actionTime.start();
+        showRunProgress();
+    });
     connect(m_runner, &TRunController::actionFinished, this,
             [this](int row, TRunStatus status, double seconds, const QString&) {
                 m_model->setRunState(row, status, status == TRunStatus::Skipped ? -1 : seconds);
+                if (row == m_progress.row)
+                    m_progress.row = -1;
             });
     connect(m_runner, &TRunController::finished, this, &TMainWindow::runFinished);
 
@@ -184,7 +207,6 @@ void TMainWindow::createCatalogue()
     dock->setWidget(panel);
     dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
     addDockWidget(Qt::LeftDockWidgetArea, dock);
-    resizeDocks({dock}, {300}, Qt::Horizontal);
     connect(m_filter, &QLineEdit::textChanged, this, &TMainWindow::filterCatalogue);
     connect(m_catalogue, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
         if (const QVariant typeId = item->data(0, kTypeIdRole); !typeId.isNull())
@@ -214,6 +236,13 @@ void TMainWindow::fillCatalogue()
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
     }
     m_catalogue->expandAll();
+    // Wide enough for the longest name, so no entry is cut short.
+    if (auto* dock = findChild<QDockWidget*>("catalogueDock")) {
+        m_catalogue->resizeColumnToContents(0);
+        const int width = m_catalogue->columnWidth(0) + m_catalogue->verticalScrollBar()->sizeHint().width()
+            + 2 * m_catalogue->frameWidth() + 16;
+        resizeDocks({dock}, {std::max(width, 240)}, Qt::Horizontal);
+    }
 }
 
 void TMainWindow::filterCatalogue(const QString& text)
@@ -266,6 +295,7 @@ void TMainWindow::createActions()
     QAction* saveAs = nullptr;
     QAction* exit = nullptr;
     QAction* variables = nullptr;
+    QAction* selectAll = nullptr;
     QAction* options = nullptr;
     QAction* help = nullptr;
     QAction* about = nullptr;
@@ -292,27 +322,35 @@ void TMainWindow::createActions()
              if (!maybeSave())
                  return;
              TWFBrowseFileRequest request{tr("Open Project").toStdString(), projectFilter().toStdString(),
-                                          QFileInfo(m_document->path()).absolutePath().toStdString(), "wfp", true, false, {}};
+                                          projectFolder().toStdString(), "wfp", true, false, {}};
              if (std::string path; WFBrowseForFile(request, path))
                  openProject(QString::fromStdString(path));
          }},
         {&m_save, tr("&Save"), "actionSave", QKeySequence::Save, QStyle::SP_DialogSaveButton, [this] { saveProject(); }},
-        {&saveAs, tr("Save &As..."), "actionSaveAs", QKeySequence::SaveAs, noIcon, [this] { saveProjectAs({}); }},
+        // Not every platform theme binds Save As; build engineers expect Ctrl+Shift+S everywhere.
+        {&saveAs, tr("Save &As..."), "actionSaveAs", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), noIcon,
+         [this] { saveProjectAs({}); }},
         {&exit, tr("E&xit"), "actionExit", QKeySequence::Quit, noIcon, [this] { close(); }},
         {&undo, {}, "actionUndo", QKeySequence::Undo, QStyle::SP_ArrowBack, {}},
         {&redo, {}, "actionRedo", QKeySequence::Redo, QStyle::SP_ArrowForward, {}},
+        {&m_cut, tr("Cu&t"), "actionCut", QKeySequence::Cut, noIcon, [this] { cutSelection(); }},
         {&m_copy, tr("&Copy"), "actionCopy", QKeySequence::Copy, noIcon, [this] { copySelection(); }},
         {&m_paste, tr("&Paste"), "actionPaste", QKeySequence::Paste, noIcon, [this] { paste(); }},
+        {&m_duplicate, tr("D&uplicate"), "actionDuplicate", QKeySequence(Qt::CTRL | Qt::Key_D), noIcon,
+         [this] { duplicateSelection(); }},
+        {&selectAll, tr("Select &All"), "actionSelectAll", QKeySequence::SelectAll, noIcon, [this] { m_projectView->selectAll(); }},
         {&m_remove, tr("Re&move"), "actionRemove", QKeySequence::Delete, QStyle::SP_TrashIcon, [this] { removeSelection(); }},
         {&m_moveUp, tr("Move &Up"), "actionMoveUp", QKeySequence(Qt::CTRL | Qt::Key_Up), QStyle::SP_ArrowUp,
          [this] { moveSelection(-1); }},
         {&m_moveDown, tr("Move &Down"), "actionMoveDown", QKeySequence(Qt::CTRL | Qt::Key_Down), QStyle::SP_ArrowDown,
          [this] { moveSelection(1); }},
-        {&m_enable, tr("&Enable"), "actionEnable", {}, noIcon, [this] { setSelectionEnabled(true); }},
-        {&m_disable, tr("D&isable"), "actionDisable", {}, noIcon, [this] { setSelectionEnabled(false); }},
+        {&m_enable, tr("&Enable"), "actionEnable", QKeySequence(Qt::CTRL | Qt::Key_E), noIcon, [this] { setSelectionEnabled(true); }},
+        {&m_disable, tr("D&isable"), "actionDisable", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), noIcon,
+         [this] { setSelectionEnabled(false); }},
         {&m_properties, tr("&Properties..."), "actionProperties", QKeySequence(Qt::Key_Return),
          QStyle::SP_FileDialogDetailedView, [this] { editAction(currentRow()); }},
-        {&variables, tr("&Variables..."), "actionVariables", {}, noIcon, [this] { editVariables(); }},
+        {&variables, tr("&Variables..."), "actionVariables", QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_V), noIcon,
+         [this] { editVariables(); }},
         {&m_run, tr("&Run"), "actionRun", QKeySequence(Qt::Key_F9), QStyle::SP_MediaPlay, [this] { runProject(0, false); }},
         {&m_runFrom, tr("Run &From Selected Action"), "actionRunFrom", QKeySequence(Qt::SHIFT | Qt::Key_F9),
          QStyle::SP_MediaSeekForward, [this] { runProject(std::max(currentRow(), 0), false); }},
@@ -341,8 +379,8 @@ void TMainWindow::createActions()
     m_recentMenu = new QMenu(tr("Open &Recent"), this);
     const std::pair<QString, std::vector<QAction*>> menus[] = {
         {tr("&File"), {newAction, open, m_recentMenu->menuAction(), m_save, saveAs, nullptr, exit}},
-        {tr("&Edit"), {undo, redo, nullptr, m_copy, m_paste, m_remove, nullptr, m_moveUp, m_moveDown, m_enable, m_disable,
-                       nullptr, m_properties, variables}},
+        {tr("&Edit"), {undo, redo, nullptr, m_cut, m_copy, m_paste, m_duplicate, m_remove, selectAll, nullptr, m_moveUp,
+                       m_moveDown, m_enable, m_disable, nullptr, m_properties, variables}},
         {tr("&Project"), {m_run, m_runFrom, m_dryRun, m_stop, nullptr, m_validate}},
         {tr("&Tools"), {options}},
         {tr("&Help"), {help, about}},
@@ -365,7 +403,8 @@ void TMainWindow::createActions()
     bar->setIconSize(QSize(16, 16));
     fill(bar, {newAction, open, m_save, nullptr, undo, redo, nullptr, m_moveUp, m_moveDown, m_remove, m_properties, nullptr,
                m_run, m_runFrom, m_stop, m_validate});
-    m_projectView->addActions({m_properties, m_copy, m_paste, m_remove, m_moveUp, m_moveDown, m_enable, m_disable});
+    m_projectView->addActions(
+        {m_properties, m_cut, m_copy, m_paste, m_duplicate, m_remove, m_moveUp, m_moveDown, m_enable, m_disable});
 }
 
 void TMainWindow::updateTitle()
@@ -380,8 +419,16 @@ void TMainWindow::updateActions()
     const bool running = m_runner->isRunning();
     const bool selected = !selectedRows().empty();
     const bool hasActions = !m_document->project().actions.empty();
-    for (QAction* action : {m_copy, m_remove, m_moveUp, m_moveDown, m_enable, m_disable, m_properties})
+    for (QAction* action : {m_cut, m_copy, m_duplicate, m_remove, m_moveUp, m_moveDown, m_properties})
         action->setEnabled(selected && !running);
+    // Greyed when they would change nothing.
+    bool anyEnabled = false;
+    bool anyDisabled = false;
+    for (int row : selectedRows())
+        if (const TCustomWFAction* action = m_document->actionAt(row))
+            (action->GetEnabled() ? anyEnabled : anyDisabled) = true;
+    m_enable->setEnabled(anyDisabled && !running);
+    m_disable->setEnabled(anyEnabled && !running);
     m_paste->setEnabled(!running);
     m_run->setEnabled(hasActions && !running);
     m_runFrom->setEnabled(selected && !running);
@@ -419,6 +466,33 @@ void TMainWindow::selectRow(int row)
     m_projectView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
+void TMainWindow::selectRows(const std::vector<int>& rows, int current)
+{
+    const int count = m_model->rowCount();
+    QItemSelection selection;
+    for (int row : rows)
+        if (row < count)
+            selection.select(m_model->index(row, 0), m_model->index(row, TProjectModel::ColumnCount - 1));
+    if (current >= count)
+        current = count - 1;
+    if (current >= 0)
+        m_projectView->selectionModel()->setCurrentIndex(m_model->index(current, 0), QItemSelectionModel::NoUpdate);
+    m_projectView->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+bool TMainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    // Space switches every selected action, not only the one under the cursor.
+    if (watched == m_projectView && event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space && static_cast<QKeyEvent*>(event)->modifiers() == Qt::NoModifier) {
+        const TCustomWFAction* current = m_document->actionAt(currentRow());
+        if (current && !m_runner->isRunning())
+            setSelectionEnabled(!current->GetEnabled());
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void TMainWindow::newProject()
 {
     m_document->newProject();
@@ -441,6 +515,7 @@ bool TMainWindow::openProject(const QString& path)
     m_problems->clear();
     addRecentFile(m_document->path());
     statusBar()->showMessage(tr("Opened %1").arg(m_document->path()), 5000);
+    selectRow(0);
     return true;
 }
 
@@ -453,8 +528,8 @@ bool TMainWindow::saveProjectAs(const QString& path)
 {
     QString target = path;
     if (target.isEmpty()) {
-        TWFBrowseFileRequest request{tr("Save Project As").toStdString(), projectFilter().toStdString(),
-                                     QFileInfo(m_document->path()).absolutePath().toStdString(), "wfp", false, true, QFileInfo(m_document->path()).fileName().toStdString()};
+        TWFBrowseFileRequest request{tr("Save Project As").toStdString(), projectFilter().toStdString(), projectFolder().toStdString(),
+                                     "wfp", false, true, QFileInfo(m_document->path()).fileName().toStdString()};
         std::string chosen;
         if (!WFBrowseForFile(request, chosen))
             return false;
@@ -525,6 +600,15 @@ TMainWindow::TSaveChoice TMainWindow::confirmSavingOver()
     return TSaveChoice::Overwrite;
 }
 
+QString TMainWindow::projectFolder() const
+{
+    // Never the folder a page browsed last: the project's own, else the last project's.
+    QString path = m_document->path();
+    if (path.isEmpty() && !recentFiles().isEmpty())
+        path = recentFiles().front();
+    return path.isEmpty() ? QDir::homePath() : QFileInfo(path).absolutePath();
+}
+
 bool TMainWindow::maybeSave()
 {
     if (!m_document->isModified())
@@ -592,14 +676,20 @@ void TMainWindow::fillRecentMenu()
     m_recentMenu->setEnabled(!files.isEmpty());
 }
 
-bool TMainWindow::addCatalogueAction(const QString& typeId)
+bool TMainWindow::addCatalogueAction(const QString& typeId, int row)
 {
     auto action = WFActionServices().CreateAction(typeId.toStdString());
-    if (!action)
+    if (!action || m_runner->isRunning())
         return false;
-    const int row = currentRow() < 0 ? m_document->cleanupHeadingRow() : currentRow() + 1;
+    if (row < 0)
+        row = currentRow() < 0 ? m_document->cleanupHeadingRow() : currentRow() + 1;
+    // What is stored is what the pages showed: a new action is added through its dialog, and
+    // Cancel adds nothing.
+    auto edited = runActionDialog(*action, {});
+    if (!edited)
+        return false;
     std::vector<std::unique_ptr<TCustomWFAction>> actions;
-    actions.push_back(std::move(action));
+    actions.push_back(std::move(edited));
     m_document->insertActions(row, std::move(actions), tr("Add action"));
     selectRow(row);
     return true;
@@ -609,18 +699,26 @@ bool TMainWindow::editAction(int row, const QString& page)
 {
     if (!m_document->actionAt(row) || m_runner->isRunning())
         return false;
+    auto edited = runActionDialog(*m_document->actionAt(row), page);
+    if (!edited)
+        return false;
+    m_document->replaceAction(row, std::move(edited));
+    selectRow(row);
+    return true;
+}
+
+std::unique_ptr<TCustomWFAction> TMainWindow::runActionDialog(const TCustomWFAction& action, const QString& page)
+{
     TWFBuildVariables variables;
     m_document->project().DefineVariables(variables);
     TWFActionHost host = validationHost(variables);
-    TActionDialog dialog(*m_document->actionAt(row), this, &host);
+    TActionDialog dialog(action, this, &host);
     const TDialogSize size(dialog, *m_settings, "actionDialog/size");
     if (!page.isEmpty())
         dialog.showPage(page);
     if (dialog.exec() != QDialog::Accepted)
-        return false;
-    m_document->replaceAction(row, dialog.takeResult());
-    selectRow(row);
-    return true;
+        return nullptr;
+    return dialog.takeResult();
 }
 
 void TMainWindow::editVariables()
@@ -647,6 +745,38 @@ void TMainWindow::copySelection()
     data->setData("application/x-wrenfield-project", text);
     data->setText(QString::fromUtf8(text));
     QApplication::clipboard()->setMimeData(data);
+}
+
+void TMainWindow::cutSelection()
+{
+    const auto rows = selectedRows();
+    copySelection();
+    if (!rows.empty())
+        m_document->removeActions(rows, tr("Cut"));
+    if (!rows.empty())
+        selectRow(std::min(rows.front(), m_model->rowCount() - 1));
+}
+
+void TMainWindow::duplicateSelection()
+{
+    std::vector<int> rows;
+    for (int row : selectedRows())
+        if (m_document->actionAt(row))
+            rows.push_back(row);
+    if (rows.empty())
+        return;
+    std::vector<std::unique_ptr<TCustomWFAction>> actions;
+    QString error;
+    if (!TDesignerDocument::actionsFromText(m_document->actionsText(rows), actions, error))
+        return;
+    // The copies go below the last selected action, in its section, and become the selection.
+    const int at = rows.back() + 1;
+    const int count = static_cast<int>(actions.size());
+    m_document->insertActions(at, std::move(actions), count == 1 ? tr("Duplicate action") : tr("Duplicate %1 actions").arg(count));
+    std::vector<int> copies;
+    for (int i = 0; i < count; ++i)
+        copies.push_back(at + i);
+    selectRows(copies, at);
 }
 
 void TMainWindow::paste()
@@ -689,10 +819,7 @@ void TMainWindow::moveSelection(int delta)
 
 void TMainWindow::setSelectionEnabled(bool enabled)
 {
-    const auto rows = selectedRows();
-    m_document->setEnabled(rows, enabled);
-    if (!rows.empty())
-        selectRow(rows.front());
+    m_document->setEnabled(selectedRows(), enabled);
 }
 
 bool TMainWindow::isRunning() const
@@ -715,11 +842,28 @@ bool TMainWindow::runProject(int first, bool dryRun)
         m_model->clearRunState();
         return false;
     }
+    m_progress = {};
+    for (int row = first; row < m_document->cleanupHeadingRow(); ++row)
+        m_progress.total += m_document->actionAt(row)->GetEnabled() ? 1 : 0;
+    for (int row = m_document->cleanupHeadingRow() + 1; row < m_model->rowCount(); ++row)
+        m_progress.cleanupTotal += m_document->actionAt(row)->GetEnabled() ? 1 : 0;
     m_runTime.start();
     m_clock->start();
-    m_runLabel->setText(tr("Running"));
+    showRunProgress();
     updateActions();
     return true;
+}
+
+void TMainWindow::showRunProgress()
+{
+    const QString seconds = QString::number(m_runTime.elapsed() / 1000.0, 'f', 1);
+    if (m_progress.cleanupStarted > 0)
+        m_runLabel->setText(tr("Cleaning up %1/%2 (%3 s)").arg(m_progress.cleanupStarted).arg(m_progress.cleanupTotal).arg(seconds));
+    else
+        m_runLabel->setText(tr("Running %1/%2 (%3 s)").arg(m_progress.started).arg(m_progress.total).arg(seconds));
+    // The running action's time counts up as it runs.
+    if (m_progress.row >= 0)
+        m_model->setRunState(m_progress.row, TRunStatus::Running, m_progress.actionTime.elapsed() / 1000.0);
 }
 
 void TMainWindow::stopRun()
@@ -733,6 +877,7 @@ void TMainWindow::stopRun()
 void TMainWindow::runFinished(int status)
 {
     m_clock->stop();
+    m_progress.row = -1;
     const QString seconds = QString::number(m_runTime.elapsed() / 1000.0, 'f', 1);
     const QString outcome = status == 0 ? tr("Succeeded") : status == 130 ? tr("Stopped") : tr("Failed");
     m_runLabel->setText(tr("%1 in %2 s").arg(outcome, seconds));
@@ -766,6 +911,41 @@ void TMainWindow::appendLog(const QString& text, bool isError)
 int TMainWindow::validateProject()
 {
     m_problems->clear();
+    int invalid = 0;
+    const int checked = checkValidity([&](const TActionValidation& action, int row) {
+        ++invalid;
+        const QString title = (action.cleanup ? tr("Clean-up action %1 (%2)") : tr("Action %1 (%2)"))
+                                  .arg(action.index + 1)
+                                  .arg(QString::fromStdString(action.title));
+        auto* parent = new QTreeWidgetItem(m_problems, {title});
+        parent->setIcon(0, QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning));
+        parent->setData(0, kRowRole, row);
+        for (const auto& error : action.errors) {
+            auto* item = new QTreeWidgetItem(parent, {QString::fromStdString(error.location), QString::fromStdString(error.message)});
+            item->setData(0, kRowRole, row);
+            item->setData(0, kLocationRole, QString::fromStdString(error.location));
+        }
+    });
+    if (checked < 0)
+        return -1;
+    const QString summary = !invalid ? tr("All %1 enabled actions are valid.").arg(checked)
+        : invalid == 1               ? tr("1 of %1 enabled actions is not valid.").arg(checked)
+                                     : tr("%1 of %2 enabled actions are not valid.").arg(invalid).arg(checked);
+    statusBar()->showMessage(summary, 10000);
+    if (!invalid) {
+        auto* item = new QTreeWidgetItem(m_problems, {summary});
+        item->setFirstColumnSpanned(true);
+    }
+    m_problems->expandAll();
+    m_problems->resizeColumnToContents(0);
+    if (auto* dock = findChild<QDockWidget*>("problemsDock"))
+        dock->raise();
+    return invalid;
+}
+
+int TMainWindow::checkValidity(const std::function<void(const TActionValidation&, int row)>& onInvalid)
+{
+    m_validityTimer->stop();
     TWFProject project;
     std::vector<TWFProjectDiagnostic> diagnostics;
     // Validation sees what a run would: the project as it would be saved.
@@ -774,33 +954,17 @@ int TMainWindow::validateProject()
     TWFBuildVariables variables;
     project.DefineVariables(variables);
     TWFActionHost host = validationHost(variables);
-    int invalid = 0;
+    std::vector<QStringList> errors(static_cast<std::size_t>(m_model->rowCount()));
     const std::size_t checked = ::validateProject(project, host, [&](const TActionValidation& action) {
-        ++invalid;
         const int row = static_cast<int>(action.index) + (action.cleanup ? m_document->cleanupHeadingRow() + 1 : 0);
-        const QString title = (action.cleanup ? tr("Clean-up action %1 (%2)") : tr("Action %1 (%2)"))
-                                  .arg(action.index + 1)
-                                  .arg(QString::fromStdString(action.title));
-        auto* parent = new QTreeWidgetItem(m_problems, {title});
-        parent->setIcon(0, statusIcon(TRunStatus::Failed));
-        parent->setData(0, kRowRole, row);
-        for (const auto& error : action.errors) {
-            auto* item = new QTreeWidgetItem(parent, {QString::fromStdString(error.location), QString::fromStdString(error.message)});
-            item->setData(0, kRowRole, row);
-            item->setData(0, kLocationRole, QString::fromStdString(error.location));
-        }
-        m_model->setRunState(row, TRunStatus::Failed);
+        for (const auto& error : action.errors)
+            errors.at(row) << QString::fromStdString(error.ToString());
+        if (onInvalid)
+            onInvalid(action, row);
     });
-    m_problems->expandAll();
-    m_problems->resizeColumnToContents(0);
-    if (auto* dock = findChild<QDockWidget*>("problemsDock"))
-        dock->raise();
-    statusBar()->showMessage(invalid ? tr("%1 of %2 enabled actions are not valid.").arg(invalid).arg(checked)
-                                     : tr("All %1 enabled actions are valid.").arg(checked),
-                             10000);
-    if (!invalid)
-        new QTreeWidgetItem(m_problems, {tr("All %1 enabled actions are valid.").arg(checked)});
-    return invalid;
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        m_model->setValidation(row, errors[row]);
+    return static_cast<int>(checked);
 }
 
 TWFActionHost TMainWindow::validationHost(TWFBuildVariables& variables) const

@@ -6,6 +6,8 @@
 #include <QMainWindow>
 #include <QString>
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 class QAction;
@@ -21,7 +23,9 @@ class QTreeWidgetItem;
 class TDesignerDocument;
 class TProjectModel;
 class TRunController;
+class TCustomWFAction;
 class TWFActionHost;
+struct TActionValidation;
 class TWFBuildVariables;
 
 /// The designer's window: the catalogue on the left, the project's actions in the middle, the
@@ -38,8 +42,9 @@ public:
     bool saveProject();
     bool saveProjectAs(const QString& path);
     void newProject();
-    /// Adds a new action of the type after the current row (at the end when none is current).
-    bool addCatalogueAction(const QString& typeId);
+    /// Adds a new action of the type before `row` (-1: after the current row, at the end when
+    /// none is current) once the user accepted it in its dialog; false when cancelled.
+    bool addCatalogueAction(const QString& typeId, int row = -1);
     /// Opens the action dialog on a row, on the tab named `page` when given; true when accepted.
     bool editAction(int row, const QString& page = {});
     void editVariables();
@@ -49,7 +54,9 @@ public:
     void stopRun();
     /// Lists the errors of every enabled action; the count of actions that are not valid.
     int validateProject();
+    void cutSelection();
     void copySelection();
+    void duplicateSelection();
     void paste();
     void removeSelection();
     void moveSelection(int delta);
@@ -69,6 +76,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void createActions();
@@ -88,6 +96,16 @@ private:
     std::vector<int> selectedRows() const;
     int currentRow() const;
     void selectRow(int row);
+    void selectRows(const std::vector<int>& rows, int current);
+    /// Where Open and Save As start: the project's folder, else the last project's.
+    QString projectFolder() const;
+    /// The action dialog on a copy of action; the edited action when the user accepted.
+    std::unique_ptr<TCustomWFAction> runActionDialog(const TCustomWFAction& action, const QString& page);
+    void showRunProgress();
+    /// Validates the project as a run would and marks each row's validity; onInvalid hears of
+    /// each action that is not valid. The count of enabled actions checked, -1 when the project
+    /// cannot be read.
+    int checkValidity(const std::function<void(const TActionValidation&, int row)>& onInvalid);
     void appendLog(const QString& text, bool isError);
     void runFinished(int status);
     void showActionHelp();
@@ -107,10 +125,24 @@ private:
     QLabel* m_runLabel = nullptr;
     QTimer* m_clock = nullptr;
     QElapsedTimer m_runTime;
+    QTimer* m_validityTimer = nullptr;
+    /// How far the run is: the running row, actions started of those to run, then the clean-up's.
+    struct TProgress {
+        int row = -1;
+        int started = 0;
+        int total = 0;
+        int cleanupStarted = 0;
+        int cleanupTotal = 0;
+        QElapsedTimer actionTime;
+    } m_progress;
+    std::vector<int> m_keptSelection;
+    int m_keptCurrent = -1;
     QMenu* m_recentMenu = nullptr;
 
     QAction* m_save = nullptr;
+    QAction* m_cut = nullptr;
     QAction* m_copy = nullptr;
+    QAction* m_duplicate = nullptr;
     QAction* m_paste = nullptr;
     QAction* m_remove = nullptr;
     QAction* m_moveUp = nullptr;

@@ -5,11 +5,13 @@
 #include "WFAction.h"
 #include "WFServices.h"
 
+#include <QApplication>
 #include <QColor>
 #include <QDataStream>
 #include <QFont>
 #include <QIODevice>
 #include <QMimeData>
+#include <QStyle>
 
 namespace {
 
@@ -30,7 +32,7 @@ TProjectModel::TProjectModel(TDesignerDocument& document, QObject* parent) : QAb
 void TProjectModel::reset()
 {
     beginResetModel();
-    m_run.assign(static_cast<std::size_t>(m_document.rowCount()), TRunState{});
+    m_run.assign(static_cast<std::size_t>(m_document.rowCount()), TRowState{});
     endResetModel();
 }
 
@@ -52,7 +54,7 @@ QVariant TProjectModel::data(const QModelIndex& index, int role) const
     if (!found)
         return headingData(index, role);
     const TCustomWFAction& action = *found;
-    const TRunState& run = m_run[index.row()];
+    const TRowState& run = m_run[index.row()];
     switch (index.column()) {
     case ActionColumn:
         switch (role) {
@@ -71,6 +73,16 @@ QVariant TProjectModel::data(const QModelIndex& index, int role) const
         default:
             return {};
         }
+    case ValidColumn:
+        if (run.errors.isEmpty())
+            return {};
+        if (role == Qt::DecorationRole)
+            return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+        if (role == Qt::ToolTipRole)
+            return run.errors.join('\n');
+        if (role == Qt::AccessibleTextRole)
+            return tr("Not valid");
+        return {};
     case StatusColumn:
         if (role == Qt::DisplayRole)
             return statusText(run.status);
@@ -122,6 +134,8 @@ QVariant TProjectModel::headerData(int section, Qt::Orientation orientation, int
     switch (section) {
     case ActionColumn:
         return tr("Action");
+    case ValidColumn:
+        return tr("Valid");
     case StatusColumn:
         return tr("Status");
     case TimeColumn:
@@ -179,13 +193,10 @@ bool TProjectModel::dropMimeData(const QMimeData* data, Qt::DropAction, int row,
             ++row;
     }
     if (data->hasFormat(kActionTypeMime)) {
-        const std::string typeId = QString::fromUtf8(data->data(kActionTypeMime)).toStdString();
-        auto action = WFActionServices().CreateAction(typeId);
-        if (!action)
-            return false;
-        std::vector<std::unique_ptr<TCustomWFAction>> actions;
-        actions.push_back(std::move(action));
-        m_document.insertActions(row, std::move(actions), tr("Add action"));
+        // Queued: the dialog the window opens must not run inside the view's drag loop.
+        QMetaObject::invokeMethod(this, [this, row, typeId = QString::fromUtf8(data->data(kActionTypeMime))] {
+            emit typeDropped(row, typeId);
+        }, Qt::QueuedConnection);
         return false;
     }
     if (data->hasFormat(kActionRowsMime)) {
@@ -195,7 +206,9 @@ bool TProjectModel::dropMimeData(const QMimeData* data, Qt::DropAction, int row,
         stream >> rows;
         if (rows.size() == 1) {
             const int from = rows.first();
-            m_document.moveAction(from, row > from ? row - 1 : row);
+            const int to = row > from ? row - 1 : row;
+            m_document.moveAction(from, to);
+            emit rowDropped(to);
         }
     }
     // The change is made; false keeps the view from removing the source rows as for a move.
@@ -206,7 +219,8 @@ void TProjectModel::setRunState(int row, TRunStatus status, double seconds)
 {
     if (row < 0 || static_cast<std::size_t>(row) >= m_run.size())
         return;
-    m_run[row] = {status, seconds};
+    m_run[row].status = status;
+    m_run[row].seconds = seconds;
     emit dataChanged(index(row, StatusColumn), index(row, TimeColumn));
 }
 
@@ -215,10 +229,25 @@ TRunStatus TProjectModel::runStatus(int row) const
     return row >= 0 && static_cast<std::size_t>(row) < m_run.size() ? m_run[row].status : TRunStatus::None;
 }
 
+void TProjectModel::setValidation(int row, const QStringList& errors)
+{
+    if (row < 0 || static_cast<std::size_t>(row) >= m_run.size() || m_run[row].errors == errors)
+        return;
+    m_run[row].errors = errors;
+    emit dataChanged(index(row, ValidColumn), index(row, ValidColumn));
+}
+
+QStringList TProjectModel::validation(int row) const
+{
+    return row >= 0 && static_cast<std::size_t>(row) < m_run.size() ? m_run[row].errors : QStringList();
+}
+
 void TProjectModel::clearRunState()
 {
-    for (auto& run : m_run)
-        run = {};
+    for (auto& run : m_run) {
+        run.status = TRunStatus::None;
+        run.seconds = -1;
+    }
     if (!m_run.empty())
         emit dataChanged(index(0, StatusColumn), index(rowCount() - 1, TimeColumn));
 }

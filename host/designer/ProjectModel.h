@@ -13,13 +13,13 @@ inline constexpr const char* kActionRowsMime = "application/x-wrenfield-action-r
 inline constexpr const char* kActionTypeMime = "application/x-wrenfield-action-type";
 
 /// The project's actions as the main window lists them: action (icon, title, enabled check
-/// box), run status and elapsed time; then a heading row "When the build fails" and the
+/// box), whether it is valid, run status and elapsed time; then a heading row "When the build fails" and the
 /// clean-up actions (rows as the document counts them). Edits go to the document as undoable
 /// changes.
 class TProjectModel final : public QAbstractTableModel {
     Q_OBJECT
 public:
-    enum Column { ActionColumn, StatusColumn, TimeColumn, ColumnCount };
+    enum Column { ActionColumn, ValidColumn, StatusColumn, TimeColumn, ColumnCount };
 
     explicit TProjectModel(TDesignerDocument& document, QObject* parent = nullptr);
 
@@ -39,15 +39,25 @@ public:
     void setRunState(int row, TRunStatus status, double seconds = -1);
     TRunStatus runStatus(int row) const;
     void clearRunState();
+    /// What validation found wrong with a row (empty: valid); cleared when the project changes.
+    void setValidation(int row, const QStringList& errors);
+    QStringList validation(int row) const;
+
+signals:
+    /// A catalogue entry dropped before a row: the window adds it through the action's dialog.
+    void typeDropped(int row, const QString& typeId);
+    /// A row moved by a drag, and where it is now.
+    void rowDropped(int row);
 
 private:
     void reset();
     QVariant headingData(const QModelIndex& index, int role) const;
 
-    struct TRunState {
+    struct TRowState {
         TRunStatus status = TRunStatus::None;
         double seconds = -1;
+        QStringList errors;
     };
     TDesignerDocument& m_document;
-    std::vector<TRunState> m_run;
+    std::vector<TRowState> m_run;
 };

@@ -48,9 +48,11 @@ private:
     TWFLineSplitter m_splitter;
 };
 
-TRunStatus statusOf(TJUnitCase::Outcome outcome)
+TRunStatus statusOf(const TJUnitCase& result)
 {
-    switch (outcome) {
+    if (result.stopped)
+        return TRunStatus::Stopped;
+    switch (result.outcome) {
     case TJUnitCase::Outcome::Passed:
         return TRunStatus::Succeeded;
     case TJUnitCase::Outcome::Failed:
@@ -133,7 +135,7 @@ bool TRunController::start(const std::string& projectText, const QString& projec
                                 post([this, row = rowOf(index)] { emit actionStarted(row); });
                             },
                             [this, rowOf](std::size_t index, const TJUnitCase& result) {
-                                post([this, row = rowOf(index), status = statusOf(result.outcome),
+                                post([this, row = rowOf(index), status = statusOf(result),
                                       seconds = result.seconds, message = QString::fromStdString(result.message)] {
                                     emit actionFinished(row, status, seconds, message);
                                 });

@@ -110,24 +110,55 @@ std::vector<std::string> validateAction(TCustomWFAction& action, bool& ok)
     return lines;
 }
 
+namespace {
+
+/// Runs an action that starts a program as a dry run: every step up to the start, logging to `logged`.
+bool dryRun(TWFExecuteAbstractAction& action, const TWFActionHost& host, TCollectedLines& logged)
+{
+    TWFActionHost dryRunHost = host;
+    dryRunHost.log = &logged;
+    dryRunHost.dryRun = true;
+    action.SetHost(&dryRunHost);
+    const bool ok = action.Execute();
+    action.SetHost(nullptr);
+    return ok;
+}
+
+} // namespace
+
 std::vector<TValidationError> prepareCommandLine(TCustomWFAction& action, const TWFActionHost& host)
 {
     auto* execute = dynamic_cast<TWFExecuteAbstractAction*>(&action);
-    if (!execute)
-        return {};
     TCollectedLines logged;
-    TWFActionHost dryRun = host;
-    dryRun.log = &logged;
-    dryRun.dryRun = true;
-    action.SetHost(&dryRun);
-    const bool ok = execute->Execute();
-    action.SetHost(nullptr);
-    if (ok)
+    if (!execute || dryRun(*execute, host, logged))
         return {};
     std::vector<TValidationError> errors{{"Command line", failureReason(action)}};
     for (auto& line : logged.lines)
         errors.push_back({"Command line", std::move(line)});
     return errors;
+}
+
+TActionPreview previewAction(TCustomWFAction& action, const TWFActionHost& host)
+{
+    TActionPreview preview;
+    auto* execute = dynamic_cast<TWFExecuteAbstractAction*>(&action);
+    preview.runsProgram = execute != nullptr;
+    TWFActionHost validationHost = host;
+    action.SetHost(&validationHost);
+    bool valid = false;
+    const auto errors = validateActionErrors(action, valid);
+    action.SetHost(nullptr);
+    if (!valid) {
+        for (const auto& error : errors)
+            preview.lines.push_back(error.ToString());
+        return preview;
+    }
+    TCollectedLines logged;
+    preview.ok = !execute || dryRun(*execute, host, logged);
+    if (!preview.ok)
+        preview.lines.push_back("Action Failed: " + failureReason(action));
+    preview.lines.insert(preview.lines.end(), logged.lines.begin(), logged.lines.end());
+    return preview;
 }
 
 std::size_t validateProject(TWFProject& project, TWFActionHost& host,
@@ -272,6 +303,7 @@ int TBuildRunner::Run(TWFProject& project, TWFBuildVariables& variables, const T
             status = kExitInterrupted;
             result.outcome = TJUnitCase::Outcome::Failed;
             result.message = "interrupted";
+            result.stopped = true;
             m_err << "Interrupted: action " << number << " (" << title << ") was stopped." << std::endl;
         } else if (!run.ok && action.GetContinueOnFailure()) {
             ++ignored;
@@ -368,6 +400,7 @@ void TBuildRunner::runCleanup(TWFProject& project, TWFActionHost& host, const TR
                 const bool stopped = cleanupStopped() && wasTerminated(action);
                 result.outcome = stopped ? TJUnitCase::Outcome::Failed : failureOutcome(run);
                 result.message = stopped ? "stopped" : failureMessage(run);
+                result.stopped = stopped;
                 m_err << "Clean-up action " << number << " (" << title << ") failed: " << result.message << std::endl;
             }
         }

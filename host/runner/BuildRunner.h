@@ -72,6 +72,16 @@ struct TActionValidation {
 /// nothing and logging nothing; when that fails, the reason and what the action logged.
 std::vector<TValidationError> prepareCommandLine(TCustomWFAction& action, const TWFActionHost& host);
 
+/// What `wfbuild run --dry-run` would say of one action: the lines a dry run logs for it (the
+/// folder its program starts in, its command line), or, when it would not run, why.
+struct TActionPreview {
+    bool ok = false;
+    /// The action starts a program.
+    bool runsProgram = false;
+    std::vector<std::string> lines;
+};
+TActionPreview previewAction(TCustomWFAction& action, const TWFActionHost& host);
+
 /// Validates every enabled action of a project, then every enabled clean-up action, as a run
 /// would, with the host's services bound, and prepares the command line of each valid one,
 /// handing each action that is not valid or cannot be prepared to onInvalid as soon as it is

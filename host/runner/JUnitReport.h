@@ -21,6 +21,8 @@ struct TJUnitCase {
     std::string errors;
     /// A clean-up action: reported in a suite of its own.
     bool cleanup = false;
+    /// Failed because the run was stopped, not by a fault of its own.
+    bool stopped = false;
 };
 
 /// One run as a JUnit suite.

@@ -24,6 +24,7 @@
 #include <QTreeView>
 
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 
 namespace {
@@ -39,6 +40,37 @@ bool save(QWidget* widget, const QString& folder, const QString& name, bool sett
     }
     std::cout << "wrote " << path.toStdString() << "\n";
     return true;
+}
+
+/// A run stopped while its program hangs: the action shows "Stopped", the ones after it "Skipped".
+bool stoppedRun(TMainWindow& window, const std::string& dir, const QString& folder)
+{
+    const std::string project = dir + "/stopped.wfp";
+    std::ofstream(project) << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"1\">\n  <actions>\n"
+                              "    <action type=\"WF_LOGMESSAGE\" description=\"Start\" enabled=\"True\">\n"
+                              "      <property name=\"Text\">starting the long test</property>\n    </action>\n"
+                              "    <action type=\"WF_RUNPROGRAM\" description=\"Long test suite\" enabled=\"True\">\n"
+                              "      <property name=\"Program\">sleep</property>\n      <property name=\"Arguments\">60</property>\n"
+                              "    </action>\n"
+                              "    <action type=\"WF_LOGMESSAGE\" description=\"Report\" enabled=\"True\">\n"
+                              "      <property name=\"Text\">done</property>\n    </action>\n  </actions>\n</wfproject>\n";
+    if (!window.openProject(QString::fromStdString(project)))
+        return false;
+    int status = -1;
+    const auto connection = QObject::connect(&window.runner(), &TRunController::finished, [&](int result) { status = result; });
+    if (!window.runProject(0, false))
+        return false;
+    QElapsedTimer timer;
+    timer.start();
+    while (window.model().runStatus(1) != TRunStatus::Running && timer.elapsed() < 10000)
+        QTest::qWait(20);
+    QTest::qWait(1200);
+    window.stopRun();
+    while (status < 0 && timer.elapsed() < 20000)
+        QTest::qWait(20);
+    QObject::disconnect(connection);
+    window.projectView()->setCurrentIndex(window.model().index(1, 0));
+    return status == 130 && window.model().runStatus(1) == TRunStatus::Stopped && save(&window, folder, "stopped-run.png");
 }
 
 } // namespace
@@ -94,6 +126,12 @@ int main(int argc, char** argv)
         ok = save(&dialog, folder, "action-dialog.png") && ok;
     }
     {
+        // The label action: its command line as the build will run it, %VOB% and %VIEW% expanded.
+        TActionDialog dialog(*window.document().project().actions[9], &window);
+        dialog.show();
+        ok = save(&dialog, folder, "command-line-preview.png") && ok;
+    }
+    {
         TOptionsDialog dialog(&window);
         dialog.show();
         ok = save(&dialog, folder, "options-dialog.png") && ok;
@@ -124,5 +162,5 @@ int main(int argc, char** argv)
     ok = save(&window, folder, "main-window.png") && ok;
     std::cout << (status == 0 && ok ? "smoke run: every action succeeded\n" : "smoke run FAILED\n");
     window.document().undoStack().setClean();
-    return status == 0 && ok ? 0 : 1;
+    return status == 0 && ok && stoppedRun(window, world.dir(), folder) ? 0 : 1;
 }

@@ -23,6 +23,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -36,6 +37,7 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
@@ -304,13 +306,10 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
     QTreeWidgetItem* item = catalogueItem("ClearCase Check Out");
     ASSERT_NE(item, nullptr);
     EXPECT_FALSE(item->icon(0).isNull());
-    const QRect rect = window->catalogue()->visualItemRect(item);
-    QTest::mouseClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
-    QTest::mouseDClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
-    ASSERT_EQ(window->document().project().actions.size(), before + 1);
-    EXPECT_EQ(window->document().project().actions[1]->GetActionTypeID(), "CC_CHECKOUT");
-    EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp* - Wrenfield Designer");
+    // The catalogue is as wide as its longest name.
+    EXPECT_GE(window->catalogue()->viewport()->width(), window->catalogue()->columnWidth(0));
 
+    // Adding opens the new action's dialog at once; what it holds is what the pages showed.
     QString validation;
     whenModal([&](QWidget* dialog) {
         auto* tabs = dialog->findChild<QTabWidget*>();
@@ -330,19 +329,26 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
         });
         clickButton(dialog, QDialogButtonBox::Ok);
     });
-    ASSERT_TRUE(window->editAction(1));
+    const QRect rect = window->catalogue()->visualItemRect(item);
+    QTest::mouseClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
+    QTest::mouseDClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
+    ASSERT_EQ(window->document().project().actions.size(), before + 1);
+    EXPECT_EQ(window->document().project().actions[1]->GetActionTypeID(), "CC_CHECKOUT");
+    EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp* - Wrenfield Designer");
     EXPECT_TRUE(validation.contains("Options: The path to cleartool.exe has not been specified")) << validation.toStdString();
     EXPECT_EQ(property(*window, 1, "Comment"), "nightly build");
     EXPECT_EQ(property(*window, 1, "NoComment"), "False");
     EXPECT_EQ(window->document().project().actions[1]->GetDescription(), "Check out for the nightly");
 
-    window->findChild<QAction*>("actionUndo")->trigger();
-    EXPECT_EQ(property(*window, 1, "Comment"), "");
+    // Added and edited is one step; Cancel adds nothing.
     window->findChild<QAction*>("actionUndo")->trigger();
     EXPECT_EQ(window->document().project().actions.size(), before);
     window->findChild<QAction*>("actionRedo")->trigger();
-    window->findChild<QAction*>("actionRedo")->trigger();
     EXPECT_EQ(property(*window, 1, "Comment"), "nightly build");
+    whenModal([](QWidget* dialog) { clickButton(dialog, QDialogButtonBox::Cancel); });
+    EXPECT_FALSE(window->addCatalogueAction("CC_CHECKOUT"));
+    EXPECT_EQ(window->document().project().actions.size(), before + 1);
+    EXPECT_EQ(window->document().undoStack().count(), 1);
 
     ASSERT_TRUE(window->saveProject());
     EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp - Wrenfield Designer");
@@ -373,22 +379,6 @@ void PrintTo(const EditRow& row, std::ostream* out)
 
 class ProjectEdits : public DesignerWindow, public ::testing::WithParamInterface<EditRow> {};
 
-TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
-{
-    openExample("release.wfp");
-    const std::string original = projectText(*window);
-    GetParam().edit(*window);
-    const std::string edited = projectText(*window);
-    ASSERT_NE(edited, original) << "the edit changed nothing";
-    GetParam().check(*window);
-    EXPECT_TRUE(window->document().isModified());
-    window->findChild<QAction*>("actionUndo")->trigger();
-    EXPECT_EQ(projectText(*window), original);
-    EXPECT_FALSE(window->document().isModified());
-    window->findChild<QAction*>("actionRedo")->trigger();
-    EXPECT_EQ(projectText(*window), edited);
-}
-
 void selectRow(TMainWindow& w, int row)
 {
     w.projectView()->setCurrentIndex(w.model().index(row, 0));
@@ -407,9 +397,54 @@ std::vector<std::string> cleanupTypes(TMainWindow& w)
     return types;
 }
 
+void selectRows(TMainWindow& w, const std::vector<int>& rows)
+{
+    w.projectView()->setFocus();
+    w.projectView()->selectionModel()->clearSelection();
+    w.projectView()->setCurrentIndex(w.model().index(rows.front(), 0));
+    for (int row : rows)
+        w.projectView()->selectionModel()->select(w.model().index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+std::vector<int> selectedRowsOf(TMainWindow& w)
+{
+    std::vector<int> rows;
+    for (const auto& index : w.projectView()->selectionModel()->selectedRows())
+        rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+/// OK in a new action's dialog, keeping it when it is not valid yet.
+void acceptKeepingIt(QWidget* dialog)
+{
+    whenModal([](QWidget* box) { QTest::mouseClick(box->findChild<QPushButton*>("btnKeep"), Qt::LeftButton); });
+    clickButton(dialog, QDialogButtonBox::Ok);
+}
+
 QMimeData* rowsMime(TMainWindow& w, int row)
 {
     return w.model().mimeData({w.model().index(row, 0)});
+}
+
+TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
+{
+    openExample("release.wfp");
+    const std::string original = projectText(*window);
+    GetParam().edit(*window);
+    const std::string edited = projectText(*window);
+    ASSERT_NE(edited, original) << "the edit changed nothing";
+    GetParam().check(*window);
+    EXPECT_TRUE(window->document().isModified());
+    const std::vector<int> selected = selectedRowsOf(*window);
+    window->findChild<QAction*>("actionUndo")->trigger();
+    EXPECT_EQ(projectText(*window), original);
+    if (!selected.empty() && selected.back() < window->model().rowCount()) {
+        EXPECT_FALSE(selectedRowsOf(*window).empty()) << "undo dropped the selection";
+    }
+    EXPECT_FALSE(window->document().isModified());
+    window->findChild<QAction*>("actionRedo")->trigger();
+    EXPECT_EQ(projectText(*window), edited);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -439,12 +474,19 @@ INSTANTIATE_TEST_SUITE_P(
                 }},
         EditRow{"drag a row down",
                 [](TMainWindow& w) { std::unique_ptr<QMimeData> data(rowsMime(w, 0)); w.model().dropMimeData(data.get(), Qt::MoveAction, 3, 0, {}); },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_UPDATE"); EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS"); EXPECT_EQ(w.model().rowCount(), 21); }},
+                [](TMainWindow& w) {
+                    EXPECT_EQ(typeAt(w, 2), "CC_UPDATE");
+                    EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS");
+                    EXPECT_EQ(w.model().rowCount(), 21);
+                    EXPECT_EQ(selectedRowsOf(w), std::vector<int>{2});
+                }},
         EditRow{"drag from the catalogue",
                 [](TMainWindow& w) {
                     QMimeData data;
                     data.setData(kActionTypeMime, "CC_LOCK");
+                    whenModal([](QWidget* dialog) { acceptKeepingIt(dialog); });
                     w.model().dropMimeData(&data, Qt::CopyAction, 2, 0, {});
+                    waitFor([&] { return w.model().rowCount() == 22; });
                 },
                 [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_LOCK"); EXPECT_EQ(w.model().rowCount(), 22); }},
         // The clean-up section: release.wfp has 17 actions, the heading at row 17, then 3 clean-up actions.
@@ -462,8 +504,35 @@ INSTANTIATE_TEST_SUITE_P(
                     EXPECT_EQ(w.projectView()->currentIndex().row(), 17);
                 }},
         EditRow{"add from the catalogue with the heading selected",
-                [](TMainWindow& w) { selectRow(w, 17); w.addCatalogueAction("CC_UNLOCK"); },
+                [](TMainWindow& w) {
+                    selectRow(w, 17);
+                    whenModal([](QWidget* dialog) { acceptKeepingIt(dialog); });
+                    w.addCatalogueAction("CC_UNLOCK");
+                },
                 [](TMainWindow& w) { EXPECT_EQ(cleanupTypes(w).front(), "CC_UNLOCK"); EXPECT_EQ(w.document().project().actions.size(), 17u); }},
+        EditRow{"cut",
+                [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionCut")->trigger(); },
+                [](TMainWindow& w) {
+                    EXPECT_EQ(typeAt(w, 1), "WF_LOGMESSAGE");
+                    EXPECT_TRUE(QApplication::clipboard()->text().contains("CC_FINDCHECKOUTS"));
+                }},
+        EditRow{"duplicate two rows below the last and select the copies",
+                [](TMainWindow& w) { selectRows(w, {0, 2}); w.findChild<QAction*>("actionDuplicate")->trigger(); },
+                [](TMainWindow& w) {
+                    EXPECT_EQ(typeAt(w, 3), typeAt(w, 0));
+                    EXPECT_EQ(typeAt(w, 4), typeAt(w, 2));
+                    EXPECT_EQ(selectedRowsOf(w), (std::vector<int>{3, 4}));
+                }},
+        EditRow{"space switches every selected row",
+                [](TMainWindow& w) { selectRows(w, {2, 3}); QTest::keyClick(w.projectView(), Qt::Key_Space); },
+                [](TMainWindow& w) {
+                    EXPECT_FALSE(w.document().project().actions[2]->GetEnabled());
+                    EXPECT_FALSE(w.document().project().actions[3]->GetEnabled());
+                    EXPECT_EQ(selectedRowsOf(w), (std::vector<int>{2, 3}));
+                    // Greyed where it would change nothing.
+                    EXPECT_FALSE(w.findChild<QAction*>("actionDisable")->isEnabled());
+                    EXPECT_TRUE(w.findChild<QAction*>("actionEnable")->isEnabled());
+                }},
         EditRow{"untick a clean-up action",
                 [](TMainWindow& w) { w.model().setData(w.model().index(19, 0), Qt::Unchecked, Qt::CheckStateRole); },
                 [](TMainWindow& w) { EXPECT_FALSE(w.document().project().cleanupActions[1]->GetEnabled()); }},
@@ -744,11 +813,16 @@ TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
     writeProject("t.wfp", "    <action type=\"TEST_ACTION\" description=\"\" enabled=\"True\">\n"
                           "      <property name=\"Text\"></property>\n    </action>\n");
     ASSERT_TRUE(window->openProject(QString::fromStdString(m_config.file("t.wfp"))));
+    // The list marks the action without being asked; the run's status stays the run's.
+    ASSERT_TRUE(waitFor([&] { return !window->model().validation(0).isEmpty(); }));
+    EXPECT_EQ(window->model().validation(0), QStringList{"Text Options: No text given."});
+    EXPECT_EQ(window->projectView()->currentIndex().row(), 0) << "the first action is selected on open";
     ASSERT_EQ(window->validateProject(), 1);
+    EXPECT_EQ(window->statusBar()->currentMessage(), "1 of 1 enabled actions is not valid.");
     QTreeWidgetItem* error = window->problems()->topLevelItem(0)->child(0);
     EXPECT_EQ(error->text(0), "Text Options");
     EXPECT_EQ(error->text(1), "No text given.");
-    EXPECT_EQ(window->model().runStatus(0), TRunStatus::Failed);
+    EXPECT_EQ(window->model().runStatus(0), TRunStatus::None);
 
     // Double-clicking the error opens the action on the page it names; OK with the error
     // still there offers to go back, which keeps the dialog open on that page.
@@ -756,6 +830,8 @@ TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
     whenModal([&](QWidget* dialog) {
         auto* tabs = dialog->findChild<QTabWidget*>();
         EXPECT_EQ(tabs->tabText(tabs->currentIndex()), "Text Options");
+        EXPECT_TRUE(dialog->findChild<designertest::TTestFrame*>()->readWhileShown) << "the page read the action before the dialog showed";
+        EXPECT_EQ(dialog->findChild<QPlainTextEdit*>("commandPreview")->toPlainText(), "Text Options: No text given.");
         tabs->setCurrentIndex(tabs->count() - 1);
         whenModal([&](QWidget* box) {
             ++boxes;
@@ -773,7 +849,59 @@ TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
     QTest::mouseDClick(window->problems()->viewport(), Qt::LeftButton, {}, rect.center());
     EXPECT_EQ(boxes, 1);
     EXPECT_EQ(property(*window, 0, "Text"), "fixed");
+    EXPECT_TRUE(waitFor([&] { return window->model().validation(0).isEmpty(); }));
     EXPECT_EQ(window->validateProject(), 0);
+}
+
+TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsTheUserEdits)
+{
+    openExample("release.wfp");
+    auto variables = window->document().project().variables;
+    for (auto& variable : variables)
+        if (variable.name == "VIEW")
+            variable.value = m_config.path();
+    window->document().setVariables(variables);
+    std::string error;
+    m_config.write("options.ini", "[ClearCase]\nCleartoolPath=" + std::filesystem::path(CLEARTOOL_PATH).parent_path().string() + "\n");
+    ASSERT_TRUE(WFOptionsServices().Load(GetWFOptionsFileName(), error)) << error;
+    QStringList previews;
+    whenModal([&](QWidget* dialog) {
+        auto* preview = dialog->findChild<QPlainTextEdit*>("commandPreview");
+        ASSERT_TRUE(waitFor([&] { return !preview->toPlainText().isEmpty(); }, 3000));
+        previews << preview->toPlainText();
+        auto* tabs = dialog->findChild<QTabWidget*>();
+        tabs->setCurrentIndex(tabs->indexOf(tabs->findChild<QWidget*>("generalPage")) - 1);
+        clickRadio(dialog->findChild<QRadioButton*>("btnComment"));
+        dialog->findChild<QPlainTextEdit*>("txtComment")->clear();
+        QTest::keyClicks(dialog->findChild<QPlainTextEdit*>("txtComment"), "edited");
+        EXPECT_TRUE(waitFor([&] { return preview->toPlainText() != previews.front(); }));
+        previews << preview->toPlainText();
+        clickButton(dialog, QDialogButtonBox::Cancel);
+    });
+    window->editAction(4);
+    ASSERT_EQ(previews.size(), 2);
+    EXPECT_TRUE(previews[0].startsWith("Starting Directory: " + QString::fromStdString(m_config.path()))) << previews[0].toStdString();
+    EXPECT_TRUE(previews[0].contains("Command Line: checkout")) << previews[0].toStdString();
+    EXPECT_FALSE(previews[0].contains("%VIEW%"));
+    EXPECT_TRUE(previews[1].contains("-c \"edited\"")) << previews[1].toStdString();
+    WFOptionsServices().Load(m_config.file("none.ini"), error);
+}
+
+TEST_F(DesignerWindow, SaveAsStartsInTheProjectsFolderAndTheCatalogueAndTooltipsNameTheType)
+{
+    openExample("release.wfp");
+    std::string asked;
+    SetWFBrowseForFileHook([&](const TWFBrowseFileRequest& request, std::string&) {
+        asked = request.initialDir;
+        return false;
+    });
+    EXPECT_EQ(window->findChild<QAction*>("actionSaveAs")->shortcut(), QKeySequence("Ctrl+Shift+S"));
+    window->findChild<QAction*>("actionSaveAs")->trigger();
+    SetWFBrowseForFileHook(nullptr);
+    EXPECT_EQ(asked, QFileInfo(window->document().path()).absolutePath().toStdString());
+    // A description hides the action's name in the list; the tooltip still gives its type.
+    const QString tip = window->model().data(window->model().index(4, 0), Qt::ToolTipRole).toString();
+    EXPECT_TRUE(tip.contains("ClearCase Check Out (CC_CHECKOUT)")) << tip.toStdString();
 }
 
 // --- options -----------------------------------------------------------------------------
@@ -968,14 +1096,15 @@ TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
     ASSERT_TRUE(waitFor([&] { return std::filesystem::exists(pidFile) && std::filesystem::file_size(pidFile) > 0; }));
     EXPECT_TRUE(waitFor([&] { return window->model().runStatus(0) == TRunStatus::Running; }, 2000))
         << static_cast<int>(window->model().runStatus(0));
-    // The window answers while the program runs.
-    QTest::qWait(300);
-    EXPECT_TRUE(window->findChild<QLabel*>("runLabel")->text().startsWith("Running"));
+    // The window answers while the program runs; the running action's time counts.
+    QTest::qWait(500);
+    EXPECT_TRUE(window->findChild<QLabel*>("runLabel")->text().startsWith("Running 1/2")) << window->findChild<QLabel*>("runLabel")->text().toStdString();
+    EXPECT_FALSE(window->model().data(window->model().index(0, TProjectModel::TimeColumn), Qt::DisplayRole).toString().isEmpty());
     const pid_t child = std::stoi(wftest::readFile(pidFile));
     window->findChild<QAction*>("actionStop")->trigger();
     ASSERT_TRUE(waitFor([&] { return finished >= 0; }, 5000));
     EXPECT_EQ(finished, 130);
-    EXPECT_EQ(statuses(*window), (std::vector<TRunStatus>{S::Failed, S::Skipped}));
+    EXPECT_EQ(statuses(*window), (std::vector<TRunStatus>{S::Stopped, S::Skipped}));
     EXPECT_TRUE(waitFor([&] { return ::kill(child, 0) != 0; }, 3000)) << "the program's own child still runs";
     EXPECT_TRUE(window->findChild<QLabel*>("runLabel")->text().startsWith("Stopped"));
     // The stop ended that run only: a design-time query starts its own program as before.

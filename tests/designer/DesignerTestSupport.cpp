@@ -23,6 +23,8 @@ void whenModal(std::function<void(QWidget*)> answer)
     auto poll = std::make_shared<std::function<void()>>();
     *poll = [answer = std::move(answer), tries, poll] {
         if (QWidget* modal = QApplication::activeModalWidget()) {
+            // What the window does as it opens (a dialog reads its pages) comes before the user.
+            QCoreApplication::processEvents();
             answer(modal);
             *poll = nullptr;
             return;
@@ -96,6 +98,7 @@ TTestFrame::TTestFrame(QWidget* parent) : TFrame(parent), txtText(new QLineEdit(
 
 void TTestFrame::ReadActionData(TCustomWFAction& action)
 {
+    readWhileShown = window()->isVisible();
     txtText->setText(QString::fromStdString(narrow<TTestAction>(action).text));
 }
 

@@ -39,6 +39,8 @@ public:
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override { return "Text Options"; }
     QLineEdit* txtText;
+    /// Whether the dialog was on screen when the page read the action.
+    bool readWhileShown = false;
 };
 
 /// Options of the tests' own, section [TestOptions] with key Greeting, and their page.
