@@ -146,10 +146,11 @@ void TClearCaseBaseAction::SetObjectsStorageString(const std::string& value)
 bool TClearCaseBaseAction::Validate(IWFActionValidationError& errors)
 {
     bool result = TWFExecuteAbstractAction::Validate(errors);
-    if (optionsCleartoolPath().empty()) {
+    const std::string cleartoolPath = GetExecutable();
+    if (cleartoolPath.empty()) {
         errors.AddError("Options", kNoCleartoolPath);
         result = false;
-    } else if (!fileExists(GetExecutable())) {
+    } else if (!cleartoolFound(cleartoolPath)) {
         errors.AddError("Options", kCleartoolMissing);
         result = false;
     }
@@ -173,24 +174,35 @@ std::string TClearCaseBaseAction::GetActionName() const
 
 std::string TClearCaseBaseAction::GetExecutable()
 {
-    return optionsCleartoolPath();
+    const TWFActionHost* host = GetHost();
+    return host ? host->Remembered("ClearCase.CleartoolPath", optionsCleartoolPath) : optionsCleartoolPath();
+}
+
+bool TClearCaseBaseAction::cleartoolFound(const std::string& path) const
+{
+    const TWFActionHost* host = GetHost();
+    if (!host)
+        return fileExists(path);
+    return host->Remembered("ClearCase.CleartoolFound:" + path, [&] { return fileExists(path) ? "1" : ""; }) == "1";
 }
 
 bool TClearCaseBaseAction::GetCommandLine(ICommandLineBuilder& builder)
 {
-    const std::string cleartoolPath = optionsCleartoolPath();
+    const std::string cleartoolPath = GetExecutable();
     if (cleartoolPath.empty()) {
         SendMessage(kNoCleartoolPath);
         return false;
     }
-    if (!fileExists(GetExecutable())) {
+    if (!cleartoolFound(cleartoolPath)) {
         SendMessage(kCleartoolMissing);
         return false;
     }
     addPlain(builder, GetCommand());
     if (!TWFExecuteAbstractAction::GetCommandLine(builder))
         return false;
-    return directoryExists(GetStartingDir(cleartoolPath));
+    // A view context was checked on the way; the host's starting folder was not.
+    const std::string directory = GetStartingDir(cleartoolPath);
+    return !directory.empty() && (!GetActionDoesNotUseViewContext() || directoryExists(directory));
 }
 
 std::string TClearCaseBaseAction::GetStartingDir(const std::string& executable)

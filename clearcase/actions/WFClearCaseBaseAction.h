@@ -129,6 +129,8 @@ protected:
     bool IgnoreViewContext = false;
 
 private:
+    bool cleartoolFound(const std::string& path) const;
+
     const TClearCaseActionIdentity* m_identity = nullptr;
     bool m_noComment = false;
     std::string m_comment;

@@ -4,6 +4,14 @@
 
 #include <unistd.h>
 
+std::string TWFActionHost::Remembered(const std::string& key, const std::function<std::string()>& lookUp) const
+{
+    const auto [entry, added] = remembered.try_emplace(key);
+    if (added)
+        entry->second = lookUp();
+    return entry->second;
+}
+
 TCustomWFAction::TCustomWFAction() = default;
 TCustomWFAction::~TCustomWFAction() = default;
 

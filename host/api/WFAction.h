@@ -10,6 +10,8 @@
 #include "WFVariables.h"
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -43,6 +45,12 @@ public:
         if (log)
             log->Line(stream, text);
     }
+
+    /// What cannot change while a run lasts (where a program lies, whether it is there), looked
+    /// up once per run and host instead of once per action.
+    std::string Remembered(const std::string& key, const std::function<std::string()>& lookUp) const;
+    /// Remembered's answers so far.
+    mutable std::map<std::string, std::string> remembered;
 };
 
 /// Any action: identity, description, persisted properties and the host's services.

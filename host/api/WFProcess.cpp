@@ -20,6 +20,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -92,6 +93,8 @@ private:
     bool fail(std::string error);
     bool spawn(int outWrite, int errWrite);
     void pump(TStream (&streams)[2]);
+    bool watchEnd();
+    void ended();
     TState checkState(Clock::time_point now, bool outputOpen);
     Clock::time_point nextDeadline(Clock::time_point now) const;
     void waitForOutput(TStream (&streams)[2], Clock::time_point deadline);
@@ -124,6 +127,9 @@ private:
     Microseconds m_exitCheckStep{kFirstExitStep};
     std::optional<Clock::time_point> m_exitedAt;
     bool m_pipeGrown = false;
+    // The program's end, watched through a pidfd: the pipes' write ends are ours until then.
+    TFileDescriptor m_pidFd;
+    TFileDescriptor m_writeEnds[2];
 };
 
 bool TPosixProcess::fail(std::string error)
@@ -147,7 +153,7 @@ TPosixProcess::TState TPosixProcess::checkState(Clock::time_point now, bool outp
 {
     if (m_terminateRequested || WFStopRequested())
         return TState::Stopped;
-    if (!m_exitedAt && now >= m_nextExitCheck) {
+    if (!m_exitedAt && m_pidFd.get() < 0 && now >= m_nextExitCheck) {
         siginfo_t info{};
         if (::waitid(P_PID, static_cast<id_t>(m_pid), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid != 0)
             m_exitedAt = now;
@@ -172,7 +178,8 @@ Clock::time_point TPosixProcess::nextDeadline(Clock::time_point now) const
     if (m_exitedAt) {
         deadline = std::min(deadline, *m_exitedAt + kExitGrace);
     } else {
-        deadline = std::min(deadline, m_nextExitCheck);
+        if (m_pidFd.get() < 0)
+            deadline = std::min(deadline, m_nextExitCheck);
         if (m_silenceLimit.count() > 0)
             deadline = std::min(deadline, m_lastOutput + m_silenceLimit);
         if (m_timeLimit.count() > 0)
@@ -183,7 +190,7 @@ Clock::time_point TPosixProcess::nextDeadline(Clock::time_point now) const
 
 void TPosixProcess::waitForOutput(TStream (&streams)[2], Clock::time_point deadline)
 {
-    pollfd fds[2];
+    pollfd fds[3];
     TStream* polled[2];
     nfds_t count = 0;
     for (TStream& stream : streams) {
@@ -192,6 +199,9 @@ void TPosixProcess::waitForOutput(TStream (&streams)[2], Clock::time_point deadl
         polled[count] = &stream;
         fds[count++] = {stream.fd, POLLIN, 0};
     }
+    const nfds_t pipes = count;
+    if (m_pidFd.get() >= 0 && !m_exitedAt)
+        fds[count++] = {m_pidFd.get(), POLLIN, 0};
     if (count == 0) {
         // Both pipes closed: only the program's end is awaited, often a few microseconds away.
         std::this_thread::sleep_until(deadline);
@@ -201,9 +211,33 @@ void TPosixProcess::waitForOutput(TStream (&streams)[2], Clock::time_point deadl
     const int timeout = static_cast<int>(std::max<Milliseconds::rep>(wait.count(), 0));
     if (::poll(fds, count, timeout) <= 0)
         return;
-    for (nfds_t i = 0; i < count; ++i)
+    for (nfds_t i = 0; i < pipes; ++i)
         if (fds[i].revents & (POLLIN | POLLHUP | POLLERR))
             drain(*polled[i]);
+    if (count > pipes && fds[pipes].revents)
+        ended();
+}
+
+bool TPosixProcess::watchEnd()
+{
+    // Each pipe wakes us as it closes and the program's end once more; on a busy machine every
+    // wake-up waits for a core. A pidfd wakes us once, when the program has ended, while our
+    // write ends keep the pipes from closing before.
+    m_pidFd.reset(static_cast<int>(::syscall(SYS_pidfd_open, m_pid, 0)));
+    if (m_pidFd.get() < 0) {
+        m_writeEnds[0].reset();
+        m_writeEnds[1].reset();
+    }
+    return m_pidFd.get() >= 0;
+}
+
+void TPosixProcess::ended()
+{
+    m_exitedAt = Clock::now();
+    // What the program wrote is in the pipes: with our write ends gone they end after it,
+    // unless something it started still holds them.
+    m_writeEnds[0].reset();
+    m_writeEnds[1].reset();
 }
 
 void TPosixProcess::drain(TStream& stream)
@@ -276,14 +310,16 @@ int TPosixProcess::reap(bool ended)
         ::kill(m_pid, SIGKILL);
         ::kill(-m_pid, SIGKILL);
     }
+    m_pidFd.reset();
+    m_writeEnds[0].reset();
+    m_writeEnds[1].reset();
     int status = 0;
     while (::waitpid(m_pid, &status, 0) < 0 && errno == EINTR) {
     }
-    // Anything the program left running goes with it, also what left its process group.
-    ::kill(-m_pid, SIGKILL);
     forgetProgram(m_pid);
+    // Anything the program left running goes with it, also what left its process group.
+    stopLeftovers(m_pid);
     m_pid = 0;
-    stopLeftovers();
     if (WIFEXITED(status))
         return WEXITSTATUS(status);
     if (WIFSIGNALED(status)) {
@@ -306,19 +342,25 @@ bool TPosixProcess::Execute()
     int err[2];
     if (::pipe2(out, O_CLOEXEC) != 0)
         return fail(std::string("Could not create a pipe: ") + std::strerror(errno));
-    TFileDescriptor outRead(out[0]), outWrite(out[1]);
-    if (::pipe2(err, O_CLOEXEC) != 0)
+    TFileDescriptor outRead(out[0]);
+    m_writeEnds[0].reset(out[1]);
+    if (::pipe2(err, O_CLOEXEC) != 0) {
+        m_writeEnds[0].reset();
         return fail(std::string("Could not create a pipe: ") + std::strerror(errno));
-    TFileDescriptor errRead(err[0]), errWrite(err[1]);
+    }
+    TFileDescriptor errRead(err[0]);
+    m_writeEnds[1].reset(err[1]);
 
-    if (m_terminateRequested || WFStopRequested()) {
+    const bool stopped = m_terminateRequested || WFStopRequested();
+    if (stopped || !spawn(m_writeEnds[0].get(), m_writeEnds[1].get())) {
+        m_writeEnds[0].reset();
+        m_writeEnds[1].reset();
+        if (!stopped)
+            return false;
         m_terminated = true;
         return fail("Stopped before it started");
     }
-    if (!spawn(outWrite.get(), errWrite.get()))
-        return false;
-    outWrite.reset();
-    errWrite.reset();
+    watchEnd();
 
     TStream streams[2] = {{outRead.get(), false, true}, {errRead.get(), true, true}};
     pump(streams);

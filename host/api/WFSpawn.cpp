@@ -256,12 +256,15 @@ void forgetProgram(pid_t pid)
         registry().running.erase(found);
 }
 
-void stopLeftovers()
+void stopLeftovers(pid_t group)
 {
-    // No child at all, the usual case once the program was reaped: nothing can be left.
+    // No child at all, the usual case once the program was reaped: nothing can be left, not
+    // even in its process group, as whatever it started and left is ours.
     siginfo_t info{};
     if (::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) < 0 && errno == ECHILD)
         return;
+    if (group > 0)
+        ::kill(-group, SIGKILL);
     // Killed processes pass their own children on to us as they die, so this goes round
     // until none is left.
     const auto until = Clock::now() + kReapBound;

@@ -16,5 +16,6 @@ pid_t spawnProgram(const std::string& program, const std::vector<std::string>& a
 /// After the program was reaped.
 void forgetProgram(pid_t pid);
 /// Stops whatever finished programs left behind, also what left their process groups: the
-/// host adopts such processes (Linux child subreaper). Costs one system call when none is left.
-void stopLeftovers();
+/// host adopts such processes (Linux child subreaper). `group`, when given, is a finished
+/// program's process group, stopped with it. Costs one system call when none is left.
+void stopLeftovers(pid_t group = 0);

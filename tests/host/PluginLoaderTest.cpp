@@ -37,7 +37,7 @@ TEST(PluginLoader, RegistersAndRunsAnActionEndToEnd)
     wftest::RecordingLog log;
     TWFBuildVariables variables;
     variables.Set("WHO", TWFVariant("world"));
-    TWFActionHost host{&log, &variables, dir.path(), false, 0, {}};
+    TWFActionHost host{&log, &variables, dir.path(), false, 0, {}, {}};
     action->SetHost(&host);
     ASSERT_TRUE(action->SetPropertyText("Program", wftest::testAppPath()));
     ASSERT_TRUE(action->SetPropertyText("Arguments", "hello \"%WHO% again\""));
