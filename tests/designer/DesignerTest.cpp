@@ -853,7 +853,7 @@ TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
     EXPECT_EQ(window->validateProject(), 0);
 }
 
-TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsTheUserEdits)
+TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsTheUserEditsAndPicksSeveralFiles)
 {
     openExample("release.wfp");
     auto variables = window->document().project().variables;
@@ -876,6 +876,15 @@ TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsThe
         QTest::keyClicks(dialog->findChild<QPlainTextEdit*>("txtComment"), "edited");
         EXPECT_TRUE(waitFor([&] { return preview->toPlainText() != previews.front(); }));
         previews << preview->toPlainText();
+        // Add > File takes several files in one pick, and the preview follows the list.
+        SetWFBrowseForFilesHook([](const TWFBrowseFileRequest&, std::vector<std::string>& files) {
+            files = {"/v/one.c", "/v/two.c"};
+            return true;
+        });
+        dialog->findChild<QAction*>("menuFile")->trigger();
+        SetWFBrowseForFilesHook(nullptr);
+        EXPECT_TRUE(waitFor([&] { return preview->toPlainText().contains("\"/v/one.c\" \"/v/two.c\""); }))
+            << preview->toPlainText().toStdString();
         clickButton(dialog, QDialogButtonBox::Cancel);
     });
     window->editAction(4);
