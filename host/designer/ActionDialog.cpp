@@ -33,6 +33,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWFActionHost* validationHost)
     : QDialog(parent), m_action(cloneAction(action)), m_validationHost(validationHost), m_tabs(new QTabWidget(this)), m_description(new QLineEdit),
       m_enabled(new QCheckBox(tr("Enabled: the action runs with the project"))),
@@ -210,9 +212,13 @@ void TActionDialog::updatePreview()
     m_previewTimer->stop();
     auto edited = editedAction();
     const TActionPreview preview = previewAction(*edited, host());
+    // The command line first, as it is what the user reads; each line once (the folder is
+    // looked up, and logged, more than once).
     QStringList lines;
     for (const auto& line : preview.lines)
-        lines << QString::fromStdString(line);
+        if (const QString text = QString::fromStdString(line); !lines.contains(text))
+            lines << text;
+    std::stable_partition(lines.begin(), lines.end(), [](const QString& line) { return line.startsWith("Command Line: "); });
     if (preview.ok && !preview.runsProgram)
         lines << tr("This action starts no program.");
     const QString text = lines.join('\n');

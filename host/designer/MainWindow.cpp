@@ -44,6 +44,7 @@
 #include <QToolBar>
 #include <QTreeView>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -238,9 +239,12 @@ void TMainWindow::fillCatalogue()
     m_catalogue->expandAll();
     // Wide enough for the longest name, so no entry is cut short.
     if (auto* dock = findChild<QDockWidget*>("catalogueDock")) {
-        m_catalogue->resizeColumnToContents(0);
-        const int width = m_catalogue->columnWidth(0) + m_catalogue->verticalScrollBar()->sizeHint().width()
-            + 2 * m_catalogue->frameWidth() + 16;
+        int widest = 0;
+        for (QTreeWidgetItemIterator it(m_catalogue); *it; ++it)
+            widest = std::max(widest, m_catalogue->fontMetrics().horizontalAdvance((*it)->text(0))
+                                          + ((*it)->parent() ? m_catalogue->indentation() : 0));
+        const int width = widest + m_catalogue->iconSize().width() + m_catalogue->indentation()
+            + m_catalogue->verticalScrollBar()->sizeHint().width() + 2 * m_catalogue->frameWidth() + 24;
         resizeDocks({dock}, {std::max(width, 240)}, Qt::Horizontal);
     }
 }

@@ -15,12 +15,14 @@
 #include "WFIniFile.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
 
 #include <filesystem>
@@ -125,12 +127,17 @@ int main(int argc, char** argv)
         dialog.show();
         ok = save(&dialog, folder, "action-dialog.png") && ok;
     }
-    {
-        // The label action: its command line as the build will run it, %VOB% and %VIEW% expanded.
-        TActionDialog dialog(*window.document().project().actions[9], &window);
-        dialog.show();
-        ok = save(&dialog, folder, "command-line-preview.png") && ok;
-    }
+    // The label action as the window opens it, with the project's variables: its command line
+    // as the build will run it, %VOB% and %VIEW% expanded.
+    QTimer::singleShot(800, [&] {
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            ok = save(dialog, folder, "command-line-preview.png") && ok;
+            dialog->reject();
+        } else {
+            ok = false;
+        }
+    });
+    window.editAction(9);
     {
         TOptionsDialog dialog(&window);
         dialog.show();

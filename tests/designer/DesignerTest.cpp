@@ -889,8 +889,10 @@ TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsThe
     });
     window->editAction(4);
     ASSERT_EQ(previews.size(), 2);
-    EXPECT_TRUE(previews[0].startsWith("Starting Directory: " + QString::fromStdString(m_config.path()))) << previews[0].toStdString();
-    EXPECT_TRUE(previews[0].contains("Command Line: checkout")) << previews[0].toStdString();
+    const QStringList lines = previews[0].split('\n');
+    ASSERT_EQ(lines.size(), 2) << previews[0].toStdString();
+    EXPECT_TRUE(lines[0].startsWith("Command Line: checkout")) << previews[0].toStdString();
+    EXPECT_EQ(lines[1], "Starting Directory: " + QString::fromStdString(m_config.path()));
     EXPECT_FALSE(previews[0].contains("%VIEW%"));
     EXPECT_TRUE(previews[1].contains("-c \"edited\"")) << previews[1].toStdString();
     WFOptionsServices().Load(m_config.file("none.ini"), error);
