@@ -73,6 +73,8 @@ void TWFGenericPropertyPage::InitPage(TCustomWFAction& action)
             m_form->addRow(QString(), control);
         else
             m_form->addRow(caption(property.name), control);
+        // Rows added to a page already on screen would otherwise wait for the event loop.
+        control->show();
     }
 }
 
