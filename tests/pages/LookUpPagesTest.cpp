@@ -1,8 +1,10 @@
 // Look-ups ask cleartool about the project's variables' values, and a look-up that finds nothing
-// says why on the page; the generic page keeps stored arguments as they were unless edited.
+// says why on the page; the generic page keeps stored arguments as they were unless edited; the
+// comment page's tab order.
 #include "PageCase.h"
 
 #include "actions/WFClearCaseApplyLabelAction.h"
+#include "actions/WFClearCaseCheckOutAction.h"
 #include "actions/WFClearCaseCleartoolAction.h"
 #include "actions/WFClearCaseSetActivityAction.h"
 #include "WFServices.h"
@@ -92,5 +94,17 @@ const PageCase kArgumentCases[] = {
 };
 WF_PAGE_TABLE(CleartoolArguments, TClearCaseCleartoolAction, "TClearCaseCleartoolFrame", "Cleartool Parameters",
               kArgumentCases);
+
+TEST(CommentPage, TabsFromNoCommentToTheCommentToCommentButton)
+{
+    TClearCaseCheckoutAction action;
+    OpenPage page("TClearCaseCommentFrame", action);
+    QStringList order;
+    QWidget* first = page.control<QWidget>("btnNoComment");
+    for (QWidget* widget = first; order.size() < 3; widget = widget->nextInFocusChain())
+        if (widget->focusPolicy() & Qt::TabFocus)
+            order << widget->objectName();
+    EXPECT_EQ(order, QStringList({"btnNoComment", "txtComment", "btnComment"}));
+}
 
 } // namespace
