@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,37 +44,76 @@ bool contains(const std::string& text, const char* part)
     return text.find(part) != std::string::npos;
 }
 
-/// The output lines of a run that ended by itself with exit code 0; nothing otherwise.
+/// Keeps what a query's cleartool writes to standard error: the reason it gives for failing.
+class TErrorOutput final : public IWFProcessOutputHandler {
+public:
+    void OnProcessStdOut(IWFProcess&, const std::string&) override {}
+    void OnProcessStdErr(IWFProcess&, const std::string& data) override { text += data; }
+    std::string text;
+};
+
+/// cleartool's error output as one line, or `fallback` when it wrote none.
+std::string errorLine(const std::string& errorOutput, const std::string& fallback)
+{
+    std::string line;
+    for (const auto& part : splitStringListText(errorOutput))
+        if (!part.empty())
+            line += (line.empty() ? "" : " ") + part;
+    return line.empty() ? fallback : line;
+}
+
+/// The output lines of a run that ended by itself with exit code 0; nothing otherwise, with the
+/// reason in `why`.
 std::optional<Lines> runCleartool(IWFProcess& process, const std::string& command, const std::string& arguments,
-                                  const std::string& workingDirectory)
+                                  const std::string& workingDirectory, std::string& why)
 {
     IWFClearCaseOptions* options = ClearCaseOptions();
-    if (!options)
+    if (!options) {
+        why = "The ClearCase options are not available.";
         return std::nullopt;
+    }
     const std::string cleartool = options->GetCleartoolPath();
-    if (!fileExists(cleartool))
+    if (!fileExists(cleartool)) {
+        why = "Cleartool.exe cannot be found at the path specified. Please check under Tools -> Options.";
         return std::nullopt;
+    }
     process.SetExecutable(cleartool);
     process.SetParameters(command + " " + arguments);
     process.SetWorkingDirectory(workingDirectory.empty() ? parentDirectory(process.GetExecutable()) : workingDirectory);
-    // A top-level switch such as -version is no sub-command: it keeps its own process.
+    const std::string failed = "cleartool " + process.GetParameters() + " failed";
+    // A top-level switch such as -version is no sub-command: it keeps its own process. A session
+    // reply that reports a failure is asked again in a process of its own, for cleartool's reason.
     if (ClearCaseQuerySessionEnabled() && command.rfind('-', 0) != 0) {
         auto reply = ClearCaseQuerySession().Run(cleartool, process.GetParameters(), process.GetWorkingDirectory());
-        if (reply.outcome != TClearCaseQuerySession::Outcome::NotAnswered) {
-            if (reply.outcome == TClearCaseQuerySession::Outcome::Failed || reply.status != 0)
-                return std::nullopt;
-            return std::move(reply.lines);
+        if (reply.outcome == TClearCaseQuerySession::Outcome::Failed) {
+            why = failed + " in \"" + process.GetWorkingDirectory() + "\": no answer.";
+            return std::nullopt;
         }
+        if (reply.outcome == TClearCaseQuerySession::Outcome::Answered && reply.status == 0)
+            return std::move(reply.lines);
     }
+    TErrorOutput errors;
+    process.SetOutputHandler(&errors);
     process.SetRunHidden(true);
     process.SetCollectOutput(true);
     // A slow server is waited for when the user can cancel; with nobody to cancel, silence
     // bounds the wait so that nothing hangs.
     process.SetWaitTimeout(WFBusyCanCancel() ? 0 : kQuerySilenceLimitMs);
-    if (!process.Execute() || process.GetTimedOut() || process.GetTerminated() || process.GetExitCode() != 0)
+    const bool ran = process.Execute();
+    process.SetOutputHandler(nullptr);
+    if (!ran || process.GetTimedOut() || process.GetTerminated()) {
+        why = failed + ": " + process.GetErrorText() + ".";
         return std::nullopt;
+    }
+    if (process.GetExitCode() != 0) {
+        why = errorLine(errors.text, failed + " with exit code " + std::to_string(process.GetExitCode()) + ".");
+        return std::nullopt;
+    }
     return process.GetOutputLines();
 }
+
+std::mutex g_whyMutex;
+std::string g_why;
 
 std::string queryInVob(const char* command, const std::string& vob)
 {
@@ -96,27 +136,48 @@ std::string CCGetCleartoolOutput(const std::string& command, const std::string& 
                                  const std::string& workingDirectory, bool sort)
 {
     std::string result;
+    std::string why;
     const std::shared_ptr<IWFProcess> process = CreateWFProcess();
-    if (!process)
-        return result;
     const auto work = [&] {
         try {
-            std::optional<Lines> lines = runCleartool(*process, command, arguments, workingDirectory);
+            std::optional<Lines> lines = runCleartool(*process, command, arguments, workingDirectory, why);
             if (!lines)
                 return;
+            if (lines->empty())
+                why = "cleartool " + command + " " + arguments + " listed nothing.";
             if (sort)
                 sortLines(*lines);
             result = stringListText(*lines);
+        } catch (const std::exception& error) {
+            result.clear();
+            why = std::string("cleartool could not be asked: ") + error.what();
         } catch (...) {
             result.clear();
+            why = "cleartool could not be asked.";
         }
     };
+    const auto remember = [&why] {
+        const std::lock_guard<std::mutex> lock(g_whyMutex);
+        g_why = why;
+    };
+    if (!process) {
+        why = "cleartool could not be asked: no process runner.";
+        remember();
+        return result;
+    }
     const auto cancel = [process] {
         process->Terminate();
         ClearCaseQuerySession().Cancel();
     };
     WFRunBusy(kClearCaseBusyMessage, work, cancel);
+    remember();
     return result;
+}
+
+std::string CCWhyLastQueryGaveNothing()
+{
+    const std::lock_guard<std::mutex> lock(g_whyMutex);
+    return g_why;
 }
 
 std::string CCGetVOBNames()

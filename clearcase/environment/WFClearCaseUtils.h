@@ -22,6 +22,9 @@ inline constexpr const char* kClearCaseBusyMessage = "Asking ClearCase...";
 
 WF_CC_API std::string CCGetCleartoolOutput(const std::string& command, const std::string& arguments,
                                  const std::string& workingDirectory, bool sort);
+/// Why the last query gave nothing: cleartool's error output ("cleartool: Error: ..."), how it
+/// failed, or that it listed nothing; empty when it gave lines.
+WF_CC_API std::string CCWhyLastQueryGaveNothing();
 WF_CC_API std::string CCGetVOBNames();
 /// Leaves `result` as passed in for a kind it does not know.
 WF_CC_API void CCGetTypeNames(const std::string& kind, const std::string& vob, std::string& result);

@@ -73,10 +73,11 @@ void TClearCaseActivitySelectorFrame::btnCustomActivityClick()
 void TClearCaseActivitySelectorFrame::txtActivityNameDropDown()
 {
     // A view that is not there has no activities to ask for: the list keeps what it showed.
-    const std::string folder = ui->ClearCaseViewContextSubFrame1->GetContextPath();
+    TClearCaseLookUp lookUp(ui->txtActivityName);
+    const std::string folder = lookUp.expand(QString::fromStdString(ui->ClearCaseViewContextSubFrame1->GetContextPath()));
     if (!QFileInfo(QString::fromStdString(folder)).isDir())
         return;
-    ui->txtActivityName->setItemsKeepingText(ClearCaseLines(CCGetUCMActivities(folder)));
+    ui->txtActivityName->setItemsKeepingText(lookUp.lines(CCGetUCMActivities(folder)));
 }
 
 void TClearCaseActivitySelectorFrame::txtVOBSelectorDropDown()

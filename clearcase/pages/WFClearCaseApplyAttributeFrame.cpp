@@ -79,7 +79,7 @@ void TClearCaseApplyAttributeFrame::Timer1Timer()
     const QString vob = ui->txtVOBSelector->currentText();
     QString type;
     if (!name.isEmpty() && !vob.isEmpty())
-        type = QString::fromStdString(CCGetAttributeType((name + "@" + vob).toStdString()));
+        type = QString::fromStdString(CCGetAttributeType(TClearCaseLookUp(ui->txtVOBSelector).expand(name + "@" + vob)));
     if (!type.isEmpty())
         ui->lblType->setText("(Type: " + type.left(1).toUpper() + type.mid(1) + ")");
     else

@@ -60,5 +60,6 @@ void TClearCaseApplyLabelFrame::txtVOBSelectorDropDown()
 void TClearCaseApplyLabelFrame::txtLabelNameDropDown()
 {
     // The labels belong to the VOB typed now, which may have changed since the last drop-down.
-    ui->txtLabelName->setItemsKeepingText(ClearCaseLines(CCGetLabelNames(ui->txtVOBSelector->currentText().toStdString())));
+    TClearCaseLookUp lookUp(ui->txtLabelName);
+    ui->txtLabelName->setItemsKeepingText(lookUp.lines(CCGetLabelNames(lookUp.expand(ui->txtVOBSelector->currentText()))));
 }

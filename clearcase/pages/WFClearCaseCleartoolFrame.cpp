@@ -3,6 +3,7 @@
 
 #include "actions/WFClearCaseCleartoolAction.h"
 #include "pages/WFClearCasePageLook.h"
+#include "WFBoundControls.h"
 
 TClearCaseCleartoolFrame::TClearCaseCleartoolFrame(QWidget* parent)
     : TFrame(parent), ui(std::make_unique<Ui::TClearCaseCleartoolFrame>())
@@ -25,7 +26,7 @@ void TClearCaseCleartoolFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& cleartool = narrow<TClearCaseCleartoolAction>(action);
     ui->txtCommand->setText(QString::fromStdString(cleartool.GetCommand()));
-    ui->txtArgs->setPlainText(QString::fromStdString(cleartool.GetArguments()).replace("\r\n", "\n"));
+    WFShowInMemo(ui->txtArgs, cleartool.GetArguments());
     ui->ViewContext->SetCaption("View Context (Starting Directory)");
     ui->ViewContext->ReadActionData(cleartool);
 }
@@ -35,12 +36,7 @@ void TClearCaseCleartoolFrame::WriteActionData(TCustomWFAction& action)
     auto& cleartool = narrow<TClearCaseCleartoolAction>(action);
     ui->ViewContext->WriteActionData(cleartool);
     cleartool.SetCommand(ui->txtCommand->text().toStdString());
-    cleartool.SetArguments(arguments().toStdString());
-}
-
-QString TClearCaseCleartoolFrame::arguments() const
-{
-    return ui->txtArgs->toPlainText().replace('\n', "\r\n");
+    cleartool.SetArguments(WFMemoValue(ui->txtArgs, "\r\n"));
 }
 
 void TClearCaseCleartoolFrame::txtCommandChange()

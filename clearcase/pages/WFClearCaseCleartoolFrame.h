@@ -16,7 +16,7 @@ public:
     ~TClearCaseCleartoolFrame() override;
 
     void ReadActionData(TCustomWFAction& action) override;
-    /// The arguments are stored as the memo holds them, lines joined by CR LF.
+    /// The arguments are stored as the memo holds them, lines joined by CR LF; unedited, as read.
     void WriteActionData(TCustomWFAction& action) override;
     std::string PageName() const override;
 
@@ -27,5 +27,4 @@ private:
     void txtArgsChange();
     /// Shows the command line exactly as the action will run it.
     void UpdateLabel();
-    QString arguments() const;
 };

@@ -47,7 +47,8 @@ std::string TClearCaseEditExtendedPathNameForm::GetPathName() const
 void TClearCaseEditExtendedPathNameForm::txtElementDropDown()
 {
     // Versions and checked-out copies are listed as "name@@version": offer the element name.
-    QStringList names = ClearCaseLines(CCGetLS(m_viewContext));
+    TClearCaseLookUp lookUp(ui->txtElement);
+    QStringList names = lookUp.lines(CCGetLS(lookUp.expand(QString::fromStdString(m_viewContext))));
     for (QString& name : names) {
         const qsizetype mark = name.indexOf(kExtendedMark);
         if (mark >= 0)
@@ -61,7 +62,9 @@ void TClearCaseEditExtendedPathNameForm::txtSelectorDropDown()
     const QString element = ui->txtElement->currentText();
     if (element.isEmpty())
         return;
-    QStringList selectors = ClearCaseLines(CCGetHistory(element.toStdString(), m_viewContext));
+    TClearCaseLookUp lookUp(ui->txtSelector);
+    const std::string expanded = lookUp.expand(element);
+    QStringList selectors = lookUp.lines(CCGetHistory(expanded, lookUp.expand(QString::fromStdString(m_viewContext))));
     // A line without "@@" loses its first character; that is how the list has always read.
     for (QString& selector : selectors)
         selector = selector.mid(selector.indexOf(kExtendedMark) + kExtendedMark.size());

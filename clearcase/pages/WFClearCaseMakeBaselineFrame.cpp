@@ -81,7 +81,7 @@ void TClearCaseMakeBaselineFrame::ReadActionData(TCustomWFAction& action)
 {
     auto& baseline = narrow<TClearCaseMakeBaselineAction>(action);
     m_selectedComponents = toList(baseline.GetComponents());
-    fillCheckList(ui->boxComponents, ClearCaseLines(CCGetAllUCMComponents()), m_selectedComponents);
+    fillCheckList(ui->boxComponents, TClearCaseLookUp(ui->boxComponents).lines(CCGetAllUCMComponents()), m_selectedComponents);
     m_selectedActivities = toList(baseline.GetActivities());
     UpdateListBoxes();
     ui->txtBaselineRootName->setText(QString::fromStdString(baseline.GetBaselineRootName()));
@@ -132,7 +132,9 @@ void TClearCaseMakeBaselineFrame::UpdateListBoxes()
     const std::string folder = ui->ClearCaseViewContextSubFrame1->GetContextPath();
     if (folder == m_activitiesFolder)
         return;
-    fillCheckList(ui->boxActivities, ClearCaseLines(CCGetUCMActivities(folder)), m_selectedActivities);
+    TClearCaseLookUp lookUp(ui->boxActivities);
+    fillCheckList(ui->boxActivities, lookUp.lines(CCGetUCMActivities(lookUp.expand(QString::fromStdString(folder)))),
+                  m_selectedActivities);
     m_activitiesFolder = folder;
 }
 

@@ -44,12 +44,14 @@ void TClearCaseMakeBaselineFromLabelFrame::WriteActionData(TCustomWFAction& acti
 void TClearCaseMakeBaselineFromLabelFrame::txtLabelDropDown()
 {
     const QString vob = ui->txtVOB->currentText();
-    if (!vob.isEmpty())
-        ui->txtLabel->setItemsKeepingText(ClearCaseLines(CCGetLabelNames(vob.toStdString())));
+    if (!vob.isEmpty()) {
+        TClearCaseLookUp lookUp(ui->txtLabel);
+        ui->txtLabel->setItemsKeepingText(lookUp.lines(CCGetLabelNames(lookUp.expand(vob))));
+    }
 }
 
 void TClearCaseMakeBaselineFromLabelFrame::txtVOBDropDown()
 {
     // Every drop-down asks again: VOBs mounted since the page opened show up.
-    ui->txtVOB->setItemsKeepingText(ClearCaseLines(CCGetVOBNames()));
+    ui->txtVOB->setItemsKeepingText(TClearCaseLookUp(ui->txtVOB).lines(CCGetVOBNames()));
 }

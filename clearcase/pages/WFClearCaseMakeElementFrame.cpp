@@ -77,5 +77,5 @@ void TClearCaseMakeElementFrame::txtElementTypeDropDown()
 {
     // Asking every VOB is slow: the list is loaded once per page.
     if (ui->txtElementType->count() == 0)
-        ui->txtElementType->setItemsKeepingText(ClearCaseLines(CCGetAllTypeNames("eltype")));
+        ui->txtElementType->setItemsKeepingText(TClearCaseLookUp(ui->txtElementType).lines(CCGetAllTypeNames("eltype")));
 }

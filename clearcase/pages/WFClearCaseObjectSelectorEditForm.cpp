@@ -146,12 +146,13 @@ void TClearCaseObjectSelectorEditForm::txtObjectNameDropDown()
 {
     const QString tag = ui->cmbObjectTypeTag->currentText();
     const std::string kind = tag.left(std::max<qsizetype>(0, tag.size() - 1)).toStdString();
-    ui->txtObjectName->setItemsKeepingText(ClearCaseLines(CCGetTypeNames(kind, ui->txtVOB->currentText().toStdString())));
+    TClearCaseLookUp lookUp(ui->txtObjectName);
+    ui->txtObjectName->setItemsKeepingText(lookUp.lines(CCGetTypeNames(kind, lookUp.expand(ui->txtVOB->currentText()))));
 }
 
 void TClearCaseObjectSelectorEditForm::txtVOBDropDown()
 {
     // The VOBs do not change while the editor is open: they are asked for once.
     if (ui->txtVOB->count() == 0)
-        ui->txtVOB->setItemsKeepingText(ClearCaseLines(CCGetVOBNames()));
+        ui->txtVOB->setItemsKeepingText(TClearCaseLookUp(ui->txtVOB).lines(CCGetVOBNames()));
 }

@@ -4,6 +4,8 @@
 #include "resources/WFClearCaseResources.h"
 #include "WFComboBox.h"
 #include "WFHeading.h"
+#include "WFPageStatus.h"
+#include "WFServices.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -72,18 +74,38 @@ QStringList ClearCaseLines(const std::string& queryResult)
     return lines;
 }
 
+std::string TClearCaseLookUp::expand(const QString& value)
+{
+    std::string expanded;
+    std::string error;
+    if (WFDesignApplicationServices().ExpandExpression(value.toStdString(), expanded, error))
+        return expanded;
+    if (m_problem.empty())
+        m_problem = "Could not expand \"" + value.toStdString() + "\": " + error + ".";
+    return value.toStdString();
+}
+
+QStringList TClearCaseLookUp::lines(const std::string& queryResult)
+{
+    const QStringList items = ClearCaseLines(queryResult);
+    const std::string why = items.isEmpty() ? (m_problem.empty() ? CCWhyLastQueryGaveNothing() : m_problem) : std::string();
+    WFSetPageStatus(m_control, QString::fromStdString(why));
+    return items;
+}
+
 void ClearCaseFillVOBListOnce(TWFComboBox* list)
 {
     if (list->count() > 0 && !list->itemText(0).isEmpty())
         return;
-    list->setItemsKeepingText(ClearCaseLines(CCGetVOBNames()));
+    list->setItemsKeepingText(TClearCaseLookUp(list).lines(CCGetVOBNames()));
 }
 
 void ClearCaseFillTypeList(TWFComboBox* list, const char* kind, const QString& vob)
 {
     if (vob.isEmpty())
         return;
-    list->setItemsKeepingText(ClearCaseLines(CCGetTypeNames(kind, vob.toStdString())));
+    TClearCaseLookUp lookUp(list);
+    list->setItemsKeepingText(lookUp.lines(CCGetTypeNames(kind, lookUp.expand(vob))));
 }
 
 int TClearCaseWrappingRadioButton::captionLeft() const

@@ -25,6 +25,22 @@ void ClearCaseSetChecked(QAbstractButton* button, bool checked);
 /// A query's result (lines ended by CR LF) as list items.
 QStringList ClearCaseLines(const std::string& queryResult);
 
+/// One look-up of a page: the values it passes to cleartool (names, folders) expanded with the
+/// project's variables, and its result as list items; when that is empty the page's status
+/// says why, otherwise the status is cleared.
+class TClearCaseLookUp {
+public:
+    /// `control`: the list being filled, which finds the page.
+    explicit TClearCaseLookUp(QWidget* control) : m_control(control) {}
+    /// The value as a run would see it; as typed when it cannot be expanded (the reason is kept).
+    std::string expand(const QString& value);
+    QStringList lines(const std::string& queryResult);
+
+private:
+    QWidget* m_control;
+    std::string m_problem;
+};
+
 /// Fills a VOB list from cleartool unless it already holds VOBs, so that only the first
 /// drop-down asks.
 void ClearCaseFillVOBListOnce(TWFComboBox* list);

@@ -29,15 +29,8 @@ bool TCustomWFAction::Validate(IWFActionValidationError& /*errors*/)
 bool TCustomWFAction::TryExpandExpression(const std::string& propertyName, const std::string& value,
                                           std::string& expanded, bool nameLike) const
 {
-    TWFExpressionScope scope;
-    const TWFBuildVariables* variables = m_host ? m_host->variables : nullptr;
-    scope.variable = [variables](const std::string& name) -> std::optional<std::string> {
-        if (!variables || !variables->IsDefined(name))
-            return std::nullopt;
-        return variables->Get(name).toString();
-    };
-    if (m_host && m_host->functions)
-        scope.function = m_host->functions;
+    const TWFExpressionScope scope = expressionScope(m_host ? m_host->variables : nullptr,
+                                                     m_host ? m_host->functions : TWFFunctionResolver());
     std::string error;
     if (!expandExpression(value, scope, expanded, error)) {
         SendMessage("Error: Could not expand " + propertyName + " \"" + value + "\": " + error + ".");

@@ -1,5 +1,7 @@
 #include "WFExpression.h"
 
+#include "WFVariables.h"
+
 #include <cstdlib>
 
 namespace {
@@ -72,4 +74,16 @@ bool expandExpression(std::string_view text, const TWFExpressionScope& scope, st
         return true;
     result.clear();
     return false;
+}
+
+TWFExpressionScope expressionScope(const TWFBuildVariables* variables, TWFFunctionResolver functions)
+{
+    TWFExpressionScope scope;
+    scope.variable = [variables](const std::string& name) -> std::optional<std::string> {
+        if (!variables || !variables->IsDefined(name))
+            return std::nullopt;
+        return variables->Get(name).toString();
+    };
+    scope.function = std::move(functions);
+    return scope;
 }

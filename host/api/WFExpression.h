@@ -19,6 +19,11 @@ struct WF_API TWFExpressionScope {
     TWFFunctionResolver function;
 };
 
+class TWFBuildVariables;
+
+/// The scope of a run or a project: its build variables (none: nullptr) and script functions.
+WF_API TWFExpressionScope expressionScope(const TWFBuildVariables* variables, TWFFunctionResolver functions);
+
 /// Expands `%NAME%` (a build variable, else an environment variable), `%Name().Property%`
 /// (a registered script function) and `%%` (a literal percent sign). Values are inserted as
 /// they are, never expanded again, so a listing held in a variable may contain `%` safely.

@@ -37,6 +37,14 @@ void TZTXMLObject::PublishString(const std::string& name, std::function<std::str
              [set](const TWFVariant& v) { set(v.toString()); }});
 }
 
+void TZTXMLObject::PublishText(const std::string& name, std::string* field)
+{
+    PublishString(name, field);
+    for (auto& property : m_properties)
+        if (property.name == name)
+            property.multiLine = true;
+}
+
 void TZTXMLObject::PublishBoolean(const std::string& name, std::function<bool()> get, std::function<void(bool)> set)
 {
     publish({name, TWFPropertyType::Boolean, {}, [get] { return TWFVariant(get()); },

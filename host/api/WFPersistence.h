@@ -18,6 +18,8 @@ struct WF_API TWFPropertyInfo {
     std::vector<std::string> enumMembers;
     std::function<TWFVariant()> get;
     std::function<void(const TWFVariant&)> set;
+    /// A string that may hold several lines: a page edits it in a memo.
+    bool multiLine = false;
 };
 
 /// Reads persisted properties by name. Booleans and enumerations come back in their stored
@@ -83,6 +85,8 @@ protected:
     {
         PublishString(name, [field] { return *field; }, [field](const std::string& value) { *field = value; });
     }
+    /// A string property that may hold several lines (a message, a file's text).
+    void PublishText(const std::string& name, std::string* field);
     void PublishBoolean(const std::string& name, bool* field)
     {
         PublishBoolean(name, [field] { return *field; }, [field](bool value) { *field = value; });

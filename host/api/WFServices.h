@@ -6,6 +6,7 @@
 #include "WFExport.h"
 #include "WFOptionsServices.h"
 #include "WFScriptingServices.h"
+#include "WFVariables.h"
 
 #include <functional>
 #include <string>
@@ -15,8 +16,13 @@
 class WF_API TWFDesignApplicationServices {
 public:
     std::function<std::vector<std::string>()> variableNamesProvider;
+    /// The open project's build variables with their values in the project.
+    std::function<TWFBuildVariables()> variablesProvider;
     /// The names of the open project's build variables.
     std::vector<std::string> GetVariableNames() const { return variableNamesProvider ? variableNamesProvider() : std::vector<std::string>{}; }
+    /// Expands a page's value as a run would at its start: the project's variables, else the
+    /// environment, and the script functions. False with the reason when it cannot.
+    bool ExpandExpression(const std::string& text, std::string& expanded, std::string& error) const;
 };
 
 WF_API TWFDesignApplicationServices& WFDesignApplicationServices();

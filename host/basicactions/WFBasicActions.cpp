@@ -11,7 +11,7 @@ constexpr const char* kCategory = "Basic";
 
 TWFLogMessageAction::TWFLogMessageAction()
 {
-    PublishString("Text", &m_text);
+    PublishText("Text", &m_text);
 }
 
 bool TWFLogMessageAction::Validate(IWFActionValidationError& /*errors*/)
@@ -66,7 +66,7 @@ bool TWFSetVariableAction::Execute()
 TWFWriteTextFileAction::TWFWriteTextFileAction()
 {
     PublishString("FileName", &m_fileName);
-    PublishString("Text", &m_text);
+    PublishText("Text", &m_text);
     PublishBoolean("Append", &m_append);
 }
 

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -31,11 +32,25 @@ TWFBusyIndicator::TWFBusyIndicator(const QString& message, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_message);
     layout->addLayout(buttons);
+    setMinimumWidth(titleWidth());
     connect(m_cancel, &QPushButton::clicked, this, [this] {
         m_cancel->setEnabled(false);
         m_message->setText(tr("Cancelling..."));
         emit cancelRequested();
     });
+}
+
+int TWFBusyIndicator::titleWidth() const
+{
+    // The window system shows the title in a bold font after the application's name and before
+    // its buttons; a dialog only as wide as its message would clip it.
+    QFont bold = font();
+    bold.setBold(true);
+    QString shown = windowTitle();
+    if (!QGuiApplication::applicationDisplayName().isEmpty())
+        shown += QStringLiteral(" \u2014 ") + QGuiApplication::applicationDisplayName();
+    constexpr int kTitleButtonsWidth = 120;
+    return QFontMetrics(bold).horizontalAdvance(shown) + kTitleButtonsWidth;
 }
 
 void WFRunBusyWithIndicator(const std::string& message, const std::function<void()>& work,

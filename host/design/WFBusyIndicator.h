@@ -13,6 +13,8 @@ class TWFBusyIndicator : public QDialog {
     Q_OBJECT
 public:
     TWFBusyIndicator(const QString& message, QWidget* parent);
+    /// Wide enough for the window system to show the whole title.
+    int titleWidth() const;
 
 signals:
     void cancelRequested();

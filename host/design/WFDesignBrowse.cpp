@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QRegularExpression>
 
 namespace {
 
@@ -16,7 +17,13 @@ QString text(const std::string& value)
 /// "Text Files (*.txt)" and "All Files (*)"; a description without its patterns gets them added.
 QStringList nameFilters(const std::string& filter)
 {
-    const QStringList parts = text(filter).split('|');
+    QString all = text(filter);
+#ifndef _WIN32
+    // "*.*" means every file on Windows; elsewhere it would hide names without a dot (config_spec).
+    static const QRegularExpression anyName(QStringLiteral("(^|[\\s(;|])\\*\\.\\*(?=$|[\\s);|])"));
+    all.replace(anyName, QStringLiteral("\\1*"));
+#endif
+    const QStringList parts = all.split('|');
     if (parts.size() < 2)
         return parts;
     QStringList filters;

@@ -10,6 +10,7 @@
 
 #include "WFAction.h"
 #include "WFFrame.h"
+#include "WFGenericPage.h"
 #include "WFPageFactory.h"
 #include "WFServices.h"
 
@@ -58,7 +59,7 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
     layout->addWidget(m_tabs, 1);
 
     const std::string className = entry ? entry->actionClass.className : std::string();
-    for (const auto& pageClass : WFActionServices().PagesOf(className)) {
+    for (const auto& pageClass : WFPagesFor(className)) {
         std::string error;
         std::unique_ptr<QWidget> widget = WFCreatePage(pageClass, nullptr, error);
         IWFActionPage* page = widget ? WFActionPageOf(widget.get()) : nullptr;

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QPainter>
 #include <QPixmap>
+#include <QPolygonF>
 
 namespace {
 
@@ -15,10 +16,14 @@ QPixmap placeholder()
 {
     QPixmap pixmap(16, 16);
     pixmap.fill(Qt::transparent);
+    // A generic action: a step with an arrow, for a package that carries no bitmap of its own.
     QPainter painter(&pixmap);
-    painter.setPen(QColor(90, 90, 90));
-    painter.setBrush(QColor(220, 220, 220));
-    painter.drawRect(2, 2, 11, 11);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(70, 90, 120), 1));
+    painter.setBrush(QColor(200, 215, 235));
+    painter.drawRoundedRect(QRectF(1.5, 1.5, 13, 13), 2.5, 2.5);
+    painter.setPen(QPen(QColor(40, 70, 130), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF({QPointF(5, 4.5), QPointF(10, 8), QPointF(5, 11.5)}));
     return pixmap;
 }
 

@@ -172,6 +172,11 @@ TMainWindow::TMainWindow(const QString& settingsFile, QWidget* parent)
             names.push_back(variable.name);
         return names;
     };
+    WFDesignApplicationServices().variablesProvider = [this] {
+        TWFBuildVariables variables;
+        m_document->project().DefineVariables(variables);
+        return variables;
+    };
 
     resize(1100, 720);
     restoreGeometry(m_settings->value("window/geometry").toByteArray());
@@ -184,6 +189,7 @@ TMainWindow::TMainWindow(const QString& settingsFile, QWidget* parent)
 TMainWindow::~TMainWindow()
 {
     WFDesignApplicationServices().variableNamesProvider = nullptr;
+    WFDesignApplicationServices().variablesProvider = nullptr;
 }
 
 void TMainWindow::createCatalogue()

@@ -83,11 +83,11 @@ TWFBrowseFileRequest request(const char* title, const char* filter, const char* 
 const DialogCase kDialogCases[] = {
     {"PairsWithPatternsInTheirDescription",
      request("Save Config Spec As", "Text Files (*.txt)|*.TXT|All Files (*.*)|*.*", "", "config_spec.txt", true),
-     {"Text Files (*.txt)", "All Files (*.*)"}, "/config_spec.txt", true},
+     {"Text Files (*.txt)", "All Files (*)"}, "/config_spec.txt", true},
     {"DescriptionsGetTheirPatterns",
      request("Open", "Specs|*.cs;*.spec|Everything|*", "/tmp", "", false), {"Specs (*.cs *.spec)", "Everything (*)"}, nullptr,
      false},
-    {"SinglePattern", request("Select Config Spec File", "*.*", "/tmp", "/tmp/rel.cs", false), {"*.*"}, "/tmp/rel.cs", false},
+    {"AnyNameIsEveryFileOffWindows", request("Select Config Spec File", "*.*", "/tmp", "/tmp/rel.cs", false), {"*"}, "/tmp/rel.cs", false},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, FileDialog, ::testing::ValuesIn(kDialogCases),
                          [](const auto& info) { return std::string(info.param.name); });

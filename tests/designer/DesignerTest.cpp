@@ -269,7 +269,7 @@ TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
     };
     const QImage placeholder = packageIcon("NO_SUCH_RESOURCE").pixmap(16, 16).toImage();
     for (const Row& row : {Row{"CC_CHECKOUT", true}, Row{"UCM_MAKEBL_LABEL", true}, Row{"CC_LOGO", true},
-                           Row{"WF_LOGMESSAGE", false}, Row{"", false}, Row{"cc_checkout", false}}) {
+                           Row{"WF_LOGMESSAGE", true}, Row{"", false}, Row{"cc_checkout", false}}) {
         const std::string bytes = WFFindPackageResource(row.name);
         EXPECT_EQ(!bytes.empty(), row.carried) << row.name;
         const QImage icon = packageIcon(row.name).pixmap(16, 16).toImage();

@@ -8,9 +8,45 @@
 #include "pages/WFClearCaseEditViewPathForm.h"
 #include "pages/WFClearCaseObjectSelectorEditForm.h"
 #include "pages/WFClearCaseViewContextSubFrame.h"
+#include "WFBasicActionPages.h"
+#include "WFBasicActions.h"
+#include "WFFrame.h"
+#include "WFGenericPage.h"
+#include "WFPageFactory.h"
 #include "WFServices.h"
 
+#include <memory>
+
 namespace wfgallery {
+
+namespace {
+
+/// A host page bound to a sample action that lives as long as the program.
+template <typename Action>
+QWidget* hostPage(const TWFPageClass& pageClass, std::vector<std::pair<std::string, std::string>> sample)
+{
+    static Action action;
+    for (const auto& [name, value] : sample)
+        action.SetPropertyText(name, value);
+    std::string error;
+    auto page = WFCreatePage(pageClass, nullptr, error);
+    IWFActionPage* bound = WFActionPageOf(page.get());
+    bound->InitFrame(page.get());
+    bound->InitPage(action);
+    bound->ReadActionData(action);
+    page->resize(kWFPageWidth, page->sizeHint().height());
+    return page.release();
+}
+
+TWFPageClass basicPage(const char* className)
+{
+    for (const auto& row : WFBasicActionPages())
+        if (row.page.className == className)
+            return row.page;
+    return {};
+}
+
+} // namespace
 
 const std::vector<Editor>& editors()
 {
@@ -40,6 +76,26 @@ const std::vector<Editor>& editors()
              auto* editor = new TClearCaseObjectSelectorEditForm;
              editor->SetObjectSelector("lbtype:REL2@/vobs/product");
              return editor;
+         }},
+        // The host's own pages: the basic actions' and the generic one.
+        {"TWFLogMessageFrame",
+         [] { return hostPage<TWFLogMessageAction>(basicPage("TWFLogMessageFrame"), {{"Text", "Build %BUILD_NUMBER% started\non %COMPUTERNAME%"}}); }},
+        {"TWFSetVariableFrame",
+         [] { return hostPage<TWFSetVariableAction>(basicPage("TWFSetVariableFrame"), {{"VariableName", "RELEASE"}, {"Value", "rel_%BUILD_NUMBER%"}}); }},
+        {"TWFWriteTextFileFrame",
+         [] {
+             return hostPage<TWFWriteTextFileAction>(basicPage("TWFWriteTextFileFrame"),
+                                                     {{"FileName", "out/version.txt"}, {"Text", "%BUILD_NUMBER%\n"}});
+         }},
+        {"TWFRunProgramFrame",
+         [] {
+             return hostPage<TWFRunProgramAction>(basicPage("TWFRunProgramFrame"),
+                                                  {{"Program", "make"}, {"Arguments", "-j2 all"}, {"WorkingDirectory", "src"}});
+         }},
+        {"TWFGenericPropertyPage",
+         [] {
+             return hostPage<TWFWriteTextFileAction>(WFPagesFor("TNoPagesAction").front(),
+                                                     {{"FileName", "out/version.txt"}, {"Text", "%BUILD_NUMBER%\n"}, {"Append", "True"}});
          }},
     };
     return list;
