@@ -1,4 +1,5 @@
 #include "WFAction.h"
+#include "RowName.h"
 #include "WFLog.h"
 #include "WFPluginLoader.h"
 #include "WFServices.h"
@@ -64,10 +65,7 @@ struct BadPluginCase {
     std::string reason;
 };
 
-void PrintTo(const BadPluginCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(BadPluginCase)
 
 class BadPlugin : public testing::TestWithParam<BadPluginCase> {};
 
@@ -113,8 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadPluginCase{"WithoutEntryPoint", [](const wftest::TempDir&) { return std::string(WF_NO_ENTRY_PLUGIN_PATH); },
                       "it exports no WFRegister entry point"},
         BadPluginCase{"WhoseRegistrationThrows", [](const wftest::TempDir&) { return std::string(WF_FAULTY_PLUGIN_PATH); },
-                      "WFRegister failed: no licence for this host"}),
-    [](const testing::TestParamInfo<BadPluginCase>& info) { return info.param.name; });
+                      "WFRegister failed: no licence for this host"}), wftest::byName);
 
 TEST(PluginLoaderDeathTest, CrashInsideWFRegisterNamesThePlugin)
 {
