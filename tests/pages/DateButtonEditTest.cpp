@@ -1,5 +1,6 @@
 // The date edit: keywords from its menu, the calendar and the time picker, as a user picks them.
 #include "PageHarness.h"
+#include "RowName.h"
 
 #include "pages/WFClearCaseDateButtonEdit.h"
 
@@ -76,10 +77,7 @@ struct DateCase {
     const char* expected;
 };
 
-void PrintTo(const DateCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(DateCase)
 
 class DateEdit : public ::testing::TestWithParam<DateCase> {
 protected:
@@ -159,8 +157,7 @@ const DateCase kDateCases[] = {
     {"DateMonthFromLocale", "", "ChooseDate1", QDate(2007, 5, 3), {}, QLocale::French, "03-mai-07"},
     {"DateCancelledKeepsText", "today", "ChooseDate1", std::nullopt, {}, QLocale::English, "today"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, DateEdit, ::testing::ValuesIn(kDateCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, DateEdit, ::testing::ValuesIn(kDateCases), wftest::byName);
 
 TEST_F(DateEdit, MenuOpensUnderTheButtonWithItsItemsInOrder)
 {
