@@ -91,20 +91,6 @@ protected:
     QLineEdit* text() { return edit.findChild<QLineEdit*>("txtEdit"); }
     QToolButton* button() { return edit.findChild<QToolButton*>("txtEditButton"); }
     QMenu* menu() { return edit.findChild<QMenu*>("PopupMenu1"); }
-
-    /// Opens the menu with the drop-down button and chooses the item: a click on it when it is
-    /// on the menu itself, else (a day, on the sub-menu) its trigger.
-    void choose(const char* item)
-    {
-        click(button());
-        ASSERT_TRUE(menu()->isVisible());
-        auto* action = edit.findChild<QAction*>(item);
-        ASSERT_NE(action, nullptr) << item;
-        if (menu()->actions().contains(action))
-            QTest::mouseClick(menu(), Qt::LeftButton, Qt::NoModifier, menu()->actionGeometry(action).center());
-        else
-            action->trigger();
-    }
 };
 
 TEST_P(DateEdit, PickedValueBecomesText)
@@ -127,7 +113,7 @@ TEST_P(DateEdit, PickedValueBecomesText)
                 panel->findChild<QTimeEdit*>("TimePicker")->setTime(*c.time);
             pressButton(panel, c.time ? "OK" : "Cancel");
         });
-    choose(c.item);
+    chooseDateItem(&edit, c.item);
     EXPECT_EQ(edit.GetDateString(), c.expected);
     // The panels are freed, picked or cancelled.
     for (QWidget* widget : QApplication::topLevelWidgets())
@@ -187,7 +173,7 @@ TEST_F(DateEdit, EnterInTheCalendarPicksTheDayShown)
         QTest::keyClick(days, Qt::Key_Right);
         QTest::keyClick(days, Qt::Key_Return);
     });
-    choose("ChooseDate1");
+    chooseDateItem(&edit, "ChooseDate1");
     EXPECT_EQ(edit.GetDateString(), "16-Nov-06");
 }
 

@@ -26,19 +26,6 @@ using namespace wfpage;
 
 namespace {
 
-/// Opens a combo box's list and picks the item with that text, as a user does with the keyboard.
-void choose(QComboBox* combo, const QString& text)
-{
-    combo->showPopup();
-    const int row = combo->findText(text);
-    if (row < 0) {
-        combo->hidePopup();
-        throw std::runtime_error(combo->objectName().toStdString() + " has no item " + text.toStdString());
-    }
-    combo->view()->setCurrentIndex(combo->model()->index(row, 0));
-    QTest::keyClick(combo->view(), Qt::Key_Return);
-}
-
 /// A user's step in the editor: a type chosen from the list, or text typed into a field.
 struct EditorStep {
     const char* control;
@@ -48,7 +35,7 @@ struct EditorStep {
 void apply(QWidget* editor, const EditorStep& step)
 {
     if (std::string(step.control) == "cmbObjectTypeName")
-        choose(editor->findChild<QComboBox*>(step.control), step.value);
+        chooseByKeyboard(editor->findChild<QComboBox*>(step.control), step.value);
     else
         type(editor->findChild<QWidget*>(step.control), step.value);
 }
@@ -163,7 +150,7 @@ TEST_P(SelectorNameList, AskedForOnEveryDropDown)
     if (c.query)
         cleartool.respond(c.query, c.output);
     type(combo("txtVOB"), c.vob);
-    choose(combo("cmbObjectTypeName"), c.type);
+    chooseByKeyboard(combo("cmbObjectTypeName"), c.type);
     QComboBox* names = combo("txtObjectName");
     dropDown(names);
     dropDown(names);
@@ -188,7 +175,7 @@ TEST_F(SelectorNameList, PickedNameComposesTheString)
 {
     cleartool.respond("lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n");
     editor.SetObjectSelector("lbtype:@/vobs/a");
-    choose(combo("txtObjectName"), "REL2");
+    chooseByKeyboard(combo("txtObjectName"), "REL2");
     EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2@/vobs/a");
 }
 
@@ -202,7 +189,7 @@ TEST_F(SelectorNameList, VOBListIsAskedForOncePerEditor)
     EXPECT_EQ(items(vobs), QStringList({"/vobs/a", "/vobs/b"}));
     EXPECT_EQ(vobs->currentText(), "/vobs/typed");
     EXPECT_EQ(cleartool.calls().size(), 1u);
-    choose(vobs, "/vobs/b");
+    chooseByKeyboard(vobs, "/vobs/b");
     EXPECT_EQ(editor.GetObjectSelector(), "@/vobs/b");
     EXPECT_EQ(cleartool.calls().size(), 1u);
 
