@@ -60,13 +60,6 @@ std::string xmlEscape(const std::string& text)
     return out;
 }
 
-std::string replaceAll(std::string text, const std::string& from, const std::string& to)
-{
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-    return text;
-}
-
 std::string projectXml(const std::string& type, const Properties& properties)
 {
     std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"1\">\n  <variables>\n"
@@ -101,7 +94,7 @@ TEST_P(ActionRun, LeavesTheSimulatorInTheExpectedState)
     const std::string log = wftest::readFile(world.logFile());
     EXPECT_EQ(run.status, c.status) << log << run.err;
     for (const std::string& pattern : c.logLines) {
-        const std::string line = replaceAll(pattern, "%DIR%", world.dir());
+        const std::string line = wftest::replaceAll(pattern, "%DIR%", world.dir());
         EXPECT_NE(("\n" + log).find("\n" + line + "\n"), std::string::npos) << "log lacks: " << line << "\n" << log;
     }
     if (c.status != 0) {

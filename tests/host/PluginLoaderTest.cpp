@@ -49,12 +49,6 @@ TEST(PluginLoader, RegistersAndRunsAnActionEndToEnd)
     WFActionServices().Clear();
 }
 
-std::string readBytes(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 /// A file a row loads, made in the test's folder; returns its path.
 using MakeFile = std::string (*)(const wftest::TempDir& dir);
 
@@ -82,7 +76,7 @@ TEST_P(BadPlugin, IsRefusedBeforeMappingWithAReasonNamingTheFile)
 
 std::string cutAt(const wftest::TempDir& dir, std::size_t size)
 {
-    return dir.write("cut.so", readBytes(WF_TEST_PLUGIN_PATH).substr(0, size));
+    return dir.write("cut.so", wftest::readFile(WF_TEST_PLUGIN_PATH).substr(0, size));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -125,7 +119,7 @@ TEST(PluginLoader, SamePluginUnderASecondNameIsLoadedOnceWithAWarning)
 {
     WFActionServices().Clear();
     wftest::TempDir dir;
-    const std::string copy = dir.write("copy.so", readBytes(WF_TEST_PLUGIN_PATH));
+    const std::string copy = dir.write("copy.so", wftest::readFile(WF_TEST_PLUGIN_PATH));
     std::vector<std::string> warnings;
     const auto previous = SetWFWarningHandler([&](std::string_view text) { warnings.emplace_back(text); });
     std::string error;

@@ -23,13 +23,6 @@ using wftest::ProgramRun;
 using wftest::TempDir;
 using Properties = std::vector<std::pair<std::string, std::string>>;
 
-std::string replaceAll(std::string text, const std::string& from, const std::string& to)
-{
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-    return text;
-}
-
 /// One <action> element of the test package.
 std::string action(const std::string& type, const std::string& description, const Properties& properties = {},
                    bool enabled = true)
@@ -57,7 +50,7 @@ std::string projectXml(const std::string& actions, const std::string& variables 
 /// An action whose failure lets the build go on.
 std::string goingOn(const std::string& actionXml)
 {
-    return replaceAll(actionXml, "enabled=\"True\"", "enabled=\"True\" continueOnFailure=\"True\"");
+    return wftest::replaceAll(actionXml, "enabled=\"True\"", "enabled=\"True\" continueOnFailure=\"True\"");
 }
 
 std::string variable(const std::string& name, const std::string& value)
@@ -85,7 +78,7 @@ protected:
         return dir.write(name, expand(xml));
     }
     /// Replaces @DIR@ by the test's folder.
-    std::string expand(const std::string& text) const { return replaceAll(text, "@DIR@", dir.path()); }
+    std::string expand(const std::string& text) const { return wftest::replaceAll(text, "@DIR@", dir.path()); }
     std::string record() const { return dir.file("record.txt"); }
     std::size_t programStarts() const { return wftest::readInvocations(record()).size(); }
 
@@ -520,7 +513,7 @@ TEST_P(WfbuildBadProject, RefusedWithPlaceAndLeftUntouched)
 {
     const BadProjectCase& c = GetParam();
     const std::string project = writeProject(c.text);
-    const std::string expectedErr = replaceAll(c.err, "@FILE@", project)
+    const std::string expectedErr = wftest::replaceAll(c.err, "@FILE@", project)
         + "wfbuild: the project \"" + project + "\" could not be read; nothing was done.\n";
     for (const std::string command : {"run", "validate"}) {
         const ProgramRun run = wfbuild({command, project});
@@ -539,7 +532,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadProjectCase{"MalformedXml", "<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"TEST_RUN\">\n  </actions>\n</wfproject>\n",
                        "@FILE@:5:12: error: malformed XML: Opening and ending tag mismatch.\n"},
         BadProjectCase{"UnresolvedEntityInTextAndAttribute",
-                       replaceAll(projectXml(testRun("&desc;", {{"Arguments", "a &arg; b"}})), "<wfproject",
+                       wftest::replaceAll(projectXml(testRun("&desc;", {{"Arguments", "a &arg; b"}})), "<wfproject",
                                   "<!DOCTYPE wfproject SYSTEM \"wf.dtd\">\n<wfproject"),
                        "@FILE@:7:42: error: the entity reference &desc; is not resolved (it would read as empty text); "
                        "write its text instead\n"
