@@ -79,6 +79,14 @@ std::string cutAt(const wftest::TempDir& dir, std::size_t size)
     return dir.write("cut.so", wftest::readFile(WF_TEST_PLUGIN_PATH).substr(0, size));
 }
 
+/// The test package with one byte of its ELF header changed (offsets of a 64-bit header).
+std::string patchedAt(const wftest::TempDir& dir, std::size_t at, char byte)
+{
+    std::string bytes = wftest::readFile(WF_TEST_PLUGIN_PATH);
+    bytes[at] = byte;
+    return dir.write("patched.so", bytes);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     PluginLoader, BadPlugin,
     testing::Values(
@@ -87,6 +95,14 @@ INSTANTIATE_TEST_SUITE_P(
                       "not a shared library (no ELF header)"},
         BadPluginCase{"CutInsideItsHeader", [](const wftest::TempDir& dir) { return cutAt(dir, 40); },
                       "truncated: 40 bytes hold no whole ELF header"},
+        BadPluginCase{"BuiltForAnotherWordSize", [](const wftest::TempDir& dir) { return patchedAt(dir, 4, 1); },
+                      "built for a 32-bit system"},
+        BadPluginCase{"AnExecutable", [](const wftest::TempDir& dir) { return patchedAt(dir, 16, 2); },
+                      "not a shared library (ELF type 2)"},
+        BadPluginCase{"WithAnOddProgramHeaderSize", [](const wftest::TempDir& dir) { return patchedAt(dir, 54, 1); },
+                      "malformed ELF header (program header size "},
+        BadPluginCase{"WithProgramHeadersPastItsEnd", [](const wftest::TempDir& dir) { return patchedAt(dir, 38, 1); },
+                      "truncated: its program headers end at byte "},
         // Past the headers, before the end of the loadable segments (debug sections follow them).
         BadPluginCase{"CutInsideItsSegments", [](const wftest::TempDir& dir) { return cutAt(dir, 0x2100); },
                       "truncated: segment "},
