@@ -17,6 +17,8 @@ if ctest --test-dir "$BUILD_DIR" -N | grep -E "GetParam\(\) =|Test +#[0-9]+: .*/
   echo "test.sh: the tests above are not named after their rows; give the table a name generator" >&2
   exit 1
 fi
+# Every table's row type has a printer: a failing row is shown by its name, not its bytes.
+python3 scripts/row-printers.py
 bash scripts/package.sh --build-dir "$BUILD_DIR"
 bash scripts/check-package.sh --build-dir "$BUILD_DIR"
 # The GitLab example job, where gitlab-ci-local is installed (it says so and passes where not).

@@ -14,12 +14,6 @@ namespace wftest {
 
 namespace {
 
-void replaceAll(std::string& text, const std::string& from, const std::string& to)
-{
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-}
-
 IWFClearCaseOptions& options()
 {
     static const bool registered = [] {
@@ -84,11 +78,7 @@ void ActionEnvironment::setDefaultView(const std::string& path)
 
 std::string ActionEnvironment::expand(const std::string& text) const
 {
-    std::string result = text;
-    replaceAll(result, "{view}", view);
-    replaceAll(result, "{project}", project);
-    replaceAll(result, "{dir}", dir.path());
-    return result;
+    return replaceAll(replaceAll(replaceAll(text, "{view}", view), "{project}", project), "{dir}", dir.path());
 }
 
 std::vector<std::string> ActionEnvironment::expand(const std::vector<std::string>& texts) const

@@ -1,6 +1,7 @@
 // Whole runs of actions through the host's Execute against the fake cleartool: the argv and
 // working directory it recorded, the log, and the files and variables the actions write.
 #include "ActionTestSupport.h"
+#include "RowName.h"
 
 #include "WFFiles.h"
 
@@ -21,16 +22,13 @@ struct RunCase {
     int exitCode;
     /// The argv the program received (without the program), or none when it must not start.
     std::vector<std::string> args;
-    /// Its working directory.
+    /// Its working directory, and the command line the log shows.
     std::string cwd;
-    /// The Message lines of the log.
-    std::vector<std::string> messages;
+    std::string commandLine;
+    /// The Message lines of the log after those of the start; all of them when nothing starts.
+    std::vector<std::string> messages = {};
 };
-
-void PrintTo(const RunCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(RunCase)
 
 class ExecuteTest : public testing::TestWithParam<RunCase> {};
 
@@ -46,65 +44,50 @@ TEST_P(ExecuteTest, RunsCleartool)
     ASSERT_TRUE(action);
     EXPECT_EQ(action->Execute(), row.result);
     const auto invocations = readInvocations(record);
+    std::vector<std::string> messages;
     if (row.cwd.empty()) {
         EXPECT_TRUE(invocations.empty());
     } else {
         ASSERT_EQ(invocations.size(), 1u);
         EXPECT_EQ(invocations[0].cwd, env.expand(row.cwd));
         EXPECT_EQ(invocations[0].args, env.expand(row.args));
+        messages = {"Starting Directory: " + row.cwd, "Starting Directory: " + row.cwd, "Command Line: " + row.commandLine};
     }
-    EXPECT_EQ(env.log.messages(), env.expand(row.messages));
-}
-
-std::string caseName(const testing::TestParamInfo<RunCase>& info)
-{
-    return info.param.name;
+    messages.insert(messages.end(), row.messages.begin(), row.messages.end());
+    EXPECT_EQ(env.log.messages(), env.expand(messages));
 }
 
 const std::vector<RunCase> kRunCases = {
     {"CheckOutSplitsQuotedArguments", "TClearCaseCheckoutAction",
      {{"PathNameStorageString", "src dir/a b.c\r\nb.c\r\n"}, {"ViewContextPath", "{view}"}, {"Comment", "two words"}},
      true, 0, {"checkout", "-c", "two words", "-nquery", "src dir/a b.c", "b.c"}, "{view}",
-     {"Starting Directory: {view}", "Starting Directory: {view}",
-      "Command Line: checkout -c \"two words\" -nquery \"src dir/a b.c\" \"b.c\""}},
-    {"ExitCodeFailsTheAction", "TClearCaseUnCheckOutAction",
-     {{"PathNameStorageString", "a.c\r\n"}, {"ViewContextPath", "{view}"}},
-     false, 1, {"uncheckout", "-rm", "a.c"}, "{view}",
-     {"Starting Directory: {view}", "Starting Directory: {view}", "Command Line: uncheckout -rm \"a.c\"",
-      "Action Failed: the program ended with exit code 1."}},
-    {"NoProcessWhenTheCommandLineFails", "TClearCaseUnCheckOutAction", {{"ViewContextPath", "{view}"}},
-     false, 0, {}, "",
+     "checkout -c \"two words\" -nquery \"src dir/a b.c\" \"b.c\""},
+    {"ExitCodeFailsTheAction", "TClearCaseUnCheckOutAction", {{"PathNameStorageString", "a.c\r\n"}, {"ViewContextPath", "{view}"}},
+     false, 1, {"uncheckout", "-rm", "a.c"}, "{view}", "uncheckout -rm \"a.c\"",
+     {"Action Failed: the program ended with exit code 1."}},
+    {"NoProcessWhenTheCommandLineFails", "TClearCaseUnCheckOutAction", {{"ViewContextPath", "{view}"}}, false, 0, {}, "", "",
      {"Starting Directory: {view}", "Action Failed: No pathnames specified to act on."}},
-    {"PlainPathsRunInTheProjectFolder", "TClearCaseCheckoutAction",
-     {{"PathNameStorageString", "a.c\r\n"}},
-     true, 0, {"checkout", "-nc", "-nquery", "a.c"}, "{project}",
-     {"Starting Directory: {project}", "Starting Directory: {project}", "Command Line: checkout -nc -nquery \"a.c\""}},
+    {"PlainPathsRunInTheProjectFolder", "TClearCaseCheckoutAction", {{"PathNameStorageString", "a.c\r\n"}}, true, 0,
+     {"checkout", "-nc", "-nquery", "a.c"}, "{project}", "checkout -nc -nquery \"a.c\""},
     {"MakeAttributeTypeDefaultSplitsFromItsValue", "TClearCaseMakeAttributeTypeAction",
      {{"NewAttributeType", "atInteger"}, {"UseDefaultValue", "True"}, {"DefaultValue", "1"}, {"AttributeName", "Build"},
       {"VOBSelector", "/vobs/main"}},
      true, 0, {"mkattype", "-ordinary", "-vtype", "integer", "-default", "1", "-nc", "Build@/vobs/main"}, "{project}",
-     {"Starting Directory: {project}", "Starting Directory: {project}",
-      "Command Line: mkattype -ordinary -vtype integer -default 1 -nc Build@/vobs/main"}},
+     "mkattype -ordinary -vtype integer -default 1 -nc Build@/vobs/main"},
     {"LockNUsersIsItsOwnArgument", "TClearCaseLockObjectsAction",
      {{"UseNUsers", "True"}, {"NUsersList", "alice,bob"}, {"ObjectsStorageString", "brtype:my branch@/vobs/main\r\n"}},
      true, 0, {"lock", "-nusers", "alice,bob", "-nc", "brtype:my branch@/vobs/main"}, "{project}",
-     {"Starting Directory: {project}", "Starting Directory: {project}",
-      "Command Line: lock -nusers alice,bob -nc \"brtype:my branch@/vobs/main\""}},
+     "lock -nusers alice,bob -nc \"brtype:my branch@/vobs/main\""},
     {"SetActivityQuotedSelector", "TClearCaseSetActivityAction",
      {{"ViewContextPath", "{view}"}, {"ActivityName", "my act"}, {"VOBSelector", "/vobs/pvob"}},
-     true, 0, {"setactivity", "-nc", "activity:my act@/vobs/pvob"}, "{view}",
-     {"Starting Directory: {view}", "Starting Directory: {view}",
-      "Command Line: setactivity -nc \"activity:my act@/vobs/pvob\""}},
-    {"UndoForActivityWithoutViewStartsNothing", "TClearCaseUnCheckOutActivityAction",
-     {{"PathNameStorageString", "a.c\r\n"}}, false, 0, {}, "",
-     {"Starting Directory: {project}", "Error: You have not specified a View to undo checkout for."}},
-    {"MakeBaselineFromLabelWithoutComponentsRuns", "TClearCaseMakeBaselineFromLabelAction",
-     {{"ViewContextPath", "{view}"}, {"SpecifyComponents", "True"}, {"LabelTypeName", "REL 1"}},
-     true, 0, {"mkbl", "-nc", "-import", "lbtype:REL 1"}, "{view}",
-     {"Starting Directory: {view}", "Error: No UCM components selected.", "Starting Directory: {view}",
-      "Command Line: mkbl -nc -import lbtype:\"REL 1\""}},
+     true, 0, {"setactivity", "-nc", "activity:my act@/vobs/pvob"}, "{view}", "setactivity -nc \"activity:my act@/vobs/pvob\""},
+    {"UndoForActivityWithoutViewStartsNothing", "TClearCaseUnCheckOutActivityAction", {{"PathNameStorageString", "a.c\r\n"}},
+     false, 0, {}, "", "", {"Starting Directory: {project}", "Error: You have not specified a View to undo checkout for."}},
+    {"GenericArgumentsSplitLikeACommandLine", "TClearCaseCleartoolAction",
+     {{"ViewContextPath", "{view}"}, {"Command", "describe"}, {"Arguments", "-long \"my view\" -fmt %%n"}},
+     true, 0, {"describe", "-long", "my view", "-fmt", "%n"}, "{view}", "describe -long \"my view\" -fmt %n"},
 };
-INSTANTIATE_TEST_SUITE_P(Runs, ExecuteTest, testing::ValuesIn(kRunCases), caseName);
+INSTANTIATE_TEST_SUITE_P(Runs, ExecuteTest, testing::ValuesIn(kRunCases), wftest::byName);
 
 TEST(ExecuteOutput, ProgramOutputGoesToTheLog)
 {
@@ -128,10 +111,7 @@ struct ValidateCase {
     std::vector<std::string> errors;
 };
 
-void PrintTo(const ValidateCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(ValidateCase)
 
 class ValidateTest : public testing::TestWithParam<ValidateCase> {};
 
@@ -145,11 +125,6 @@ TEST_P(ValidateTest, ReportsErrors)
     RecordingErrors errors;
     EXPECT_EQ(action->Validate(errors), row.result);
     EXPECT_EQ(errors.errors, row.errors);
-}
-
-std::string validateName(const testing::TestParamInfo<ValidateCase>& info)
-{
-    return info.param.name;
 }
 
 const std::vector<ValidateCase> kValidateCases = {
@@ -166,107 +141,69 @@ const std::vector<ValidateCase> kValidateCases = {
     {"UpdateInDefaultView", "TClearCaseUpdateAction", {{"UseDefaultViewContext", "True"}}, "", true, {}},
     {"UpdateInView", "TClearCaseUpdateAction", {{"ViewContextPath", "{dir}/nowhere"}}, "", true, {}},
 };
-INSTANTIATE_TEST_SUITE_P(Validate, ValidateTest, testing::ValuesIn(kValidateCases), validateName);
-
-} // namespace
-} // namespace wftest
-
-namespace wftest {
-namespace {
-
-/// Runs get-config-spec into `target` with the fake program printing `output`.
-struct ConfigSpecRun {
-    ConfigSpecRun(ActionEnvironment& env, const std::string& target, const std::string& output, int chunks = 1)
-        : outputFile("WF_FAKE_OUTPUT", env.dir.write("catcs.txt", output)),
-          chunking("WF_FAKE_CHUNKS", std::to_string(chunks)), delay("WF_FAKE_CHUNK_DELAY_MS", "20"),
-          record("WF_FAKE_RECORD", env.dir.file("record.txt"))
-    {
-        auto action = env.create("TClearCaseGetConfigSpecAction", {{"ViewContextPath", "{view}"},
-                                                                   {"OutputToFile", target.empty() ? "False" : "True"},
-                                                                   {"OutputFilePath", target}});
-        result = action->Execute();
-        ran = readInvocations(env.dir.file("record.txt")).size() == 1;
-    }
-    ScopedEnv outputFile;
-    ScopedEnv chunking;
-    ScopedEnv delay;
-    ScopedEnv record;
-    bool result = false;
-    bool ran = false;
-};
+INSTANTIATE_TEST_SUITE_P(Validate, ValidateTest, testing::ValuesIn(kValidateCases), wftest::byName);
 
 const std::string kConfigSpec = "element * CHECKEDOUT\nelement * /main/LATEST\nload /vobs/main\n";
+const std::string kOldSpec = "old line number 1\nold line number 2\nold line number 3\nold line number 4\n";
 
-TEST(GetConfigSpec, OverwritesTheStartOfAnExistingFileInChunks)
-{
-    ActionEnvironment env;
-    std::string old;
-    for (int line = 1; line <= 10; ++line)
-        old += "old line number " + std::to_string(line) + "\n";
-    const std::string target = env.dir.write("cs.txt", old);
-    ConfigSpecRun run(env, target, kConfigSpec, 3);
-    EXPECT_TRUE(run.result);
-    EXPECT_TRUE(run.ran);
-    EXPECT_EQ(readFile(target), kConfigSpec + old.substr(kConfigSpec.size()));
-    EXPECT_EQ(env.log.messages(), env.expand(std::vector<std::string>{
-                                      "Starting Directory: {view}", "Starting Directory: {view}", "Command Line: catcs"}));
-}
+struct ConfigSpecCase {
+    std::string name;
+    /// The file asked for ({dir} expanded), what it held before ("-": nothing), whether to write it.
+    std::string target;
+    std::string before;
+    bool outputToFile;
+    int exitCode;
+    /// The file afterwards ("-": absent), and a message the log must hold once (empty: none).
+    std::string after;
+    std::string message = {};
+};
+WF_ROW_PRINTER(ConfigSpecCase)
 
-TEST(GetConfigSpec, CreatesAMissingFile)
-{
-    ActionEnvironment env;
-    const std::string target = env.dir.file("new cs.txt");
-    ConfigSpecRun run(env, target, kConfigSpec);
-    EXPECT_TRUE(run.result);
-    EXPECT_EQ(readFile(target), kConfigSpec);
-}
+class GetConfigSpec : public testing::TestWithParam<ConfigSpecCase> {};
 
-TEST(GetConfigSpec, MissingFolderIsReportedAndCatcsStillRuns)
+TEST_P(GetConfigSpec, WritesTheFileChunkByChunkAndRunsCatcsWhateverTheFile)
 {
+    const ConfigSpecCase& row = GetParam();
     ActionEnvironment env;
-    const std::string target = env.dir.file("nowhere/cs.txt");
-    ConfigSpecRun run(env, target, kConfigSpec);
-    EXPECT_TRUE(run.result);
-    EXPECT_TRUE(run.ran);
-    EXPECT_FALSE(fileExists(target));
+    const std::string target = env.expand(row.target);
+    if (row.before != "-")
+        env.dir.write(std::filesystem::path(target).filename(), row.before);
+    ScopedEnv output("WF_FAKE_OUTPUT", env.dir.write("catcs.txt", kConfigSpec));
+    ScopedEnv chunks("WF_FAKE_CHUNKS", "3");
+    ScopedEnv delay("WF_FAKE_CHUNK_DELAY_MS", "20");
+    ScopedEnv record("WF_FAKE_RECORD", env.dir.file("record.txt"));
+    ScopedEnv exitCode("WF_FAKE_EXIT", std::to_string(row.exitCode));
+    auto action = env.create("TClearCaseGetConfigSpecAction", {{"ViewContextPath", "{view}"},
+                                                               {"OutputToFile", row.outputToFile ? "True" : "False"},
+                                                               {"OutputFilePath", target}});
+    EXPECT_EQ(action->Execute(), row.exitCode == 0);
+    EXPECT_EQ(readInvocations(env.dir.file("record.txt")).size(), 1u);
+    if (target != "/dev/full") {
+        EXPECT_EQ(fileExists(target) ? readFile(target) : "-", env.expand(row.after));
+    }
     const auto messages = env.log.messages();
-    EXPECT_EQ(std::count(messages.begin(), messages.end(),
-                         "An error occured trying to open the file \"" + target + "\" for writing"), 1);
+    EXPECT_EQ(std::count(messages.begin(), messages.end(), "Command Line: catcs"), 1);
+    if (!row.message.empty()) {
+        EXPECT_EQ(std::count(messages.begin(), messages.end(), env.expand(row.message)), 1);
+    } else {
+        EXPECT_EQ(messages.size(), 3u);
+    }
     const auto lines = env.log.lines();
     EXPECT_NE(std::find(lines.begin(), lines.end(), "load /vobs/main"), lines.end());
 }
 
-TEST(GetConfigSpec, WriteErrorIsReportedOnceAndDoesNotFail)
-{
-    if (!fileExists("/dev/full") && !std::filesystem::exists("/dev/full"))
-        GTEST_SKIP() << "no /dev/full";
-    ActionEnvironment env;
-    ConfigSpecRun run(env, "/dev/full", kConfigSpec, 3);
-    EXPECT_TRUE(run.result);
-    const auto messages = env.log.messages();
-    EXPECT_EQ(std::count(messages.begin(), messages.end(),
-                         "An error occured whilst writing to the file. The file could not be written."), 1);
-}
-
-TEST(GetConfigSpec, WithoutOutputToFileNoFileIsTouched)
-{
-    ActionEnvironment env;
-    const std::string target = env.dir.file("untouched.txt");
-    ScopedEnv outputFile("WF_FAKE_OUTPUT", env.dir.write("catcs.txt", kConfigSpec));
-    auto action = env.create("TClearCaseGetConfigSpecAction", {{"ViewContextPath", "{view}"}, {"OutputFilePath", target}});
-    EXPECT_TRUE(action->Execute());
-    EXPECT_FALSE(std::filesystem::exists(target));
-}
-
-TEST(GetConfigSpec, ExitCodeStillDecides)
-{
-    ActionEnvironment env;
-    ScopedEnv exitCode("WF_FAKE_EXIT", "1");
-    const std::string target = env.dir.file("cs.txt");
-    ConfigSpecRun run(env, target, kConfigSpec);
-    EXPECT_FALSE(run.result);
-    EXPECT_EQ(readFile(target), kConfigSpec);
-}
+const std::vector<ConfigSpecCase> kConfigSpecCases = {
+    {"OverwritesTheStartOfAnExistingFile", "{dir}/cs.txt", kOldSpec + kOldSpec, true, 0,
+     kConfigSpec + (kOldSpec + kOldSpec).substr(kConfigSpec.size())},
+    {"CreatesAMissingFile", "{dir}/new cs.txt", "-", true, 0, kConfigSpec},
+    {"MissingFolderIsReported", "{dir}/nowhere/cs.txt", "-", true, 0, "-",
+     "An error occured trying to open the file \"{dir}/nowhere/cs.txt\" for writing"},
+    {"WriteErrorIsReportedOnceAndDoesNotFail", "/dev/full", "-", true, 0, "",
+     "An error occured whilst writing to the file. The file could not be written."},
+    {"WithoutOutputToFileNoFileIsTouched", "{dir}/untouched.txt", "-", false, 0, "-"},
+    {"ExitCodeStillDecides", "{dir}/cs.txt", "-", true, 1, kConfigSpec, "Action Failed: the program ended with exit code 1."},
+};
+INSTANTIATE_TEST_SUITE_P(Files, GetConfigSpec, testing::ValuesIn(kConfigSpecCases), wftest::byName);
 
 struct FindCheckoutsCase {
     std::string name;
@@ -279,10 +216,7 @@ struct FindCheckoutsCase {
     std::string after;
 };
 
-void PrintTo(const FindCheckoutsCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(FindCheckoutsCase)
 
 class FindCheckoutsTest : public testing::TestWithParam<FindCheckoutsCase> {};
 
@@ -318,20 +252,7 @@ const std::vector<FindCheckoutsCase> kFindCheckouts = {
     {"WithoutWriteToVariableNothingChanges", "old", false, kListing, 2, "old"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Variables, FindCheckoutsTest, testing::ValuesIn(kFindCheckouts),
-                         [](const auto& info) { return info.param.name; });
-
-TEST(GenericCleartool, ArgumentsAreSplitLikeACommandLine)
-{
-    ActionEnvironment env;
-    ScopedEnv record("WF_FAKE_RECORD", env.dir.file("record.txt"));
-    auto action = env.create("TClearCaseCleartoolAction", {{"ViewContextPath", "{view}"}, {"Command", "describe"},
-                                                           {"Arguments", "-long \"my view\" -fmt %%n"}});
-    EXPECT_TRUE(action->Execute());
-    const auto invocations = readInvocations(env.dir.file("record.txt"));
-    ASSERT_EQ(invocations.size(), 1u);
-    EXPECT_EQ(invocations[0].args, (std::vector<std::string>{"describe", "-long", "my view", "-fmt", "%n"}));
-}
+INSTANTIATE_TEST_SUITE_P(Variables, FindCheckoutsTest, testing::ValuesIn(kFindCheckouts), wftest::byName);
 
 } // namespace
 } // namespace wftest

@@ -1,6 +1,8 @@
-// What the intermediate actions persist by default, the list storage strings, and enumeration
-// member names. Each catalogued action's defaults are checked with its registration.
+// What the intermediate actions persist by default and the list storage strings. Each catalogued
+// action's defaults are checked with its registration; enumeration members are persisted by name
+// in the command line tables.
 #include "ActionTestSupport.h"
+#include "RowName.h"
 
 #include "actions/WFClearCaseUCMAction.h"
 
@@ -14,10 +16,7 @@ struct DefaultsCase {
     std::vector<std::string> properties;
 };
 
-void PrintTo(const DefaultsCase& row, std::ostream* out)
-{
-    *out << row.className;
-}
+WF_ROW_PRINTER_AS(DefaultsCase, row.className)
 
 class IntermediateDefaultsTest : public testing::TestWithParam<DefaultsCase> {};
 
@@ -50,10 +49,7 @@ struct StorageCase {
     std::string readBack;
 };
 
-void PrintTo(const StorageCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(StorageCase)
 
 class StorageStringTest : public testing::TestWithParam<StorageCase> {};
 
@@ -79,50 +75,7 @@ const std::vector<StorageCase> kStorage = {
     {"ActivityNameIsTheFirstEntry", "TClearCaseSetActivityAction", "ActivityName", "x", "x"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Lists, StorageStringTest, testing::ValuesIn(kStorage),
-                         [](const auto& info) { return info.param.name; });
-
-struct EnumCase {
-    std::string className;
-    std::string property;
-    std::vector<std::string> members;
-};
-
-void PrintTo(const EnumCase& row, std::ostream* out)
-{
-    *out << row.className << "." << row.property;
-}
-
-class EnumerationTest : public testing::TestWithParam<EnumCase> {};
-
-TEST_P(EnumerationTest, PersistsByMemberName)
-{
-    const EnumCase& row = GetParam();
-    auto action = createAction(row.className);
-    for (const auto& member : row.members) {
-        EXPECT_TRUE(action->SetPropertyText(row.property, member)) << member;
-        EXPECT_EQ(action->GetPropertyText(row.property), member);
-    }
-    std::string error;
-    EXPECT_FALSE(action->SetPropertyText(row.property, "noSuchMember", &error));
-    EXPECT_EQ(action->GetPropertyText(row.property), row.members.back());
-}
-
-const std::vector<EnumCase> kEnums = {
-    {"TClearCaseCheckoutAction", "DataLocation", {"coView", "coOut", "coNoData"}},
-    {"TClearCaseCheckoutAction", "SelectionMode", {"coDefault", "coVersion", "coBranch"}},
-    {"TClearCaseMakeElementAction", "Checkout", {"ccCheckedOut", "ccCheckedIn", "ccNoCheckOut"}},
-    {"TClearCaseUpdateAction", "UpdateTimestamp", {"tbDefault", "tbCurrent", "tbCheckin"}},
-    {"TClearCaseUpdateAction", "HijackMode", {"hmOverwrite", "hmNooverwrite", "hmRename"}},
-    {"TClearCaseSetConfigSpecAction", "CSpecChoice", {"csCurrent", "csDefault", "csFile", "csStream"}},
-    {"TClearCaseMakeAttributeTypeAction", "NewAttributeType", {"atString", "atInteger", "atReal", "atDate", "atOpaque"}},
-    {"TClearCaseMakeAttributeTypeAction", "Constraints", {"lcDefault", "lcVPelement", "lcVPbranch", "lcVPversion"}},
-    {"TClearCaseMakeBaselineAction", "SelectionType", {"slAll", "slComponents", "slActivities"}},
-    {"TClearCaseMakeBaselineAction", "Labelling", {"lbIncremental", "lbAll", "lbNone"}},
-};
-
-INSTANTIATE_TEST_SUITE_P(Members, EnumerationTest, testing::ValuesIn(kEnums),
-                         [](const auto& info) { return info.param.className.substr(10) + "_" + info.param.property; });
+INSTANTIATE_TEST_SUITE_P(Lists, StorageStringTest, testing::ValuesIn(kStorage), wftest::byName);
 
 } // namespace
 } // namespace wftest

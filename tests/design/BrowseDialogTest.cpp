@@ -1,6 +1,7 @@
 // The host's file dialog behind WFBrowseForFile: filters, proposed file and mode as a request
 // asks for them.
 #include "PageHarness.h"
+#include "RowName.h"
 #include "WFBrowse.h"
 #include "WFDesignBrowse.h"
 #include "WFTestSupport.h"
@@ -19,10 +20,7 @@ struct DialogCase {
     bool save;
 };
 
-void PrintTo(const DialogCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(DialogCase)
 
 class FileDialog : public ::testing::TestWithParam<DialogCase> {
 protected:
@@ -89,7 +87,6 @@ const DialogCase kDialogCases[] = {
      false},
     {"AnyNameIsEveryFileOffWindows", request("Select Config Spec File", "*.*", "/tmp", "/tmp/rel.cs", false), {"*"}, "/tmp/rel.cs", false},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, FileDialog, ::testing::ValuesIn(kDialogCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, FileDialog, ::testing::ValuesIn(kDialogCases), wftest::byName);
 
 } // namespace

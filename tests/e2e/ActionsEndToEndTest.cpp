@@ -1,6 +1,7 @@
 // Every ClearCase action run by the real wfbuild against the simulator, judged by the
 // simulator's own listings afterwards, by the build log and by wfbuild's exit status.
 #include "ClearCaseWorld.h"
+#include "RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -41,10 +42,7 @@ struct ActionCase {
     std::string skip = {};
 };
 
-void PrintTo(const ActionCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(ActionCase)
 
 std::string xmlEscape(const std::string& text)
 {
@@ -60,13 +58,6 @@ std::string xmlEscape(const std::string& text)
         }
     }
     return out;
-}
-
-std::string replaceAll(std::string text, const std::string& from, const std::string& to)
-{
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-    return text;
 }
 
 std::string projectXml(const std::string& type, const Properties& properties)
@@ -103,7 +94,7 @@ TEST_P(ActionRun, LeavesTheSimulatorInTheExpectedState)
     const std::string log = wftest::readFile(world.logFile());
     EXPECT_EQ(run.status, c.status) << log << run.err;
     for (const std::string& pattern : c.logLines) {
-        const std::string line = replaceAll(pattern, "%DIR%", world.dir());
+        const std::string line = wftest::replaceAll(pattern, "%DIR%", world.dir());
         EXPECT_NE(("\n" + log).find("\n" + line + "\n"), std::string::npos) << "log lacks: " << line << "\n" << log;
     }
     if (c.status != 0) {
@@ -112,11 +103,6 @@ TEST_P(ActionRun, LeavesTheSimulatorInTheExpectedState)
 
     e2e::expectLooks(world, c.after);
     e2e::expectSame(world, c.same, run.out);
-}
-
-std::string caseName(const ::testing::TestParamInfo<ActionCase>& info)
-{
-    return info.param.name;
 }
 
 const std::string kMain = "vobs/main";
@@ -134,24 +120,11 @@ INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
          {kSrc + "/greet.c", {}, {"void greet(int) {}\n"}},
          {kSrc + "/main.c", {}, {"int main(void)"}, {"hijacked"}}},
         0, {"Command Line: update -force -overwrite", "Loading \"vobs/main/src/greet.c\" (19 bytes)."}},
-    ActionCase{"UpdatePrintOnlyChangesNothing", "CC_UPDATE",
-        {{"ViewContextPath", "%VIEW%"}, {"PretendOnly", "True"}, {"UpdateTimestamp", "tbCheckin"}},
-        {{"setup:" + kSrc, {"checkout", "-nc", "greet.c"}}, write("setup:" + kSrc + "/greet.c", "void greet(int) {}\n"),
-         {"setup:" + kSrc, {"checkin", "-nc", "greet.c"}}},
-        {{kSrc, {"ls", "-short", "greet.c"}, {"greet.c@@/main/1"}},
-         {kSrc + "/greet.c", {}, {"void greet(void) {}\n"}}},
-        0, {"Command Line: update -print -force -overwrite -ptime"}},
     ActionCase{"CheckOutReservedWithComment", "CC_CHECKOUT",
         {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "src/main.c\r\n"}, {"Comment", "work on main"},
          {"NoComment", "False"}},
         {},
         {{kSrc, {"lscheckout"}, {"checkout version \"main.c\" from /main/1 (reserved)", "\"work on main\""}}}},
-    ActionCase{"CheckOutUnreservedTwoPaths", "CC_CHECKOUT",
-        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\nvobs/main/src/greet.c\r\n"},
-         {"Unreserved", "True"}},
-        {},
-        {{kSrc, {"lscheckout"}, {"\"main.c\" from /main/1 (unreserved)", "\"greet.c\" from /main/1 (unreserved)"}}},
-        0, {"Command Line: checkout -unreserved -nc -nquery \"vobs/main/src/main.c\" \"vobs/main/src/greet.c\""}},
     ActionCase{"CheckInMakesAVersionWithItsComment", "CC_CHECKIN",
         {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\n"}, {"Comment", "Returns one"},
          {"NoComment", "False"}},
@@ -159,35 +132,18 @@ INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
         {{kSrc, {"lshistory", "main.c"}, {"create version \"main.c@@/main/2\"\n  \"Returns one\""}},
          {kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
          {kSrc, {"describe", "activity:prepare_release@/vobs/pvob"}, {"main.c@@/main/2"}}}},
-    ActionCase{"CheckInIdenticalKeepsNoCopy", "CC_CHECKIN",
-        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "greet.c\r\n"}, {"IdenticalCheckin", "True"},
-         {"Remove", "True"}},
-        {{kSrc, {"checkout", "-nc", "greet.c"}}},
-        {{kSrc, {"ls", "-short", "greet.c"}, {"greet.c@@/main/2"}}}},
     ActionCase{"UndoCheckOutKeepsAPrivateCopy", "CC_UNCHECKOUT",
         {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\n"}, {"Keep", "True"}},
         {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "half done\n")},
         {{kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
          {kSrc + "/main.c.keep", {}, {"half done\n"}},
          {kSrc + "/main.c", {}, {"int main(void)"}}}},
-    ActionCase{"UndoCheckOutRemovesTheChange", "CC_UNCHECKOUT",
-        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\ngreet.c\r\n"}},
-        {{kSrc, {"checkout", "-nc", "main.c", "greet.c"}}, write(kSrc + "/main.c", "half done\n")},
-        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c", "greet.c"}},
-         {kSrc + "/main.c", {}, {"int main(void)"}},
-         {kSrc, {"ls", "-short"}, {}, {".keep"}}},
-        0, {"Command Line: uncheckout -rm \"main.c\" \"greet.c\""}},
     ActionCase{"FindCheckoutsFillsTheVariable", "CC_FINDCHECKOUTS",
         {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS"}},
         {{kSrc, {"checkout", "-nc", "main.c"}}, {"setup:" + kSrc, {"checkout", "-nc", "greet.c"}}},
         {},
         0, {"Command Line: lscheckout -short"},
         {{"CHECKOUTS", "", kSrc, {"lscheckout", "-short"}}}},
-    ActionCase{"FindCheckoutsWithNothingCheckedOutEmptiesTheVariable", "CC_FINDCHECKOUTS",
-        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS"}},
-        {},
-        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c"}}},
-        0, {"Command Line: lscheckout -short"}},
     ActionCase{"MakeElementCheckedIn", "CC_MKELEM",
         {{"PathNameStorageString", "util.c\r\n"}, {"Checkout", "ccCheckedIn"}, {"UseElementType", "True"},
          {"ElementType", "text_file"}, {"Comment", "Helpers"}, {"NoComment", "False"}},
@@ -202,11 +158,6 @@ INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
         {{kSrc + "/lib", {"lscheckout"}, {"checkout version \"extra.c\" from /main/0"}},
          {kSrc, {"describe", "lib@@"}, {"directory element \"lib@@\""}}},
         0, {"Command Line: mkelem -mkpath -nc \"src/lib/extra.c\""}, {}, kMain},
-    ActionCase{"MakeElementTurnsAPrivateFolderIntoAnElement", "CC_MKELEM",
-        {{"PathNameStorageString", "src/lib/extra.c\r\n"}, {"MakePath", "True"}, {"Checkout", "ccCheckedIn"}},
-        {write(kSrc + "/lib/extra.c", "int extra;\n")},
-        {{kSrc + "/lib", {"lshistory", "extra.c"}, {"create version \"extra.c@@/main/1\""}}},
-        0, {}, {}, kMain},
     ActionCase{"GetConfigSpecIntoAFile", "CC_GETCONFIGSPEC",
         {{"ViewContextPath", "%VIEW%"}, {"OutputToFile", "True"}, {"OutputFilePath", "spec.txt"}},
         {},
@@ -221,11 +172,6 @@ INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
          {"setup:" + kSrc + "/main.c", {}, {}, {"int main"}}},
         0, {},
         {{"", "rel0.cs", "setup:", {"catcs"}}}},
-    ActionCase{"SetConfigSpecDefaultUnloadsTheVob", "CC_SETCONFIGSPEC",
-        {{"ViewContextPath", "%SETUP%"}, {"CSpecChoice", "csDefault"}},
-        {},
-        {{"setup:", {"catcs"}, {"element * CHECKEDOUT\nelement * /main/LATEST\n"}, {"load"}}},
-        0, {"Command Line: setcs -default"}},
     ActionCase{"SetConfigSpecFromTheStream", "CC_SETCONFIGSPEC",
         {{"ViewContextPath", "%VIEW%"}, {"CSpecChoice", "csStream"}},
         {},
@@ -236,7 +182,7 @@ INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
         {},
         {{kMain, {"describe", "brtype:maint@/vobs/main"}, {"branch type \"maint\"", "\"Maintenance of main\""}}},
         0, {"Command Line: mkbrtype -c \"Maintenance of main\" maint"}}
-), caseName);
+), wftest::byName);
 
 // ---- Labels and attributes ----
 
@@ -250,12 +196,6 @@ INSTANTIATE_TEST_SUITE_P(Labels, ActionRun, ::testing::Values(
         {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_7\n"}},
          {kMain, {"describe", "lbtype:REL_7@/vobs/main"}, {"\"First release\"", "scope: this VOB (ordinary type)"}}},
         0, {"Command Line: mklbtype -ordinary -c \"First release\" lbtype:REL_7@/vobs/main"}},
-    ActionCase{"MakeGlobalLabelTypeReplacingOne", "CC_MKLBTYPE",
-        {{"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/main"}, {"MakeGlobal", "True"}, {"Replace", "True"},
-         {"Comment", "Second thoughts"}, {"NoComment", "False"}},
-        {kMakeRel1},
-        {{kMain, {"describe", "lbtype:REL_1@/vobs/main"}, {"\"Second thoughts\"", "(global type)"}}},
-        0, {"Replaced definition of label type \"REL_1\"."}},
     ActionCase{"ApplyLabelToOneFile", "CC_LABEL",
         {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "src/main.c\r\n"}, {"LabelTypeName", "REL_1"}},
         {kMakeRel1},
@@ -270,19 +210,6 @@ INSTANTIATE_TEST_SUITE_P(Labels, ActionRun, ::testing::Values(
          {kSrc, {"describe", "greet.c"}, {"    REL_1\n"}},
          {kSrc, {"describe", "version.h"}, {"    REL_1\n"}},
          {kMain, {"describe", "Makefile"}, {}, {"REL_1"}}}},
-    ActionCase{"ApplyLabelToAChosenVersionThenMoveIt", "CC_LABEL",
-        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\n"}, {"LabelTypeName", "REL_1"},
-         {"Replace", "True"}},
-        {kMakeRel1, {kSrc, {"mklabel", "-nc", "-version", "/main/0", "REL_1", "main.c"}}},
-        {{kSrc, {"describe", "main.c"}, {"    REL_1\n"}},
-         {kSrc, {"describe", "main.c@@/main/0"}, {}, {"REL_1"}}},
-        0, {"Moved label \"REL_1\" on \"main.c\" from version \"/main/0\" to \"/main/1\"."}},
-    ActionCase{"ApplyLabelWithVersionSelector", "CC_LABEL",
-        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"PathNameStorageString", "main.c\r\n"}, {"LabelTypeName", "REL_1"},
-         {"UseVersionSelector", "True"}, {"VersionSelector", "/main/0"}},
-        {kMakeRel1},
-        {{kSrc, {"describe", "main.c@@/main/0"}, {"    REL_1\n"}},
-         {kSrc, {"describe", "main.c"}, {}, {"REL_1"}}}},
     ActionCase{"MakeIntegerAttributeTypeWithBounds", "CC_MKATTRTYPE",
         {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"NewAttributeType", "atInteger"},
          {"UseMax", "True"}, {"MaxValue", "0"}, {"UseMin", "True"}, {"MinValue", "1000"}, {"MinInclusive", "True"},
@@ -323,7 +250,7 @@ INSTANTIATE_TEST_SUITE_P(Labels, ActionRun, ::testing::Values(
         {{kMain, {"describe", "lbtype:REL_1@/vobs/main"}, {"BuildNumber = 12"}},
          {kSrc, {"describe", "greet.c"}, {"BuildNumber = 12"}}},
         0, {"Command Line: mkattr -nc BuildNumber@/vobs/main 12 lbtype:REL_1@/vobs/main /vobs/main/src/greet.c@@/main/1"}}
-), caseName);
+), wftest::byName);
 
 // ---- Locks ----
 
@@ -348,19 +275,13 @@ INSTANTIATE_TEST_SUITE_P(Locks, ActionRun, ::testing::Values(
         {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_1 (locked)\n"}},
          {kSrc, {"mklabel", "-nc", "REL_1", "main.c"}, {"prevents operation \"make label\""}, {}, 1}},
         0, {"Locked label type \"REL_1\"."}},
-    ActionCase{"LockLabelTypeObsoleteReplacingALock", "CC_LOCK_OBJ",
-        {{"ObjectsStorageString", "lbtype:REL_1@/vobs/main\r\n"}, {"Obsolete", "True"}, {"Replace", "True"}},
-        {kMakeRel1, {kMain, {"lock", "-nc", "lbtype:REL_1"}}},
-        {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"LATEST"}, {"REL_1"}},
-         {kMain, {"lstype", "-short", "-obsolete", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_1"}}},
-        0, {"Command Line: lock -replace -obsolete -nc lbtype:REL_1@/vobs/main"}},
     ActionCase{"UnlockLabelType", "CC_UNLOCK_OBJ",
         {{"ObjectsStorageString", "lbtype:REL_1@/vobs/main\r\n"}, {"Comment", "thaw"}, {"NoComment", "False"}},
         {kMakeRel1, {kMain, {"lock", "-nc", "lbtype:REL_1"}}},
         {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_1\n"}, {"REL_1 (locked)"}},
          {kSrc, {"mklabel", "-nc", "REL_1", "main.c"}, {"Created label"}}},
         0, {"Unlocked label type \"REL_1\"."}}
-), caseName);
+), wftest::byName);
 
 // ---- UCM ----
 
@@ -372,22 +293,11 @@ INSTANTIATE_TEST_SUITE_P(Ucm, ActionRun, ::testing::Values(
          {"", {"lsstream", "-long", "-cview"}, {"    fix_7@/vobs/pvob\n"}},
          {kSrc, {"checkout", "-nc", "main.c"}, {"activity:fix_7@/vobs/pvob  \"Fix seven\""}}},
         0, {"Command Line: mkactivity -nc -headline \"Fix seven\" -force activity:fix_7@/vobs/pvob"}},
-    ActionCase{"MakeActivityNamedByClearCaseNotCurrent", "UCM_MAKEACTIVITY",
-        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "ignored"}, {"AutoGenerateName", "True"}, {"DontSetAsCurrent", "True"}},
-        {},
-        {{"", {"lsactivity", "-short", "-cview"}, {"activity130312.102231\n"}, {"ignored"}},
-         {kSrc, {"checkout", "-nc", "main.c"}, {"activity:prepare_release@/vobs/pvob"}}},
-        0, {"Command Line: mkactivity -nc -nset -force"}},
     ActionCase{"SetCurrentActivity", "UCM_SETACTIVITY",
         {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "other"}, {"VOBSelector", "/vobs/pvob"}},
         {{"", {"mkactivity", "-nc", "-nset", "-headline", "Other work", "other"}}},
         {{kSrc, {"checkout", "-nc", "main.c"}, {"activity:other@/vobs/pvob  \"Other work\""}}},
         0, {"Set activity \"other\" in view \"release_dev\"."}},
-    ActionCase{"ClearCurrentActivity", "UCM_SETACTIVITY",
-        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "prepare_release"}, {"SetActivityToNone", "True"}},
-        {},
-        {{kSrc, {"checkout", "-nc", "main.c"}, {"No current activity set for view \"release_dev\"."}, {}, 1}},
-        0, {"Command Line: setactivity -nc -none"}},
     ActionCase{"CheckInTheActivity", "UCM_CHECKIN",
         {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "prepare_release"}, {"VOBSelector", "/vobs/pvob"},
          {"Comment", "Ready"}, {"NoComment", "False"}},
@@ -420,21 +330,13 @@ INSTANTIATE_TEST_SUITE_P(Ucm, ActionRun, ::testing::Values(
         {{"", {"lsbl", "-short", "-component", "main_comp@/vobs/pvob"}, {"BL_FULL\n"}},
          {kSrc, {"describe", "greet.c"}, {"    BL_FULL\n"}}},
         0, {"Command Line: mkbl -nc -component main_comp@/vobs/pvob -identical -full BL_FULL"}},
-    ActionCase{"MakeUnlabelledBaselineOfActivities", "UCM_MAKEBL",
-        {{"ViewContextPath", "%VIEW%"}, {"BaselineRootName", "BL_NOLABEL"}, {"SelectionType", "slActivities"},
-         {"ActivitySelectorStorageString", "prepare_release@/vobs/pvob\r\n"}, {"Labelling", "lbNone"}},
-        {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "int main(void) { return 4; }\n"),
-         {kSrc, {"checkin", "-nc", "main.c"}}},
-        {{"", {"lsbl", "-short", "-stream", "release_dev@/vobs/pvob"}, {"BL_NOLABEL\n"}},
-         {kSrc, {"describe", "main.c"}, {}, {"BL_NOLABEL"}}},
-        0, {"Command Line: mkbl -nc -activities activity:prepare_release@/vobs/pvob -nlabel BL_NOLABEL"}},
     ActionCase{"MakeBaselineFromALabel", "UCM_MAKEBL_LABEL",
         {{"ViewContextPath", "%VIEW%"}, {"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/main"}, {"SpecifyComponents", "True"},
          {"ComponentSelectorStorageString", "main_comp@/vobs/pvob\r\n"}},
         {kMakeRel1, {kMain, {"mklabel", "-nc", "-recurse", "REL_1", "."}}},
         {{"", {"lsbl", "-short", "-component", "main_comp@/vobs/pvob"}, {"REL_1\n"}}},
         0, {"Command Line: mkbl -nc -import main_comp@/vobs/pvob lbtype:REL_1@/vobs/main"}}
-), caseName);
+), wftest::byName);
 
 // ---- What a user meets when things go wrong: cleartool's own words in the log, exit status 1 ----
 
@@ -481,6 +383,6 @@ INSTANTIATE_TEST_SUITE_P(Failures, ActionRun, ::testing::Values(
         {kMakeRel1},
         {},
         1, {"Action Failed: No pathnames specified to act on."}}
-), caseName);
+), wftest::byName);
 
 } // namespace

@@ -1,5 +1,6 @@
 // The example projects and the demo, run as a user runs them, so that neither can rot.
 #include "ClearCaseWorld.h"
+#include "RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -17,10 +18,7 @@ struct ExampleCase {
     std::vector<e2e::SameAs> same = {};
 };
 
-void PrintTo(const ExampleCase& c, std::ostream* os)
-{
-    *os << c.project;
-}
+WF_ROW_PRINTER_AS(ExampleCase, row.project)
 
 class Example : public ::testing::TestWithParam<ExampleCase> {};
 
@@ -87,10 +85,7 @@ struct BrokenReleaseCase {
     std::string failure;
 };
 
-void PrintTo(const BrokenReleaseCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(BrokenReleaseCase)
 
 class BrokenRelease : public ::testing::TestWithParam<BrokenReleaseCase> {};
 
@@ -136,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(Release, BrokenRelease, ::testing::Values(
     BrokenReleaseCase{"FailsAfterTheLock", "CC_GETCONFIGSPEC", "exit 1", 0, 1, "exit code 1"},
     BrokenReleaseCase{"IsStoppedAfterTheCheckOuts", "WF_WRITETEXTFILE", "echo up > @DIR@/started; sleep 30", SIGTERM, 130,
                       "interrupted"}
-), [](const ::testing::TestParamInfo<BrokenReleaseCase>& info) { return info.param.name; });
+), wftest::byName);
 
 // The demo's main job exactly as scripts/demo.sh runs it after building, in a scratch folder.
 TEST(Demo, RunsTheReleaseJobAndSummarisesIt)

@@ -1,4 +1,5 @@
 #include "environment/WFClearCaseIniFile.h"
+#include "RowName.h"
 
 #include "WFBrowse.h"
 #include "environment/WFClearCaseOptions.h"
@@ -79,10 +80,7 @@ struct SelectCase {
     std::string expectedUserIni;
 };
 
-void PrintTo(const SelectCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(SelectCase)
 
 class SelectViewPathTest : public UserSettingsTest, public testing::WithParamInterface<SelectCase> {};
 
@@ -113,8 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
         SelectCase{"EmptyCurrentCancelledStaysEmpty", "", "/views/last", "", std::nullopt, "/views/last", "",
                    "[ClearCase]\nLastViewDirectory=/views/last\n"},
         SelectCase{"DefaultViewWhenNothingRemembered", "", "", "/views/default", std::nullopt, "/views/default", "", ""},
-        SelectCase{"NothingAtAll", "", "", "", std::nullopt, "", "", ""}),
-    [](const testing::TestParamInfo<SelectCase>& info) { return info.param.name; });
+        SelectCase{"NothingAtAll", "", "", "", std::nullopt, "", "", ""}), wftest::byName);
 
 struct FlagCase {
     std::string name;
@@ -122,10 +119,7 @@ struct FlagCase {
     bool expected;
 };
 
-void PrintTo(const FlagCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(FlagCase)
 
 class CustomObjectSelectorTest : public UserSettingsTest, public testing::WithParamInterface<FlagCase> {};
 
@@ -142,8 +136,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FlagCase{"One", "[ClearCase]\nUsingCustomObjectSelector=1\n", true},
                     FlagCase{"TrueWord", "[ClearCase]\nUsingCustomObjectSelector=True\n", true},
                     FlagCase{"Garbage", "[ClearCase]\nUsingCustomObjectSelector=maybe\n", false},
-                    FlagCase{"OtherSection", "[Other]\nUsingCustomObjectSelector=1\n", false}),
-    [](const testing::TestParamInfo<FlagCase>& info) { return info.param.name; });
+                    FlagCase{"OtherSection", "[Other]\nUsingCustomObjectSelector=1\n", false}), wftest::byName);
 
 TEST_F(UserSettingsTest, CustomObjectSelectorSharesTheSectionWithTheViewDirectory)
 {

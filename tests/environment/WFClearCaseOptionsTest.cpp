@@ -1,4 +1,5 @@
 #include "FakeCleartool.h"
+#include "RowName.h"
 
 #include "environment/WFClearCaseOptions.h"
 #include "WFFiles.h"
@@ -26,10 +27,7 @@ struct PathCase {
     std::string expected;
 };
 
-void PrintTo(const PathCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(PathCase)
 
 class CleartoolPathTest : public testing::TestWithParam<PathCase> {};
 
@@ -61,8 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
                     PathCase{"RelativeFile", "tools/cleartool.real", "$T/tools/cleartool.real"},
                     PathCase{"RelativeFolder", "tools", "$T/tools/" + cleartoolExecutableName()},
                     PathCase{"RelativeMissing", "bin/cleartool", "$T/bin/cleartool"},
-                    PathCase{"BareNameForThePathSearch", "cleartool", "cleartool"}),
-    [](const testing::TestParamInfo<PathCase>& info) { return info.param.name; });
+                    PathCase{"BareNameForThePathSearch", "cleartool", "cleartool"}), wftest::byName);
 
 TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStored)
 {
@@ -101,10 +98,7 @@ struct StoreCase {
     std::string after;
 };
 
-void PrintTo(const StoreCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(StoreCase)
 
 class OptionsStoreTest : public testing::TestWithParam<StoreCase> {};
 
@@ -147,7 +141,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "[ClearCase]\nInstallationType=auto\nCleartoolPath=\nDefaultView=\n"},
         StoreCase{"OtherSectionsStay", "[Other]\nx=1\n\n[ClearCase]\nInstallationType=Auto\n", ccUnknown, true,
                   "[Other]\nx=1\n\n[ClearCase]\nInstallationType=Auto\nCleartoolPath=\nDefaultView=\n"}),
-    [](const testing::TestParamInfo<StoreCase>& info) { return info.param.name; });
+    wftest::byName);
 
 TEST(OptionsStoreTest, EmptyStoredPathIsDiscoveredOnLoadAndSavedAsFound)
 {
@@ -189,10 +183,7 @@ struct DetectionCase {
     std::size_t runs; // after three asks
 };
 
-void PrintTo(const DetectionCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(DetectionCase)
 
 class DetectionTest : public testing::TestWithParam<DetectionCase> {};
 
@@ -212,7 +203,6 @@ INSTANTIATE_TEST_SUITE_P(
     Detection, DetectionTest,
     testing::Values(DetectionCase{"Off", false, "Rational ClearCase LT\n", ccFull, 0},
                     DetectionCase{"LtOnce", true, "Rational ClearCase LT\n", ccLT, 1},
-                    DetectionCase{"UnknownRetried", true, "nothing useful\n", ccUnknown, 3}),
-    [](const testing::TestParamInfo<DetectionCase>& info) { return info.param.name; });
+                    DetectionCase{"UnknownRetried", true, "nothing useful\n", ccUnknown, 3}), wftest::byName);
 
 } // namespace

@@ -1,11 +1,11 @@
 // The query session against one process per query: the same answers byte for byte, on the
 // simulator and on scripted stand-ins that hang, die or lack the interactive mode.
 #include "environment/WFClearCaseOptions.h"
+#include "RowName.h"
 #include "environment/WFClearCaseQuerySession.h"
 #include "environment/WFClearCaseUtils.h"
-#include "WFCommandLine.h"
-#include "WFProcess.h"
 #include "WFServices.h"
+#include "ProgramRun.h"
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -89,10 +89,7 @@ struct LineCase {
     std::optional<std::string> line;
 };
 
-void PrintTo(const LineCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(LineCase)
 
 class InteractiveLineTest : public testing::TestWithParam<LineCase> {};
 
@@ -115,8 +112,7 @@ INSTANTIATE_TEST_SUITE_P(
                     LineCase{"BothQuotesRefused", {"describe", "a'b\"c"}, std::nullopt},
                     LineCase{"LineFeedRefused", {"describe", "a\nb"}, std::nullopt},
                     LineCase{"CarriageReturnRefused", {"describe", "a\rb"}, std::nullopt},
-                    LineCase{"TrailingBackslashRefused", {"cd", "C:\\views\\"}, std::nullopt}),
-    [](const auto& info) { return info.param.name; });
+                    LineCase{"TrailingBackslashRefused", {"cd", "C:\\views\\"}, std::nullopt}), wftest::byName);
 
 // --- The status report ------------------------------------------------------------------
 
@@ -130,10 +126,7 @@ struct ReportCase {
     int status = 0;
 };
 
-void PrintTo(const ReportCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(ReportCase)
 
 class StatusReportTest : public testing::TestWithParam<ReportCase> {};
 
@@ -166,64 +159,49 @@ INSTANTIATE_TEST_SUITE_P(
                     ReportCase{"FinalOfAnotherNumber", "Command 12 returned status 0\ncleartool> ", 2, true, std::nullopt},
                     ReportCase{"FinalNegativeAfterOutputWithoutBreak", "xCommand 2 returned status -1\r\ncleartool> ", 2, true, 1, -1},
                     ReportCase{"FinalFollowedByMore", "Command 2 returned status 0\ncleartool> x", 2, true, std::nullopt}),
-    [](const auto& info) { return info.param.name; });
+    wftest::byName);
 
 // --- Every query on a populated simulator store -----------------------------------------
 
-/// A store with two VOBs, labels (one locked), an attribute type, elements with history (one
-/// with a blank in its name), a plain snapshot view and a UCM view with two activities.
+/// The shared world (tests/fixtures/world: VOBs /vobs/main and /vobs/pvob, component comp,
+/// project proj, plain view base/ and UCM view dev/ on stream dev), with labels (one locked), an
+/// attribute type, an element with a blank in its name and two activities.
 class SimulatorStore : public SessionTest {
 protected:
+    static void cleartool(const std::string& dir, std::vector<std::string> arguments,
+                          std::vector<std::pair<std::string, std::string>> environment = {},
+                          const std::string& program = CCSIM_CLEARTOOL)
+    {
+        wftest::ProgramRequest request;
+        request.program = program;
+        request.arguments = std::move(arguments);
+        request.environment = std::move(environment);
+        request.workingDirectory = s_temp->path() + "/" + dir;
+        const wftest::ProgramRun run = wftest::runProgram(request);
+        ASSERT_EQ(run.status, 0) << run.out << run.err;
+    }
     static void SetUpTestSuite()
     {
         s_temp = std::make_unique<wftest::TempDir>();
         s_home = std::make_unique<wftest::ScopedEnv>("CCSIM_HOME", s_temp->file("home"));
         s_now = std::make_unique<wftest::ScopedEnv>("CCSIM_NOW", "2013-03-12T10:22:31");
         const std::string root = s_temp->path();
-        s_temp->write("cs.txt", "element * CHECKEDOUT\nelement * /main/LATEST\nload /vobs/main\n");
-        const std::string pvob = "@/vobs/pvob";
-        struct Step {
-            std::string dir;
-            std::vector<std::string> args;
-        };
-        const std::vector<Step> steps = {
-            {"", {"mkvob", "-tag", "/vobs/main", "-nc", root + "/main.vbs"}},
-            {"", {"mkvob", "-tag", "/vobs/pvob", "-ucmproject", "-nc", root + "/pvob.vbs"}},
-            {"", {"mkview", "-snapshot", "-tag", "base_v", root + "/base"}},
-            {"base", {"setcs", "../cs.txt"}},
-            {"base/vobs/main", {"checkout", "-nc", "."}},
-            {"base/vobs/main", {"mkdir", "-nc", "src"}},
-            {"base/vobs/main/src", {"mkelem", "-nc", "-ci", "a.c", "my file.c"}},
-            {"base/vobs/main/src", {"checkout", "-nc", "a.c"}},
-            {"base/vobs/main/src", {"checkin", "-nc", "-identical", "a.c"}},
-            {"base/vobs/main", {"checkin", "-nc", "src", "."}},
-            {"base/vobs/main", {"mklbtype", "-nc", "REL1@/vobs/main", "REL2@/vobs/main"}},
-            {"base/vobs/main", {"lock", "-nc", "lbtype:REL2@/vobs/main"}},
-            {"base/vobs/main", {"mklabel", "-nc", "REL1", "src/a.c"}},
-            {"base/vobs/main", {"mkattype", "-nc", "-vtype", "integer", "BuildNo@/vobs/main"}},
-            {"", {"mkcomp", "-nc", "-root", "/vobs/main", "comp" + pvob}},
-            {"", {"mkproject", "-nc", "-in", "RootFolder" + pvob, "-modcomp", "comp" + pvob, "proj" + pvob}},
-            {"", {"mkstream", "-nc", "-integration", "-in", "proj" + pvob, "-baseline", "comp_INITIAL" + pvob, "proj_int" + pvob}},
-            {"", {"mkstream", "-nc", "-in", "proj" + pvob, "-baseline", "comp_INITIAL" + pvob, "dev" + pvob}},
-            {"", {"mkview", "-snapshot", "-tag", "dev_v", "-stream", "dev" + pvob, root + "/dev"}},
-            {"dev/vobs/main", {"mkactivity", "-nc", "-headline", "Fix build", "fix_1"}},
-            {"dev/vobs/main", {"mkactivity", "-nc", "-headline", "Other", "add_2"}},
-        };
-        for (const auto& step : steps) {
-            if (step.args[0] == "mkelem") {
-                s_temp->write("base/vobs/main/src/a.c", "int a;\n");
-                s_temp->write("base/vobs/main/src/my file.c", "x\n");
-            }
-            auto process = CreateWFProcess();
-            process->SetExecutable(CCSIM_CLEARTOOL);
-            std::string parameters;
-            for (const auto& arg : step.args)
-                parameters += (parameters.empty() ? "" : " ") + (arg.find(' ') == std::string::npos ? arg : '"' + arg + '"');
-            process->SetParameters(parameters);
-            process->SetWorkingDirectory(root + "/" + step.dir);
-            ASSERT_TRUE(process->Execute()) << process->GetErrorText();
-            ASSERT_EQ(process->GetExitCode(), 0) << parameters;
-        }
+        const std::string fixtures = CCSIM_FIXTURE_DIR;
+        cleartool("", {fixtures + "/replay.sh", fixtures + "/world.steps", "WORK=" + root, "VOB_STORAGE=" + root,
+                       "CONFIG_SPEC=" + root + "/cs.txt", "TREE=" + fixtures + "/single", "SETUP_TAG=base_v",
+                       "SETUP_VIEW=" + root + "/base", "COMP=comp", "PROJECT=proj", "STREAM=dev", "VIEW_TAG=dev_v",
+                       "VIEW=" + root + "/dev"},
+                  {{"CLEARTOOL", CCSIM_CLEARTOOL}}, "/bin/bash");
+        s_temp->write("base/vobs/main/src/my file.c", "x\n");
+        cleartool("base/vobs/main/src", {"checkout", "-nc", "."});
+        cleartool("base/vobs/main/src", {"mkelem", "-nc", "-ci", "my file.c"});
+        cleartool("base/vobs/main/src", {"checkin", "-nc", "."});
+        cleartool("base/vobs/main", {"mklbtype", "-nc", "REL1@/vobs/main", "REL2@/vobs/main"});
+        cleartool("base/vobs/main", {"lock", "-nc", "lbtype:REL2@/vobs/main"});
+        cleartool("base/vobs/main", {"mklabel", "-nc", "REL1", "src/a.c"});
+        cleartool("base/vobs/main", {"mkattype", "-nc", "-vtype", "integer", "BuildNo@/vobs/main"});
+        cleartool("dev/vobs/main", {"mkactivity", "-nc", "-headline", "Fix build", "fix_1"});
+        cleartool("dev/vobs/main", {"mkactivity", "-nc", "-headline", "Other", "add_2"});
         // Listed names that are status reports; the one a first query waits for is a folder.
         for (int number = 1; number <= 20; ++number)
             s_temp->write("base/vobs/main/reports/" + reportLine(number) + (number == 2 ? "/" + reportLine(4) : ""), "");
@@ -252,10 +230,7 @@ struct StoreQuery {
     bool empty = false;
 };
 
-void PrintTo(const StoreQuery& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(StoreQuery)
 
 const std::vector<StoreQuery>& storeQueries()
 {
@@ -317,8 +292,7 @@ TEST_P(SimulatorQueryTest, SessionAnswersAsOneProcessPerQuery)
     EXPECT_EQ(alone.empty(), row.empty) << alone;
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryQuery, SimulatorQueryTest, testing::ValuesIn(storeQueries()),
-                         [](const auto& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(EveryQuery, SimulatorQueryTest, testing::ValuesIn(storeQueries()), wftest::byName);
 
 TEST_F(SimulatorStore, OneSessionServesEveryQuery)
 {
@@ -413,10 +387,7 @@ struct OutputCase {
     std::string expected;
 };
 
-void PrintTo(const OutputCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(OutputCase)
 
 class ScriptedOutputTest : public ScriptedCleartool, public testing::WithParamInterface<OutputCase> {};
 
@@ -451,7 +422,7 @@ INSTANTIATE_TEST_SUITE_P(
                     OutputCase{"ReportListedLastWithoutFinalBreak", "a\\n" + reportNames("\\n") + reportLine(2), 0, "a\r\n" + reportResult() + reportLine(2) + "\r\n"},
                     OutputCase{"ReportsListedInPieces", reportNames("\\n|"), 0, reportResult()},
                     OutputCase{"ReportInsideALine", "/v/Command 2 returned status 0\\n", 0, "/v/Command 2 returned status 0\r\n"}),
-    [](const auto& info) { return info.param.name; });
+    wftest::byName);
 
 struct FaultCase {
     std::string name;
@@ -461,10 +432,7 @@ struct FaultCase {
     int sessionsAfterTwoQueries;
 };
 
-void PrintTo(const FaultCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(FaultCase)
 
 class SessionFaultTest : public ScriptedCleartool, public testing::WithParamInterface<FaultCase> {};
 
@@ -495,10 +463,9 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultCase{"DiesMidQuerySoRunsAlone", "die", true, 2},
                     FaultCase{"NoInteractiveModeSoRunsAlone", "plain", true, 0},
                     FaultCase{"TricklesPastTheTimeLimit", "trickle", false, 2},
-                    FaultCase{"FloodsPastTheReplyLimit", "flood", false, 2}),
-    [](const auto& info) { return info.param.name; });
+                    FaultCase{"FloodsPastTheReplyLimit", "flood", false, 2}), wftest::byName);
 
-TEST_F(ScriptedCleartool, CancelKillsAHungQueryAndTheNextStartsAFreshSession)
+TEST_F(ScriptedCleartool, CancelKillsAHungQueryOrAnIdleSessionAndTheNextStartsAFreshOne)
 {
     wftest::ScopedEnv out("FAKE_OUT", "x\\n");
     EXPECT_EQ(CCGetVOBNames(), "x\r\n");
@@ -517,15 +484,11 @@ TEST_F(ScriptedCleartool, CancelKillsAHungQueryAndTheNextStartsAFreshSession)
     setMode("");
     EXPECT_EQ(CCGetVOBNames(), "x\r\n");
     EXPECT_EQ(count("starts"), 2);
-}
 
-TEST_F(ScriptedCleartool, CancelWhileIdleMakesTheNextQueryStartAfresh)
-{
-    wftest::ScopedEnv out("FAKE_OUT", "x\\n");
-    EXPECT_EQ(CCGetVOBNames(), "x\r\n");
+    // A cancel while idle likewise makes the next query start afresh.
     ClearCaseQuerySession().Cancel();
     EXPECT_EQ(CCGetVOBNames(), "x\r\n");
-    EXPECT_EQ(count("starts"), 2);
+    EXPECT_EQ(count("starts"), 3);
     EXPECT_EQ(count("alone"), 0);
 }
 
@@ -536,10 +499,7 @@ struct SwitchCase {
     bool session;
 };
 
-void PrintTo(const SwitchCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(SwitchCase)
 
 class SessionSwitchTest : public ScriptedCleartool, public testing::WithParamInterface<SwitchCase> {};
 
@@ -563,8 +523,7 @@ INSTANTIATE_TEST_SUITE_P(Switch, SessionSwitchTest,
                                          SwitchCase{"TurnedOff", true, "off", false},
                                          SwitchCase{"TurnedOffWithZero", true, "0", false},
                                          SwitchCase{"TurnedOffIgnoringCase", true, "FALSE", false},
-                                         SwitchCase{"OtherValuesKeepItOn", true, "1", true}),
-                         [](const auto& info) { return info.param.name; });
+                                         SwitchCase{"OtherValuesKeepItOn", true, "1", true}), wftest::byName);
 
 TEST_F(ScriptedCleartool, AHostThatUsedTheSessionExitsCleanly)
 {

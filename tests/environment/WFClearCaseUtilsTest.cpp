@@ -1,4 +1,5 @@
 #include "FakeCleartool.h"
+#include "RowName.h"
 
 #include "environment/WFClearCaseUtils.h"
 
@@ -19,19 +20,18 @@ struct Response {
     int exitCode = 0;
 };
 
-/// `calls` name the working directory as "TOOL" (the folder of cleartool) or "VIEW".
+/// The query runs cleartool once for each response, in its folder or else in the view, unless
+/// `calls` names the runs ("TOOL|" or "VIEW|" and the arguments).
 struct QueryCase {
     std::string name;
     std::function<std::string(const std::string& view)> query;
     std::vector<Response> responses;
-    std::vector<std::string> calls;
     std::string expected;
+    bool inView = false;
+    std::vector<std::string> calls = {};
 };
 
-void PrintTo(const QueryCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(QueryCase)
 
 class QueryTest : public testing::TestWithParam<QueryCase> {};
 
@@ -47,7 +47,11 @@ TEST_P(QueryTest, RunsCleartoolAndShapesItsOutput)
     EXPECT_EQ(row.query(view), row.expected);
 
     std::vector<std::string> expectedCalls;
-    for (std::string call : row.calls) {
+    std::vector<std::string> calls = row.calls;
+    if (calls.empty())
+        for (const Response& response : row.responses)
+            calls.push_back((row.inView ? "VIEW|" : "TOOL|") + response.arguments);
+    for (const std::string& call : calls) {
         const std::string directory = call.rfind("VIEW|", 0) == 0 ? view : cleartool.folder();
         expectedCalls.push_back(directory + call.substr(call.find('|')));
     }
@@ -67,70 +71,44 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         QueryCase{"VobNamesSortedIgnoringCase", [](const std::string&) { return CCGetVOBNames(); },
                   {{"lsvob -short", "\\vobs\\beta\n\\vobs\\Alpha\n\\vobs\\alpha2\n"}},
-                  {"TOOL|lsvob -short"},
                   "\\vobs\\Alpha\r\n\\vobs\\alpha2\r\n\\vobs\\beta\r\n"},
         QueryCase{"NonZeroExitGivesNothing", [](const std::string&) { return CCGetVOBNames(); },
-                  {{"lsvob -short", "\\vobs\\beta\n", 1}},
-                  {"TOOL|lsvob -short"},
-                  ""},
+                  {{"lsvob -short", "\\vobs\\beta\n", 1}}, ""},
         QueryCase{"LabelTypesUnsortedLockedStripped", [](const std::string&) { return CCGetLabelNames("\\vobs\\src"); },
                   {{"lstype -short -kind lbtype -invob \\vobs\\src", "REL2 (locked)\nREL1\nREL3 (locked)\n"}},
-                  {"TOOL|lstype -short -kind lbtype -invob \\vobs\\src"},
                   "REL2\r\nREL1\r\nREL3\r\n"},
         QueryCase{"AttributeTypeKind", [](const std::string&) { return CCGetTypeNames("attype", "\\v"); },
-                  {{"lstype -short -kind attype -invob \\v", "Status\nOwner\n"}},
-                  {"TOOL|lstype -short -kind attype -invob \\v"},
-                  "Status\r\nOwner\r\n"},
+                  {{"lstype -short -kind attype -invob \\v", "Status\nOwner\n"}}, "Status\r\nOwner\r\n"},
         QueryCase{"KindVobIgnoresTheVob", [](const std::string&) { return CCGetTypeNames("vob", "\\ignored"); },
-                  {{"lsvob -short", "\\b\n\\a (locked)\n"}},
-                  {"TOOL|lsvob -short"},
-                  "\\a\r\n\\b\r\n"},
+                  {{"lsvob -short", "\\b\n\\a (locked)\n"}}, "\\a\r\n\\b\r\n"},
         QueryCase{"KindActivity", [](const std::string&) { return CCGetTypeNames("activity", "\\pvob"); },
-                  {{"lsactivity -short -invob \\pvob", "z_act\nA_act (locked)\n"}},
-                  {"TOOL|lsactivity -short -invob \\pvob"},
-                  "A_act\r\nz_act\r\n"},
+                  {{"lsactivity -short -invob \\pvob", "z_act\nA_act (locked)\n"}}, "A_act\r\nz_act\r\n"},
         QueryCase{"KindComponent", [](const std::string&) { return CCGetTypeNames("component", "\\pvob"); },
-                  {{"lscomp -short -invob \\pvob", "gui\ncore\n"}},
-                  {"TOOL|lscomp -short -invob \\pvob"},
-                  "core\r\ngui\r\n"},
+                  {{"lscomp -short -invob \\pvob", "gui\ncore\n"}}, "core\r\ngui\r\n"},
         QueryCase{"KindFolder", [](const std::string&) { return CCGetTypeNames("folder", "\\pvob"); },
-                  {{"lsfolder -short -invob \\pvob", "RootFolder\n"}},
-                  {"TOOL|lsfolder -short -invob \\pvob"},
-                  "RootFolder\r\n"},
+                  {{"lsfolder -short -invob \\pvob", "RootFolder\n"}}, "RootFolder\r\n"},
         QueryCase{"KindStream", [](const std::string&) { return CCGetTypeNames("stream", "\\pvob"); },
-                  {{"lsstream -short -invob \\pvob", "main_int\ndev\n"}},
-                  {"TOOL|lsstream -short -invob \\pvob"},
-                  "dev\r\nmain_int\r\n"},
+                  {{"lsstream -short -invob \\pvob", "main_int\ndev\n"}}, "dev\r\nmain_int\r\n"},
         QueryCase{"StoragePools", [](const std::string&) { return CCGetStoragePoolsForVOB("\\v"); },
-                  {{"lspool -short -invob \\v", "sdft\ncdft\nddft\n"}},
-                  {"TOOL|lspool -short -invob \\v"},
-                  "cdft\r\nddft\r\nsdft\r\n"},
-        QueryCase{"ComponentsForViewRunInTheView", [](const std::string& view) { return CCGetUCMComponentsForView(view); },
-                  {{"lscomp -short", "b\na\n"}},
-                  {"VIEW|lscomp -short"},
-                  "a\r\nb\r\n"},
+                  {{"lspool -short -invob \\v", "sdft\ncdft\nddft\n"}}, "cdft\r\nddft\r\nsdft\r\n"},
+        QueryCase{"ComponentsForViewRunInTheView",
+                  [](const std::string& view) { return CCGetUCMComponentsForView(view); },
+                  {{"lscomp -short", "b\na\n"}}, "a\r\nb\r\n", true},
         QueryCase{"ActivitiesOfTheViewStreamEndAtTheFirstLineWithoutAt",
                   [](const std::string& view) { return CCGetUCMActivities(view); },
-                  {{"lsstream -long -cview", kStream}},
-                  {"VIEW|lsstream -long -cview"},
-                  "Add_feature@\\pvob\r\nfix_crash@\\pvob\r\n"},
+                  {{"lsstream -long -cview", kStream}}, "Add_feature@\\pvob\r\nfix_crash@\\pvob\r\n", true},
         QueryCase{"HistoryQuotesTheElementAndKeepsFirstOccurrences",
                   [](const std::string& view) { return CCGetHistory("src/my file.c", view); },
-                  {{"lshistory -short src/my file.c",
-                    "src/my file.c@@/main/2\n\nsrc/my file.c@@/main/1\nSRC/my file.c@@/main/2\nsrc/my file.c@@/main/0\n"}},
-                  {"VIEW|lshistory -short src/my file.c"},
-                  "src/my file.c@@/main/2\r\nsrc/my file.c@@/main/1\r\nsrc/my file.c@@/main/0\r\n"},
+                  {{"lshistory -short src/my file.c", "src/my file.c@@/main/2\n\nsrc/my file.c@@/main/1\nSRC/my file.c@@/main/2\nsrc/my file.c@@/main/0\n"}},
+                  "src/my file.c@@/main/2\r\nsrc/my file.c@@/main/1\r\nsrc/my file.c@@/main/0\r\n", true},
         QueryCase{"LsRecursesInTheDirectoryUnsorted", [](const std::string& view) { return CCGetLS(view); },
-                  {{"ls -recurse -short", "b.c\na.c\n"}},
-                  {"VIEW|ls -recurse -short"},
-                  "b.c\r\na.c\r\n"},
-        QueryCase{"DescribePassesTheObjectUnchanged", [](const std::string&) { return CCDescribeObject("lbtype:REL1@\\vobs\\src"); },
+                  {{"ls -recurse -short", "b.c\na.c\n"}}, "b.c\r\na.c\r\n", true},
+        QueryCase{"DescribePassesTheObjectUnchanged",
+                  [](const std::string&) { return CCDescribeObject("lbtype:REL1@\\vobs\\src"); },
                   {{"describe lbtype:REL1@\\vobs\\src", "label type \"REL1\"\n  owner: builder\n"}},
-                  {"TOOL|describe lbtype:REL1@\\vobs\\src"},
                   "label type \"REL1\"\r\n  owner: builder\r\n"},
         QueryCase{"AttributeValueType", [](const std::string&) { return CCGetAttributeType("Status"); },
                   {{"describe attype:Status", "attribute type \"Status\"\n  scope: this VOB\n  value type: string\n  owner: x\n"}},
-                  {"TOOL|describe attype:Status"},
                   "string"},
         QueryCase{"AllTypeNamesStopAtTheFirstVobWithout",
                   [](const std::string&) { return CCGetAllTypeNames("lbtype"); },
@@ -138,14 +116,12 @@ INSTANTIATE_TEST_SUITE_P(
                    {"lstype -short -kind lbtype -invob \\a", "REL2\nREL1 (locked)\n"},
                    {"lstype -short -kind lbtype -invob \\b", ""},
                    {"lstype -short -kind lbtype -invob \\c", "REL9\n"}},
-                  {"TOOL|lsvob -short", "TOOL|lstype -short -kind lbtype -invob \\a", "TOOL|lstype -short -kind lbtype -invob \\b"},
-                  "REL1\r\nREL2\r\n"},
-        QueryCase{"AllTypeNamesMergeIgnoringCase",
-                  [](const std::string&) { return CCGetAllTypeNames("lbtype"); },
+                  "REL1\r\nREL2\r\n", false,
+                  {"TOOL|lsvob -short", "TOOL|lstype -short -kind lbtype -invob \\a", "TOOL|lstype -short -kind lbtype -invob \\b"}},
+        QueryCase{"AllTypeNamesMergeIgnoringCase", [](const std::string&) { return CCGetAllTypeNames("lbtype"); },
                   {{"lsvob -short", "\\a\n\\b\n"},
                    {"lstype -short -kind lbtype -invob \\a", "REL1\nrel3\n"},
                    {"lstype -short -kind lbtype -invob \\b", "Rel1\nREL2\n"}},
-                  {"TOOL|lsvob -short", "TOOL|lstype -short -kind lbtype -invob \\a", "TOOL|lstype -short -kind lbtype -invob \\b"},
                   "REL1\r\nREL2\r\nrel3\r\n"},
         QueryCase{"AllComponentsSkipVobsWithoutAndKeepVobOrder",
                   [](const std::string&) { return CCGetAllUCMComponents(); },
@@ -153,10 +129,7 @@ INSTANTIATE_TEST_SUITE_P(
                    {"lscomp -short -invob \\a", "zed\ncore\n"},
                    {"lscomp -short -invob \\b", ""},
                    {"lscomp -short -invob \\c", "core\n"}},
-                  {"TOOL|lsvob -short", "TOOL|lscomp -short -invob \\a", "TOOL|lscomp -short -invob \\b",
-                   "TOOL|lscomp -short -invob \\c"},
-                  "core@\\a\r\nzed@\\a\r\ncore@\\c\r\n"}),
-    [](const testing::TestParamInfo<QueryCase>& info) { return info.param.name; });
+                  "core@\\a\r\nzed@\\a\r\ncore@\\c\r\n"}), wftest::byName);
 
 TEST(QueryResultTest, UnknownKindAndMissingVobsLeaveTheResultAsPassed)
 {
@@ -206,10 +179,7 @@ struct ParseCase {
     std::string expected;
 };
 
-void PrintTo(const ParseCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(ParseCase)
 
 class DescriptionParseTest : public testing::TestWithParam<ParseCase> {};
 
@@ -233,7 +203,7 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{"ActivitiesHeaderLast", activitiesFromStreamDescription, "  contains activities:\r\n", ""},
         ParseCase{"ActivitiesAfterTheFirstHeaderOnly", activitiesFromStreamDescription,
                   "contains activities:\r\n  b@\\p\r\nnone\r\ncontains activities:\r\n  a@\\p\r\n", "b@\\p\r\n"}),
-    [](const testing::TestParamInfo<ParseCase>& info) { return info.param.name; });
+    wftest::byName);
 
 struct VersionCase {
     std::string name;
@@ -242,10 +212,7 @@ struct VersionCase {
     TClearCaseType expected;
 };
 
-void PrintTo(const VersionCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(VersionCase)
 
 class InstalledTypeTest : public testing::TestWithParam<VersionCase> {};
 
@@ -264,8 +231,7 @@ INSTANTIATE_TEST_SUITE_P(
                     VersionCase{"Full", "Rational ClearCase 7.0.1 (Wed Jan 1)\ncleartool 7.0.1\n", 0, ccFull},
                     VersionCase{"CaseSensitive", "rational clearcase lt 7.0\n", 0, ccUnknown},
                     VersionCase{"FailedRun", "Rational ClearCase LT 7.0\n", 2, ccUnknown},
-                    VersionCase{"SomethingElse", "cleartool: Error: unknown\n", 0, ccUnknown}),
-    [](const testing::TestParamInfo<VersionCase>& info) { return info.param.name; });
+                    VersionCase{"SomethingElse", "cleartool: Error: unknown\n", 0, ccUnknown}), wftest::byName);
 
 struct QuotingCase {
     std::string name;
@@ -274,10 +240,7 @@ struct QuotingCase {
     std::string quotedIfBlank;
 };
 
-void PrintTo(const QuotingCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(QuotingCase)
 
 class QuotingTest : public testing::TestWithParam<QuotingCase> {};
 
@@ -296,7 +259,6 @@ INSTANTIATE_TEST_SUITE_P(
                     // A tab is not a blank, and quotes inside are not escaped.
                     QuotingCase{"Tab", "a\tb", "\"a\tb\"", "a\tb"},
                     QuotingCase{"InnerQuote", "say \"hi\"", "\"say \"hi\"\"", "\"say \"hi\"\""},
-                    QuotingCase{"BackslashAtEnd", "C:\\dir\\", "\"C:\\dir\\\"", "C:\\dir\\"}),
-    [](const testing::TestParamInfo<QuotingCase>& info) { return info.param.name; });
+                    QuotingCase{"BackslashAtEnd", "C:\\dir\\", "\"C:\\dir\\\"", "C:\\dir\\"}), wftest::byName);
 
 } // namespace

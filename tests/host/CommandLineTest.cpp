@@ -1,4 +1,5 @@
 #include "WFCommandLine.h"
+#include "RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,7 @@ struct SplitCase {
     const char* text;
     std::vector<std::string> expected;
 };
+WF_ROW_PRINTER(SplitCase)
 
 class SplitCommandLine : public ::testing::TestWithParam<SplitCase> {};
 
@@ -32,8 +34,7 @@ INSTANTIATE_TEST_SUITE_P(
         SplitCase{"doubledQuoteInsideQuotes", R"("say ""hi""")", {R"(say "hi")"}},
         SplitCase{"unterminatedQuoteRunsToEnd", R"(-c "open end)", {"-c", "open end"}},
         SplitCase{"attributeValueKeepsQuotes", R"(BuildNo \"abc\")", {"BuildNo", R"("abc")"}},
-        SplitCase{"nothing", "", {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+        SplitCase{"nothing", "", {}}), wftest::byName);
 
 TEST(JoinCommandLine, RoundTripsThroughSplit)
 {

@@ -1,4 +1,5 @@
 #include "WFExpression.h"
+#include "RowName.h"
 
 #include "WFTestSupport.h"
 
@@ -14,6 +15,7 @@ struct ExpandCase {
     bool ok;
     const char* expected; // the result, or a piece of the reason
 };
+WF_ROW_PRINTER(ExpandCase)
 
 class ExpandExpression : public ::testing::TestWithParam<ExpandCase> {};
 
@@ -71,7 +73,6 @@ INSTANTIATE_TEST_SUITE_P(
         ExpandCase{"unterminated", "50% done", false, "unterminated"},
         ExpandCase{"unknownFunction", "%Other().X%", false, "Other()"},
         ExpandCase{"unknownProperty", "%Options().Size%", false, "Size"},
-        ExpandCase{"malformedCall", "%Options()Path%", false, "Name().Property"}),
-    [](const auto& info) { return std::string(info.param.name); });
+        ExpandCase{"malformedCall", "%Options()Path%", false, "Name().Property"}), wftest::byName);
 
 } // namespace

@@ -1,5 +1,6 @@
 // The interactive process: a program kept running and talked to through its standard input.
 #include "WFInteractiveProcess.h"
+#include "RowName.h"
 #include "WFProcess.h"
 #include "ProgramRun.h"
 
@@ -107,6 +108,7 @@ struct StartFailure {
     const char* folder;
     const char* reason;
 };
+WF_ROW_PRINTER(StartFailure)
 
 class InteractiveStartFailure : public testing::TestWithParam<StartFailure> {};
 
@@ -121,8 +123,7 @@ TEST_P(InteractiveStartFailure, NamesWhatCouldNotStart)
 INSTANTIATE_TEST_SUITE_P(
     Starts, InteractiveStartFailure,
     testing::Values(StartFailure{"NoProgram", "/no/such/program", "", "Could not start \"/no/such/program\""},
-                    StartFailure{"NoFolder", "/bin/cat", "/no/such/folder", "in \"/no/such/folder\""}),
-    [](const auto& info) { return std::string(info.param.name); });
+                    StartFailure{"NoFolder", "/bin/cat", "/no/such/folder", "in \"/no/such/folder\""}), wftest::byName);
 
 // --- Both kinds of process start the same way ------------------------------------------
 
@@ -137,10 +138,7 @@ struct KindCase {
     std::function<std::string(const std::string& script)> run;
 };
 
-void PrintTo(const KindCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(KindCase)
 
 class SpawnedProgram : public testing::TestWithParam<KindCase> {};
 
@@ -193,7 +191,6 @@ INSTANTIATE_TEST_SUITE_P(
                                      }
                                  process.reset();
                                  return output;
-                             }}),
-    [](const auto& info) { return std::string(info.param.name); });
+                             }}), wftest::byName);
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "WFLineSplitter.h"
+#include "RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +14,7 @@ struct SplitCase {
     std::vector<std::string> chunks;
     std::vector<std::string> lines;
 };
+WF_ROW_PRINTER(SplitCase)
 
 class LineSplitter : public ::testing::TestWithParam<SplitCase> {};
 
@@ -44,8 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
                       SplitCase{"BreakRightAfterACutAddsNoEmptyLine", {"abcd", "\nx\n"}, {"abcd", "x"}},
                       SplitCase{"CarriageReturnAtTheCutStaysWithItsLineFeed", {"abc\r", "\nd\n"}, {"abc", "d"}},
                       SplitCase{"CutCarriageReturnPairsAcrossTheCut", {"abcd\r\n"}, {"abcd"}},
-                      SplitCase{"UnendedLongLineAtTheEnd", {"abcdefgh"}, {"abcd", "efgh"}}),
-    [](const auto& info) { return std::string(info.param.name); });
+                      SplitCase{"UnendedLongLineAtTheEnd", {"abcdefgh"}, {"abcd", "efgh"}}), wftest::byName);
 
 TEST(LineSplitter, DefaultBoundHoldsAMebibyte)
 {

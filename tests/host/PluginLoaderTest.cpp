@@ -1,4 +1,5 @@
 #include "WFAction.h"
+#include "RowName.h"
 #include "WFLog.h"
 #include "WFPluginLoader.h"
 #include "WFServices.h"
@@ -48,12 +49,6 @@ TEST(PluginLoader, RegistersAndRunsAnActionEndToEnd)
     WFActionServices().Clear();
 }
 
-std::string readBytes(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 /// A file a row loads, made in the test's folder; returns its path.
 using MakeFile = std::string (*)(const wftest::TempDir& dir);
 
@@ -64,10 +59,7 @@ struct BadPluginCase {
     std::string reason;
 };
 
-void PrintTo(const BadPluginCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(BadPluginCase)
 
 class BadPlugin : public testing::TestWithParam<BadPluginCase> {};
 
@@ -84,7 +76,15 @@ TEST_P(BadPlugin, IsRefusedBeforeMappingWithAReasonNamingTheFile)
 
 std::string cutAt(const wftest::TempDir& dir, std::size_t size)
 {
-    return dir.write("cut.so", readBytes(WF_TEST_PLUGIN_PATH).substr(0, size));
+    return dir.write("cut.so", wftest::readFile(WF_TEST_PLUGIN_PATH).substr(0, size));
+}
+
+/// The test package with one byte of its ELF header changed (offsets of a 64-bit header).
+std::string patchedAt(const wftest::TempDir& dir, std::size_t at, char byte)
+{
+    std::string bytes = wftest::readFile(WF_TEST_PLUGIN_PATH);
+    bytes[at] = byte;
+    return dir.write("patched.so", bytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -95,6 +95,14 @@ INSTANTIATE_TEST_SUITE_P(
                       "not a shared library (no ELF header)"},
         BadPluginCase{"CutInsideItsHeader", [](const wftest::TempDir& dir) { return cutAt(dir, 40); },
                       "truncated: 40 bytes hold no whole ELF header"},
+        BadPluginCase{"BuiltForAnotherWordSize", [](const wftest::TempDir& dir) { return patchedAt(dir, 4, 1); },
+                      "built for a 32-bit system"},
+        BadPluginCase{"AnExecutable", [](const wftest::TempDir& dir) { return patchedAt(dir, 16, 2); },
+                      "not a shared library (ELF type 2)"},
+        BadPluginCase{"WithAnOddProgramHeaderSize", [](const wftest::TempDir& dir) { return patchedAt(dir, 54, 1); },
+                      "malformed ELF header (program header size "},
+        BadPluginCase{"WithProgramHeadersPastItsEnd", [](const wftest::TempDir& dir) { return patchedAt(dir, 38, 1); },
+                      "truncated: its program headers end at byte "},
         // Past the headers, before the end of the loadable segments (debug sections follow them).
         BadPluginCase{"CutInsideItsSegments", [](const wftest::TempDir& dir) { return cutAt(dir, 0x2100); },
                       "truncated: segment "},
@@ -113,8 +121,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadPluginCase{"WithoutEntryPoint", [](const wftest::TempDir&) { return std::string(WF_NO_ENTRY_PLUGIN_PATH); },
                       "it exports no WFRegister entry point"},
         BadPluginCase{"WhoseRegistrationThrows", [](const wftest::TempDir&) { return std::string(WF_FAULTY_PLUGIN_PATH); },
-                      "WFRegister failed: no licence for this host"}),
-    [](const testing::TestParamInfo<BadPluginCase>& info) { return info.param.name; });
+                      "WFRegister failed: no licence for this host"}), wftest::byName);
 
 TEST(PluginLoaderDeathTest, CrashInsideWFRegisterNamesThePlugin)
 {
@@ -128,7 +135,7 @@ TEST(PluginLoader, SamePluginUnderASecondNameIsLoadedOnceWithAWarning)
 {
     WFActionServices().Clear();
     wftest::TempDir dir;
-    const std::string copy = dir.write("copy.so", readBytes(WF_TEST_PLUGIN_PATH));
+    const std::string copy = dir.write("copy.so", wftest::readFile(WF_TEST_PLUGIN_PATH));
     std::vector<std::string> warnings;
     const auto previous = SetWFWarningHandler([&](std::string_view text) { warnings.emplace_back(text); });
     std::string error;

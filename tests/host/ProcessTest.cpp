@@ -1,4 +1,5 @@
 #include "WFProcess.h"
+#include "RowName.h"
 
 #include "ProgramRun.h"
 #include "WFTestSupport.h"
@@ -57,6 +58,7 @@ struct ExitCase {
     const char* exitCode;
     int expected;
 };
+WF_ROW_PRINTER_AS(ExitCase, row.exitCode)
 
 class ProcessExit : public ::testing::TestWithParam<ExitCase> {};
 
@@ -108,46 +110,11 @@ TEST(Process, MissingProgramOrFolderCannotStart)
     EXPECT_NE(badFolder->GetErrorText().find("no-folder"), std::string::npos);
 }
 
-TEST(Process, SilenceBoundKillsTheWholeTree)
-{
-    wftest::TempDir dir;
-    const std::string pidFile = dir.file("child.pid");
-    wftest::ScopedEnv sleep("WF_FAKE_SLEEP_MS", "60000");
-    wftest::ScopedEnv child("WF_FAKE_CHILD_PIDFILE", pidFile);
-    auto process = makeProcess();
-    process->SetWaitTimeout(300);
-    const auto start = std::chrono::steady_clock::now();
-    ASSERT_TRUE(process->Execute());
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
-    EXPECT_TRUE(process->GetTimedOut());
-    pid_t grandchild = 0;
-    std::ifstream(pidFile) >> grandchild;
-    ASSERT_GT(grandchild, 0);
-    EXPECT_TRUE(wftest::awaitProcessGone(grandchild));
-}
-
-TEST(Process, TerminateFromAnotherThreadStopsIt)
-{
-    wftest::ScopedEnv sleep("WF_FAKE_SLEEP_MS", "60000");
-    auto process = makeProcess();
-    std::thread stopper([process] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        process->Terminate();
-    });
-    const auto start = std::chrono::steady_clock::now();
-    ASSERT_TRUE(process->Execute());
-    stopper.join();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
-    EXPECT_TRUE(process->GetTerminated());
-    EXPECT_NE(process->GetExitCode(), 0);
-}
-
-
 // ---- Ends that do not come by themselves: what the program does with its pipes and its
 // children must not keep the run going, nor leave anything behind ----
 
 /// How a scenario is ended from outside.
-enum class Stopper { None, TimeLimit, Terminate };
+enum class Stopper { None, TimeLimit, Silence, Terminate };
 
 struct EndCase {
     const char* name;
@@ -156,6 +123,7 @@ struct EndCase {
     /// The program's child, whose pid the program writes to child.pid, must be gone after.
     bool hasChild;
 };
+WF_ROW_PRINTER(EndCase)
 
 class ProcessEnd : public ::testing::TestWithParam<EndCase> {};
 
@@ -174,6 +142,8 @@ TEST_P(ProcessEnd, EndsAndLeavesNothingRunning)
     process->SetOutputHandler(&handler);
     if (c.stopper == Stopper::TimeLimit)
         process->SetTimeLimit(500);
+    if (c.stopper == Stopper::Silence)
+        process->SetWaitTimeout(300);
     std::thread stopper;
     if (c.stopper == Stopper::Terminate)
         stopper = std::thread([process] {
@@ -186,10 +156,11 @@ TEST_P(ProcessEnd, EndsAndLeavesNothingRunning)
         stopper.join();
     // Generous: only a run that would never end fails this.
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
-    EXPECT_EQ(process->GetTimedOut(), c.stopper == Stopper::TimeLimit);
+    EXPECT_EQ(process->GetTimedOut(), c.stopper == Stopper::TimeLimit || c.stopper == Stopper::Silence);
     EXPECT_EQ(process->GetTerminated(), c.stopper == Stopper::Terminate);
     if (c.stopper == Stopper::Terminate) {
         EXPECT_EQ(process->GetErrorText(), "Stopped on request");
+        EXPECT_NE(process->GetExitCode(), 0);
     }
     if (c.stopper == Stopper::None) {
         EXPECT_EQ(process->GetExitCode(), 0);
@@ -216,8 +187,9 @@ INSTANTIATE_TEST_SUITE_P(
                 Stopper::TimeLimit, true},
         EndCase{"TerminateStopsADetachedChild", {{"WF_FAKE_CHILD", "detached"}, {"WF_FAKE_SLEEP_MS", "60000"}},
                 Stopper::Terminate, true},
-        EndCase{"ExitStopsADetachedChild", {{"WF_FAKE_CHILD", "detached"}}, Stopper::None, true}),
-    [](const auto& info) { return std::string(info.param.name); });
+        EndCase{"ExitStopsADetachedChild", {{"WF_FAKE_CHILD", "detached"}}, Stopper::None, true},
+        EndCase{"SilenceBoundStopsTheWholeTree", {{"WF_FAKE_SLEEP_MS", "60000"}}, Stopper::Silence, true}),
+    wftest::byName);
 
 struct PathCase {
     const char* name;
@@ -228,6 +200,7 @@ struct PathCase {
     /// The expected result below the folder; empty: none found.
     std::string found;
 };
+WF_ROW_PRINTER(PathCase)
 
 class ProgramOnPath : public ::testing::TestWithParam<PathCase> {};
 
@@ -255,7 +228,6 @@ INSTANTIATE_TEST_SUITE_P(
                       PathCase{"NotExecutableIsSkipped", "@/a:@/b", {"a/tool", "b/tool*"}, "b/tool"},
                       PathCase{"FolderIsSkipped", "@/c:@/b", {"c/tool/x*", "b/tool*"}, "b/tool"},
                       PathCase{"TrailingSlashIsKept", "@/b/", {"b/tool*"}, "b/tool"},
-                      PathCase{"NothingFound", "@/a", {}, ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+                      PathCase{"NothingFound", "@/a", {}, ""}), wftest::byName);
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "WFAction.h"
+#include "RowName.h"
 #include "WFProject.h"
 #include "WFServices.h"
 
@@ -177,6 +178,7 @@ struct BadCase {
     const char* place;   // "line:column"
     const char* message; // a piece of it
 };
+WF_ROW_PRINTER(BadCase)
 
 class ProjectErrors : public Project, public ::testing::WithParamInterface<BadCase> {};
 
@@ -217,15 +219,23 @@ INSTANTIATE_TEST_SUITE_P(
                 "</actions></wfproject>", "2:", "continueOnFailure=\"often\" is not True or False"},
         BadCase{"badCleanupTimeout", "<wfproject cleanupTimeout=\"soon\"/>", "1:", "cleanupTimeout=\"soon\" is not a whole number"},
         BadCase{"strangerInCleanup", "<wfproject><cleanup>\n<step/></cleanup></wfproject>", "2:", "unexpected element <step> in <cleanup>"},
+        BadCase{"timeoutTooLong", "<wfproject timeout=\"4294968\"/>", "1:",
+                "timeout=\"4294968\" is longer than the longest time limit, 2592000 seconds (30 days)"},
+        BadCase{"badEnabled", "<wfproject><actions>\n<action type=\"T_PROPS\" enabled=\"maybe\"/></actions></wfproject>", "2:",
+                "action T_PROPS: enabled=\"maybe\" is not True or False"},
+        BadCase{"processingInstruction", "<wfproject><actions>\n  <?build fast?></actions></wfproject>", "2:",
+                "the processing instruction <?build?> cannot be kept in a project (saving would drop it); remove it"},
+        BadCase{"variableNameWithABlank", "<wfproject><variables>\n<variable name=\"A B\" value=\"1\"/></variables></wfproject>",
+                "2:", "\"A B\" cannot name a variable: %NAME% expressions cannot reach a name holding a blank"},
         BadCase{"unknownPropertyAttribute", "<wfproject><actions><action type=\"T_PROPS\">\n<property name=\"Count\" kind=\"x\">1</property>"
-                "</action></actions></wfproject>", "2:", "unknown attribute \"kind\" on <property>"}),
-    [](const auto& info) { return std::string(info.param.name); });
+                "</action></actions></wfproject>", "2:", "unknown attribute \"kind\" on <property>"}), wftest::byName);
 
 struct BadByteCase {
     const char* name;
     std::string text;
     const char* diagnostic;
 };
+WF_ROW_PRINTER(BadByteCase)
 
 class ProjectBadBytes : public Project, public ::testing::WithParamInterface<BadByteCase> {};
 
@@ -248,8 +258,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadByteCase{"truncatedSequence", "<wfproject>\xE2\x82</wfproject>",
                     "p.wfp:1:12: error: the byte 0xE2 is not UTF-8 (projects are UTF-8 text)"},
         BadByteCase{"nul", kHead + std::string("  <property name=\"N\0ame\"/>", 26) + "</action></actions></wfproject>",
-                    "p.wfp:4:20: error: a NUL byte (0x00), which a project cannot hold"}),
-    [](const auto& info) { return std::string(info.param.name); });
+                    "p.wfp:4:20: error: a NUL byte (0x00), which a project cannot hold"}), wftest::byName);
 
 /// n attributes a0="v" a1="v" ... separated by sep.
 std::string attributes(std::size_t n, const std::string& sep = " ")
@@ -266,6 +275,7 @@ struct CrowdedCase {
     /// The first diagnostic; empty: the attribute bound must not refuse the text.
     std::string diagnostic;
 };
+WF_ROW_PRINTER(CrowdedCase)
 
 class ProjectAttributeBound : public Project, public ::testing::WithParamInterface<CrowdedCase> {};
 
@@ -307,8 +317,7 @@ INSTANTIATE_TEST_SUITE_P(
         CrowdedCase{"inAProcessingInstruction", "<?pi <a" + attributes(100) + "> ?><wfproject/>", ""},
         CrowdedCase{"inAnAttributeValue", kOneAction + " description=\"" + std::string(100, '=') + "\"" + kClose, ""},
         CrowdedCase{"inText", kOneAction + "><property name=\"Text\">" + std::string(100, '=')
-                                   + "</property></action></actions></wfproject>", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+                                   + "</property></action></actions></wfproject>", ""}), wftest::byName);
 
 struct LostOnSaveCase {
     const char* name;
@@ -317,10 +326,7 @@ struct LostOnSaveCase {
     std::string lost;
 };
 
-void PrintTo(const LostOnSaveCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(LostOnSaveCase)
 
 class ProjectLostOnSave : public Project, public ::testing::WithParamInterface<LostOnSaveCase> {};
 
@@ -344,8 +350,7 @@ INSTANTIATE_TEST_SUITE_P(
         LostOnSaveCase{"commentMarkupInsideCData",
                        "<wfproject><actions><action type=\"T_PROPS\"><property name=\"Text\"><![CDATA[<!-- text -->]]>"
                        "</property></action></actions></wfproject>",
-                       ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+                       ""}), wftest::byName);
 
 TEST_F(Project, FilesAboveTheSizeLimitAreRefusedUnread)
 {

@@ -1,4 +1,5 @@
 #include "WFIniFile.h"
+#include "RowName.h"
 #include "WFServices.h"
 
 #include "WFTestSupport.h"
@@ -110,6 +111,7 @@ struct IniEntryCase {
     const char* value;
     bool stored;
 };
+WF_ROW_PRINTER(IniEntryCase)
 
 class IniEntries : public testing::TestWithParam<IniEntryCase> {};
 
@@ -138,8 +140,7 @@ INSTANTIATE_TEST_SUITE_P(IniFile, IniEntries,
                     IniEntryCase{"commentKey", "S", ";K", "v", false},
                     IniEntryCase{"valueWithLineFeed", "S", "K", "a\n[T]", false},
                     IniEntryCase{"sectionWithBracket", "S]x", "K", "v", false},
-                    IniEntryCase{"sectionWithLineFeed", "S\nT", "K", "v", false}),
-    [](const auto& info) { return std::string(info.param.name); });
+                    IniEntryCase{"sectionWithLineFeed", "S\nT", "K", "v", false}), wftest::byName);
 
 TEST(IniFile, ConcurrentWritersOnDifferentKeysAllKeepTheirChange)
 {

@@ -1,6 +1,7 @@
 // The attribute pages: applying an attribute (shared page, path and object options), and a new
 // attribute type with its options.
 #include "PageCase.h"
+#include "RowName.h"
 
 #include "actions/WFClearCaseApplyAttributeObjectsAction.h"
 #include "actions/WFClearCaseApplyAttributePathNamesAction.h"
@@ -62,24 +63,25 @@ std::vector<Shown> typeShown(const char* label, bool defaultEnabled, bool valueE
 const PageCase kApplyCases[] = {
     {.name = "FoundTypeDisablesDefaultAndKeepsItsMark",
      .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"UseDefaultAttributeValue", "True"}},
-     .steps = {}, .shown = typeShown("(Type: String)", false, false),
+     .shown = typeShown("(Type: String)", false, false),
      .stored = {{"UseDefaultAttributeValue", "True"}, {"AttributeName", "BuildNo"}},
      .responses = {{kDescribe, kStringType}}, .calls = {kDescribe}},
     {.name = "TypeShownWithCapital",
-     .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"AttributeValue", "42"}}, .steps = {},
+     .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"AttributeValue", "42"}},
      .shown = typeShown("(Type: Integer)", false, true),
      .stored = {{"AttributeValue", "42"}, {"UseDefaultAttributeValue", "False"}, {"VOBSelector", "/vobs/main"}},
-     .responses = {{kDescribe, kIntegerType}}, .calls = {kDescribe}, .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
-    {.name = "EmptyVOBAsksNothing", .given = {{"AttributeName", "BuildNo"}}, .steps = {}, .shown = typeShown("", true, true),
+     .responses = {{kDescribe, kIntegerType}}, .calls = {kDescribe},
+     .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
+    {.name = "EmptyVOBAsksNothing", .given = {{"AttributeName", "BuildNo"}}, .shown = typeShown("", true, true),
      .stored = {{"AttributeName", "BuildNo"}, {"VOBSelector", ""}}, .responses = {{kDescribe, kStringType}}},
-    {.name = "EmptyNameAsksNothing", .given = {{"VOBSelector", "/vobs/main"}}, .steps = {}, .shown = typeShown("", true, true),
+    {.name = "EmptyNameAsksNothing", .given = {{"VOBSelector", "/vobs/main"}}, .shown = typeShown("", true, true),
      .stored = {{"AttributeName", ""}}, .responses = {{kDescribe, kStringType}},
      .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
     {.name = "FailedLookupLeavesDefaultEnabled", .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}},
-     .steps = {}, .shown = typeShown("", true, true), .stored = {{"UseDefaultAttributeValue", "False"}},
+     .shown = typeShown("", true, true), .stored = {{"UseDefaultAttributeValue", "False"}},
      .responses = {{kDescribe, kStringType, 1}}, .calls = {kDescribe}},
     {.name = "NoValueTypeLineLeavesLabelEmpty", .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}},
-     .steps = {}, .shown = typeShown("", true, true), .stored = {}, .responses = {{kDescribe, "attribute type \"BuildNo\"\n"}},
+     .shown = typeShown("", true, true), .responses = {{kDescribe, "attribute type \"BuildNo\"\n"}},
      .calls = {kDescribe}},
     {.name = "TickingDefaultDisablesValueAndKeepsIt", .given = {{"AttributeName", "BuildNo"}, {"AttributeValue", "42"}},
      .steps = {clickOn("boxUseDefault")}, .shown = typeShown("", true, false),
@@ -142,10 +144,7 @@ struct ListCase {
     std::function<std::unique_ptr<TCustomWFAction>()> make;
 };
 
-void PrintTo(const ListCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(ListCase)
 
 class AttributeLists : public ::testing::TestWithParam<ListCase> {
 protected:
@@ -190,31 +189,29 @@ const ListCase kListCases[] = {
     {"ApplyAttribute", "TClearCaseApplyAttributeFrame", make<TClearCaseApplyAttributeObjectsAction>},
     {"NewType", "TClearCaseMakeAttributeTypeFrame", make<TClearCaseMakeAttributeTypeAction>},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, AttributeLists, ::testing::ValuesIn(kListCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, AttributeLists, ::testing::ValuesIn(kListCases), wftest::byName);
 
 // ---- Path and object options ----------------------------------------------------------------
 
 const PageCase kPathOptionsCases[] = {
     {.name = "KeptAsStored",
      .given = {{"Replace", "True"}, {"Recurse", "False"}, {"UseVersionSelector", "True"}, {"VersionSelector", "/main/LATEST"}},
-     .steps = {}, .shown = {},
      .stored = {{"Replace", "True"}, {"Recurse", "False"}, {"UseVersionSelector", "True"}, {"VersionSelector", "/main/LATEST"}}},
-    {.name = "EachBoxItsOwnSwitch", .given = {}, .steps = clicks({"boxRecurse"}), .shown = {},
+    {.name = "EachBoxItsOwnSwitch", .steps = clicks({"boxRecurse"}),
      .stored = {{"Replace", "False"}, {"Recurse", "True"}, {"UseVersionSelector", "False"}}},
     {.name = "AllCleared", .given = {{"Replace", "True"}, {"Recurse", "True"}, {"UseVersionSelector", "True"}},
-     .steps = clicks({"boxReplace", "boxRecurse", "boxUseVersion"}), .shown = {},
+     .steps = clicks({"boxReplace", "boxRecurse", "boxUseVersion"}),
      .stored = {{"Replace", "False"}, {"Recurse", "False"}, {"UseVersionSelector", "False"}}},
-    {.name = "VersionEditableWithoutItsBox", .given = {}, .steps = {typeInto("txtVersion", "/main/rel2/3")}, .shown = {},
+    {.name = "VersionEditableWithoutItsBox", .steps = {typeInto("txtVersion", "/main/rel2/3")},
      .stored = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/rel2/3"}}},
 };
 WF_PAGE_TABLE(ApplyAttributeOptions, TClearCaseApplyAttributePathNamesAction,
               "TClearCaseApplyAttributePathNamesFrame", "Options", kPathOptionsCases);
 
 const PageCase kObjectOptionsCases[] = {
-    {.name = "ReplaceTicked", .given = {}, .steps = clicks({"boxReplace"}), .shown = {}, .stored = {{"Replace", "True"}}},
-    {.name = "ReplaceKept", .given = {{"Replace", "True"}}, .steps = {}, .shown = {}, .stored = {{"Replace", "True"}}},
-    {.name = "ReplaceCleared", .given = {{"Replace", "True"}}, .steps = clicks({"boxReplace"}), .shown = {},
+    {.name = "ReplaceTicked", .steps = clicks({"boxReplace"}), .stored = {{"Replace", "True"}}},
+    {.name = "ReplaceKept", .given = {{"Replace", "True"}}, .stored = {{"Replace", "True"}}},
+    {.name = "ReplaceCleared", .given = {{"Replace", "True"}}, .steps = clicks({"boxReplace"}),
      .stored = {{"Replace", "False"}}},
 };
 WF_PAGE_TABLE(ApplyAttributeObjectOptions, TClearCaseApplyAttributeObjectsAction,
@@ -230,26 +227,27 @@ std::vector<Shown> constraintShown(const char* checked)
 }
 
 const PageCase kTypeOptionsCases[] = {
-    {.name = "NewActionOrdinaryUnconstrained", .given = {}, .steps = {},
+    {.name = "NewActionOrdinaryUnconstrained",
      .shown = {{"btnOrdinary", true}, {"btnGlobal", false}, {"btnDefaultUse", true}},
      .stored = {{"Constraints", "lcDefault"}, {"Global", "False"}, {"Acquire", "False"}, {"Replace", "False"}, {"Shared", "False"}}},
-    {.name = "VersionConstraintKept", .given = {{"Constraints", "lcVPversion"}}, .steps = {},
+    {.name = "VersionConstraintKept", .given = {{"Constraints", "lcVPversion"}},
      .shown = constraintShown("btnVPVersion"), .stored = {{"Constraints", "lcVPversion"}}},
-    {.name = "ElementConstraintKept", .given = {{"Constraints", "lcVPelement"}}, .steps = {},
+    {.name = "ElementConstraintKept", .given = {{"Constraints", "lcVPelement"}},
      .shown = constraintShown("btnVPelement"), .stored = {{"Constraints", "lcVPelement"}}},
-    {.name = "BranchConstraintKept", .given = {{"Constraints", "lcVPbranch"}}, .steps = {},
-     .shown = constraintShown("btnVPBranch"), .stored = {{"Constraints", "lcVPbranch"}}},
-    {.name = "BranchChosen", .given = {}, .steps = clicks({"btnVPBranch"}), .shown = constraintShown("btnVPBranch"),
+    {.name = "BranchConstraintKept", .given = {{"Constraints", "lcVPbranch"}}, .shown = constraintShown("btnVPBranch"),
+     .stored = {{"Constraints", "lcVPbranch"}}},
+    {.name = "BranchChosen", .steps = clicks({"btnVPBranch"}), .shown = constraintShown("btnVPBranch"),
      .stored = {{"Constraints", "lcVPbranch"}}},
     {.name = "ConstraintCleared", .given = {{"Constraints", "lcVPelement"}}, .steps = clicks({"btnDefaultUse"}),
      .shown = constraintShown("btnDefaultUse"), .stored = {{"Constraints", "lcDefault"}}},
-    {.name = "OrdinaryKeepsAcquire", .given = {{"Global", "True"}, {"Acquire", "True"}}, .steps = clicks({"btnOrdinary"}),
-     .shown = {{"btnGlobal", false}, {"boxAcquire", true, true}}, .stored = {{"Global", "False"}, {"Acquire", "True"}}},
-    {.name = "AcquireTickedOnOrdinary", .given = {}, .steps = clicks({"boxAcquire"}), .shown = {{"btnOrdinary", true}},
+    {.name = "OrdinaryKeepsAcquire", .given = {{"Global", "True"}, {"Acquire", "True"}},
+     .steps = clicks({"btnOrdinary"}), .shown = {{"btnGlobal", false}, {"boxAcquire", true, true}},
      .stored = {{"Global", "False"}, {"Acquire", "True"}}},
-    {.name = "GlobalChosen", .given = {}, .steps = clicks({"btnGlobal"}), .shown = {{"btnOrdinary", false}},
+    {.name = "AcquireTickedOnOrdinary", .steps = clicks({"boxAcquire"}), .shown = {{"btnOrdinary", true}},
+     .stored = {{"Global", "False"}, {"Acquire", "True"}}},
+    {.name = "GlobalChosen", .steps = clicks({"btnGlobal"}), .shown = {{"btnOrdinary", false}},
      .stored = {{"Global", "True"}, {"Acquire", "False"}}},
-    {.name = "ReplaceAndShared", .given = {}, .steps = clicks({"boxReplace", "boxShared"}), .shown = {},
+    {.name = "ReplaceAndShared", .steps = clicks({"boxReplace", "boxShared"}),
      .stored = {{"Replace", "True"}, {"Shared", "True"}}},
 };
 WF_PAGE_TABLE(AttributeTypeOptions, TClearCaseMakeAttributeTypeAction,
@@ -278,18 +276,17 @@ void expectBoundEdits(const OpenPage& page, bool date)
 }
 
 const PageCase kNewTypeCases[] = {
-    {.name = "NewActionIsAStringTypeWithoutRange", .given = {}, .steps = {},
+    {.name = "NewActionIsAStringTypeWithoutRange",
      .shown = {{"cmbValueType", {}, {}, "String"}, {"boxUseMin", {}, false}, {"boxUseMax", {}, false}},
      .stored = {{"NewAttributeType", "atString"}, {"UseMin", "False"}, {"UseMax", "False"}, {"UseDefaultValue", "False"}},
      .check = [](const OpenPage& page) {
          expectBoundEdits(page, false);
          EXPECT_FALSE(dateText(page, "txtDefaultValue")->isEnabled());
      }},
-    {.name = "NameAndVOBTyped", .given = {},
-     .steps = {typeInto("txtAttrName", "BuildNo"), typeInto("txtVOBSelector", "/vobs/main")}, .shown = {},
+    {.name = "NameAndVOBTyped", .steps = {typeInto("txtAttrName", "BuildNo"), typeInto("txtVOBSelector", "/vobs/main")},
      .stored = {{"AttributeName", "BuildNo"}, {"VOBSelector", "/vobs/main"}}},
     {.name = "TimeTypeEditsWithDateEdits",
-     .given = {{"NewAttributeType", "atDate"}, {"MinValue", "01-Jan-06"}, {"UseMin", "True"}}, .steps = {},
+     .given = {{"NewAttributeType", "atDate"}, {"MinValue", "01-Jan-06"}, {"UseMin", "True"}},
      .shown = {{"cmbValueType", {}, {}, "Time"}},
      .stored = {{"NewAttributeType", "atDate"}, {"UseMin", "True"}, {"MinValue", "01-Jan-06"}},
      .check = [](const OpenPage& page) {
@@ -300,32 +297,33 @@ const PageCase kNewTypeCases[] = {
      }},
     {.name = "StoredBoundsShown",
      .given = {{"NewAttributeType", "atInteger"}, {"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}},
-     .steps = {}, .shown = {{"txtMinValue", {}, {}, "5"}, {"txtMaxValue", {}, {}, "10"}},
+     .shown = {{"txtMinValue", {}, {}, "5"}, {"txtMaxValue", {}, {}, "10"}},
      .stored = {{"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}}},
     {.name = "TypedBoundsNotKept",
      .given = {{"NewAttributeType", "atInteger"}, {"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}},
-     .steps = {typeInto("txtMinValue", "7"), typeInto("txtMaxValue", "70")}, .shown = {},
+     .steps = {typeInto("txtMinValue", "7"), typeInto("txtMaxValue", "70")},
      .stored = {{"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}}},
-    {.name = "InclusiveWaitsForItsBound", .given = {{"NewAttributeType", "atReal"}}, .steps = {},
-     .shown = {{"boxMinInclusive", {}, false}}, .stored = {}},
+    {.name = "InclusiveWaitsForItsBound", .given = {{"NewAttributeType", "atReal"}},
+     .shown = {{"boxMinInclusive", {}, false}}},
     {.name = "RangeFlagsStored", .given = {{"NewAttributeType", "atReal"}},
-     .steps = clicks({"boxUseMin", "boxMinInclusive", "boxUseMax", "boxMaxInclusive"}), .shown = {},
+     .steps = clicks({"boxUseMin", "boxMinInclusive", "boxUseMax", "boxMaxInclusive"}),
      .stored = {{"UseMin", "True"}, {"MinInclusive", "True"}, {"UseMax", "True"}, {"MaxInclusive", "True"}}},
-    {.name = "UntickingABoundDisablesIt", .given = {{"NewAttributeType", "atInteger"}, {"UseMax", "True"}, {"MaxInclusive", "True"}},
+    {.name = "UntickingABoundDisablesIt",
+     .given = {{"NewAttributeType", "atInteger"}, {"UseMax", "True"}, {"MaxInclusive", "True"}},
      .steps = clicks({"boxUseMax"}), .shown = {{"txtMaxValue", {}, false}, {"boxMaxInclusive", {}, false}},
      .stored = {{"UseMax", "False"}, {"MaxInclusive", "True"}}},
-    {.name = "StringTypeKeepsStoredRangeFlags", .given = {{"UseMin", "True"}, {"MinInclusive", "True"}}, .steps = {},
+    {.name = "StringTypeKeepsStoredRangeFlags", .given = {{"UseMin", "True"}, {"MinInclusive", "True"}},
      .shown = {{"boxUseMin", true, false}}, .stored = {{"UseMin", "True"}, {"MinInclusive", "True"}}},
-    {.name = "DefaultValueTypedAsItStands", .given = {},
-     .steps = {clickOn("boxUseDefaultValue"), typeInto("txtDefaultValue", "\"n/a\"")}, .shown = {},
+    {.name = "DefaultValueTypedAsItStands",
+     .steps = {clickOn("boxUseDefaultValue"), typeInto("txtDefaultValue", "\"n/a\"")},
      .stored = {{"UseDefaultValue", "True"}, {"DefaultValue", "\"n/a\""}}},
     {.name = "DefaultValueKeptWhenUnticked", .given = {{"UseDefaultValue", "True"}, {"DefaultValue", "1"}},
-     .steps = clicks({"boxUseDefaultValue"}), .shown = {}, .stored = {{"UseDefaultValue", "False"}, {"DefaultValue", "1"}}},
+     .steps = clicks({"boxUseDefaultValue"}), .stored = {{"UseDefaultValue", "False"}, {"DefaultValue", "1"}}},
     {.name = "DefaultTimeFromTheMenu", .given = {{"NewAttributeType", "atDate"}, {"UseDefaultValue", "True"}},
-     .steps = {chooseDate("txtDefaultValue", "odayItem")}, .shown = {}, .stored = {{"DefaultValue", "today"}}},
+     .steps = {chooseDate("txtDefaultValue", "odayItem")}, .stored = {{"DefaultValue", "today"}}},
     // As a user picks from the list: the bounds go along to the date edits and back.
     {.name = "SwitchingToTimeCarriesTheBounds", .given = {{"NewAttributeType", "atInteger"}, {"UseMin", "True"}},
-     .steps = {typeInto("txtMinValue", "15-Nov-06"), chooseIn("cmbValueType", "Time")}, .shown = {},
+     .steps = {typeInto("txtMinValue", "15-Nov-06"), chooseIn("cmbValueType", "Time")},
      .stored = {{"NewAttributeType", "atDate"}, {"UseMin", "True"}},
      .check = [](const OpenPage& page) {
          expectBoundEdits(page, true);

@@ -1,5 +1,6 @@
 // The date edit: keywords from its menu, the calendar and the time picker, as a user picks them.
 #include "PageHarness.h"
+#include "RowName.h"
 
 #include "pages/WFClearCaseDateButtonEdit.h"
 
@@ -76,10 +77,7 @@ struct DateCase {
     const char* expected;
 };
 
-void PrintTo(const DateCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(DateCase)
 
 class DateEdit : public ::testing::TestWithParam<DateCase> {
 protected:
@@ -93,20 +91,6 @@ protected:
     QLineEdit* text() { return edit.findChild<QLineEdit*>("txtEdit"); }
     QToolButton* button() { return edit.findChild<QToolButton*>("txtEditButton"); }
     QMenu* menu() { return edit.findChild<QMenu*>("PopupMenu1"); }
-
-    /// Opens the menu with the drop-down button and chooses the item: a click on it when it is
-    /// on the menu itself, else (a day, on the sub-menu) its trigger.
-    void choose(const char* item)
-    {
-        click(button());
-        ASSERT_TRUE(menu()->isVisible());
-        auto* action = edit.findChild<QAction*>(item);
-        ASSERT_NE(action, nullptr) << item;
-        if (menu()->actions().contains(action))
-            QTest::mouseClick(menu(), Qt::LeftButton, Qt::NoModifier, menu()->actionGeometry(action).center());
-        else
-            action->trigger();
-    }
 };
 
 TEST_P(DateEdit, PickedValueBecomesText)
@@ -129,7 +113,7 @@ TEST_P(DateEdit, PickedValueBecomesText)
                 panel->findChild<QTimeEdit*>("TimePicker")->setTime(*c.time);
             pressButton(panel, c.time ? "OK" : "Cancel");
         });
-    choose(c.item);
+    chooseDateItem(&edit, c.item);
     EXPECT_EQ(edit.GetDateString(), c.expected);
     // The panels are freed, picked or cancelled.
     for (QWidget* widget : QApplication::topLevelWidgets())
@@ -159,8 +143,7 @@ const DateCase kDateCases[] = {
     {"DateMonthFromLocale", "", "ChooseDate1", QDate(2007, 5, 3), {}, QLocale::French, "03-mai-07"},
     {"DateCancelledKeepsText", "today", "ChooseDate1", std::nullopt, {}, QLocale::English, "today"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, DateEdit, ::testing::ValuesIn(kDateCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, DateEdit, ::testing::ValuesIn(kDateCases), wftest::byName);
 
 TEST_F(DateEdit, MenuOpensUnderTheButtonWithItsItemsInOrder)
 {
@@ -190,7 +173,7 @@ TEST_F(DateEdit, EnterInTheCalendarPicksTheDayShown)
         QTest::keyClick(days, Qt::Key_Right);
         QTest::keyClick(days, Qt::Key_Return);
     });
-    choose("ChooseDate1");
+    chooseDateItem(&edit, "ChooseDate1");
     EXPECT_EQ(edit.GetDateString(), "16-Nov-06");
 }
 

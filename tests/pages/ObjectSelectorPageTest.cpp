@@ -1,5 +1,6 @@
 // The object selector page and its editor.
 #include "PageCase.h"
+#include "RowName.h"
 
 #include "actions/WFClearCaseLockObjectsAction.h"
 #include "environment/WFClearCaseIniFile.h"
@@ -25,19 +26,6 @@ using namespace wfpage;
 
 namespace {
 
-/// Opens a combo box's list and picks the item with that text, as a user does with the keyboard.
-void choose(QComboBox* combo, const QString& text)
-{
-    combo->showPopup();
-    const int row = combo->findText(text);
-    if (row < 0) {
-        combo->hidePopup();
-        throw std::runtime_error(combo->objectName().toStdString() + " has no item " + text.toStdString());
-    }
-    combo->view()->setCurrentIndex(combo->model()->index(row, 0));
-    QTest::keyClick(combo->view(), Qt::Key_Return);
-}
-
 /// A user's step in the editor: a type chosen from the list, or text typed into a field.
 struct EditorStep {
     const char* control;
@@ -47,7 +35,7 @@ struct EditorStep {
 void apply(QWidget* editor, const EditorStep& step)
 {
     if (std::string(step.control) == "cmbObjectTypeName")
-        choose(editor->findChild<QComboBox*>(step.control), step.value);
+        chooseByKeyboard(editor->findChild<QComboBox*>(step.control), step.value);
     else
         type(editor->findChild<QWidget*>(step.control), step.value);
 }
@@ -64,10 +52,7 @@ struct EditorCase {
     const char* nameLabel;
 };
 
-void PrintTo(const EditorCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(EditorCase)
 
 /// The editor on its own, shown, with a fake ClearCase for its lists.
 class EditorFixture : public ::testing::Test {
@@ -129,8 +114,7 @@ const EditorCase kEditorCases[] = {
     {"ColonAfterAtLeavesNoName", "REL1@C:/vobs", {}, "REL1@C@C:/vobs", 0, "", "C@C:/vobs", true, "Selector Object Name:"},
     {"EmptyStaysEmpty", "", {}, "", 0, "", "", true, "Selector Object Name:"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, SelectorEditor, ::testing::ValuesIn(kEditorCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, SelectorEditor, ::testing::ValuesIn(kEditorCases), wftest::byName);
 
 TEST_F(SelectorEditor, UnknownPrefixTypedKeepsTheChosenType)
 {
@@ -156,10 +140,7 @@ struct NameListCase {
     QStringList names;
 };
 
-void PrintTo(const NameListCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(NameListCase)
 
 class SelectorNameList : public EditorFixture, public ::testing::WithParamInterface<NameListCase> {};
 
@@ -169,7 +150,7 @@ TEST_P(SelectorNameList, AskedForOnEveryDropDown)
     if (c.query)
         cleartool.respond(c.query, c.output);
     type(combo("txtVOB"), c.vob);
-    choose(combo("cmbObjectTypeName"), c.type);
+    chooseByKeyboard(combo("cmbObjectTypeName"), c.type);
     QComboBox* names = combo("txtObjectName");
     dropDown(names);
     dropDown(names);
@@ -188,14 +169,13 @@ const NameListCase kNameListCases[] = {
     {"NoTypeAsksNothing", "/vobs/a", "(Click to select a type)", nullptr, "", {}},
     {"ObjectIDAsksNothing", "/vobs/a", "Object ID", nullptr, "", {}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, SelectorNameList, ::testing::ValuesIn(kNameListCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, SelectorNameList, ::testing::ValuesIn(kNameListCases), wftest::byName);
 
 TEST_F(SelectorNameList, PickedNameComposesTheString)
 {
     cleartool.respond("lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n");
     editor.SetObjectSelector("lbtype:@/vobs/a");
-    choose(combo("txtObjectName"), "REL2");
+    chooseByKeyboard(combo("txtObjectName"), "REL2");
     EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2@/vobs/a");
 }
 
@@ -209,7 +189,7 @@ TEST_F(SelectorNameList, VOBListIsAskedForOncePerEditor)
     EXPECT_EQ(items(vobs), QStringList({"/vobs/a", "/vobs/b"}));
     EXPECT_EQ(vobs->currentText(), "/vobs/typed");
     EXPECT_EQ(cleartool.calls().size(), 1u);
-    choose(vobs, "/vobs/b");
+    chooseByKeyboard(vobs, "/vobs/b");
     EXPECT_EQ(editor.GetObjectSelector(), "@/vobs/b");
     EXPECT_EQ(cleartool.calls().size(), 1u);
 
@@ -236,36 +216,38 @@ Step selectorEditor(const char* shown, std::vector<Field> fields, bool ok = true
 }
 
 const PageCase kPageCases[] = {
-    {.name = "Unchanged", .given = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2\r\n"), .steps = {},
-     .shown = {{kList, {}, {}, nullptr, "lbtype:REL1@/vobs/a|brtype:rel2"}}, .stored = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2\r\n")},
+    {.name = "Unchanged", .given = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2\r\n"),
+     .shown = {{kList, {}, {}, nullptr, "lbtype:REL1@/vobs/a|brtype:rel2"}},
+     .stored = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2\r\n")},
     {.name = "AddAppendsComposed", .given = objects("brtype:rel2\r\n"),
      .steps = {selectorEditor("", {{"cmbObjectTypeName", nullptr, "Label"}, {"txtObjectName", nullptr, "REL3"}}), clickOn("btnAdd")},
-     .shown = {}, .stored = objects("brtype:rel2\r\nlbtype:REL3\r\n")},
-    {.name = "AddEmptyAppendsEmptyLine", .given = objects("brtype:rel2\r\n"), .steps = {selectorEditor("", {}), clickOn("btnAdd")},
-     .shown = {}, .stored = objects("brtype:rel2\r\n\r\n")},
+     .stored = objects("brtype:rel2\r\nlbtype:REL3\r\n")},
+    {.name = "AddEmptyAppendsEmptyLine", .given = objects("brtype:rel2\r\n"),
+     .steps = {selectorEditor("", {}), clickOn("btnAdd")}, .stored = objects("brtype:rel2\r\n\r\n")},
     {.name = "AddCancelledChangesNothing", .given = objects("brtype:rel2\r\n"),
-     .steps = {selectorEditor("", {{"txtObjectSelector", nullptr, "lbtype:X"}}, false), clickOn("btnAdd")}, .shown = {},
+     .steps = {selectorEditor("", {{"txtObjectSelector", nullptr, "lbtype:X"}}, false), clickOn("btnAdd")},
      .stored = objects("brtype:rel2\r\n")},
     {.name = "EditReplacesSelectedLine", .given = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2@/vobs/a\r\n"),
      .steps = {pickRow(kList, 1), selectorEditor("brtype:rel2@/vobs/a", {{"txtObjectName", nullptr, "rel3"}}), clickOn("btnEdit")},
-     .shown = {{"btnEdit", {}, true}, {"btnRemove", {}, true}}, .stored = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel3@/vobs/a\r\n")},
+     .shown = {{"btnEdit", {}, true}, {"btnRemove", {}, true}},
+     .stored = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel3@/vobs/a\r\n")},
     {.name = "EditCancelledChangesNothing", .given = objects("lbtype:REL1\r\nbrtype:rel2\r\n"),
      .steps = {pickRow(kList, 0), selectorEditor("lbtype:REL1", {{"txtObjectSelector", nullptr, "vob:/vobs/x"}}, false),
-               clickOn("btnEdit")},
-     .shown = {}, .stored = objects("lbtype:REL1\r\nbrtype:rel2\r\n")},
+               clickOn("btnEdit")}, .stored = objects("lbtype:REL1\r\nbrtype:rel2\r\n")},
     {.name = "EditStoresComposedStringOfUnknownPrefix", .given = objects("foo:bar\r\n"),
-     .steps = {pickRow(kList, 0), selectorEditor("foobar", {}), clickOn("btnEdit")}, .shown = {}, .stored = objects("foobar\r\n")},
+     .steps = {pickRow(kList, 0), selectorEditor("foobar", {}), clickOn("btnEdit")}, .stored = objects("foobar\r\n")},
     {.name = "DoubleClickEdits", .given = objects("lbtype:REL1\r\nbrtype:rel2\r\n"),
      .steps = {selectorEditor("lbtype:REL1", {{"txtObjectSelector", nullptr, "attype:Status@/vobs/a"}}), doubleClickRow(kList, 0)},
-     .shown = {}, .stored = objects("attype:Status@/vobs/a\r\nbrtype:rel2\r\n")},
+     .stored = objects("attype:Status@/vobs/a\r\nbrtype:rel2\r\n")},
     {.name = "RemoveDeletesSelectedLine", .given = objects("a:1\r\nb:2\r\nc:3\r\n"),
-     .steps = {pickRow(kList, 1), clickOn("btnRemove")}, .shown = {}, .stored = objects("a:1\r\nc:3\r\n")},
-    {.name = "DeleteKeyRemoves", .given = objects("a:1\r\nb:2\r\n"), .steps = {pickRow(kList, 0), pressKey(kList, Qt::Key_Delete)},
-     .shown = {}, .stored = objects("b:2\r\n")},
-    {.name = "BackspaceRemoves", .given = objects("a:1\r\nb:2\r\n"), .steps = {pickRow(kList, 1), pressKey(kList, Qt::Key_Backspace)},
-     .shown = {}, .stored = objects("a:1\r\n")},
-    {.name = "DeleteKeyWithoutSelectionKeepsAll", .given = objects("a:1\r\nb:2\r\n"), .steps = {pressKey(kList, Qt::Key_Delete)},
-     .shown = {{"btnEdit", {}, false}, {"btnRemove", {}, false}}, .stored = objects("a:1\r\nb:2\r\n")},
+     .steps = {pickRow(kList, 1), clickOn("btnRemove")}, .stored = objects("a:1\r\nc:3\r\n")},
+    {.name = "DeleteKeyRemoves", .given = objects("a:1\r\nb:2\r\n"),
+     .steps = {pickRow(kList, 0), pressKey(kList, Qt::Key_Delete)}, .stored = objects("b:2\r\n")},
+    {.name = "BackspaceRemoves", .given = objects("a:1\r\nb:2\r\n"),
+     .steps = {pickRow(kList, 1), pressKey(kList, Qt::Key_Backspace)}, .stored = objects("a:1\r\n")},
+    {.name = "DeleteKeyWithoutSelectionKeepsAll", .given = objects("a:1\r\nb:2\r\n"),
+     .steps = {pressKey(kList, Qt::Key_Delete)}, .shown = {{"btnEdit", {}, false}, {"btnRemove", {}, false}},
+     .stored = objects("a:1\r\nb:2\r\n")},
     // Removing leaves no line selected, yet the buttons stay; with nothing selected they do nothing.
     {.name = "ButtonsFollowTheChosenLineOnly", .given = objects("a:1\r\nb:2\r\n"),
      .steps = {pickRow(kList, 0), clickOn("btnRemove"), clickOn("btnEdit"), clickOn("btnRemove")},

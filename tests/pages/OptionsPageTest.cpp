@@ -1,5 +1,6 @@
 // The package's page in the host's options dialog, read from and written to the live options.
 #include "PageHarness.h"
+#include "RowName.h"
 
 #include "environment/WFClearCaseIniFile.h"
 #include "FakeCleartool.h"
@@ -94,10 +95,7 @@ struct PathCase {
     const char* shown;
 };
 
-void PrintTo(const PathCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(PathCase)
 
 class CleartoolPathShown : public OptionsPage, public ::testing::WithParamInterface<PathCase> {};
 
@@ -124,8 +122,7 @@ const PathCase kPathCases[] = {
     {"MissingShownAsStored", nullptr, "$T/missing/cleartool", "$T/missing/cleartool"},
     {"FolderWithoutExecutableShownWithItsName", "tools/readme", "$T/tools", "$T/tools/cleartool"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, CleartoolPathShown, ::testing::ValuesIn(kPathCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, CleartoolPathShown, ::testing::ValuesIn(kPathCases), wftest::byName);
 
 struct EditionCase {
     const char* name;
@@ -141,10 +138,7 @@ struct EditionCase {
     const char* installationType; // as stored; nullptr: not written
 };
 
-void PrintTo(const EditionCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(EditionCase)
 
 class Edition : public OptionsPage, public ::testing::WithParamInterface<EditionCase> {};
 
@@ -194,8 +188,7 @@ const EditionCase kEditionCases[] = {
     {"TickAndUntickThenChoose", ccUnknown, false, kFullVersion, {"box", "box", "lt"}, {}, false, true, true, true,
      "ClearCaseLT"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, Edition, ::testing::ValuesIn(kEditionCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, Edition, ::testing::ValuesIn(kEditionCases), wftest::byName);
 
 struct BrowseCase {
     const char* name;
@@ -210,10 +203,7 @@ struct BrowseCase {
     const char* lastViewAfter;
 };
 
-void PrintTo(const BrowseCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(BrowseCase)
 
 class OptionsBrowse : public OptionsPage, public ::testing::WithParamInterface<BrowseCase> {};
 
@@ -250,7 +240,6 @@ const BrowseCase kBrowseCases[] = {
     {"ViewCancelledRemembersNothing", "editDefaultViewButton", "/no/such/view", "/views/last", std::nullopt,
      "Select Directory", "/views/last", "$BIN", "/no/such/view", "/views/last"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, OptionsBrowse, ::testing::ValuesIn(kBrowseCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, OptionsBrowse, ::testing::ValuesIn(kBrowseCases), wftest::byName);
 
 } // namespace

@@ -4,7 +4,6 @@
 #include "shell/WFClearCaseRegistration.h"
 #include "WFAction.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -71,20 +70,6 @@ namespace {
 QPoint rowCentre(QListWidget* list, int row)
 {
     return list->visualItemRect(list->item(row)).center();
-}
-
-/// Opens a combo box's list and picks the item with that text, as a user does with the keyboard.
-void chooseByKeyboard(QComboBox* combo, const QString& text)
-{
-    combo->showPopup();
-    const int row = combo->findText(text);
-    if (row < 0) {
-        combo->hidePopup();
-        ADD_FAILURE() << combo->objectName().toStdString() << " has no item " << text.toStdString();
-        return;
-    }
-    combo->view()->setCurrentIndex(combo->model()->index(row, 0));
-    QTest::keyClick(combo->view(), Qt::Key_Return);
 }
 
 void answer(const Step& step)
@@ -158,19 +143,7 @@ void runStep(const OpenPage& page, const Step& step)
     }
     case Step::Key: QTest::keyClick(page.control<QWidget>(step.control), static_cast<Qt::Key>(step.key)); break;
     case Step::Editor: answer(step); break;
-    case Step::DateMenu: {
-        QWidget* edit = page.control<QWidget>(step.control);
-        click(edit->findChild<QAbstractButton*>("txtEditButton"));
-        auto* menu = edit->findChild<QMenu*>("PopupMenu1");
-        auto* item = edit->findChild<QAction*>(step.text);
-        ASSERT_TRUE(menu && menu->isVisible() && item) << step.control << " offers no " << step.text;
-        // An item on the menu itself is clicked; a day, on the sub-menu, is triggered.
-        if (menu->actions().contains(item))
-            QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(item).center());
-        else
-            item->trigger();
-        break;
-    }
+    case Step::DateMenu: chooseDateItem(page.control<QWidget>(step.control), step.text); break;
     case Step::MenuItem: {
         auto* menu = page.control<QMenu>(step.control);
         ASSERT_TRUE(menu->isVisible()) << step.control << " is not open";

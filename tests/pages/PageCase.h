@@ -3,6 +3,7 @@
 // A page round trip as a table row: properties given, what the user does, what the page shows,
 // what the browsers and cleartool were asked, properties stored on accepting.
 #include "environment/WFClearCaseOptions.h"
+#include "RowName.h"
 #include "FakeCleartool.h"
 #include "PageHarness.h"
 
@@ -91,10 +92,10 @@ struct Response {
 
 struct PageCase {
     const char* name;
-    Properties given;
-    std::vector<Step> steps;
-    std::vector<Shown> shown;
-    Properties stored;
+    Properties given = {};
+    std::vector<Step> steps = {};
+    std::vector<Shown> shown = {};
+    Properties stored = {};
     /// The browsers' answers in order (nullopt: cancelled), and what they must have been asked.
     std::vector<std::optional<std::string>> answers = {};
     std::vector<Browsed> browsed = {};
@@ -110,10 +111,7 @@ struct PageCase {
     std::function<void(const OpenPage&)> check = {};
 };
 
-inline void PrintTo(const PageCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(PageCase)
 
 /// Names a row's test after the row.
 inline std::string pageCaseName(const ::testing::TestParamInfo<PageCase>& info)

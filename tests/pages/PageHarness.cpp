@@ -5,12 +5,14 @@
 #include "WFFrame.h"
 #include "WFPageFactory.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -203,6 +205,33 @@ void setProperty(TCustomWFAction& action, const std::string& name, const std::st
     std::string error;
     if (!action.SetPropertyText(name, text, &error))
         throw std::runtime_error("property " + name + " = \"" + text + "\": " + error);
+}
+
+void chooseByKeyboard(QWidget* widget, const QString& text)
+{
+    auto* combo = qobject_cast<QComboBox*>(widget);
+    ASSERT_NE(combo, nullptr) << widget->objectName().toStdString() << " is no combo box";
+    combo->showPopup();
+    const int row = combo->findText(text);
+    if (row < 0) {
+        combo->hidePopup();
+        ADD_FAILURE() << combo->objectName().toStdString() << " has no item " << text.toStdString();
+        return;
+    }
+    combo->view()->setCurrentIndex(combo->model()->index(row, 0));
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+}
+
+void chooseDateItem(QWidget* edit, const char* item)
+{
+    click(edit->findChild<QAbstractButton*>("txtEditButton"));
+    auto* menu = edit->findChild<QMenu*>("PopupMenu1");
+    auto* action = edit->findChild<QAction*>(item);
+    ASSERT_TRUE(menu && menu->isVisible() && action) << edit->objectName().toStdString() << " offers no " << item;
+    if (menu->actions().contains(action))
+        QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(action).center());
+    else
+        action->trigger();
 }
 
 } // namespace wfpage

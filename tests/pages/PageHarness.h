@@ -58,6 +58,11 @@ void type(QWidget* edit, const QString& text);
 void dropDown(QWidget* combo);
 /// The items of a combo box or list widget.
 QStringList items(QWidget* list);
+/// Opens a combo box's list and picks the item with that text, as a user does with the keyboard.
+void chooseByKeyboard(QWidget* combo, const QString& text);
+/// Opens a date edit's menu with its button and chooses the item (by object name): a click on
+/// an item of the menu itself, a trigger for a day on the sub-menu.
+void chooseDateItem(QWidget* dateEdit, const char* item);
 
 /// Runs `answer` on the next modal dialog once it is open (e.g. to fill it and press OK), while
 /// the code under test waits in exec(). Fails the test when no dialog opens within two seconds.

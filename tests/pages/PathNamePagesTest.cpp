@@ -1,6 +1,7 @@
 // The two path-name list pages and their editors, driven through clicks, keys and the modal
 // editors, and checked by what they write back to the action.
 #include "PageCase.h"
+#include "RowName.h"
 
 #include "actions/WFClearCaseCheckOutAction.h"
 #include "environment/WFClearCaseIniFile.h"
@@ -104,17 +105,18 @@ const PageCase kViewPathCases[] = {
     {.name = "AddDirectoryAppendsAndIsRemembered", .given = paths("src/a.c\r\n"), .steps = {kAdd, kDirectory},
      .shown = listShown(false), .stored = paths("src/a.c\r\n/views/new\r\n"), .answers = {"/views/new"},
      .browsed = {directoryBrowse()}, .check = lastViewDirectory("/views/new")},
-    {.name = "AddFileRemembersItsFolder", .given = paths("src/a.c\r\n"), .steps = {kAdd, kFile}, .shown = listShown(false),
-     .stored = paths("src/a.c\r\n/views/v/src/main.c\r\n"), .answers = {"/views/v/src/main.c"},
-     .browsed = {fileBrowse()}, .check = lastViewDirectory("/views/v/src")},
+    {.name = "AddFileRemembersItsFolder", .given = paths("src/a.c\r\n"), .steps = {kAdd, kFile},
+     .shown = listShown(false), .stored = paths("src/a.c\r\n/views/v/src/main.c\r\n"),
+     .answers = {"/views/v/src/main.c"}, .browsed = {fileBrowse()}, .check = lastViewDirectory("/views/v/src")},
     {.name = "FileAtTheRootRemembersTheRoot", .given = paths(""), .steps = {kAdd, kFile}, .shown = listShown(false),
-     .stored = paths("/main.c\r\n"), .answers = {"/main.c"}, .browsed = {fileBrowse()}, .check = lastViewDirectory("/")},
+     .stored = paths("/main.c\r\n"), .answers = {"/main.c"}, .browsed = {fileBrowse()},
+     .check = lastViewDirectory("/")},
     {.name = "CancelledBrowsesAddNothing", .given = paths("src/a.c\r\n"), .steps = {kAdd, kDirectory, kAdd, kFile},
      .shown = listShown(false, "src/a.c"), .stored = paths("src/a.c\r\n"), .answers = {std::nullopt, std::nullopt},
      .browsed = {directoryBrowse(), fileBrowse()}},
     {.name = "SamePathMayBeAddedTwice", .given = paths("/views/a\r\n"), .steps = {kAdd, kDirectory},
-     .shown = listShown(false, "/views/a|/views/a"), .stored = paths("/views/a\r\n/views/a\r\n"), .answers = {"/views/a"},
-     .browsed = {directoryBrowse()}, .check = lastViewDirectory("/views/a")},
+     .shown = listShown(false, "/views/a|/views/a"), .stored = paths("/views/a\r\n/views/a\r\n"),
+     .answers = {"/views/a"}, .browsed = {directoryBrowse()}, .check = lastViewDirectory("/views/a")},
     {.name = "EditReplacesTheSelectedPath", .given = paths("/views/a\r\n/views/b\r\n"),
      .steps = {pick(1), viewEditor("/views/b", "/views/c"), kEdit}, .shown = listShown(true),
      .stored = paths("/views/a\r\n/views/c\r\n")},
@@ -124,8 +126,8 @@ const PageCase kViewPathCases[] = {
     {.name = "DoubleClickEditsTheLine", .given = paths("/views/a\r\n/views/b\r\n"),
      .steps = {viewEditor("/views/a", "/views/z"), doubleClickRow(kList, 0)}, .shown = listShown(true),
      .stored = paths("/views/z\r\n/views/b\r\n")},
-    {.name = "RemovingTheOnlyLineLeavesButtonsUntilNextClick", .given = paths("/views/a\r\n"), .steps = {pick(0), kRemove},
-     .shown = listShown(true), .stored = paths("")},
+    {.name = "RemovingTheOnlyLineLeavesButtonsUntilNextClick", .given = paths("/views/a\r\n"),
+     .steps = {pick(0), kRemove}, .shown = listShown(true), .stored = paths("")},
     {.name = "NextClickAfterRemovingDisablesButtons", .given = paths("/views/a\r\n"),
      .steps = {pick(0), kRemove, clickBlankOf(kList)}, .shown = listShown(false), .stored = paths("")},
     {.name = "RemoveWithNothingSelectedRemovesNothing", .given = paths("/views/a\r\n/views/b\r\n"),
@@ -139,17 +141,14 @@ const PageCase kViewPathCases[] = {
     {.name = "KeptAlignedAfterRemovingThenEditing", .given = paths("/views/a\r\n/views/b\r\n/views/c\r\n"),
      .steps = {pick(0), kRemove, pick(1), viewEditor("/views/c", "/views/d"), kEdit}, .shown = listShown(true),
      .stored = paths("/views/b\r\n/views/d\r\n")},
-    {.name = "ExtendedNamesAreNotOnThisPage", .given = paths("b.c@@/main/1\r\n/views/a\r\n"), .steps = {pick(0), kRemove},
-     .shown = listShown(true, ""), .stored = paths("b.c@@/main/1\r\n")},
+    {.name = "ExtendedNamesAreNotOnThisPage", .given = paths("b.c@@/main/1\r\n/views/a\r\n"),
+     .steps = {pick(0), kRemove}, .shown = listShown(true, ""), .stored = paths("b.c@@/main/1\r\n")},
     // The heading names the action the page is on.
-    {.name = "HeadingOnCheckOut", .given = {}, .steps = {},
-     .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to check out"}}, .stored = {}},
-    {.name = "HeadingOnLock", .given = {}, .steps = {},
-     .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to lock (paths)"}}, .stored = {},
+    {.name = "HeadingOnCheckOut", .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to check out"}}},
+    {.name = "HeadingOnLock", .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to lock (paths)"}},
      .makeAction = [] { return catalogueAction("CC_LOCK"); }},
-    {.name = "HeadingUnderLT", .given = {}, .steps = {},
-     .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to apply label"}}, .stored = {}, .edition = ccLT,
-     .makeAction = [] { return catalogueAction("CC_LABEL"); }},
+    {.name = "HeadingUnderLT", .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to apply label"}},
+     .edition = ccLT, .makeAction = [] { return catalogueAction("CC_LABEL"); }},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, ViewPathPage, ::testing::ValuesIn(kViewPathCases), pageCaseName);
 
@@ -182,8 +181,9 @@ const PageCase kExtendedCases[] = {
     {.name = "AddJoinsElementAndSelector", .given = extended("a.c\r\n", "True"),
      .steps = {extendedEditor(nullptr, "foo.c", nullptr, "/main/3"), kAdd}, .shown = listShown(false, "foo.c@@/main/3"),
      .stored = extended("a.c\r\nfoo.c@@/main/3\r\n", "True")},
-    {.name = "AddWithoutSelectorGivesTheElement", .given = extended("", "True"), .steps = {extendedEditor(nullptr, "foo.c"), kAdd},
-     .shown = kCustomViewOffered, .stored = extended("foo.c\r\n", "True")},
+    {.name = "AddWithoutSelectorGivesTheElement", .given = extended("", "True"),
+     .steps = {extendedEditor(nullptr, "foo.c"), kAdd}, .shown = kCustomViewOffered,
+     .stored = extended("foo.c\r\n", "True")},
     {.name = "CancelledAddAddsNothing", .given = extended("x.c@@/main/1\r\n", "True"),
      .steps = {extendedEditor(nullptr, nullptr), kAdd}, .shown = listShown(false, "x.c@@/main/1"),
      .stored = extended("x.c@@/main/1\r\n", "True")},
@@ -198,20 +198,20 @@ const PageCase kExtendedCases[] = {
      .steps = {pick(0), extendedEditor("x.c", nullptr, "/main/1"), kEdit}, .shown = listShown(true),
      .stored = extended("x.c@@/main/1\r\n", "True")},
     {.name = "DeleteKeyRemovesTheLine", .given = extended("x.c@@/main/1\r\ny.c@@/main/2\r\n", "True"),
-     .steps = {pick(1), key(Qt::Key_Delete)}, .shown = listShown(false), .stored = extended("x.c@@/main/1\r\n", "True")},
+     .steps = {pick(1), key(Qt::Key_Delete)}, .shown = listShown(false),
+     .stored = extended("x.c@@/main/1\r\n", "True")},
     {.name = "RemoveButtonRemovesTheLine", .given = extended("x.c@@/main/1\r\ny.c@@/main/2\r\n", "True"),
      .steps = {pick(0), kRemove, clickBlankOf(kList)}, .shown = listShown(false),
      .stored = extended("y.c@@/main/2\r\n", "True")},
-    {.name = "BlankCustomViewIsStoredAsDefault", .given = extended("x.c@@/main/1\r\n", "False"), .steps = {},
+    {.name = "BlankCustomViewIsStoredAsDefault", .given = extended("x.c@@/main/1\r\n", "False"),
      .shown = kCustomViewOffered, .stored = extended("x.c@@/main/1\r\n", "True")},
-    {.name = "ClearCaseLtWritesEverythingBackUnchanged", .given = extended("a.c\r\nx.c@@/main/1\r\n", "False"), .steps = {},
+    {.name = "ClearCaseLtWritesEverythingBackUnchanged", .given = extended("a.c\r\nx.c@@/main/1\r\n", "False"),
      .shown = listShown(false, ""), .stored = extended("a.c\r\nx.c@@/main/1\r\n", "False"), .edition = ccLT,
      .check = expectAllGreyed},
-    {.name = "ClearCaseLtKeepsACustomView", .given = extended("x.c@@/main/1\r\n", "False", "/views/v"), .steps = {},
+    {.name = "ClearCaseLtKeepsACustomView", .given = extended("x.c@@/main/1\r\n", "False", "/views/v"),
      .shown = {{"txtHeading", {}, {}, "Extended Pathnames (not available in ClearCase LT)"}},
      .stored = extended("x.c@@/main/1\r\n", "False", "/views/v"), .edition = ccLT, .check = expectAllGreyed},
-    {.name = "HeadingNamesTheAction", .given = {}, .steps = {},
-     .shown = {{"txtHeading", {}, {}, "Extended Pathnames to apply label"}}, .stored = {},
+    {.name = "HeadingNamesTheAction", .shown = {{"txtHeading", {}, {}, "Extended Pathnames to apply label"}},
      .makeAction = [] { return catalogueAction("CC_LABEL"); }},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, ExtendedPage, ::testing::ValuesIn(kExtendedCases), pageCaseName);
@@ -253,10 +253,7 @@ struct LongPathCase {
     const char* fileName;
 };
 
-void PrintTo(const LongPathCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(LongPathCase)
 
 class LongPath : public PathPages, public ::testing::TestWithParam<LongPathCase> {};
 
@@ -296,8 +293,7 @@ const LongPathCase kLongPathCases[] = {
      "vobs/product/components/network/transport/protocols/reliable/sessions/handshake/negotiation/offer.h", "...",
      "/offer.h"},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, LongPath, ::testing::ValuesIn(kLongPathCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, LongPath, ::testing::ValuesIn(kLongPathCases), wftest::byName);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -310,10 +306,7 @@ struct EditViewPathCase {
     const char* result;               // nullptr: the path itself
 };
 
-void PrintTo(const EditViewPathCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(EditViewPathCase)
 
 class EditViewPath : public PathPages, public ::testing::TestWithParam<EditViewPathCase> {};
 
@@ -349,8 +342,7 @@ const EditViewPathCase kEditViewPathCases[] = {
     {"CancelledFileBrowseKeepsThePath", "file", std::nullopt, true, {"Select File|*.*"}, nullptr},
     {"MissingPathOffersNoBrowse", "missing", std::nullopt, false, {}, nullptr},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, EditViewPath, ::testing::ValuesIn(kEditViewPathCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, EditViewPath, ::testing::ValuesIn(kEditViewPathCases), wftest::byName);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -369,10 +361,7 @@ struct DropDownCase {
     std::vector<std::string> calls; // "<default>" and "<custom>" stand for the two view folders
 };
 
-void PrintTo(const DropDownCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(DropDownCase)
 
 class ExtendedDropDown : public PathPages, public ::testing::TestWithParam<DropDownCase> {};
 
@@ -427,7 +416,6 @@ const DropDownCase kDropDownCases[] = {
      {"/main/1", "/main/rel2/4", "branch"}, {"<default>|lshistory -short foo.c"}},
     {"EmptyElementOnAFreshEditorListsNothing", true, {{true, ""}}, {}, {}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ExtendedDropDown, ::testing::ValuesIn(kDropDownCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Cases, ExtendedDropDown, ::testing::ValuesIn(kDropDownCases), wftest::byName);
 
 } // namespace

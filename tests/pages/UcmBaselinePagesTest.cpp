@@ -7,7 +7,6 @@
 #include "actions/WFClearCaseMakeBaselineFromLabelAction.h"
 #include "FakeCleartool.h"
 
-#include <QComboBox>
 #include <QListWidget>
 #include <QRadioButton>
 
@@ -126,10 +125,10 @@ PageCase baselineRow(PageCase row)
 }
 
 const PageCase kBaselineCases[] = {
-    baselineRow({.name = "AllDisablesBothLists", .given = baseline("slAll", "", "", "True", ""), .steps = {},
+    baselineRow({.name = "AllDisablesBothLists", .given = baseline("slAll", "", "", "True", ""),
                  .shown = baselineShown(false, false, true), .stored = baseline("slAll", "", "", "True", "")}),
     baselineRow({.name = "StoredComponentsCheckedIgnoringCaseUnknownDropped",
-                 .given = baseline("slComponents", "CORE@/vobs/a\r\nghost@/vobs/z\r\n", "", "True", ""), .steps = {},
+                 .given = baseline("slComponents", "CORE@/vobs/a\r\nghost@/vobs/z\r\n", "", "True", ""),
                  .shown = baselineShown(true, false, true),
                  .stored = baseline("slComponents", "core@/vobs/a\r\n", "", "True", "")}),
     baselineRow({.name = "CheckedComponentsStoredInListOrder", .given = baseline("slAll", "", "", "True", ""),
@@ -153,14 +152,13 @@ const PageCase kBaselineCases[] = {
     // A double click toggles the row it lands on.
     baselineRow({.name = "DoubleClickToggles", .given = baseline("slComponents", "", "", "True", ""),
                  .steps = {doubleClickRow(kComponents, 1), clickOn("btnActivities"), doubleClickRow(kActivities, 1),
-                           doubleClickRow(kActivities, 0), doubleClickRow(kActivities, 0)},
-                 .shown = {}, .stored = baseline("slActivities", "ui@/vobs/a\r\n", "fix2@/vobs/pvob\r\n", "True", "")}),
+                           doubleClickRow(kActivities, 0), doubleClickRow(kActivities, 0)}, .stored = baseline("slActivities", "ui@/vobs/a\r\n", "fix2@/vobs/pvob\r\n", "True", "")}),
     baselineRow({.name = "TypingRootNameSelectsRootName", .given = baseline("slAll", "", "", "True", ""),
                  .steps = {typeInto("txtBaselineRootName", "BL_%N%")}, .shown = baselineShown(false, false, false),
                  .stored = baseline("slAll", "", "", "False", "BL_%N%")}),
-    baselineRow({.name = "NoRootNameReopensOnTemplate", .given = baseline("slAll", "", "", "False", ""), .steps = {},
+    baselineRow({.name = "NoRootNameReopensOnTemplate", .given = baseline("slAll", "", "", "False", ""),
                  .shown = baselineShown(false, false, true), .stored = baseline("slAll", "", "", "True", "")}),
-    baselineRow({.name = "StoredRootNameOpensOnRootName", .given = baseline("slAll", "", "", "False", "REL2"), .steps = {},
+    baselineRow({.name = "StoredRootNameOpensOnRootName", .given = baseline("slAll", "", "", "False", "REL2"),
                  .shown = {{"btnUseRootName", true}, {"txtBaselineRootName", {}, true}},
                  .stored = baseline("slAll", "", "", "False", "REL2")}),
     baselineRow({.name = "TemplateChosenKeepsRootName", .given = baseline("slAll", "", "", "False", "REL2"),
@@ -242,29 +240,27 @@ TEST(NewBaselinePageLook, SelectedActivityOutsideTheListStaysSelectedWhileOpen)
 
 // ---- Labelling ----
 
-using wfpage::PageCase;
+/// The labelling radio buttons, only `checked` on.
+std::vector<Shown> labelling(const char* checked)
+{
+    std::vector<Shown> shown;
+    for (const char* button : {"btnIncremental", "btnFulllabel", "btnNlabel"})
+        shown.push_back({button, std::string(button) == checked});
+    return shown;
+}
 
 const PageCase kLabellingRows[] = {
-    {.name = "Incremental",
-     .given = {{"Labelling", "lbIncremental"}},
-     .steps = {},
-     .shown = {{"btnIncremental", true}, {"btnFulllabel", false}, {"btnNlabel", false}},
+    {.name = "Incremental", .given = {{"Labelling", "lbIncremental"}}, .shown = labelling("btnIncremental"),
      .stored = {{"Labelling", "lbIncremental"}}},
-    {.name = "Full",
-     .given = {{"Labelling", "lbAll"}},
-     .steps = {},
-     .shown = {{"btnIncremental", false}, {"btnFulllabel", true}, {"btnNlabel", false}},
+    {.name = "Full", .given = {{"Labelling", "lbAll"}}, .shown = labelling("btnFulllabel"),
      .stored = {{"Labelling", "lbAll"}}},
-    {.name = "Unlabelled",
-     .given = {{"Labelling", "lbNone"}},
-     .steps = {},
-     .shown = {{"btnIncremental", false}, {"btnFulllabel", false}, {"btnNlabel", true}},
+    {.name = "Unlabelled", .given = {{"Labelling", "lbNone"}}, .shown = labelling("btnNlabel"),
      .stored = {{"Labelling", "lbNone"}}},
-    {.name = "ChoosingFull", .given = {{"Labelling", "lbIncremental"}}, .steps = {clickOn("btnFulllabel")}, .shown = {},
+    {.name = "ChoosingFull", .given = {{"Labelling", "lbIncremental"}}, .steps = {clickOn("btnFulllabel")},
      .stored = {{"Labelling", "lbAll"}}},
-    {.name = "ChoosingIncremental", .given = {{"Labelling", "lbNone"}}, .steps = {clickOn("btnIncremental")}, .shown = {},
+    {.name = "ChoosingIncremental", .given = {{"Labelling", "lbNone"}}, .steps = {clickOn("btnIncremental")},
      .stored = {{"Labelling", "lbIncremental"}}},
-    {.name = "ChoosingUnlabelled", .given = {{"Labelling", "lbAll"}}, .steps = {clickOn("btnNlabel")}, .shown = {},
+    {.name = "ChoosingUnlabelled", .given = {{"Labelling", "lbAll"}}, .steps = {clickOn("btnNlabel")},
      .stored = {{"Labelling", "lbNone"}}},
 };
 WF_PAGE_TABLE(LabellingPage, TClearCaseMakeBaselineAction,
@@ -284,51 +280,32 @@ wfpage::Properties withLabel(wfpage::Properties more)
 const PageCase kFromLabelRows[] = {
     {.name = "StoredListOneALine",
      .given = withLabel({{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\nc2@/vobs/a\r\n"}}),
-     .steps = {},
      .shown = {{"txtComponent", {}, {}, "c1@/vobs/a\nc2@/vobs/a\n"}, {"btnSpecifyComponents", true},
                {"txtVOB", {}, {}, "/vobs/a"}, {"txtLabel", {}, {}, "REL1"}, {"btnCustomView", true}},
      .stored = withLabel({{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\nc2@/vobs/a\r\n"}})},
     {.name = "TypedListOneALine",
-     .given = {},
      .steps = {clickOn("btnSpecifyComponents"), typeInto("txtComponent", "c1@/vobs/a\nc 2@/vobs/a"), typeInto("txtVOB", "/vobs/a"), typeInto("txtLabel", "REL 2")},
-     .shown = {},
      .stored = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\nc 2@/vobs/a\r\n"},
                 {"VOBSelector", "/vobs/a"}, {"LabelTypeName", "REL 2"}}},
     {.name = "UncheckedKeepsTheList",
      .given = withLabel({{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\n"}}),
-     .steps = {clickOn("btnSpecifyComponents")},
-     .shown = {{"txtComponent", {}, true}},
+     .steps = {clickOn("btnSpecifyComponents")}, .shown = {{"txtComponent", {}, true}},
      .stored = withLabel({{"SpecifyComponents", "False"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\n"}})},
     {.name = "ClearedListStoresNone",
      .given = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", "c1@/vobs/a\r\n"}},
      .steps = {typeInto("txtComponent", "")},
-     .shown = {},
-     .stored = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", ""}}},    {.name = "VobsAskedOnEveryDropDown",
-     .given = {{"VOBSelector", "/vobs/typed"}},
+     .stored = {{"SpecifyComponents", "True"}, {"ComponentSelectorStorageString", ""}}},
+    {.name = "VobsAskedOnEveryDropDown", .given = {{"VOBSelector", "/vobs/typed"}},
      .steps = {dropDownOf("txtVOB"), dropDownOf("txtVOB")},
      .shown = {{"txtVOB", {}, {}, "/vobs/typed", "/vobs/a|/vobs/b"}},
-     .stored = {},
-     .responses = {{"lsvob -short", "/vobs/a\n/vobs/b\n"}},
-     .calls = {"lsvob -short", "lsvob -short"}},
+     .responses = {{"lsvob -short", "/vobs/a\n/vobs/b\n"}}, .calls = {"lsvob -short", "lsvob -short"}},
+    {.name = "LabelsAskedForTheVobOnEveryDropDownButNotWithoutOne",
+     .steps = {dropDownOf("txtLabel"), typeInto("txtVOB", "/vobs/a"), dropDownOf("txtLabel"), dropDownOf("txtLabel")},
+     .shown = {{"txtLabel", {}, {}, nullptr, "REL1|REL2"}}, .stored = {{"VOBSelector", "/vobs/a"}},
+     .responses = {{"lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2 (locked)\n"}},
+     .calls = {"lstype -short -kind lbtype -invob /vobs/a", "lstype -short -kind lbtype -invob /vobs/a"}},
 };
 WF_PAGE_TABLE(FromLabelPage, TClearCaseMakeBaselineFromLabelAction,
               "TClearCaseMakeBaselineFromLabelFrame", "Components", kFromLabelRows);
-
-TEST(FromLabelPageQueries, LabelsAskedForTheVobOnEveryDropDownButNotWithoutOne)
-{
-    wftest::FakeCleartool cleartool;
-    cleartool.respond("lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2 (locked)\n");
-    TClearCaseMakeBaselineFromLabelAction action;
-    OpenPage page("TClearCaseMakeBaselineFromLabelFrame", action);
-    auto* label = page.control<QComboBox>("txtLabel");
-    dropDown(label);
-    EXPECT_TRUE(cleartool.calls().empty());
-    type(page.control<QComboBox>("txtVOB"), "/vobs/a");
-    dropDown(label);
-    dropDown(label);
-    EXPECT_EQ(items(label), QStringList({"REL1", "REL2"}));
-    const std::string query = cleartool.folder() + "|lstype -short -kind lbtype -invob /vobs/a";
-    EXPECT_EQ(cleartool.calls(), std::vector<std::string>({query, query}));
-}
 
 } // namespace

@@ -1,6 +1,7 @@
 // Faults of the tool, the disk and the input, met through the real wfbuild with the real
 // package: each must end with a clear message, the right exit status and no file damaged.
 #include "ProgramRun.h"
+#include "RowName.h"
 #include "WFTestSupport.h"
 
 #include "WFFiles.h"
@@ -144,10 +145,7 @@ struct BadProject {
     const char* special = "folder";  // "folder", "fifo" or a device's path
 };
 
-void PrintTo(const BadProject& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(BadProject)
 
 class BadProjects : public Faults, public ::testing::WithParamInterface<BadProject> {};
 
@@ -187,8 +185,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadProject{"anEndlessDevice", nullptr, "it is a device, not a regular file", "/dev/zero"},
         BadProject{"truncated", "<wfproject version=\"1\"><actions><action type=\"CC_CHECKOUT\"><property name=\"Comm", "malformed XML"},
         BadProject{"notXml", "this is not a project\n", "malformed XML"},
-        BadProject{"binary", "\x7f" "ELF\x02\x01\x01\x00\x00", "malformed XML"}),
-    [](const auto& info) { return std::string(info.param.name); });
+        BadProject{"binary", "\x7f" "ELF\x02\x01\x01\x00\x00", "malformed XML"}), wftest::byName);
 
 TEST_F(Faults, OptionsSetTakesTheNamesShowPrintsAndLeavesTheStoreIntactOnFailure)
 {

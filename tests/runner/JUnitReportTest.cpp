@@ -1,4 +1,5 @@
 #include "JUnitReport.h"
+#include "RowName.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,7 @@ struct TextCase {
     std::string text;
     std::string escaped;
 };
+WF_ROW_PRINTER(TextCase)
 
 class JUnitText : public ::testing::TestWithParam<TextCase> {};
 
@@ -41,8 +43,7 @@ INSTANTIATE_TEST_SUITE_P(
                       TextCase{"OverlongSlash", "\xC0\xAF", "??"},
                       TextCase{"Surrogate", "\xED\xA0\x80", "???"},
                       TextCase{"NotACharacter", "\xEF\xBF\xBF", "???"},
-                      TextCase{"ReplacementCharacter", "\xEF\xBF\xBD", "???"}),
-    [](const auto& info) { return info.param.name; });
+                      TextCase{"ReplacementCharacter", "\xEF\xBF\xBD", "???"}), wftest::byName);
 
 TEST(JUnitReport, AttributesEscapeLineBreaksAndQuotes)
 {

@@ -51,6 +51,7 @@ struct ParseCase {
     /// describe() of the result, or "error: " and the message.
     std::string expected;
 };
+WF_ROW_PRINTER_AS(ParseCase, wftest::rowName(row.arguments))
 
 class ParseRunnerCommandLine : public ::testing::TestWithParam<ParseCase> {};
 
@@ -72,6 +73,10 @@ INSTANTIATE_TEST_SUITE_P(
                   "plugin=a.so plugin=b.so"},
         ParseCase{{"run", "--", "-odd.wfp"}, "run project=-odd.wfp"},
         ParseCase{{"run", "p.wfp", "-"}, "error: unexpected argument \"-\""},
+        ParseCase{{"validate"}, "error: missing the project file (PROJECT.wfp)"},
+        ParseCase{{"validate", ""}, "error: the project file name is empty"},
+        ParseCase{{"run", "p.wfp", "--log"}, "error: option --log needs a value"},
+        ParseCase{{"options", "set", "Testing.Level"}, "error: missing SECTION.KEY and VALUE after \"options set\""},
         ParseCase{{"run", "a.wfp", "b.wfp"}, "error: unexpected argument \"b.wfp\""},
         ParseCase{{"run", "p.wfp", "--timeout", "-1"}, "error: --timeout expects a whole number of seconds, got \"-1\""},
         ParseCase{{"run", "p.wfp", "--timeout", "5s"}, "error: --timeout expects a whole number of seconds, got \"5s\""},

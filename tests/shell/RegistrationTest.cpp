@@ -1,4 +1,5 @@
 #include "GoldenCatalogue.h"
+#include "RowName.h"
 
 #include "environment/WFClearCaseQuerySession.h"
 #include "shell/WFClearCaseRegistration.h"
@@ -113,10 +114,7 @@ struct PageLibraryCase {
     std::vector<std::string> warnings;
 };
 
-void PrintTo(const PageLibraryCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(PageLibraryCase)
 
 class PageLibraryTest : public testing::TestWithParam<PageLibraryCase> {};
 
@@ -150,8 +148,7 @@ INSTANTIATE_TEST_SUITE_P(
                     PageLibraryCase{"DesignTimeHostRegistersThePagesThroughTheLibrarysEntryPoint", true, true,
                                     kAskedForPages, 1, {}},
                     PageLibraryCase{"MissingPageLibraryLeavesTheActionsWithAWarning", true, false, kAskedForPages, 0,
-                                    {"the ClearCase property pages are unavailable"}}),
-    [](const testing::TestParamInfo<PageLibraryCase>& info) { return info.param.name; });
+                                    {"the ClearCase property pages are unavailable"}}), wftest::byName);
 
 TEST(RegistrationTest, OptionsAreRegisteredWithIconAndScripts)
 {

@@ -75,10 +75,7 @@ struct ShortForm {
     const char* word;
 };
 
-void PrintTo(const ShortForm& c, std::ostream* os)
-{
-    *os << c.command << ' ' << c.word;
-}
+WF_ROW_PRINTER_AS(ShortForm, std::string(row.command) + ' ' + row.word)
 
 // Shorter than the reference allows is not an abbreviation.
 class TooShort : public Scenario, public ::testing::WithParamInterface<ShortForm> {};
@@ -143,11 +140,7 @@ struct ExclusivePair {
     std::string second;
 };
 
-void PrintTo(const ExclusivePair& row, std::ostream* out)
-{
-    for (const std::string& a : row.args)
-        *out << a << ' ';
-}
+WF_ROW_PRINTER_AS(ExclusivePair, wftest::rowName(row.args))
 
 class ExclusiveSwitches : public Scenario, public ::testing::WithParamInterface<ExclusivePair> {};
 
@@ -304,11 +297,7 @@ struct FailingCommand {
     std::vector<std::string> args;
 };
 
-void PrintTo(const FailingCommand& c, std::ostream* os)
-{
-    for (const std::string& a : c.args)
-        *os << a << ' ';
-}
+WF_ROW_PRINTER_AS(FailingCommand, wftest::rowName(row.args))
 
 class FailureChangesNothing : public Scenario, public ::testing::WithParamInterface<FailingCommand> {};
 

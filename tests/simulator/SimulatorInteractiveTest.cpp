@@ -24,10 +24,7 @@ struct SessionCase {
     std::string err = "";
 };
 
-void PrintTo(const SessionCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+WF_ROW_PRINTER(SessionCase)
 
 std::string expand(std::string text, const std::string& root)
 {
@@ -90,17 +87,14 @@ INSTANTIATE_TEST_SUITE_P(
                     "mklbtype -nc NEW@/vobs/main\nlstype -short -kind lbtype -invob /vobs/main\n", 0,
                     kP + "Created label type \"NEW\".\nCommand 1 returned status 0\n" + kP
                         + "BACKSTOP\nCHECKEDOUT\nLATEST\nNEW\ncomp_INITIAL\nCommand 2 returned status 0\n" + kP}),
-    [](const auto& info) { return info.param.name; });
+    wftest::byName);
 
 struct SplitCase {
     std::string line;
     std::optional<std::vector<std::string>> words;
 };
 
-void PrintTo(const SplitCase& c, std::ostream* os)
-{
-    *os << c.line;
-}
+WF_ROW_PRINTER_AS(SplitCase, row.line)
 
 class InteractiveSplit : public ::testing::TestWithParam<SplitCase> {};
 

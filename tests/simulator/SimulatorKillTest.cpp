@@ -3,6 +3,7 @@
 // data of what the store says is there.
 
 #include "ScenarioHarness.h"
+#include "RowName.h"
 
 #include <sstream>
 
@@ -21,10 +22,7 @@ struct KillRow {
     std::string keep;                 ///< what a.c.keep then holds; empty: it does not exist
 };
 
-void PrintTo(const KillRow& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(KillRow)
 
 class KilledCommand : public Scenario, public ::testing::WithParamInterface<KillRow> {};
 
@@ -89,7 +87,6 @@ INSTANTIATE_TEST_SUITE_P(
         KillRow{"UncheckoutBeforeCommit", {"checkout -nc a.c"}, "half done\n", {"uncheckout", "-keep", "a.c"}, "commit",
                 true, "half done\n", ""},
         KillRow{"UncheckoutBeforeFiles", {"checkout -nc a.c"}, "half done\n", {"uncheckout", "-keep", "a.c"}, "files",
-                false, "int a;\n", "half done\n"}),
-    [](const ::testing::TestParamInfo<KillRow>& info) { return info.param.name; });
+                false, "int a;\n", "half done\n"}), wftest::byName);
 
 } // namespace

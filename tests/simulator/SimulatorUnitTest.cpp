@@ -1,6 +1,6 @@
-#include "RowName.h"
 #include "Dates.h"
 #include "Messages.h"
+#include "RowName.h"
 #include "Options.h"
 
 #include <gtest/gtest.h>
@@ -14,10 +14,7 @@ struct DateCase {
     const char* expected; ///< formatLong of the result, or nullptr when the input must be refused
 };
 
-void PrintTo(const DateCase& c, std::ostream* os)
-{
-    *os << c.input;
-}
+WF_ROW_PRINTER_AS(DateCase, row.input)
 
 class DateParse : public ::testing::TestWithParam<DateCase> {};
 
@@ -77,11 +74,7 @@ std::string summarize(const ParseResult& r)
     return out;
 }
 
-void PrintTo(const OptionCase& c, std::ostream* os)
-{
-    for (const std::string& w : c.words)
-        *os << "[" << w << "]";
-}
+WF_ROW_PRINTER_AS(OptionCase, wftest::rowName(row.words))
 
 class OptionParse : public ::testing::TestWithParam<OptionCase> {};
 

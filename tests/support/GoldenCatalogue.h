@@ -1,5 +1,7 @@
 #pragma once
 
+#include "RowName.h"
+
 #include <ostream>
 #include <string>
 #include <vector>
@@ -21,10 +23,7 @@ struct GoldenAction {
     std::vector<std::string> defaults;
 };
 
-inline void PrintTo(const GoldenAction& action, std::ostream* os)
-{
-    *os << action.typeId;
-}
+WF_ROW_PRINTER_AS(GoldenAction, row.typeId)
 
 /// The package's catalogue, written out by hand in registration order: the catalogue, the
 /// registered host catalogue and the actions made from them are checked against it.

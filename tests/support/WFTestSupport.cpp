@@ -106,4 +106,11 @@ std::string readFile(const std::string& path)
     return buffer.str();
 }
 
+std::string replaceAll(std::string text, const std::string& from, const std::string& to)
+{
+    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
 } // namespace wftest

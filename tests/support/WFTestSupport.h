@@ -82,5 +82,7 @@ std::string testAppPath();
 std::string installFakeProgram(const std::string& directory, const std::string& name);
 
 std::string readFile(const std::string& path);
+/// The text with every `from` replaced by `to`.
+std::string replaceAll(std::string text, const std::string& from, const std::string& to);
 
 } // namespace wftest
