@@ -148,14 +148,10 @@ void TLogPane::createFindBar()
 
     connect(m_findText, &QLineEdit::textChanged, this, &TLogPane::searchAgain);
     connect(m_matchCase, &QCheckBox::toggled, this, &TLogPane::searchAgain);
-    connect(m_findText, &QLineEdit::returnPressed, this, [this] {
-        if (QGuiApplication::keyboardModifiers() & Qt::ShiftModifier)
-            findPrevious();
-        else
-            findNext();
-    });
-    connect(previous, &QToolButton::clicked, this, &TLogPane::findPrevious);
-    connect(next, &QToolButton::clicked, this, &TLogPane::findNext);
+    connect(m_findText, &QLineEdit::returnPressed, this,
+            [this] { findAgain(!(QGuiApplication::keyboardModifiers() & Qt::ShiftModifier)); });
+    connect(previous, &QToolButton::clicked, this, [this] { findAgain(false); });
+    connect(next, &QToolButton::clicked, this, [this] { findAgain(true); });
     connect(close, &QToolButton::clicked, this, &TLogPane::closeFind);
 }
 
@@ -170,9 +166,9 @@ void TLogPane::createActions()
     };
     const TCommand commands[] = {
         {&m_find, tr("&Find..."), "actionLogFind", QKeySequence::Find, [this] { openFind(); }},
-        {&m_findNext, tr("Find &Next"), "actionLogFindNext", QKeySequence(Qt::Key_F3), [this] { findNext(); }},
+        {&m_findNext, tr("Find &Next"), "actionLogFindNext", QKeySequence(Qt::Key_F3), [this] { findAgain(true); }},
         {&m_findPrevious, tr("Find &Previous"), "actionLogFindPrevious", QKeySequence(Qt::SHIFT | Qt::Key_F3),
-         [this] { findPrevious(); }},
+         [this] { findAgain(false); }},
         {&m_closeFind, tr("Close Find"), "actionLogCloseFind", {}, [this] { closeFind(); }},
         {&m_saveAs, tr("&Save Log As..."), "actionLogSaveAs", {}, [this] { saveAsChosenFile(); }},
         {&m_clear, tr("C&lear"), "actionLogClear", {}, [this] { clear(); }},
@@ -464,24 +460,14 @@ void TLogPane::collectMatches(int fromBlock)
     }
 }
 
-bool TLogPane::findNext()
+bool TLogPane::findAgain(bool forward)
 {
     if (m_findBar->isHidden()) {
         openFind();
         return m_current >= 0;
     }
     flush();
-    return selectMatchFrom(m_view->textCursor().selectionStart(), true, true);
-}
-
-bool TLogPane::findPrevious()
-{
-    if (m_findBar->isHidden()) {
-        openFind();
-        return m_current >= 0;
-    }
-    flush();
-    return selectMatchFrom(m_view->textCursor().selectionStart(), false, true);
+    return selectMatchFrom(m_view->textCursor().selectionStart(), forward, true);
 }
 
 bool TLogPane::selectMatchFrom(int position, bool forward, bool skipCurrent)

@@ -51,9 +51,8 @@ public:
     /// Opens the find bar with the selected text, or the last search, ready to type.
     void openFind();
     void closeFind();
-    /// Selects the next (previous) match in what is shown, wrapping around; false for none.
-    bool findNext();
-    bool findPrevious();
+    /// Selects the next (or previous) match in what is shown, wrapping around; false for none.
+    bool findAgain(bool forward);
     /// Shows the lines of the batch under way now.
     void flush();
 
