@@ -3,6 +3,7 @@
 #include "ActionDialog.h"
 #include "DesignerDocument.h"
 #include "DialogPages.h"
+#include "LogPane.h"
 #include "HelpViewer.h"
 #include "OptionsDialog.h"
 #include "ProjectModel.h"
@@ -58,8 +59,6 @@ constexpr int kTypeIdRole = Qt::UserRole + 1;
 constexpr int kRowRole = Qt::UserRole + 2;
 constexpr int kLocationRole = Qt::UserRole + 3;
 constexpr int kMaxRecentFiles = 8;
-/// Marks a log block that came from standard error (QTextBlock::userState).
-constexpr int kErrorLine = 1;
 
 /// The catalogue: a drag carries the type ID of the action to add.
 class TCatalogueTree final : public QTreeWidget {
@@ -274,12 +273,14 @@ void TMainWindow::filterCatalogue(const QString& text)
 
 void TMainWindow::createDocks()
 {
-    m_log = new QPlainTextEdit;
+    m_log = new TLogPane;
     m_log->setObjectName("buildLog");
-    m_log->setReadOnly(true);
-    m_log->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_log->setLineWrapMode(QPlainTextEdit::NoWrap);
-    m_log->setMaximumBlockCount(200000);
+    // One section per action run; choosing an action in the list shows its section.
+    connect(m_runner, &TRunController::actionStarted, m_log, [this](int row) {
+        m_log->beginSection(row, m_model->index(row, TProjectModel::ActionColumn).data().toString());
+    });
+    connect(m_projectView->selectionModel(), &QItemSelectionModel::currentRowChanged, m_log,
+            [this](const QModelIndex& current) { m_log->scrollToSection(current.row()); });
     auto* logDock = new QDockWidget(tr("Build Log"), this);
     logDock->setObjectName("logDock");
     logDock->setWidget(m_log);
@@ -900,22 +901,7 @@ void TMainWindow::runFinished(int status)
 
 void TMainWindow::appendLog(const QString& text, bool isError)
 {
-    QScrollBar* bar = m_log->verticalScrollBar();
-    const bool atEnd = bar->value() >= bar->maximum() - 2;
-    m_log->appendPlainText(text);
-    QTextBlock block = m_log->document()->lastBlock();
-    if (isError) {
-        block.setUserState(kErrorLine);
-        QTextCursor cursor(block);
-        cursor.select(QTextCursor::BlockUnderCursor);
-        QTextCharFormat format;
-        format.setForeground(QColor(190, 30, 30));
-        cursor.movePosition(QTextCursor::StartOfBlock);
-        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-        cursor.setCharFormat(format);
-    }
-    if (atEnd)
-        bar->setValue(bar->maximum());
+    m_log->appendLine(text, logLineKind(text, isError));
 }
 
 int TMainWindow::validateProject()

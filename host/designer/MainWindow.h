@@ -14,13 +14,13 @@ class QAction;
 class QLabel;
 class QLineEdit;
 class QMenu;
-class QPlainTextEdit;
 class QSettings;
 class QTimer;
 class QTreeView;
 class QTreeWidget;
 class QTreeWidgetItem;
 class TDesignerDocument;
+class TLogPane;
 class TProjectModel;
 class TRunController;
 class TCustomWFAction;
@@ -69,7 +69,7 @@ public:
     QTreeView* projectView() const { return m_projectView; }
     QTreeWidget* catalogue() const { return m_catalogue; }
     QLineEdit* catalogueFilter() const { return m_filter; }
-    QPlainTextEdit* log() const { return m_log; }
+    TLogPane* log() const { return m_log; }
     QTreeWidget* problems() const { return m_problems; }
     QStringList recentFiles() const;
     bool isRunning() const;
@@ -120,7 +120,7 @@ private:
     QTreeView* m_projectView = nullptr;
     QTreeWidget* m_catalogue = nullptr;
     QLineEdit* m_filter = nullptr;
-    QPlainTextEdit* m_log = nullptr;
+    TLogPane* m_log = nullptr;
     QTreeWidget* m_problems = nullptr;
     QLabel* m_runLabel = nullptr;
     QTimer* m_clock = nullptr;

@@ -1,10 +1,12 @@
 // The designer's smoke run: examples/release.wfp against a fresh simulator store, every action
-// must succeed; screenshots of the main window, an action dialog, the options dialog and a run
-// in progress go to the folder given. Exit status 0 only when the run was all green.
+// must succeed; screenshots of the main window, an action dialog, the options dialog, a run
+// in progress and the log searched go to the folder given. Exit status 0 only when the run was
+// all green.
 #include "ActionDialog.h"
 #include "ClearCaseWorld.h"
 #include "DesignerApp.h"
 #include "DesignerDocument.h"
+#include "LogPane.h"
 #include "MainWindow.h"
 #include "OptionsDialog.h"
 #include "ProjectModel.h"
@@ -18,6 +20,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QTabWidget>
@@ -167,6 +170,11 @@ int main(int argc, char** argv)
         }
     window.projectView()->setCurrentIndex(window.model().index(4, 0));
     ok = save(&window, folder, "main-window.png") && ok;
+    // The log searched, with the selected action's section at the top.
+    window.log()->scrollToSection(4);
+    window.log()->openFind();
+    QTest::keyClicks(window.findChild<QLineEdit*>("logFindText"), "release");
+    ok = save(&window, folder, "log-search.png") && ok;
     std::cout << (status == 0 && ok ? "smoke run: every action succeeded\n" : "smoke run FAILED\n");
     window.document().undoStack().setClean();
     return status == 0 && ok && stoppedRun(window, world.dir(), folder) ? 0 : 1;

@@ -5,6 +5,7 @@
 #include "ClearCaseWorld.h"
 #include "DesignerCommandLine.h"
 #include "DesignerDocument.h"
+#include "LogPane.h"
 #include "MainWindow.h"
 #include "ProjectModel.h"
 #include "RunController.h"
@@ -1005,11 +1006,9 @@ std::vector<TRunStatus> statuses(TMainWindow& w)
 
 QStringList logLines(TMainWindow& w, bool errorsOnly)
 {
-    QStringList lines;
-    for (QTextBlock block = w.log()->document()->begin(); block.isValid(); block = block.next())
-        if (!errorsOnly || block.userState() == 1)
-            lines << block.text();
-    return lines;
+    w.log()->setErrorsOnly(errorsOnly);
+    const QString text = w.log()->view()->toPlainText();
+    return text.isEmpty() ? QStringList() : text.split('\n');
 }
 
 std::string runProgramAction(const std::string& arguments, const std::string& description = "program")
@@ -1075,7 +1074,7 @@ INSTANTIATE_TEST_SUITE_P(
         RunRow{"a failure marks standard error and stops the run",
                runProgramAction("-c \"echo oops &gt;&amp;2; exit 3\"") + logAction("never"), 0, false, 1,
                {S::Failed, S::Skipped}, {"oops"}, {"never"},
-               {"oops", "Action 1 (Run Program: program) failed: exit code 3"}},
+               {"oops", "Action Failed: the program ended with exit code 3.", "Action 1 (Run Program: program) failed: exit code 3"}},
         RunRow{"a disabled action is skipped", logAction("off", false) + logAction("on"), 0, false, 0,
                {S::Skipped, S::Succeeded}, {"on", "1 disabled"}, {}, {}},
         RunRow{"a dry run starts no program", runProgramAction("-c \"echo ran\""), 0, true, 0,
@@ -1088,7 +1087,8 @@ INSTANTIATE_TEST_SUITE_P(
                {"=== Clean-up (the build failed at action 1): 2 actions ===", "[clean-up 3/3]",
                 "undo after 1 Run Program compile: exit code 3"},
                {"never"},
-               {"Action 1 (Run Program: compile) failed: exit code 3", "Clean-up action 1 (Run Program: undo) failed: exit code 4",
+               {"Action Failed: the program ended with exit code 3.", "Action 1 (Run Program: compile) failed: exit code 3",
+                "Action Failed: the program ended with exit code 4.", "Clean-up action 1 (Run Program: undo) failed: exit code 4",
                 "Clean-up: 2 actions run, 1 failed."},
                runProgramAction("-c \"exit 4\"", "undo") + logAction("off", false)
                    + logAction("undo after %FAILED_ACTION% %FAILED_ACTION_NAME% %FAILED_ACTION_DESCRIPTION%: %FAILURE%")},
@@ -1160,6 +1160,9 @@ TEST_F(DesignerWindow, RunsTheReleaseDemoAgainstTheSimulator)
         EXPECT_TRUE(log.contains(piece)) << piece << "\n" << log.toStdString();
     for (int row = 0; row < 17; ++row)
         EXPECT_FALSE(window->model().data(window->model().index(row, TProjectModel::TimeColumn), Qt::DisplayRole).toString().isEmpty());
+    // Choosing an action that ran takes the log to its section.
+    window->projectView()->setCurrentIndex(window->model().index(4, 0));
+    EXPECT_TRUE(window->log()->view()->textCursor().block().text().startsWith("[5/17] "));
     e2e::expectLooks(world, {{"vobs/main", {"lstype", "-kind", "lbtype", "-short"}, {"REL_1"}}});
     // The config spec's relative output file is written beside the project, as wfbuild run there writes it.
     EXPECT_TRUE(std::filesystem::exists(world.dir() + "/release-configspec.txt"));
