@@ -416,6 +416,11 @@ void TMainWindow::createActions()
                m_run, m_runFrom, m_stop, m_validate});
     m_projectView->addActions(
         {m_properties, m_cut, m_copy, m_paste, m_duplicate, m_remove, m_moveUp, m_moveDown, m_enable, m_disable});
+    // Keys that edit the project act on the list only: in the log, Ctrl+C copies text and Delete
+    // or Enter must not remove or open the selected actions.
+    m_projectView->addAction(selectAll);
+    for (QAction* action : {m_properties, m_cut, m_copy, m_paste, m_duplicate, m_remove, selectAll})
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
 }
 
 void TMainWindow::updateTitle()
