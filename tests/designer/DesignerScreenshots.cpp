@@ -130,17 +130,21 @@ int main(int argc, char** argv)
         dialog.show();
         ok = save(&dialog, folder, "action-dialog.png") && ok;
     }
-    // The label action as the window opens it, with the project's variables: its command line
-    // as the build will run it, %VOB% and %VIEW% expanded.
-    QTimer::singleShot(800, [&] {
-        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            ok = save(dialog, folder, "command-line-preview.png") && ok;
-            dialog->reject();
-        } else {
-            ok = false;
-        }
-    });
-    window.editAction(9);
+    // Dialogs as the window opens them, with the project's variables: the label action's command
+    // line as the build will run it (%VOB% and %VIEW% expanded), and a host action's own page.
+    const auto shootDialog = [&](int row, const QString& name) {
+        QTimer::singleShot(800, [&, name] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                ok = save(dialog, folder, name) && ok;
+                dialog->reject();
+            } else {
+                ok = false;
+            }
+        });
+        window.editAction(row);
+    };
+    shootDialog(9, "command-line-preview.png");
+    shootDialog(6, "basic-action-page.png");
     {
         TOptionsDialog dialog(&window);
         dialog.show();
