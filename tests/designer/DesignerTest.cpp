@@ -308,7 +308,9 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
     ASSERT_NE(item, nullptr);
     EXPECT_FALSE(item->icon(0).isNull());
     // The catalogue is as wide as its longest name.
-    EXPECT_GE(window->catalogue()->viewport()->width(), window->catalogue()->columnWidth(0));
+    const QTreeWidget* catalogue = window->catalogue();
+    EXPECT_GE(catalogue->viewport()->width(), catalogue->fontMetrics().horizontalAdvance("ClearCase Apply Attribute (Objects)")
+                                                  + 2 * catalogue->indentation() + catalogue->iconSize().width());
 
     // Adding opens the new action's dialog at once; what it holds is what the pages showed.
     QString validation;

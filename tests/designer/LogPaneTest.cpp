@@ -65,6 +65,7 @@ struct FindRow {
     QStringList counts;
     int highlights;
 };
+WF_ROW_PRINTER(FindRow)
 
 class LogPaneFind : public LogPane, public ::testing::WithParamInterface<FindRow> {};
 
