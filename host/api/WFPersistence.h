@@ -71,6 +71,7 @@ public:
     bool SetPropertyText(const std::string& name, const std::string& text, std::string* error = nullptr);
 
 protected:
+    void publish(TWFPropertyInfo info);
     /// Declares a property. Declaring a name again keeps its first position (a class that
     /// publishes an inherited property again does not move it).
     void PublishString(const std::string& name, std::function<std::string()> get, std::function<void(const std::string&)> set);
@@ -83,13 +84,16 @@ protected:
     /// declaration of a stored value, which pages, scripts and the host reach by name.
     void PublishString(const std::string& name, std::string* field)
     {
-        PublishString(name, [field] { return *field; }, [field](const std::string& value) { *field = value; });
+        // Accessors that hold only the field's address: no allocation per action read.
+        publish({name, TWFPropertyType::String, {}, [field] { return TWFVariant(*field); },
+                 [field](const TWFVariant& value) { *field = value.toString(); }});
     }
     /// A string property that may hold several lines (a message, a file's text).
     void PublishText(const std::string& name, std::string* field);
     void PublishBoolean(const std::string& name, bool* field)
     {
-        PublishBoolean(name, [field] { return *field; }, [field](bool value) { *field = value; });
+        publish({name, TWFPropertyType::Boolean, {}, [field] { return TWFVariant(*field); },
+                 [field](const TWFVariant& value) { *field = value.toBoolean(); }});
     }
     template <typename I>
         requires(std::is_integral_v<I> && !std::is_same_v<I, bool>)
@@ -107,8 +111,6 @@ protected:
     }
 
 private:
-    void publish(TWFPropertyInfo info);
-
     std::vector<TWFPropertyInfo> m_properties;
 };
 

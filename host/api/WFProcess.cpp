@@ -16,6 +16,7 @@
 #include <cstring>
 #include <optional>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -35,6 +36,13 @@ public:
     ~TFileDescriptor() { reset(); }
     TFileDescriptor(const TFileDescriptor&) = delete;
     TFileDescriptor& operator=(const TFileDescriptor&) = delete;
+    TFileDescriptor(TFileDescriptor&& other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
+    TFileDescriptor& operator=(TFileDescriptor&& other) noexcept
+    {
+        if (this != &other)
+            reset(std::exchange(other.m_fd, -1));
+        return *this;
+    }
     int get() const { return m_fd; }
     void reset(int fd = -1)
     {
@@ -57,6 +65,33 @@ constexpr Milliseconds kCheckInterval{100};
 constexpr Milliseconds kExitGrace{1000};
 /// The first look at the program after its output closed: its end is a few microseconds away.
 constexpr Microseconds kFirstExitStep{50};
+
+/// The program's standard output and error. Creating and closing them cost about as much as
+/// watching a short program, so a program that ended leaving nothing behind hands them, empty
+/// and held by us alone, to the next program started on the same thread.
+struct TPipes {
+    TFileDescriptor read[2];
+    TFileDescriptor write[2];
+};
+
+thread_local TPipes t_sparePipes;
+
+bool createPipes(TPipes& pipes, std::string& error)
+{
+    for (int i = 0; i < 2; ++i) {
+        int fds[2];
+        if (::pipe2(fds, O_CLOEXEC) != 0) {
+            error = std::string("Could not create a pipe: ") + std::strerror(errno);
+            return false;
+        }
+        pipes.read[i].reset(fds[0]);
+        pipes.write[i].reset(fds[1]);
+        // Once the program has ended, its output is read until the pipe is empty, not until
+        // it closes: our write end keeps it open for the next program.
+        ::fcntl(fds[0], F_SETFL, O_NONBLOCK);
+    }
+    return true;
+}
 
 /// One output pipe of the program.
 struct TStream {
@@ -94,11 +129,12 @@ private:
     bool spawn(int outWrite, int errWrite);
     void pump(TStream (&streams)[2]);
     bool watchEnd();
-    void ended();
+    void ended(TStream (&streams)[2]);
+    bool reapAlone();
     TState checkState(Clock::time_point now, bool outputOpen);
     Clock::time_point nextDeadline(Clock::time_point now) const;
     void waitForOutput(TStream (&streams)[2], Clock::time_point deadline);
-    void drain(TStream& stream);
+    bool drain(TStream& stream);
     void deliver(const char* data, std::size_t size, bool isErr);
     int reap(bool ended);
 
@@ -129,7 +165,11 @@ private:
     bool m_pipeGrown = false;
     // The program's end, watched through a pidfd: the pipes' write ends are ours until then.
     TFileDescriptor m_pidFd;
-    TFileDescriptor m_writeEnds[2];
+    TPipes m_pipes;
+    // Reaped when its end was seen, with nothing of it left: the pipes can serve again.
+    bool m_reaped = false;
+    bool m_alone = false;
+    int m_status = 0;
 };
 
 bool TPosixProcess::fail(std::string error)
@@ -215,7 +255,7 @@ void TPosixProcess::waitForOutput(TStream (&streams)[2], Clock::time_point deadl
         if (fds[i].revents & (POLLIN | POLLHUP | POLLERR))
             drain(*polled[i]);
     if (count > pipes && fds[pipes].revents)
-        ended();
+        ended(streams);
 }
 
 bool TPosixProcess::watchEnd()
@@ -225,34 +265,54 @@ bool TPosixProcess::watchEnd()
     // write ends keep the pipes from closing before.
     m_pidFd.reset(static_cast<int>(::syscall(SYS_pidfd_open, m_pid, 0)));
     if (m_pidFd.get() < 0) {
-        m_writeEnds[0].reset();
-        m_writeEnds[1].reset();
+        m_pipes.write[0].reset();
+        m_pipes.write[1].reset();
     }
     return m_pidFd.get() >= 0;
 }
 
-void TPosixProcess::ended()
+bool TPosixProcess::reapAlone()
 {
-    m_exitedAt = Clock::now();
-    // What the program wrote is in the pipes: with our write ends gone they end after it,
-    // unless something it started still holds them.
-    m_writeEnds[0].reset();
-    m_writeEnds[1].reset();
+    if (::waitpid(m_pid, &m_status, WNOHANG) != m_pid)
+        return false;
+    m_reaped = true;
+    forgetProgram(m_pid);
+    m_alone = noChildLeft();
+    return m_alone;
 }
 
-void TPosixProcess::drain(TStream& stream)
+void TPosixProcess::ended(TStream (&streams)[2])
+{
+    m_exitedAt = Clock::now();
+    // With the program reaped and no child left, nothing else can write to the pipes: what
+    // is in them is the rest of its output.
+    if (reapAlone()) {
+        for (TStream& stream : streams) {
+            while (stream.open && drain(stream)) {
+            }
+            stream.open = false;
+        }
+        return;
+    }
+    // Otherwise the pipes end after what the program wrote once our write ends are gone,
+    // unless something it started still holds them.
+    m_pipes.write[0].reset();
+    m_pipes.write[1].reset();
+}
+
+bool TPosixProcess::drain(TStream& stream)
 {
     // One read buffer per thread: programs are started one after another, and clearing a fresh
     // buffer for each would cost more than starting a short program.
     thread_local std::vector<char> buffer(256 * 1024);
     const ssize_t n = ::read(stream.fd, buffer.data(), buffer.size());
     if (n < 0 && (errno == EINTR || errno == EAGAIN))
-        return;
+        return errno == EINTR;
     if (n <= 0) {
         stream.open = false;
         m_nextExitCheck = Clock::now();
         m_exitCheckStep = kFirstExitStep / 2;
-        return;
+        return false;
     }
     m_lastOutput = Clock::now();
     // A program that fills the pipe prints a long listing: a larger pipe lets it run ahead of
@@ -262,6 +322,7 @@ void TPosixProcess::drain(TStream& stream)
         m_pipeGrown = true;
     }
     deliver(buffer.data(), static_cast<std::size_t>(n), stream.isErr);
+    return true;
 }
 
 void TPosixProcess::deliver(const char* data, std::size_t size, bool isErr)
@@ -307,18 +368,25 @@ void TPosixProcess::pump(TStream (&streams)[2])
 int TPosixProcess::reap(bool ended)
 {
     if (!ended) {
-        ::kill(m_pid, SIGKILL);
+        // A reaped pid may already name another process; its group lives on while a member does.
+        if (!m_reaped)
+            ::kill(m_pid, SIGKILL);
         ::kill(-m_pid, SIGKILL);
     }
     m_pidFd.reset();
-    m_writeEnds[0].reset();
-    m_writeEnds[1].reset();
-    int status = 0;
-    while (::waitpid(m_pid, &status, 0) < 0 && errno == EINTR) {
+    if (!m_alone) {
+        m_pipes.write[0].reset();
+        m_pipes.write[1].reset();
     }
-    forgetProgram(m_pid);
+    int status = m_status;
+    if (!m_reaped) {
+        while (::waitpid(m_pid, &status, 0) < 0 && errno == EINTR) {
+        }
+        forgetProgram(m_pid);
+    }
     // Anything the program left running goes with it, also what left its process group.
-    stopLeftovers(m_pid);
+    if (!m_alone)
+        stopLeftovers(m_pid);
     m_pid = 0;
     if (WIFEXITED(status))
         return WEXITSTATUS(status);
@@ -338,23 +406,18 @@ bool TPosixProcess::Execute()
     m_timedOut = m_terminated = false;
     m_collector.clear();
 
-    int out[2];
-    int err[2];
-    if (::pipe2(out, O_CLOEXEC) != 0)
-        return fail(std::string("Could not create a pipe: ") + std::strerror(errno));
-    TFileDescriptor outRead(out[0]);
-    m_writeEnds[0].reset(out[1]);
-    if (::pipe2(err, O_CLOEXEC) != 0) {
-        m_writeEnds[0].reset();
-        return fail(std::string("Could not create a pipe: ") + std::strerror(errno));
+    m_reaped = m_alone = false;
+    m_status = 0;
+    m_pipes = std::move(t_sparePipes);
+    if (m_pipes.read[0].get() < 0 && !createPipes(m_pipes, m_error)) {
+        m_pipes = {};
+        return false;
     }
-    TFileDescriptor errRead(err[0]);
-    m_writeEnds[1].reset(err[1]);
 
     const bool stopped = m_terminateRequested || WFStopRequested();
-    if (stopped || !spawn(m_writeEnds[0].get(), m_writeEnds[1].get())) {
-        m_writeEnds[0].reset();
-        m_writeEnds[1].reset();
+    if (stopped || !spawn(m_pipes.write[0].get(), m_pipes.write[1].get())) {
+        // Nothing was started, so nothing wrote to the pipes.
+        t_sparePipes = std::move(m_pipes);
         if (!stopped)
             return false;
         m_terminated = true;
@@ -362,9 +425,13 @@ bool TPosixProcess::Execute()
     }
     watchEnd();
 
-    TStream streams[2] = {{outRead.get(), false, true}, {errRead.get(), true, true}};
+    TStream streams[2] = {{m_pipes.read[0].get(), false, true}, {m_pipes.read[1].get(), true, true}};
     pump(streams);
     m_exitCode = reap(!m_timedOut && !m_terminated);
+    if (m_alone)
+        t_sparePipes = std::move(m_pipes);
+    else
+        m_pipes = {};
     if (m_timedOut)
         m_error = "Stopped after running too long without finishing";
     else if (m_terminated)

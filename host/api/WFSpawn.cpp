@@ -256,12 +256,17 @@ void forgetProgram(pid_t pid)
         registry().running.erase(found);
 }
 
+bool noChildLeft()
+{
+    siginfo_t info{};
+    return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) < 0 && errno == ECHILD;
+}
+
 void stopLeftovers(pid_t group)
 {
     // No child at all, the usual case once the program was reaped: nothing can be left, not
     // even in its process group, as whatever it started and left is ours.
-    siginfo_t info{};
-    if (::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) < 0 && errno == ECHILD)
+    if (noChildLeft())
         return;
     if (group > 0)
         ::kill(-group, SIGKILL);

@@ -15,6 +15,9 @@ pid_t spawnProgram(const std::string& program, const std::vector<std::string>& a
                    const std::string& directory, int input, int output, int error, std::string& errorText);
 /// After the program was reaped.
 void forgetProgram(pid_t pid);
+/// True when this process has no child at all, running or ended: then nothing a finished
+/// program started can still run, as the host adopts what programs leave.
+bool noChildLeft();
 /// Stops whatever finished programs left behind, also what left their process groups: the
 /// host adopts such processes (Linux child subreaper). `group`, when given, is a finished
 /// program's process group, stopped with it. Costs one system call when none is left.

@@ -165,12 +165,49 @@ TEST_P(ProcessEnd, EndsAndLeavesNothingRunning)
     if (c.stopper == Stopper::None) {
         EXPECT_EQ(process->GetExitCode(), 0);
     }
-    if (!c.hasChild)
-        return;
-    pid_t child = 0;
-    std::ifstream(pidFile) >> child;
-    ASSERT_GT(child, 0);
-    EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
+    if (c.hasChild) {
+        pid_t child = 0;
+        std::ifstream(pidFile) >> child;
+        ASSERT_GT(child, 0);
+        EXPECT_TRUE(wftest::awaitProcessGone(child)) << "the program's child " << child << " still ran";
+    }
+    // The next program's output is its own, whatever the last one and its children wrote.
+    environment.clear();
+    wftest::ScopedEnv output("WF_FAKE_OUTPUT", dir.write("next.txt", "next\n"));
+    auto next = makeProcess();
+    ASSERT_TRUE(next->Execute()) << next->GetErrorText();
+    EXPECT_EQ(next->GetOutputLines(), std::vector<std::string>{"next"});
+}
+
+TEST(Process, OutputLeftInThePipeAtTheEndArrivesWhole)
+{
+    // A reader that falls behind at first: the program ends with most of its output unread.
+    struct SlowStart final : IWFProcessOutputHandler {
+        void OnProcessStdOut(IWFProcess&, const std::string&) override
+        {
+            if (!slept)
+                std::this_thread::sleep_for(std::chrono::milliseconds(300));
+            slept = true;
+        }
+        void OnProcessStdErr(IWFProcess&, const std::string&) override {}
+        bool slept = false;
+    };
+    wftest::TempDir dir;
+    std::string text;
+    for (int i = 0; i < 85000; ++i)
+        text += "line " + std::to_string(i) + "\n";
+    for (const std::string& expected : {text, std::string("next\n")}) {
+        wftest::ScopedEnv output("WF_FAKE_OUTPUT", dir.write("out.txt", expected));
+        SlowStart handler;
+        auto process = makeProcess();
+        process->SetOutputHandler(&handler);
+        ASSERT_TRUE(process->Execute()) << process->GetErrorText();
+        std::string joined;
+        for (const auto& line : process->GetOutputLines())
+            joined += line + "\n";
+        EXPECT_EQ(joined.size(), expected.size());
+        EXPECT_TRUE(joined == expected);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(
