@@ -89,18 +89,6 @@ const std::vector<RunCase> kRunCases = {
 };
 INSTANTIATE_TEST_SUITE_P(Runs, ExecuteTest, testing::ValuesIn(kRunCases), wftest::byName);
 
-TEST(ExecuteOutput, ProgramOutputGoesToTheLog)
-{
-    ActionEnvironment env;
-    ScopedEnv output("WF_FAKE_OUTPUT", env.dir.write("out.txt", "Checked out \"a.c\" from version \"/main/1\".\n"));
-    ScopedEnv error("WF_FAKE_STDERR", "cleartool: Warning: something");
-    auto action = env.create("TClearCaseCheckoutAction", {{"PathNameStorageString", "a.c\r\n"}, {"ViewContextPath", "{view}"}});
-    ASSERT_TRUE(action->Execute());
-    const auto lines = env.log.lines();
-    EXPECT_NE(std::find(lines.begin(), lines.end(), "Checked out \"a.c\" from version \"/main/1\"."), lines.end());
-    EXPECT_NE(std::find(lines.begin(), lines.end(), "cleartool: Warning: something"), lines.end());
-}
-
 struct ValidateCase {
     std::string name;
     std::string className;
