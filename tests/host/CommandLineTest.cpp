@@ -36,18 +36,6 @@ INSTANTIATE_TEST_SUITE_P(
         SplitCase{"attributeValueKeepsQuotes", R"(BuildNo \"abc\")", {"BuildNo", R"("abc")"}},
         SplitCase{"nothing", "", {}}), wftest::byName);
 
-TEST(JoinCommandLine, RoundTripsThroughSplit)
-{
-    const std::vector<std::vector<std::string>> cases = {
-        {"plain", "words"},
-        {"with blank", "", "tab\there"},
-        {R"(ends\)", R"(quote"inside)", R"(dir\ with\ blank\)"},
-        {R"(\\server\share)", R"("quoted")"},
-    };
-    for (const auto& arguments : cases)
-        EXPECT_EQ(splitCommandLine(joinCommandLine(arguments)), arguments) << joinCommandLine(arguments);
-}
-
 TEST(CommandLineBuilder, WritesPlainTextUnchangedAndSwitchesWithOneBlank)
 {
     TCommandLineBuilder builder;
