@@ -75,12 +75,6 @@ std::string reportNames(const std::string& end)
     return names;
 }
 
-/// The same names as the query gives them.
-std::string reportResult()
-{
-    return reportNames("\r\n");
-}
-
 // --- The interactive line ---------------------------------------------------------------
 
 struct LineCase {
@@ -310,7 +304,7 @@ TEST_F(SimulatorStore, OneSessionServesEveryQuery)
 
 // --- Stand-ins that misbehave -----------------------------------------------------------
 
-/// A cleartool stand-in script. One process: prints FAKE_OUT's text (a printf format; each "|"
+/// A cleartool stand-in script (scripted_cleartool.sh). One process: prints FAKE_OUT's text (a printf format; each "|"
 /// a pause, so that the reader gets it in pieces) and exits with FAKE_STATUS. With -status it
 /// answers every line as the interactive mode does, unless the file "mode" beside it says:
 /// "hang" (stops answering sub-commands), "mute" (never answers), "die" (exits in the middle
@@ -321,47 +315,9 @@ protected:
     void SetUp() override
     {
         SessionTest::SetUp();
-        m_program = m_temp.write("bin/cleartool", R"(#!/bin/sh
-here=$(dirname "$0")
-mode=$(cat "$here/mode" 2>/dev/null)
-emit() {
-  rest=$FAKE_OUT
-  while :; do
-    printf "${rest%%|*}"
-    case "$rest" in *"|"*) rest=${rest#*|}; sleep 0.05 ;; *) break ;; esac
-  done
-}
-if [ "$1" = "-status" ] && [ "$mode" = "plain" ]; then
-  echo "Usage: cleartool subcommand" >&2
-  exit 1
-fi
-if [ "$1" = "-status" ]; then
-  echo session >> "$here/starts"
-  n=0
-  printf 'cleartool> '
-  while IFS= read -r line; do
-    mode=$(cat "$here/mode" 2>/dev/null)
-    [ "$mode" = "mute" ] && continue
-    n=$((n + 1))
-    status=0
-    case "$line" in
-      cd*) dir=${line#cd }; dir=${dir#\"}; dir=${dir%\"}; [ -d "$dir" ] || status=1 ;;
-      *) case "$mode" in
-           hang) sleep 60 ;; die) exit 3 ;;
-           trickle) while :; do echo t; sleep 0.1; done ;;
-           flood) head -c 3000000 /dev/zero | tr '\0' x ;;
-         esac
-         emit; status=${FAKE_STATUS:-0} ;;
-    esac
-    printf 'Command %d returned status %d\n' "$n" "$status"
-    printf 'cleartool> '
-  done
-  exit 0
-fi
-echo "$*" >> "$here/alone"
-emit
-exit ${FAKE_STATUS:-0}
-)");
+        m_program = m_temp.file("bin/cleartool");
+        fs::create_directories(m_temp.file("bin"));
+        fs::copy_file(SCRIPTED_CLEARTOOL, m_program);
         fs::permissions(m_program, fs::perms::owner_all);
         useCleartool(m_program);
     }
@@ -416,11 +372,11 @@ INSTANTIATE_TEST_SUITE_P(
                     OutputCase{"PromptLookAlikeInsideKept", "x cleartool> y\\n", 0, "x cleartool> y\r\n"},
                     OutputCase{"FailingSubCommand", "b\\na\\n", 1, ""},
                     OutputCase{"FailingWithoutFinalBreak", "partial", 2, ""},
-                    OutputCase{"ReportsListedFirst", reportNames("\\n") + "a\\n", 0, reportResult() + "a\r\n"},
-                    OutputCase{"ReportsListedInTheMiddle", "a\\n" + reportNames("\\n") + "b\\n", 0, "a\r\n" + reportResult() + "b\r\n"},
-                    OutputCase{"ReportsListedLast", "a\\n" + reportNames("\\n"), 0, "a\r\n" + reportResult()},
-                    OutputCase{"ReportListedLastWithoutFinalBreak", "a\\n" + reportNames("\\n") + reportLine(2), 0, "a\r\n" + reportResult() + reportLine(2) + "\r\n"},
-                    OutputCase{"ReportsListedInPieces", reportNames("\\n|"), 0, reportResult()},
+                    OutputCase{"ReportsListedFirst", reportNames("\\n") + "a\\n", 0, reportNames("\r\n") + "a\r\n"},
+                    OutputCase{"ReportsListedInTheMiddle", "a\\n" + reportNames("\\n") + "b\\n", 0, "a\r\n" + reportNames("\r\n") + "b\r\n"},
+                    OutputCase{"ReportsListedLast", "a\\n" + reportNames("\\n"), 0, "a\r\n" + reportNames("\r\n")},
+                    OutputCase{"ReportListedLastWithoutFinalBreak", "a\\n" + reportNames("\\n") + reportLine(2), 0, "a\r\n" + reportNames("\r\n") + reportLine(2) + "\r\n"},
+                    OutputCase{"ReportsListedInPieces", reportNames("\\n|"), 0, reportNames("\r\n")},
                     OutputCase{"ReportInsideALine", "/v/Command 2 returned status 0\\n", 0, "/v/Command 2 returned status 0\r\n"}),
     wftest::byName);
 
