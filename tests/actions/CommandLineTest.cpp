@@ -75,7 +75,7 @@ TEST_P(CommandLineTest, BuildsTheCommandLine)
     // No cleartool on the search path when the options hold none.
     ScopedEnv path("PATH", env.project);
     env.useCleartool(row.cleartool);
-    env.setDefaultView(env.expand(row.defaultView));
+    env.cleartool.options().SetDefaultViewPath(env.expand(row.defaultView));
     for (const auto& [name, value] : row.variables)
         env.variables.Set(name, TWFVariant(env.expand(value)));
 
@@ -145,7 +145,7 @@ const std::vector<CommandLineCase> kCheckOutCases = rowsOf("TClearCaseCheckoutAc
      "{dir}/missing"},
     {"NoCleartoolPath", {kAC, kView}, false, "-nc -nquery \"a.c\"",
      {"The path to cleartool.exe has not been specified. Please check under Tools -> Options."}, {}, "-"},
-    {"CleartoolFolderIsEnough", {kAC, kView}, true, "checkout -nc -nquery \"a.c\"", {}, {}, "{dir}"},
+    {"CleartoolFolderIsEnough", {kAC, kView}, true, "checkout -nc -nquery \"a.c\"", {}, {}, "{dir}/bin"},
 });
 INSTANTIATE_TEST_SUITE_P(CheckOut, CommandLineTest, testing::ValuesIn(kCheckOutCases), wftest::byName);
 
