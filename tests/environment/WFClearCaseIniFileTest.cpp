@@ -126,7 +126,6 @@ TEST_P(CustomObjectSelectorTest, ReadsTheStoredFlag)
 INSTANTIATE_TEST_SUITE_P(
     Flags, CustomObjectSelectorTest,
     testing::Values(FlagCase{"Missing", "", false},
-                    FlagCase{"One", "[ClearCase]\nUsingCustomObjectSelector=1\n", true},
                     FlagCase{"TrueWord", "[ClearCase]\nUsingCustomObjectSelector=True\n", true},
                     FlagCase{"Garbage", "[ClearCase]\nUsingCustomObjectSelector=maybe\n", false},
                     FlagCase{"OtherSection", "[Other]\nUsingCustomObjectSelector=1\n", false}), wftest::byName);

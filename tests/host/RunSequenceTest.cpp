@@ -165,17 +165,9 @@ INSTANTIATE_TEST_SUITE_P(
                  "still running after 1 second"}),
     wftest::byName);
 
-TEST(ExpandInAction, FailureIsLoggedWithTheLabel)
+TEST_F(RunSequence, FailedExpansionIsLoggedWithTheLabel)
 {
-    std::vector<std::string> calls;
-    TRecordingAction action(calls);
-    wftest::RecordingLog log;
-    TWFBuildVariables variables;
     variables.Set("V", TWFVariant("multi\nline"));
-    TWFActionHost host;
-    host.log = &log;
-    host.variables = &variables;
-    action.SetHost(&host);
     std::string out;
     EXPECT_FALSE(action.TryExpandExpression("Pathname", "%MISSING_NAME_X%", out, true));
     ASSERT_EQ(log.messages().size(), 1u);
