@@ -36,17 +36,4 @@ INSTANTIATE_TEST_SUITE_P(
         SplitCase{"attributeValueKeepsQuotes", R"(BuildNo \"abc\")", {"BuildNo", R"("abc")"}},
         SplitCase{"nothing", "", {}}), wftest::byName);
 
-TEST(CommandLineBuilder, WritesPlainTextUnchangedAndSwitchesWithOneBlank)
-{
-    TCommandLineBuilder builder;
-    builder.AddArgument("checkout", "", akPlain);
-    builder.AddArgument("-c \"a comment\"", "", akPlain);
-    builder.AddArgument("-nusers", "alice,bob", akSwitchWithValue);
-    builder.AddArgument("", "", akPlain);
-    builder.AddArgument("\"a.c\"", "ignored for plain", akPlain);
-    EXPECT_EQ(builder.GetCommandLineText(), "checkout -c \"a comment\" -nusers alice,bob  \"a.c\"");
-    EXPECT_EQ(splitCommandLine(builder.GetCommandLineText()),
-              (std::vector<std::string>{"checkout", "-c", "a comment", "-nusers", "alice,bob", "a.c"}));
-}
-
 } // namespace

@@ -178,18 +178,16 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(RegistrationTest, OptionsAreRegisteredWithIconAndScripts)
 {
-    {
-        RegisteredPackage package(false);
-        TWFOptionsObject* options = WFOptionsServices().FindOptions("Version Control Systems", "ClearCase");
-        ASSERT_NE(options, nullptr);
-        EXPECT_EQ(WFOptionsServices().IconOf(*options), "CC_LOGO");
-        expectBitmap(WFOptionsServices().IconOf(*options));
-        EXPECT_TRUE(WFScriptingServices().HasFunction("ClearCaseOptions"));
-        const auto& enumerations = WFScriptingServices().Enumerations();
-        ASSERT_EQ(enumerations.size(), 1u);
-        EXPECT_EQ(enumerations[0].first, "TClearCaseType");
-        EXPECT_EQ(enumerations[0].second, (std::vector<std::string>{"ccUnknown", "ccLT", "ccFull"}));
-    }
+    RegisteredPackage package(false);
+    TWFOptionsObject* options = WFOptionsServices().FindOptions("Version Control Systems", "ClearCase");
+    ASSERT_NE(options, nullptr);
+    EXPECT_EQ(WFOptionsServices().IconOf(*options), "CC_LOGO");
+    expectBitmap(WFOptionsServices().IconOf(*options));
+    EXPECT_TRUE(WFScriptingServices().HasFunction("ClearCaseOptions"));
+    const auto& enumerations = WFScriptingServices().Enumerations();
+    ASSERT_EQ(enumerations.size(), 1u);
+    EXPECT_EQ(enumerations[0].first, "TClearCaseType");
+    EXPECT_EQ(enumerations[0].second, (std::vector<std::string>{"ccUnknown", "ccLT", "ccFull"}));
 }
 
 TEST(RegistrationTest, ResourcesAreTheActionBitmapsAndTheLogoEachItsOwn)
