@@ -1,4 +1,4 @@
-#include "WFAction.h"
+#include "PropertiesAction.h"
 #include "RowName.h"
 #include "WFProject.h"
 #include "WFServices.h"
@@ -16,33 +16,17 @@
 
 namespace {
 
-enum TColour { clRed, clGreen, clBlue };
-
-/// An action with one property of every kind, registered under "T_PROPS".
-class TPropertiesAction final : public TWFExecuteAbstractAction {
-public:
-    TPropertiesAction()
-    {
-        PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
-        PublishBoolean("Flag", [this] { return m_flag; }, [this](bool v) { m_flag = v; });
-        PublishInteger("Count", [this] { return m_count; }, [this](long long v) { m_count = v; });
-        PublishEnum("Colour", {"clRed", "clGreen", "clBlue"}, &m_colour);
-        // Publishing again keeps the first position.
-        PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
-    }
-    std::string GetActionName() const override { return "Properties"; }
-    std::string m_text;
-    bool m_flag = false;
-    long long m_count = 0;
-    TColour m_colour = clRed;
-};
+using wftest::clBlue;
+using wftest::clGreen;
+using wftest::clRed;
+using wftest::TPropertiesAction;
 
 class Project : public ::testing::Test {
 protected:
     void SetUp() override
     {
         WFActionServices().Clear();
-        WFActionServices().RegisterAction("Properties", "Test", WFActionClassOf<TPropertiesAction>("TPropertiesAction"), "T_PROPS");
+        wftest::registerPropertiesAction();
     }
     void TearDown() override { WFActionServices().Clear(); }
 
