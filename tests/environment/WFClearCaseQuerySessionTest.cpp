@@ -5,7 +5,7 @@
 #include "environment/WFClearCaseQuerySession.h"
 #include "environment/WFClearCaseUtils.h"
 #include "WFServices.h"
-#include "ProgramRun.h"
+#include "ClearCaseWorld.h"
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -157,62 +157,44 @@ INSTANTIATE_TEST_SUITE_P(
 
 // --- Every query on a populated simulator store -----------------------------------------
 
-/// The shared world (tests/fixtures/world: VOBs /vobs/main and /vobs/pvob, component comp,
-/// project proj, plain view base/ and UCM view dev/ on stream dev), with labels (one locked), an
-/// attribute type, an element with a blank in its name and two activities.
+/// The shared world (e2e::ClearCaseWorld: VOBs /vobs/main and /vobs/pvob, a plain view
+/// views/setup and a UCM view views/release_dev), with labels (one locked), an attribute type, an
+/// element with a blank in its name and two more activities.
 class SimulatorStore : public SessionTest {
 protected:
-    static void cleartool(const std::string& dir, std::vector<std::string> arguments,
-                          std::vector<std::pair<std::string, std::string>> environment = {},
-                          const std::string& program = CCSIM_CLEARTOOL)
-    {
-        wftest::ProgramRequest request;
-        request.program = program;
-        request.arguments = std::move(arguments);
-        request.environment = std::move(environment);
-        request.workingDirectory = s_temp->path() + "/" + dir;
-        const wftest::ProgramRun run = wftest::runProgram(request);
-        ASSERT_EQ(run.status, 0) << run.out << run.err;
-    }
     static void SetUpTestSuite()
     {
-        s_temp = std::make_unique<wftest::TempDir>();
-        s_home = std::make_unique<wftest::ScopedEnv>("CCSIM_HOME", s_temp->file("home"));
+        s_world = std::make_unique<e2e::ClearCaseWorld>();
+        s_home = std::make_unique<wftest::ScopedEnv>("CCSIM_HOME", s_world->dir() + "/store");
         s_now = std::make_unique<wftest::ScopedEnv>("CCSIM_NOW", "2013-03-12T10:22:31");
-        const std::string root = s_temp->path();
-        const std::string fixtures = CCSIM_FIXTURE_DIR;
-        cleartool("", {fixtures + "/replay.sh", fixtures + "/world.steps", "WORK=" + root, "VOB_STORAGE=" + root,
-                       "CONFIG_SPEC=" + root + "/cs.txt", "TREE=" + fixtures + "/single", "SETUP_TAG=base_v",
-                       "SETUP_VIEW=" + root + "/base", "COMP=comp", "PROJECT=proj", "STREAM=dev", "VIEW_TAG=dev_v",
-                       "VIEW=" + root + "/dev"},
-                  {{"CLEARTOOL", CCSIM_CLEARTOOL}}, "/bin/bash");
-        s_temp->write("base/vobs/main/src/my file.c", "x\n");
-        cleartool("base/vobs/main/src", {"checkout", "-nc", "."});
-        cleartool("base/vobs/main/src", {"mkelem", "-nc", "-ci", "my file.c"});
-        cleartool("base/vobs/main/src", {"checkin", "-nc", "."});
-        cleartool("base/vobs/main", {"mklbtype", "-nc", "REL1@/vobs/main", "REL2@/vobs/main"});
-        cleartool("base/vobs/main", {"lock", "-nc", "lbtype:REL2@/vobs/main"});
-        cleartool("base/vobs/main", {"mklabel", "-nc", "REL1", "src/a.c"});
-        cleartool("base/vobs/main", {"mkattype", "-nc", "-vtype", "integer", "BuildNo@/vobs/main"});
-        cleartool("dev/vobs/main", {"mkactivity", "-nc", "-headline", "Fix build", "fix_1"});
-        cleartool("dev/vobs/main", {"mkactivity", "-nc", "-headline", "Other", "add_2"});
+        const e2e::ClearCaseWorld& world = *s_world;
+        world.write("setup:vobs/main/src/my file.c", "x\n");
+        world.mustCleartool({"checkout", "-nc", "."}, "setup:vobs/main/src");
+        world.mustCleartool({"mkelem", "-nc", "-ci", "my file.c"}, "setup:vobs/main/src");
+        world.mustCleartool({"checkin", "-nc", "."}, "setup:vobs/main/src");
+        world.mustCleartool({"mklbtype", "-nc", "REL1@/vobs/main", "REL2@/vobs/main"}, "setup:vobs/main");
+        world.mustCleartool({"lock", "-nc", "lbtype:REL2@/vobs/main"}, "setup:vobs/main");
+        world.mustCleartool({"mklabel", "-nc", "REL1", "src/main.c"}, "setup:vobs/main");
+        world.mustCleartool({"mkattype", "-nc", "-vtype", "integer", "BuildNo@/vobs/main"}, "setup:vobs/main");
+        world.mustCleartool({"mkactivity", "-nc", "-headline", "Fix build", "fix_1"}, "vobs/main");
+        world.mustCleartool({"mkactivity", "-nc", "-headline", "Other", "add_2"}, "vobs/main");
         // Listed names that are status reports; the one a first query waits for is a folder.
         for (int number = 1; number <= 20; ++number)
-            s_temp->write("base/vobs/main/reports/" + reportLine(number) + (number == 2 ? "/" + reportLine(4) : ""), "");
+            world.write("setup:vobs/main/reports/" + reportLine(number) + (number == 2 ? "/" + reportLine(4) : ""), "");
     }
     static void TearDownTestSuite()
     {
         s_now.reset();
         s_home.reset();
-        s_temp.reset();
+        s_world.reset();
     }
     void SetUp() override
     {
         SessionTest::SetUp();
-        useCleartool(CCSIM_CLEARTOOL);
+        useCleartool(e2e::cleartoolPath());
     }
 
-    static inline std::unique_ptr<wftest::TempDir> s_temp;
+    static inline std::unique_ptr<e2e::ClearCaseWorld> s_world;
     static inline std::unique_ptr<wftest::ScopedEnv> s_home;
     static inline std::unique_ptr<wftest::ScopedEnv> s_now;
 };
@@ -242,21 +224,21 @@ const std::vector<StoreQuery>& storeQueries()
         {"LabelNames", [](const std::string&) { return CCGetLabelNames("/vobs/main"); }},
         {"AllLabelTypes", [](const std::string&) { return CCGetAllTypeNames("lbtype"); }},
         {"AllAttributeTypes", [](const std::string&) { return CCGetAllTypeNames("attype"); }},
-        {"ActivitiesOfTheView", [](const std::string& root) { return CCGetUCMActivities(root + "/dev/vobs/main"); }},
-        {"ActivitiesOfAViewWithoutStream", [](const std::string& root) { return CCGetUCMActivities(root + "/base"); }, true},
+        {"ActivitiesOfTheView", [](const std::string& root) { return CCGetUCMActivities(root + "/views/release_dev/vobs/main"); }},
+        {"ActivitiesOfAViewWithoutStream", [](const std::string& root) { return CCGetUCMActivities(root + "/views/setup"); }, true},
         {"ActivitiesForVOB", [](const std::string&) { return CCGetUCMActivitiesForVOB("/vobs/pvob"); }},
         {"ComponentsForVOB", [](const std::string&) { return CCGetUCMComponentsForVOB("/vobs/pvob"); }},
-        {"ComponentsForView", [](const std::string& root) { return CCGetUCMComponentsForView(root + "/dev"); }},
+        {"ComponentsForView", [](const std::string& root) { return CCGetUCMComponentsForView(root + "/views/release_dev"); }},
         {"AllComponents", [](const std::string&) { return CCGetAllUCMComponents(); }},
         {"Folders", [](const std::string&) { return CCGetUCMFoldersForVOB("/vobs/pvob"); }},
         {"StoragePools", [](const std::string&) { return CCGetStoragePoolsForVOB("/vobs/main"); }},
         {"Streams", [](const std::string&) { return CCGetUCMStreamsForVOB("/vobs/pvob"); }},
-        {"History", [](const std::string& root) { return CCGetHistory("src/a.c", root + "/base/vobs/main"); }},
+        {"History", [](const std::string& root) { return CCGetHistory("src/main.c", root + "/views/setup/vobs/main"); }},
         {"HistoryOfANameWithABlank",
-         [](const std::string& root) { return CCGetHistory("src/my file.c", root + "/base/vobs/main"); }},
-        {"HistoryOfNoElement", [](const std::string& root) { return CCGetHistory("nothing.c", root + "/base"); }, true},
-        {"LsOfTheView", [](const std::string& root) { return CCGetLS(root + "/base/vobs/main"); }},
-        {"LsOfNamesThatAreReports", [](const std::string& root) { return CCGetLS(root + "/base/vobs/main/reports"); }},
+         [](const std::string& root) { return CCGetHistory("src/my file.c", root + "/views/setup/vobs/main"); }},
+        {"HistoryOfNoElement", [](const std::string& root) { return CCGetHistory("nothing.c", root + "/views/setup"); }, true},
+        {"LsOfTheView", [](const std::string& root) { return CCGetLS(root + "/views/setup/vobs/main"); }},
+        {"LsOfNamesThatAreReports", [](const std::string& root) { return CCGetLS(root + "/views/setup/vobs/main/reports"); }},
         {"LsOfAMissingFolder", [](const std::string& root) { return CCGetLS(root + "/no such folder"); }, true},
         {"Describe", [](const std::string&) { return CCDescribeObject("lbtype:REL1@/vobs/main"); }},
         {"DescribeFails", [](const std::string&) { return CCDescribeObject("lbtype:NOPE@/vobs/main"); }, true},
@@ -265,8 +247,8 @@ const std::vector<StoreQuery>& storeQueries()
         {"AttributeValueType", [](const std::string&) { return CCGetAttributeType("BuildNo@/vobs/main"); }},
         {"TypesOfAMissingVOB", [](const std::string&) { return CCGetTypeNames("lbtype", "/vobs/none"); }, true},
         {"UnknownSubCommand", [](const std::string&) { return CCGetCleartoolOutput("frobnicate", "", "", false); }, true},
-        {"ConfigSpecInTheView", [](const std::string& root) { return CCGetCleartoolOutput("catcs", "", root + "/base", false); }},
-        {"RelativeFolder", [](const std::string&) { return CCGetCleartoolOutput("pwv", "-short", "base", false); }},
+        {"ConfigSpecInTheView", [](const std::string& root) { return CCGetCleartoolOutput("catcs", "", root + "/views/setup", false); }},
+        {"RelativeFolder", [](const std::string&) { return CCGetCleartoolOutput("pwv", "-short", "views/setup", false); }},
     };
     return rows;
 }
@@ -276,7 +258,7 @@ class SimulatorQueryTest : public SimulatorStore, public testing::WithParamInter
 TEST_P(SimulatorQueryTest, SessionAnswersAsOneProcessPerQuery)
 {
     const StoreQuery& row = GetParam();
-    const std::string root = s_temp->path();
+    const std::string root = s_world->dir();
     // The relative-folder row resolves against the designer's own folder, as a process would.
     const fs::path previous = fs::current_path();
     fs::current_path(root);
@@ -290,7 +272,7 @@ INSTANTIATE_TEST_SUITE_P(EveryQuery, SimulatorQueryTest, testing::ValuesIn(store
 
 TEST_F(SimulatorStore, OneSessionServesEveryQuery)
 {
-    const std::string root = s_temp->path();
+    const std::string root = s_world->dir();
     std::vector<std::string> alone;
     SetClearCaseDesignTime(false);
     for (const auto& row : storeQueries())
