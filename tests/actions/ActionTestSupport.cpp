@@ -1,58 +1,30 @@
 #include "ActionTestSupport.h"
 
 #include "actions/WFClearCaseCheckInGenericAction.h"
-#include "actions/WFClearCaseLockGenericAction.h"
-#include "environment/WFClearCaseOptions.h"
 #include "WFFiles.h"
 #include "shell/WFClearCaseRegistration.h"
 #include "WFServices.h"
 
 #include <gtest/gtest.h>
 
-
 namespace wftest {
-
-namespace {
-
-IWFClearCaseOptions& options()
-{
-    static const bool registered = [] {
-        RegisterOptions();
-        return true;
-    }();
-    (void)registered;
-    IWFClearCaseOptions* found = ClearCaseOptions();
-    if (!found)
-        throw std::runtime_error("the ClearCase options are not registered");
-    return *found;
-}
-
-} // namespace
 
 std::unique_ptr<TClearCaseBaseAction> createAction(const std::string& className)
 {
     if (const TClearCaseCatalogueRow* row = ClearCaseFindClass(className))
         return ClearCaseCreateAction(*row);
-    // The two intermediate classes that can stand alone: their parts of the command line and
-    // their properties are tested by themselves.
+    // The check-in's intermediate class stands alone: its part of the command line is tested by itself.
     if (className == "TClearCaseCheckInGenericAction")
         return std::make_unique<TClearCaseCheckInGenericAction>();
-    if (className == "TClearCaseLockGenericAction")
-        return std::make_unique<TClearCaseLockGenericAction>();
     return nullptr;
 }
 
-ActionEnvironment::ActionEnvironment()
+ActionEnvironment::ActionEnvironment() : dir(cleartool.temp()), view(dir.path() + "/view"), project(dir.path() + "/project")
 {
-    cleartool = installFakeProgram(dir.path(), "cleartool");
-    view = dir.path() + "/view";
-    project = dir.path() + "/project";
     makeDirectories(view);
     makeDirectories(project);
     dir.write("specs/rel 1.cs", "element * /main/LATEST\n");
-    setCleartoolPath(cleartool);
-    setDefaultView("");
-    options().SetTestForClearCaseType(false);
+    cleartool.options().SetTestForClearCaseType(false);
     host.log = &log;
     host.variables = &variables;
     host.defaultStartingDir = project;
@@ -61,19 +33,9 @@ ActionEnvironment::ActionEnvironment()
 void ActionEnvironment::useCleartool(const std::string& choice)
 {
     if (choice == "-")
-        setCleartoolPath("");
+        cleartool.options().SetClearToolPath("");
     else if (!choice.empty())
-        setCleartoolPath(expand(choice));
-}
-
-void ActionEnvironment::setCleartoolPath(const std::string& path)
-{
-    options().SetClearToolPath(path);
-}
-
-void ActionEnvironment::setDefaultView(const std::string& path)
-{
-    options().SetDefaultViewPath(path);
+        cleartool.options().SetClearToolPath(expand(choice));
 }
 
 std::string ActionEnvironment::expand(const std::string& text) const

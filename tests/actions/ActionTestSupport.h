@@ -1,7 +1,7 @@
 #pragma once
 
+#include "FakeCleartool.h"
 #include "actions/WFClearCaseBaseAction.h"
-#include "WFTestSupport.h"
 
 #include "WFVariables.h"
 
@@ -14,13 +14,13 @@ namespace wftest {
 
 using PropertyTexts = std::vector<std::pair<std::string, std::string>>;
 
-/// A new action of a catalogued class, made by the catalogue, or of one of the intermediate
-/// classes that can stand alone; nullptr for any other name.
+/// A new action of a catalogued class, made by the catalogue, or of the check-in's intermediate
+/// class; nullptr for any other name.
 std::unique_ptr<TClearCaseBaseAction> createAction(const std::string& className);
 
-/// A run-time environment for actions: the real options (registered through RegisterOptions)
-/// pointing at a fake cleartool, a view folder, a project folder as the host's default
-/// directory, a config spec file `{dir}/specs/rel 1.cs`, a recording log and build variables.
+/// A run-time environment for actions: the real options pointing at a fake cleartool (whose
+/// folder is `{dir}`), a view folder, a project folder as the host's default directory, a config
+/// spec file `{dir}/specs/rel 1.cs`, a recording log and build variables.
 class ActionEnvironment {
 public:
     ActionEnvironment();
@@ -32,14 +32,12 @@ public:
     /// (after expand); a property that does not take its text fails the test.
     std::unique_ptr<TClearCaseBaseAction> create(const std::string& className, const PropertyTexts& properties);
 
-    void setCleartoolPath(const std::string& path);
     /// A table row's choice of cleartool: empty keeps the fake program, "-" stores none at all,
     /// anything else is expanded and stored.
     void useCleartool(const std::string& choice);
-    void setDefaultView(const std::string& path);
 
-    TempDir dir;
-    std::string cleartool;
+    FakeCleartool cleartool;
+    const TempDir& dir;
     std::string view;
     std::string project;
     RecordingLog log;

@@ -75,7 +75,7 @@ TEST_P(CommandLineTest, BuildsTheCommandLine)
     // No cleartool on the search path when the options hold none.
     ScopedEnv path("PATH", env.project);
     env.useCleartool(row.cleartool);
-    env.setDefaultView(env.expand(row.defaultView));
+    env.cleartool.options().SetDefaultViewPath(env.expand(row.defaultView));
     for (const auto& [name, value] : row.variables)
         env.variables.Set(name, TWFVariant(env.expand(value)));
 
@@ -96,8 +96,6 @@ const std::vector<CommandLineCase> kCheckOutCases = rowsOf("TClearCaseCheckoutAc
      "checkout -c \"two words\" -nquery \"a.c\""},
     {"NoCommentWinsOverComment", {kAC, kView, {"Comment", "fix"}, {"NoComment", "True"}}, true,
      "checkout -nc -nquery \"a.c\""},
-    {"CommentExpandsVariables", {kAC, kView, {"Comment", "build %BUILD%"}}, true,
-     "checkout -c \"build 42\" -nquery \"a.c\"", {}, {}, {}, {{"BUILD", "42"}}},
     {"EverySwitchInOrder", {{"PathNameStorageString", "a.c\r\nb c.c\r\n"}, kView, {"Comment", "fix"},
       {"Reserved", "True"}, {"Unreserved", "True"}, {"PreserveTime", "True"}, {"DataLocation", "coOut"},
       {"OutExternalPath", "/tmp/x.c"}, {"SelectionMode", "coVersion"}, {"VersionSelector", "/main/3"}}, true,
@@ -125,8 +123,6 @@ const std::vector<CommandLineCase> kCheckOutCases = rowsOf("TClearCaseCheckoutAc
      "checkout -nc -nquery \"a.c\"", {kInView, nope("Pathname")}},
     {"MissingViewFailsButBuildsTheRest", {kAC, {"ViewContextPath", "{dir}/nowhere"}}, false,
      "checkout -nc -nquery \"a.c\"", {kNoView}},
-    {"ViewContextPathExpandsVariables", {kAC, {"ViewContextPath", "%VIEW%"}}, true, "checkout -nc -nquery \"a.c\"", {},
-     {}, {}, {{"VIEW", "{view}"}}},
     {"PlainPathsWithoutViewRunInProjectFolder", {kAC}, true, "checkout -nc -nquery \"a.c\"", {kInProject}},
     {"ExtendedPathsWithoutViewFail", {{"PathNameStorageString", "a.c@@/main/1\r\n"}}, false,
      "checkout -nc -nquery \"a.c@@/main/1\"", {kNoView}},
@@ -145,7 +141,7 @@ const std::vector<CommandLineCase> kCheckOutCases = rowsOf("TClearCaseCheckoutAc
      "{dir}/missing"},
     {"NoCleartoolPath", {kAC, kView}, false, "-nc -nquery \"a.c\"",
      {"The path to cleartool.exe has not been specified. Please check under Tools -> Options."}, {}, "-"},
-    {"CleartoolFolderIsEnough", {kAC, kView}, true, "checkout -nc -nquery \"a.c\"", {}, {}, "{dir}"},
+    {"CleartoolFolderIsEnough", {kAC, kView}, true, "checkout -nc -nquery \"a.c\"", {}, {}, "{dir}/bin"},
 });
 INSTANTIATE_TEST_SUITE_P(CheckOut, CommandLineTest, testing::ValuesIn(kCheckOutCases), wftest::byName);
 

@@ -1,6 +1,6 @@
-// What the intermediate actions persist by default and the list storage strings. Each catalogued
-// action's defaults are checked with its registration; enumeration members are persisted by name
-// in the command line tables.
+// The list storage strings. Each action's defaults (its intermediate classes' with them) are
+// checked with its registration; enumeration members are persisted by name in the command line
+// tables.
 #include "ActionTestSupport.h"
 #include "RowName.h"
 
@@ -10,36 +10,6 @@
 
 namespace wftest {
 namespace {
-
-struct DefaultsCase {
-    std::string className;
-    std::vector<std::string> properties;
-};
-
-WF_ROW_PRINTER_AS(DefaultsCase, row.className)
-
-class IntermediateDefaultsTest : public testing::TestWithParam<DefaultsCase> {};
-
-TEST_P(IntermediateDefaultsTest, WritesPropertiesInOrder)
-{
-    auto action = createAction(GetParam().className);
-    ASSERT_TRUE(action);
-    RecordingWriter writer;
-    action->WriteState(writer);
-    EXPECT_EQ(writer.values, GetParam().properties);
-}
-
-// The intermediate classes that can stand alone; the catalogued ones are in the golden catalogue.
-const std::vector<DefaultsCase> kIntermediateDefaults = {
-    {"TClearCaseCheckInGenericAction",
-     {"PathNameStorageString=", "Comment=", "NoComment=True", "ViewContextPath=", "UseDefaultViewContext=False",
-      "NoWarnings=False", "Keep=False", "Remove=False", "PreserveTime=False", "IdenticalCheckin=False"}},
-    {"TClearCaseLockGenericAction",
-     {"Replace=False", "Obsolete=False", "UseNUsers=False", "NUsersList=", "Comment=", "NoComment=True"}},
-};
-
-INSTANTIATE_TEST_SUITE_P(Intermediates, IntermediateDefaultsTest, testing::ValuesIn(kIntermediateDefaults),
-                         [](const auto& info) { return info.param.className; });
 
 struct StorageCase {
     std::string name;
@@ -76,12 +46,6 @@ const std::vector<StorageCase> kStorage = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Lists, StorageStringTest, testing::ValuesIn(kStorage), wftest::byName);
-
-} // namespace
-} // namespace wftest
-
-namespace wftest {
-namespace {
 
 // ActivityName and ActivitySelectorStorageString are two views of one list.
 TEST(ActivityList, NameAndStorageStringShareOneList)

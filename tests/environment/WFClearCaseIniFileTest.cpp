@@ -52,16 +52,6 @@ private:
     wftest::TempDir m_config;
 };
 
-TEST_F(UserSettingsTest, DefaultViewStandsInOnlyForAnEmptyValue)
-{
-    ClearCaseOptions()->SetDefaultViewPath("/views/default");
-    EXPECT_EQ(CCGetLastViewDirectory(), "/views/default");
-    writeUserIni("[ClearCase]\nLastViewDirectory=\n");
-    EXPECT_EQ(CCGetLastViewDirectory(), "/views/default");
-    writeUserIni("[ClearCase]\nLastViewDirectory=/views/last\n");
-    EXPECT_EQ(CCGetLastViewDirectory(), "/views/last");
-}
-
 TEST_F(UserSettingsTest, UnwritableSettingsReportFailure)
 {
     SetWFConfigDirectory("/proc/wf-no-such-folder");
@@ -72,7 +62,7 @@ TEST_F(UserSettingsTest, UnwritableSettingsReportFailure)
 struct SelectCase {
     std::string name;
     std::string current;
-    std::string storedLast; // empty: no user file
+    std::optional<std::string> storedLast; // none: no user file
     std::string defaultView;
     std::optional<std::string> answer;
     std::string expectedStart;
@@ -87,8 +77,8 @@ class SelectViewPathTest : public UserSettingsTest, public testing::WithParamInt
 TEST_P(SelectViewPathTest, StartsWhereExpectedAndRemembersOnlyAChoice)
 {
     const SelectCase& row = GetParam();
-    if (!row.storedLast.empty())
-        writeUserIni("[ClearCase]\nLastViewDirectory=" + row.storedLast + "\n");
+    if (row.storedLast)
+        writeUserIni("[ClearCase]\nLastViewDirectory=" + *row.storedLast + "\n");
     ClearCaseOptions()->SetDefaultViewPath(row.defaultView);
     answer = row.answer;
 
@@ -110,8 +100,11 @@ INSTANTIATE_TEST_SUITE_P(
                    "/views/c", "[ClearCase]\nLastViewDirectory=/views/c\n"},
         SelectCase{"EmptyCurrentCancelledStaysEmpty", "", "/views/last", "", std::nullopt, "/views/last", "",
                    "[ClearCase]\nLastViewDirectory=/views/last\n"},
-        SelectCase{"DefaultViewWhenNothingRemembered", "", "", "/views/default", std::nullopt, "/views/default", "", ""},
-        SelectCase{"NothingAtAll", "", "", "", std::nullopt, "", "", ""}), wftest::byName);
+        SelectCase{"DefaultViewWhenNothingRemembered", "", std::nullopt, "/views/default", std::nullopt, "/views/default",
+                   "", ""},
+        SelectCase{"DefaultViewWhenTheRememberedIsEmpty", "", "", "/views/default", "/views/d", "/views/default",
+                   "/views/d", "[ClearCase]\nLastViewDirectory=/views/d\n"},
+        SelectCase{"NothingAtAll", "", std::nullopt, "", std::nullopt, "", "", ""}), wftest::byName);
 
 struct FlagCase {
     std::string name;
@@ -133,7 +126,6 @@ TEST_P(CustomObjectSelectorTest, ReadsTheStoredFlag)
 INSTANTIATE_TEST_SUITE_P(
     Flags, CustomObjectSelectorTest,
     testing::Values(FlagCase{"Missing", "", false},
-                    FlagCase{"One", "[ClearCase]\nUsingCustomObjectSelector=1\n", true},
                     FlagCase{"TrueWord", "[ClearCase]\nUsingCustomObjectSelector=True\n", true},
                     FlagCase{"Garbage", "[ClearCase]\nUsingCustomObjectSelector=maybe\n", false},
                     FlagCase{"OtherSection", "[Other]\nUsingCustomObjectSelector=1\n", false}), wftest::byName);

@@ -61,34 +61,6 @@ INSTANTIATE_TEST_SUITE_P(
                     PathCase{"RelativeMissing", "bin/cleartool", "$T/bin/cleartool"},
                     PathCase{"BareNameForThePathSearch", "cleartool", "cleartool"}), wftest::byName);
 
-TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStored)
-{
-    if (standardInstallPresent())
-        GTEST_SKIP() << "a cleartool is installed in the standard folder";
-    wftest::TempDir temp;
-    std::filesystem::create_directories(temp.file("empty"));
-    const std::string first = wftest::installFakeProgram(temp.file("first"), cleartoolExecutableName());
-    wftest::installFakeProgram(temp.file("second"), cleartoolExecutableName());
-    wftest::ScopedEnv path("PATH", temp.file("missing") + ":" + temp.file("empty") + "::" + temp.file("first") + ":" +
-                                       temp.file("second"));
-
-    TWFClearCaseOptions options;
-    EXPECT_FALSE(options.IsModified());
-    EXPECT_EQ(options.GetCleartoolPath(), first);
-    EXPECT_TRUE(options.IsModified());
-}
-
-TEST(CleartoolDiscoveryTest, NothingFoundLeavesThePathEmpty)
-{
-    if (standardInstallPresent())
-        GTEST_SKIP() << "a cleartool is installed in the standard folder";
-    wftest::TempDir temp;
-    wftest::ScopedEnv path("PATH", temp.path());
-    EXPECT_EQ(defaultClearToolPath(), "");
-    TWFClearCaseOptions options;
-    EXPECT_EQ(options.GetCleartoolPath(), "");
-}
-
 /// What the store holds before and after a load and a save, with the edition on the way.
 struct StoreCase {
     std::string name;
@@ -143,21 +115,34 @@ INSTANTIATE_TEST_SUITE_P(
                   "[Other]\nx=1\n\n[ClearCase]\nInstallationType=Auto\nCleartoolPath=\nDefaultView=\n"}),
     wftest::byName);
 
-TEST(OptionsStoreTest, EmptyStoredPathIsDiscoveredOnLoadAndSavedAsFound)
+TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStoredSavedAsFound)
 {
     if (standardInstallPresent())
         GTEST_SKIP() << "a cleartool is installed in the standard folder";
     wftest::TempDir temp;
-    const std::string found = wftest::installFakeProgram(temp.file("bin"), cleartoolExecutableName());
-    wftest::ScopedEnv path("PATH", temp.file("bin"));
-    const std::string store = temp.write("options.ini", "[ClearCase]\nCleartoolPath=\nInstallationType=ClearCase\n");
-    WFOptionsServices().Clear();
-    RegisterOptions();
-    std::string error;
-    ASSERT_TRUE(WFOptionsServices().Load(store, error)) << error;
-    ASSERT_TRUE(WFOptionsServices().Save(store, error)) << error;
-    EXPECT_EQ(wftest::readFile(store), "[ClearCase]\nCleartoolPath=" + found + "\nInstallationType=ClearCase\nDefaultView=\n");
-    WFOptionsServices().Clear();
+    std::filesystem::create_directories(temp.file("empty"));
+    const std::string first = wftest::installFakeProgram(temp.file("first"), cleartoolExecutableName());
+    wftest::installFakeProgram(temp.file("second"), cleartoolExecutableName());
+    {
+        wftest::ScopedEnv path("PATH", temp.file("missing") + ":" + temp.file("empty") + "::" + temp.file("first") + ":" +
+                                           temp.file("second"));
+        TWFClearCaseOptions options;
+        EXPECT_FALSE(options.IsModified());
+        EXPECT_EQ(options.GetCleartoolPath(), first);
+        EXPECT_TRUE(options.IsModified());
+
+        const std::string store = temp.write("options.ini", "[ClearCase]\nCleartoolPath=\nInstallationType=ClearCase\n");
+        WFOptionsServices().Clear();
+        RegisterOptions();
+        std::string error;
+        ASSERT_TRUE(WFOptionsServices().Load(store, error)) << error;
+        ASSERT_TRUE(WFOptionsServices().Save(store, error)) << error;
+        EXPECT_EQ(wftest::readFile(store), "[ClearCase]\nCleartoolPath=" + first + "\nInstallationType=ClearCase\nDefaultView=\n");
+        WFOptionsServices().Clear();
+    }
+    wftest::ScopedEnv path("PATH", temp.file("empty"));
+    EXPECT_EQ(defaultClearToolPath(), "");
+    EXPECT_EQ(TWFClearCaseOptions().GetCleartoolPath(), "");
 }
 
 TEST(OptionsScriptingTest, ScriptsReadTheLiveOptions)
@@ -174,13 +159,14 @@ TEST(OptionsScriptingTest, ScriptsReadTheLiveOptions)
     EXPECT_EQ(text, cleartool.program());
 }
 
-/// Edition detection: how often cleartool runs across repeated asks.
+/// Edition detection from the version text: how often cleartool runs across three asks.
 struct DetectionCase {
     std::string name;
     bool detect;
     std::string version;
+    int exitCode;
     TClearCaseType expected;
-    std::size_t runs; // after three asks
+    std::size_t runs;
 };
 
 WF_ROW_PRINTER(DetectionCase)
@@ -190,19 +176,23 @@ class DetectionTest : public testing::TestWithParam<DetectionCase> {};
 TEST_P(DetectionTest, RunsUntilItSucceedsOnce)
 {
     wftest::FakeCleartool cleartool;
-    cleartool.respond("-version", GetParam().version);
+    cleartool.respond("-version", GetParam().version, GetParam().exitCode);
     cleartool.options().SetClearCaseType(ccFull);
     cleartool.options().SetTestForClearCaseType(GetParam().detect);
 
     for (int ask = 0; ask < 3; ++ask)
         EXPECT_EQ(cleartool.options().GetClearCaseType(), GetParam().expected) << "ask " << ask;
-    EXPECT_EQ(cleartool.calls().size(), GetParam().runs);
+    EXPECT_EQ(cleartool.calls(), std::vector<std::string>(GetParam().runs, cleartool.folder() + "|-version"));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Detection, DetectionTest,
-    testing::Values(DetectionCase{"Off", false, "Rational ClearCase LT\n", ccFull, 0},
-                    DetectionCase{"LtOnce", true, "Rational ClearCase LT\n", ccLT, 1},
-                    DetectionCase{"UnknownRetried", true, "nothing useful\n", ccUnknown, 3}), wftest::byName);
+    testing::Values(DetectionCase{"Off", false, "Rational ClearCase LT\n", 0, ccFull, 0},
+                    DetectionCase{"LtOnce", true, "ClearCase version 7.0\nRational ClearCase LT 7.0.1 (Wed Jan 1)\n", 0, ccLT, 1},
+                    DetectionCase{"FullOnce", true, "Rational ClearCase 7.0.1 (Wed Jan 1)\ncleartool 7.0.1\n", 0, ccFull, 1},
+                    DetectionCase{"CaseSensitiveRetried", true, "rational clearcase lt 7.0\n", 0, ccUnknown, 3},
+                    DetectionCase{"FailedRunRetried", true, "Rational ClearCase LT 7.0\n", 2, ccUnknown, 3},
+                    DetectionCase{"SomethingElseRetried", true, "cleartool: Error: unknown\n", 0, ccUnknown, 3}),
+    wftest::byName);
 
 } // namespace

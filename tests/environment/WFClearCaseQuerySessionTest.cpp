@@ -5,7 +5,7 @@
 #include "environment/WFClearCaseQuerySession.h"
 #include "environment/WFClearCaseUtils.h"
 #include "WFServices.h"
-#include "ProgramRun.h"
+#include "ClearCaseWorld.h"
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -73,12 +73,6 @@ std::string reportNames(const std::string& end)
     for (int number = 1; number <= 20; ++number)
         names += reportLine(number) + end;
     return names;
-}
-
-/// The same names as the query gives them.
-std::string reportResult()
-{
-    return reportNames("\r\n");
 }
 
 // --- The interactive line ---------------------------------------------------------------
@@ -163,62 +157,44 @@ INSTANTIATE_TEST_SUITE_P(
 
 // --- Every query on a populated simulator store -----------------------------------------
 
-/// The shared world (tests/fixtures/world: VOBs /vobs/main and /vobs/pvob, component comp,
-/// project proj, plain view base/ and UCM view dev/ on stream dev), with labels (one locked), an
-/// attribute type, an element with a blank in its name and two activities.
+/// The shared world (e2e::ClearCaseWorld: VOBs /vobs/main and /vobs/pvob, a plain view
+/// views/setup and a UCM view views/release_dev), with labels (one locked), an attribute type, an
+/// element with a blank in its name and two more activities.
 class SimulatorStore : public SessionTest {
 protected:
-    static void cleartool(const std::string& dir, std::vector<std::string> arguments,
-                          std::vector<std::pair<std::string, std::string>> environment = {},
-                          const std::string& program = CCSIM_CLEARTOOL)
-    {
-        wftest::ProgramRequest request;
-        request.program = program;
-        request.arguments = std::move(arguments);
-        request.environment = std::move(environment);
-        request.workingDirectory = s_temp->path() + "/" + dir;
-        const wftest::ProgramRun run = wftest::runProgram(request);
-        ASSERT_EQ(run.status, 0) << run.out << run.err;
-    }
     static void SetUpTestSuite()
     {
-        s_temp = std::make_unique<wftest::TempDir>();
-        s_home = std::make_unique<wftest::ScopedEnv>("CCSIM_HOME", s_temp->file("home"));
+        s_world = std::make_unique<e2e::ClearCaseWorld>();
+        s_home = std::make_unique<wftest::ScopedEnv>("CCSIM_HOME", s_world->dir() + "/store");
         s_now = std::make_unique<wftest::ScopedEnv>("CCSIM_NOW", "2013-03-12T10:22:31");
-        const std::string root = s_temp->path();
-        const std::string fixtures = CCSIM_FIXTURE_DIR;
-        cleartool("", {fixtures + "/replay.sh", fixtures + "/world.steps", "WORK=" + root, "VOB_STORAGE=" + root,
-                       "CONFIG_SPEC=" + root + "/cs.txt", "TREE=" + fixtures + "/single", "SETUP_TAG=base_v",
-                       "SETUP_VIEW=" + root + "/base", "COMP=comp", "PROJECT=proj", "STREAM=dev", "VIEW_TAG=dev_v",
-                       "VIEW=" + root + "/dev"},
-                  {{"CLEARTOOL", CCSIM_CLEARTOOL}}, "/bin/bash");
-        s_temp->write("base/vobs/main/src/my file.c", "x\n");
-        cleartool("base/vobs/main/src", {"checkout", "-nc", "."});
-        cleartool("base/vobs/main/src", {"mkelem", "-nc", "-ci", "my file.c"});
-        cleartool("base/vobs/main/src", {"checkin", "-nc", "."});
-        cleartool("base/vobs/main", {"mklbtype", "-nc", "REL1@/vobs/main", "REL2@/vobs/main"});
-        cleartool("base/vobs/main", {"lock", "-nc", "lbtype:REL2@/vobs/main"});
-        cleartool("base/vobs/main", {"mklabel", "-nc", "REL1", "src/a.c"});
-        cleartool("base/vobs/main", {"mkattype", "-nc", "-vtype", "integer", "BuildNo@/vobs/main"});
-        cleartool("dev/vobs/main", {"mkactivity", "-nc", "-headline", "Fix build", "fix_1"});
-        cleartool("dev/vobs/main", {"mkactivity", "-nc", "-headline", "Other", "add_2"});
+        const e2e::ClearCaseWorld& world = *s_world;
+        world.write("setup:vobs/main/src/my file.c", "x\n");
+        world.mustCleartool({"checkout", "-nc", "."}, "setup:vobs/main/src");
+        world.mustCleartool({"mkelem", "-nc", "-ci", "my file.c"}, "setup:vobs/main/src");
+        world.mustCleartool({"checkin", "-nc", "."}, "setup:vobs/main/src");
+        world.mustCleartool({"mklbtype", "-nc", "REL1@/vobs/main", "REL2@/vobs/main"}, "setup:vobs/main");
+        world.mustCleartool({"lock", "-nc", "lbtype:REL2@/vobs/main"}, "setup:vobs/main");
+        world.mustCleartool({"mklabel", "-nc", "REL1", "src/main.c"}, "setup:vobs/main");
+        world.mustCleartool({"mkattype", "-nc", "-vtype", "integer", "BuildNo@/vobs/main"}, "setup:vobs/main");
+        world.mustCleartool({"mkactivity", "-nc", "-headline", "Fix build", "fix_1"}, "vobs/main");
+        world.mustCleartool({"mkactivity", "-nc", "-headline", "Other", "add_2"}, "vobs/main");
         // Listed names that are status reports; the one a first query waits for is a folder.
         for (int number = 1; number <= 20; ++number)
-            s_temp->write("base/vobs/main/reports/" + reportLine(number) + (number == 2 ? "/" + reportLine(4) : ""), "");
+            world.write("setup:vobs/main/reports/" + reportLine(number) + (number == 2 ? "/" + reportLine(4) : ""), "");
     }
     static void TearDownTestSuite()
     {
         s_now.reset();
         s_home.reset();
-        s_temp.reset();
+        s_world.reset();
     }
     void SetUp() override
     {
         SessionTest::SetUp();
-        useCleartool(CCSIM_CLEARTOOL);
+        useCleartool(e2e::cleartoolPath());
     }
 
-    static inline std::unique_ptr<wftest::TempDir> s_temp;
+    static inline std::unique_ptr<e2e::ClearCaseWorld> s_world;
     static inline std::unique_ptr<wftest::ScopedEnv> s_home;
     static inline std::unique_ptr<wftest::ScopedEnv> s_now;
 };
@@ -248,21 +224,21 @@ const std::vector<StoreQuery>& storeQueries()
         {"LabelNames", [](const std::string&) { return CCGetLabelNames("/vobs/main"); }},
         {"AllLabelTypes", [](const std::string&) { return CCGetAllTypeNames("lbtype"); }},
         {"AllAttributeTypes", [](const std::string&) { return CCGetAllTypeNames("attype"); }},
-        {"ActivitiesOfTheView", [](const std::string& root) { return CCGetUCMActivities(root + "/dev/vobs/main"); }},
-        {"ActivitiesOfAViewWithoutStream", [](const std::string& root) { return CCGetUCMActivities(root + "/base"); }, true},
+        {"ActivitiesOfTheView", [](const std::string& root) { return CCGetUCMActivities(root + "/views/release_dev/vobs/main"); }},
+        {"ActivitiesOfAViewWithoutStream", [](const std::string& root) { return CCGetUCMActivities(root + "/views/setup"); }, true},
         {"ActivitiesForVOB", [](const std::string&) { return CCGetUCMActivitiesForVOB("/vobs/pvob"); }},
         {"ComponentsForVOB", [](const std::string&) { return CCGetUCMComponentsForVOB("/vobs/pvob"); }},
-        {"ComponentsForView", [](const std::string& root) { return CCGetUCMComponentsForView(root + "/dev"); }},
+        {"ComponentsForView", [](const std::string& root) { return CCGetUCMComponentsForView(root + "/views/release_dev"); }},
         {"AllComponents", [](const std::string&) { return CCGetAllUCMComponents(); }},
         {"Folders", [](const std::string&) { return CCGetUCMFoldersForVOB("/vobs/pvob"); }},
         {"StoragePools", [](const std::string&) { return CCGetStoragePoolsForVOB("/vobs/main"); }},
         {"Streams", [](const std::string&) { return CCGetUCMStreamsForVOB("/vobs/pvob"); }},
-        {"History", [](const std::string& root) { return CCGetHistory("src/a.c", root + "/base/vobs/main"); }},
+        {"History", [](const std::string& root) { return CCGetHistory("src/main.c", root + "/views/setup/vobs/main"); }},
         {"HistoryOfANameWithABlank",
-         [](const std::string& root) { return CCGetHistory("src/my file.c", root + "/base/vobs/main"); }},
-        {"HistoryOfNoElement", [](const std::string& root) { return CCGetHistory("nothing.c", root + "/base"); }, true},
-        {"LsOfTheView", [](const std::string& root) { return CCGetLS(root + "/base/vobs/main"); }},
-        {"LsOfNamesThatAreReports", [](const std::string& root) { return CCGetLS(root + "/base/vobs/main/reports"); }},
+         [](const std::string& root) { return CCGetHistory("src/my file.c", root + "/views/setup/vobs/main"); }},
+        {"HistoryOfNoElement", [](const std::string& root) { return CCGetHistory("nothing.c", root + "/views/setup"); }, true},
+        {"LsOfTheView", [](const std::string& root) { return CCGetLS(root + "/views/setup/vobs/main"); }},
+        {"LsOfNamesThatAreReports", [](const std::string& root) { return CCGetLS(root + "/views/setup/vobs/main/reports"); }},
         {"LsOfAMissingFolder", [](const std::string& root) { return CCGetLS(root + "/no such folder"); }, true},
         {"Describe", [](const std::string&) { return CCDescribeObject("lbtype:REL1@/vobs/main"); }},
         {"DescribeFails", [](const std::string&) { return CCDescribeObject("lbtype:NOPE@/vobs/main"); }, true},
@@ -271,8 +247,8 @@ const std::vector<StoreQuery>& storeQueries()
         {"AttributeValueType", [](const std::string&) { return CCGetAttributeType("BuildNo@/vobs/main"); }},
         {"TypesOfAMissingVOB", [](const std::string&) { return CCGetTypeNames("lbtype", "/vobs/none"); }, true},
         {"UnknownSubCommand", [](const std::string&) { return CCGetCleartoolOutput("frobnicate", "", "", false); }, true},
-        {"ConfigSpecInTheView", [](const std::string& root) { return CCGetCleartoolOutput("catcs", "", root + "/base", false); }},
-        {"RelativeFolder", [](const std::string&) { return CCGetCleartoolOutput("pwv", "-short", "base", false); }},
+        {"ConfigSpecInTheView", [](const std::string& root) { return CCGetCleartoolOutput("catcs", "", root + "/views/setup", false); }},
+        {"RelativeFolder", [](const std::string&) { return CCGetCleartoolOutput("pwv", "-short", "views/setup", false); }},
     };
     return rows;
 }
@@ -282,7 +258,7 @@ class SimulatorQueryTest : public SimulatorStore, public testing::WithParamInter
 TEST_P(SimulatorQueryTest, SessionAnswersAsOneProcessPerQuery)
 {
     const StoreQuery& row = GetParam();
-    const std::string root = s_temp->path();
+    const std::string root = s_world->dir();
     // The relative-folder row resolves against the designer's own folder, as a process would.
     const fs::path previous = fs::current_path();
     fs::current_path(root);
@@ -296,7 +272,7 @@ INSTANTIATE_TEST_SUITE_P(EveryQuery, SimulatorQueryTest, testing::ValuesIn(store
 
 TEST_F(SimulatorStore, OneSessionServesEveryQuery)
 {
-    const std::string root = s_temp->path();
+    const std::string root = s_world->dir();
     std::vector<std::string> alone;
     SetClearCaseDesignTime(false);
     for (const auto& row : storeQueries())
@@ -310,7 +286,7 @@ TEST_F(SimulatorStore, OneSessionServesEveryQuery)
 
 // --- Stand-ins that misbehave -----------------------------------------------------------
 
-/// A cleartool stand-in script. One process: prints FAKE_OUT's text (a printf format; each "|"
+/// A cleartool stand-in script (scripted_cleartool.sh). One process: prints FAKE_OUT's text (a printf format; each "|"
 /// a pause, so that the reader gets it in pieces) and exits with FAKE_STATUS. With -status it
 /// answers every line as the interactive mode does, unless the file "mode" beside it says:
 /// "hang" (stops answering sub-commands), "mute" (never answers), "die" (exits in the middle
@@ -321,47 +297,9 @@ protected:
     void SetUp() override
     {
         SessionTest::SetUp();
-        m_program = m_temp.write("bin/cleartool", R"(#!/bin/sh
-here=$(dirname "$0")
-mode=$(cat "$here/mode" 2>/dev/null)
-emit() {
-  rest=$FAKE_OUT
-  while :; do
-    printf "${rest%%|*}"
-    case "$rest" in *"|"*) rest=${rest#*|}; sleep 0.05 ;; *) break ;; esac
-  done
-}
-if [ "$1" = "-status" ] && [ "$mode" = "plain" ]; then
-  echo "Usage: cleartool subcommand" >&2
-  exit 1
-fi
-if [ "$1" = "-status" ]; then
-  echo session >> "$here/starts"
-  n=0
-  printf 'cleartool> '
-  while IFS= read -r line; do
-    mode=$(cat "$here/mode" 2>/dev/null)
-    [ "$mode" = "mute" ] && continue
-    n=$((n + 1))
-    status=0
-    case "$line" in
-      cd*) dir=${line#cd }; dir=${dir#\"}; dir=${dir%\"}; [ -d "$dir" ] || status=1 ;;
-      *) case "$mode" in
-           hang) sleep 60 ;; die) exit 3 ;;
-           trickle) while :; do echo t; sleep 0.1; done ;;
-           flood) head -c 3000000 /dev/zero | tr '\0' x ;;
-         esac
-         emit; status=${FAKE_STATUS:-0} ;;
-    esac
-    printf 'Command %d returned status %d\n' "$n" "$status"
-    printf 'cleartool> '
-  done
-  exit 0
-fi
-echo "$*" >> "$here/alone"
-emit
-exit ${FAKE_STATUS:-0}
-)");
+        m_program = m_temp.file("bin/cleartool");
+        fs::create_directories(m_temp.file("bin"));
+        fs::copy_file(SCRIPTED_CLEARTOOL, m_program);
         fs::permissions(m_program, fs::perms::owner_all);
         useCleartool(m_program);
     }
@@ -416,11 +354,11 @@ INSTANTIATE_TEST_SUITE_P(
                     OutputCase{"PromptLookAlikeInsideKept", "x cleartool> y\\n", 0, "x cleartool> y\r\n"},
                     OutputCase{"FailingSubCommand", "b\\na\\n", 1, ""},
                     OutputCase{"FailingWithoutFinalBreak", "partial", 2, ""},
-                    OutputCase{"ReportsListedFirst", reportNames("\\n") + "a\\n", 0, reportResult() + "a\r\n"},
-                    OutputCase{"ReportsListedInTheMiddle", "a\\n" + reportNames("\\n") + "b\\n", 0, "a\r\n" + reportResult() + "b\r\n"},
-                    OutputCase{"ReportsListedLast", "a\\n" + reportNames("\\n"), 0, "a\r\n" + reportResult()},
-                    OutputCase{"ReportListedLastWithoutFinalBreak", "a\\n" + reportNames("\\n") + reportLine(2), 0, "a\r\n" + reportResult() + reportLine(2) + "\r\n"},
-                    OutputCase{"ReportsListedInPieces", reportNames("\\n|"), 0, reportResult()},
+                    OutputCase{"ReportsListedFirst", reportNames("\\n") + "a\\n", 0, reportNames("\r\n") + "a\r\n"},
+                    OutputCase{"ReportsListedInTheMiddle", "a\\n" + reportNames("\\n") + "b\\n", 0, "a\r\n" + reportNames("\r\n") + "b\r\n"},
+                    OutputCase{"ReportsListedLast", "a\\n" + reportNames("\\n"), 0, "a\r\n" + reportNames("\r\n")},
+                    OutputCase{"ReportListedLastWithoutFinalBreak", "a\\n" + reportNames("\\n") + reportLine(2), 0, "a\r\n" + reportNames("\r\n") + reportLine(2) + "\r\n"},
+                    OutputCase{"ReportsListedInPieces", reportNames("\\n|"), 0, reportNames("\r\n")},
                     OutputCase{"ReportInsideALine", "/v/Command 2 returned status 0\\n", 0, "/v/Command 2 returned status 0\r\n"}),
     wftest::byName);
 

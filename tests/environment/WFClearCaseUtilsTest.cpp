@@ -77,20 +77,10 @@ INSTANTIATE_TEST_SUITE_P(
         QueryCase{"LabelTypesUnsortedLockedStripped", [](const std::string&) { return CCGetLabelNames("\\vobs\\src"); },
                   {{"lstype -short -kind lbtype -invob \\vobs\\src", "REL2 (locked)\nREL1\nREL3 (locked)\n"}},
                   "REL2\r\nREL1\r\nREL3\r\n"},
-        QueryCase{"AttributeTypeKind", [](const std::string&) { return CCGetTypeNames("attype", "\\v"); },
-                  {{"lstype -short -kind attype -invob \\v", "Status\nOwner\n"}}, "Status\r\nOwner\r\n"},
         QueryCase{"KindVobIgnoresTheVob", [](const std::string&) { return CCGetTypeNames("vob", "\\ignored"); },
                   {{"lsvob -short", "\\b\n\\a (locked)\n"}}, "\\a\r\n\\b\r\n"},
         QueryCase{"KindActivity", [](const std::string&) { return CCGetTypeNames("activity", "\\pvob"); },
                   {{"lsactivity -short -invob \\pvob", "z_act\nA_act (locked)\n"}}, "A_act\r\nz_act\r\n"},
-        QueryCase{"KindComponent", [](const std::string&) { return CCGetTypeNames("component", "\\pvob"); },
-                  {{"lscomp -short -invob \\pvob", "gui\ncore\n"}}, "core\r\ngui\r\n"},
-        QueryCase{"KindFolder", [](const std::string&) { return CCGetTypeNames("folder", "\\pvob"); },
-                  {{"lsfolder -short -invob \\pvob", "RootFolder\n"}}, "RootFolder\r\n"},
-        QueryCase{"KindStream", [](const std::string&) { return CCGetTypeNames("stream", "\\pvob"); },
-                  {{"lsstream -short -invob \\pvob", "main_int\ndev\n"}}, "dev\r\nmain_int\r\n"},
-        QueryCase{"StoragePools", [](const std::string&) { return CCGetStoragePoolsForVOB("\\v"); },
-                  {{"lspool -short -invob \\v", "sdft\ncdft\nddft\n"}}, "cdft\r\nddft\r\nsdft\r\n"},
         QueryCase{"ComponentsForViewRunInTheView",
                   [](const std::string& view) { return CCGetUCMComponentsForView(view); },
                   {{"lscomp -short", "b\na\n"}}, "a\r\nb\r\n", true},
@@ -103,13 +93,6 @@ INSTANTIATE_TEST_SUITE_P(
                   "src/my file.c@@/main/2\r\nsrc/my file.c@@/main/1\r\nsrc/my file.c@@/main/0\r\n", true},
         QueryCase{"LsRecursesInTheDirectoryUnsorted", [](const std::string& view) { return CCGetLS(view); },
                   {{"ls -recurse -short", "b.c\na.c\n"}}, "b.c\r\na.c\r\n", true},
-        QueryCase{"DescribePassesTheObjectUnchanged",
-                  [](const std::string&) { return CCDescribeObject("lbtype:REL1@\\vobs\\src"); },
-                  {{"describe lbtype:REL1@\\vobs\\src", "label type \"REL1\"\n  owner: builder\n"}},
-                  "label type \"REL1\"\r\n  owner: builder\r\n"},
-        QueryCase{"AttributeValueType", [](const std::string&) { return CCGetAttributeType("Status"); },
-                  {{"describe attype:Status", "attribute type \"Status\"\n  scope: this VOB\n  value type: string\n  owner: x\n"}},
-                  "string"},
         QueryCase{"AllTypeNamesStopAtTheFirstVobWithout",
                   [](const std::string&) { return CCGetAllTypeNames("lbtype"); },
                   {{"lsvob -short", "\\a\n\\b\n\\c\n"},
@@ -195,70 +178,10 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{"ValueTypeBareMarker", valueTypeFromDescription, "  value type:\r\n", ""},
         ParseCase{"ValueTypeFirstMatchWins", valueTypeFromDescription, "value type: integer\r\nvalue type: real\r\n", "integer"},
         ParseCase{"ValueTypeIsCaseSensitive", valueTypeFromDescription, "Value Type: integer\r\n", ""},
-        ParseCase{"ListTextMixedBreaks", [](const std::string& text) { return stringListText(splitStringListText(text)); },
-                  "a\rb\nc\r\n\r\nd", "a\r\nb\r\nc\r\n\r\nd\r\n"},
-        ParseCase{"ListTextLoneBreak", [](const std::string& text) { return stringListText(splitStringListText(text)); },
-                  "\n", "\r\n"},
         ParseCase{"ActivitiesWithoutHeader", activitiesFromStreamDescription, "stream \"dev\"\r\n  owner: b\r\n", ""},
         ParseCase{"ActivitiesHeaderLast", activitiesFromStreamDescription, "  contains activities:\r\n", ""},
         ParseCase{"ActivitiesAfterTheFirstHeaderOnly", activitiesFromStreamDescription,
                   "contains activities:\r\n  b@\\p\r\nnone\r\ncontains activities:\r\n  a@\\p\r\n", "b@\\p\r\n"}),
     wftest::byName);
-
-struct VersionCase {
-    std::string name;
-    std::string output;
-    int exitCode;
-    TClearCaseType expected;
-};
-
-WF_ROW_PRINTER(VersionCase)
-
-class InstalledTypeTest : public testing::TestWithParam<VersionCase> {};
-
-TEST_P(InstalledTypeTest, ReadsTheEditionFromTheVersionText)
-{
-    wftest::FakeCleartool cleartool;
-    cleartool.respond("-version", GetParam().output, GetParam().exitCode);
-
-    EXPECT_EQ(CCGetClearCaseInstalledType(), GetParam().expected);
-    EXPECT_EQ(cleartool.calls(), std::vector<std::string>{cleartool.folder() + "|-version"});
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Editions, InstalledTypeTest,
-    testing::Values(VersionCase{"Lt", "ClearCase version 7.0\nRational ClearCase LT 7.0.1 (Wed Jan 1)\n", 0, ccLT},
-                    VersionCase{"Full", "Rational ClearCase 7.0.1 (Wed Jan 1)\ncleartool 7.0.1\n", 0, ccFull},
-                    VersionCase{"CaseSensitive", "rational clearcase lt 7.0\n", 0, ccUnknown},
-                    VersionCase{"FailedRun", "Rational ClearCase LT 7.0\n", 2, ccUnknown},
-                    VersionCase{"SomethingElse", "cleartool: Error: unknown\n", 0, ccUnknown}), wftest::byName);
-
-struct QuotingCase {
-    std::string name;
-    std::string text;
-    std::string quoted;
-    std::string quotedIfBlank;
-};
-
-WF_ROW_PRINTER(QuotingCase)
-
-class QuotingTest : public testing::TestWithParam<QuotingCase> {};
-
-TEST_P(QuotingTest, EnclosesTheTextAsItStands)
-{
-    EXPECT_EQ(quoted(GetParam().text), GetParam().quoted);
-    EXPECT_EQ(quotedIfBlank(GetParam().text), GetParam().quotedIfBlank);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Texts, QuotingTest,
-    testing::Values(QuotingCase{"Empty", "", "\"\"", ""},
-                    QuotingCase{"Word", "a.c", "\"a.c\"", "a.c"},
-                    QuotingCase{"Blank", "my file.c", "\"my file.c\"", "\"my file.c\""},
-                    QuotingCase{"OnlyABlank", " ", "\" \"", "\" \""},
-                    // A tab is not a blank, and quotes inside are not escaped.
-                    QuotingCase{"Tab", "a\tb", "\"a\tb\"", "a\tb"},
-                    QuotingCase{"InnerQuote", "say \"hi\"", "\"say \"hi\"\"", "\"say \"hi\"\""},
-                    QuotingCase{"BackslashAtEnd", "C:\\dir\\", "\"C:\\dir\\\"", "C:\\dir\\"}), wftest::byName);
 
 } // namespace

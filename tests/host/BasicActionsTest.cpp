@@ -54,7 +54,7 @@ TEST_F(BasicActions, SetVariableExpandsIntoTheVariable)
     EXPECT_EQ(validation, (std::vector<std::string>{"Set Variable: No variable name has been given."}));
 }
 
-TEST_F(BasicActions, WriteTextFileReplacesOrAppends)
+TEST_F(BasicActions, WriteTextFileReplacesOrAppendsAndNamesAFolderItCannotMake)
 {
     TWFWriteTextFileAction write;
     ASSERT_TRUE(run(write, {{"FileName", "out/notes.txt"}, {"Text", "one %WHO%\n"}}));
@@ -64,16 +64,11 @@ TEST_F(BasicActions, WriteTextFileReplacesOrAppends)
     TWFWriteTextFileAction replace;
     ASSERT_TRUE(run(replace, {{"FileName", "out/notes.txt"}, {"Text", "three\n"}}));
     EXPECT_EQ(wftest::readFile(dir.file("out/notes.txt")), "three\n");
-}
 
-TEST_F(BasicActions, WriteTextFileBelowAFileFailsWithItsName)
-{
-    dir.write("plain.txt", "a file, not a folder");
-    TWFWriteTextFileAction write;
-    EXPECT_FALSE(run(write, {{"FileName", "plain.txt/sub/x.txt"}, {"Text", "x"}}));
-    ASSERT_FALSE(log.messages().empty());
-    EXPECT_NE(log.messages().back().find("plain.txt/sub"), std::string::npos) << log.messages().back();
-    EXPECT_EQ(wftest::readFile(dir.file("plain.txt")), "a file, not a folder");
+    TWFWriteTextFileAction belowAFile;
+    EXPECT_FALSE(run(belowAFile, {{"FileName", "out/notes.txt/sub/x.txt"}, {"Text", "x"}}));
+    EXPECT_NE(log.messages().back().find("out/notes.txt/sub"), std::string::npos) << log.messages().back();
+    EXPECT_EQ(wftest::readFile(dir.file("out/notes.txt")), "three\n");
 }
 
 TEST_F(BasicActions, RunProgramPassesArgumentsAndJudgesTheExitCode)
@@ -88,19 +83,15 @@ TEST_F(BasicActions, RunProgramPassesArgumentsAndJudgesTheExitCode)
     EXPECT_EQ(runs[0].cwd, dir.file("work"));
     EXPECT_EQ(runs[0].args, (std::vector<std::string>{"-x", "world wide"}));
 
+    // A working directory that fails to expand starts nothing.
+    TWFRunProgramAction unexpanded;
+    EXPECT_FALSE(run(unexpanded, {{"Program", wftest::testAppPath()}, {"WorkingDirectory", "%NO_SUCH_FOLDER_VARIABLE%"}}));
+    EXPECT_EQ(wftest::readInvocations(dir.file("record.txt")).size(), 1u);
+    EXPECT_NE(log.messages().back().find("Working Directory"), std::string::npos) << log.messages().back();
+
     wftest::ScopedEnv failing("WF_FAKE_EXIT", "2");
     TWFRunProgramAction failed;
     EXPECT_FALSE(run(failed, {{"Program", wftest::testAppPath()}}));
-}
-
-TEST_F(BasicActions, RunProgramWithAWorkingDirectoryThatFailsToExpandStartsNothing)
-{
-    wftest::ScopedEnv record("WF_FAKE_RECORD", dir.file("record.txt"));
-    TWFRunProgramAction action;
-    EXPECT_FALSE(run(action, {{"Program", wftest::testAppPath()}, {"WorkingDirectory", "%NO_SUCH_FOLDER_VARIABLE%"}}));
-    EXPECT_TRUE(wftest::readInvocations(dir.file("record.txt")).empty());
-    ASSERT_FALSE(log.messages().empty());
-    EXPECT_NE(log.messages().front().find("Working Directory"), std::string::npos) << log.messages().front();
 }
 
 TEST_F(BasicActions, RunProgramCutsALineWithoutBreaksAtTheBound)

@@ -36,29 +36,4 @@ INSTANTIATE_TEST_SUITE_P(
         SplitCase{"attributeValueKeepsQuotes", R"(BuildNo \"abc\")", {"BuildNo", R"("abc")"}},
         SplitCase{"nothing", "", {}}), wftest::byName);
 
-TEST(JoinCommandLine, RoundTripsThroughSplit)
-{
-    const std::vector<std::vector<std::string>> cases = {
-        {"plain", "words"},
-        {"with blank", "", "tab\there"},
-        {R"(ends\)", R"(quote"inside)", R"(dir\ with\ blank\)"},
-        {R"(\\server\share)", R"("quoted")"},
-    };
-    for (const auto& arguments : cases)
-        EXPECT_EQ(splitCommandLine(joinCommandLine(arguments)), arguments) << joinCommandLine(arguments);
-}
-
-TEST(CommandLineBuilder, WritesPlainTextUnchangedAndSwitchesWithOneBlank)
-{
-    TCommandLineBuilder builder;
-    builder.AddArgument("checkout", "", akPlain);
-    builder.AddArgument("-c \"a comment\"", "", akPlain);
-    builder.AddArgument("-nusers", "alice,bob", akSwitchWithValue);
-    builder.AddArgument("", "", akPlain);
-    builder.AddArgument("\"a.c\"", "ignored for plain", akPlain);
-    EXPECT_EQ(builder.GetCommandLineText(), "checkout -c \"a comment\" -nusers alice,bob  \"a.c\"");
-    EXPECT_EQ(splitCommandLine(builder.GetCommandLineText()),
-              (std::vector<std::string>{"checkout", "-c", "a comment", "-nusers", "alice,bob", "a.c"}));
-}
-
 } // namespace

@@ -7,13 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <functional>
 #include <ostream>
 #include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <fcntl.h>
@@ -21,8 +19,6 @@
 #include <unistd.h>
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 /// Reads until `text` has arrived or the program ends.
 std::string readUntil(IWFInteractiveProcess& process, const std::string& text)
@@ -32,28 +28,6 @@ std::string readUntil(IWFInteractiveProcess& process, const std::string& text)
         if (process.Read(output, 5000) != IWFInteractiveProcess::ReadResult::Data)
             break;
     return output;
-}
-
-TEST(InteractiveProcess, AnswersLineByLineWhileItRuns)
-{
-    const auto process = CreateWFInteractiveProcess();
-    ASSERT_TRUE(process->Start("/bin/sh", {"-c", "while read -r l; do echo \"got $l in $(pwd)\"; done"}, "/tmp"));
-    ASSERT_TRUE(process->Write("one\n"));
-    EXPECT_EQ(readUntil(*process, "\n"), "got one in /tmp\n");
-    ASSERT_TRUE(process->Write("two\n"));
-    EXPECT_EQ(readUntil(*process, "\n"), "got two in /tmp\n");
-}
-
-TEST(InteractiveProcess, OutlivesTheCleanUpAfterOtherRuns)
-{
-    const auto process = CreateWFInteractiveProcess();
-    ASSERT_TRUE(process->Start("/bin/cat", {}, ""));
-    // The runner stops what a finished program left behind; the session is none of that.
-    const auto run = CreateWFProcess();
-    run->SetExecutable("/bin/true");
-    ASSERT_TRUE(run->Execute());
-    ASSERT_TRUE(process->Write("still here\n"));
-    EXPECT_EQ(readUntil(*process, "\n"), "still here\n");
 }
 
 TEST(InteractiveProcess, ErrorOutputNeverBlocksTheProgram)
@@ -76,30 +50,6 @@ TEST(InteractiveProcess, WritingToAProgramThatEndedFailsQuietly)
     for (int i = 0; i < 3 && written; ++i)
         written = process->Write(std::string(256 * 1024, 'x'));
     EXPECT_FALSE(written);
-}
-
-TEST(InteractiveProcess, TerminateFromAnotherThreadEndsAWaitingRead)
-{
-    const auto process = CreateWFInteractiveProcess();
-    ASSERT_TRUE(process->Start("/bin/sh", {"-c", "sleep 60 & sleep 60"}, ""));
-    std::thread stopper([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        process->Terminate();
-    });
-    const auto started = Clock::now();
-    std::string output;
-    EXPECT_EQ(process->Read(output, 30000), IWFInteractiveProcess::ReadResult::Closed);
-    EXPECT_LT(Clock::now() - started, std::chrono::seconds(5));
-    stopper.join();
-}
-
-TEST(InteractiveProcess, SilenceIsATimeout)
-{
-    const auto process = CreateWFInteractiveProcess();
-    ASSERT_TRUE(process->Start("/bin/cat", {}, ""));
-    std::string output;
-    EXPECT_EQ(process->Read(output, 100), IWFInteractiveProcess::ReadResult::Timeout);
-    EXPECT_EQ(output, "");
 }
 
 struct StartFailure {

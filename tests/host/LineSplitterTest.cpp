@@ -48,15 +48,4 @@ INSTANTIATE_TEST_SUITE_P(
                       SplitCase{"CutCarriageReturnPairsAcrossTheCut", {"abcd\r\n"}, {"abcd"}},
                       SplitCase{"UnendedLongLineAtTheEnd", {"abcdefgh"}, {"abcd", "efgh"}}), wftest::byName);
 
-TEST(LineSplitter, DefaultBoundHoldsAMebibyte)
-{
-    TWFLineSplitter splitter;
-    std::vector<std::size_t> sizes;
-    const std::string megabyte(TWFLineSplitter::kMaxPendingLine, 'x');
-    for (int i = 0; i < 3; ++i)
-        splitter.add(megabyte, [&](std::string_view line) { sizes.push_back(line.size()); });
-    splitter.add("tail\n", [&](std::string_view line) { sizes.push_back(line.size()); });
-    EXPECT_EQ(sizes, (std::vector<std::size_t>{megabyte.size(), megabyte.size(), megabyte.size(), 4}));
-}
-
 } // namespace

@@ -19,13 +19,21 @@
 
 namespace {
 
-TEST(PluginLoader, RegistersAndRunsAnActionEndToEnd)
+TEST(PluginLoader, RegistersOnceUnderAnyNameAndRunsAnActionEndToEnd)
 {
     WFActionServices().Clear();
+    wftest::TempDir dir;
+    const std::string copy = dir.write("copy.so", wftest::readFile(WF_TEST_PLUGIN_PATH));
+    std::vector<std::string> warnings;
+    const auto previous = SetWFWarningHandler([&](std::string_view text) { warnings.emplace_back(text); });
     std::string error;
     ASSERT_TRUE(WFLoadPlugin(WF_TEST_PLUGIN_PATH, true, error)) << error;
-    // Loading the same package again registers nothing twice.
+    // Loading the same package again, under its name or another, registers nothing twice.
     ASSERT_TRUE(WFLoadPlugin(WF_TEST_PLUGIN_PATH, true, error)) << error;
+    EXPECT_TRUE(WFLoadPlugin(copy, false, error)) << error;
+    SetWFWarningHandler(previous);
+    EXPECT_EQ(warnings, std::vector<std::string>{copy + " is the same plug-in as " +
+                                                 std::filesystem::canonical(WF_TEST_PLUGIN_PATH).string() + ": loaded once"});
     ASSERT_EQ(WFActionServices().Catalogue().size(), 1u);
     EXPECT_EQ(WFActionServices().Catalogue()[0].typeId, "T_ECHO");
     ASSERT_EQ(WFActionServices().PagesOf("TEchoAction").size(), 1u);
@@ -33,7 +41,6 @@ TEST(PluginLoader, RegistersAndRunsAnActionEndToEnd)
     auto action = WFActionServices().CreateAction("T_ECHO");
     ASSERT_NE(action, nullptr);
     EXPECT_EQ(action->GetActionTypeID(), "T_ECHO");
-    wftest::TempDir dir;
     wftest::ScopedEnv record("WF_FAKE_RECORD", dir.file("record.txt"));
     wftest::RecordingLog log;
     TWFBuildVariables variables;
@@ -129,23 +136,6 @@ TEST(PluginLoaderDeathTest, CrashInsideWFRegisterNamesThePlugin)
     std::string error;
     EXPECT_DEATH(WFLoadPlugin(WF_FAULTY_PLUGIN_PATH, false, error),
                  "plug-in " WF_FAULTY_PLUGIN_PATH " crashed in WFRegister \\(Segmentation fault\\)");
-}
-
-TEST(PluginLoader, SamePluginUnderASecondNameIsLoadedOnceWithAWarning)
-{
-    WFActionServices().Clear();
-    wftest::TempDir dir;
-    const std::string copy = dir.write("copy.so", wftest::readFile(WF_TEST_PLUGIN_PATH));
-    std::vector<std::string> warnings;
-    const auto previous = SetWFWarningHandler([&](std::string_view text) { warnings.emplace_back(text); });
-    std::string error;
-    EXPECT_TRUE(WFLoadPlugin(WF_TEST_PLUGIN_PATH, false, error)) << error;
-    EXPECT_TRUE(WFLoadPlugin(copy, false, error)) << error;
-    SetWFWarningHandler(previous);
-    EXPECT_EQ(WFActionServices().Catalogue().size(), 1u);
-    EXPECT_EQ(warnings, std::vector<std::string>{copy + " is the same plug-in as " +
-                                                 std::filesystem::canonical(WF_TEST_PLUGIN_PATH).string() + ": loaded once"});
-    WFActionServices().Clear();
 }
 
 } // namespace

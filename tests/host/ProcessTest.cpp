@@ -54,37 +54,10 @@ TEST(Process, DeliversOutputInChunksAsItArrives)
     EXPECT_EQ(process->GetOutputLines(), (std::vector<std::string>{"aaaa", "bbbb", "cccc"}));
 }
 
-struct ExitCase {
-    const char* exitCode;
-    int expected;
-};
-WF_ROW_PRINTER_AS(ExitCase, row.exitCode)
-
-class ProcessExit : public ::testing::TestWithParam<ExitCase> {};
-
-TEST_P(ProcessExit, ReportsTheExitCode)
-{
-    wftest::ScopedEnv exitCode("WF_FAKE_EXIT", GetParam().exitCode);
-    auto process = makeProcess();
-    ASSERT_TRUE(process->Execute());
-    EXPECT_EQ(process->GetExitCode(), GetParam().expected);
-    EXPECT_FALSE(process->GetTimedOut());
-}
-
-INSTANTIATE_TEST_SUITE_P(Codes, ProcessExit, ::testing::Values(ExitCase{"0", 0}, ExitCase{"1", 1}, ExitCase{"42", 42}),
-                         [](const auto& info) { return std::string("Exit") + info.param.exitCode; });
-
-TEST(Process, StandardInputIsEmptyAndClosed)
-{
-    wftest::ScopedEnv stdinEnv("WF_FAKE_STDIN", "1");
-    auto process = makeProcess();
-    ASSERT_TRUE(process->Execute());
-    EXPECT_EQ(process->GetOutputLines(), (std::vector<std::string>{"stdin:0 bytes"}));
-}
-
-TEST(Process, ArgumentsAreSplitWithoutAShell)
+TEST(Process, ArgumentsAreSplitWithoutAShellAndInputIsEmptyAndClosed)
 {
     wftest::TempDir dir;
+    wftest::ScopedEnv stdinEnv("WF_FAKE_STDIN", "1");
     const std::string record = dir.file("record.txt");
     wftest::ScopedEnv recordEnv("WF_FAKE_RECORD", record);
     auto process = makeProcess(R"(-c "a b" $HOME `x` "" 'q')");
@@ -94,6 +67,7 @@ TEST(Process, ArgumentsAreSplitWithoutAShell)
     ASSERT_EQ(runs.size(), 1u);
     EXPECT_EQ(runs[0].cwd, dir.path());
     EXPECT_EQ(runs[0].args, (std::vector<std::string>{"-c", "a b", "$HOME", "`x`", "", "'q'"}));
+    EXPECT_EQ(process->GetOutputLines(), (std::vector<std::string>{"stdin:0 bytes"}));
 }
 
 TEST(Process, MissingProgramOrFolderCannotStart)

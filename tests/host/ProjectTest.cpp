@@ -1,4 +1,4 @@
-#include "WFAction.h"
+#include "PropertiesAction.h"
 #include "RowName.h"
 #include "WFProject.h"
 #include "WFServices.h"
@@ -16,33 +16,17 @@
 
 namespace {
 
-enum TColour { clRed, clGreen, clBlue };
-
-/// An action with one property of every kind, registered under "T_PROPS".
-class TPropertiesAction final : public TWFExecuteAbstractAction {
-public:
-    TPropertiesAction()
-    {
-        PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
-        PublishBoolean("Flag", [this] { return m_flag; }, [this](bool v) { m_flag = v; });
-        PublishInteger("Count", [this] { return m_count; }, [this](long long v) { m_count = v; });
-        PublishEnum("Colour", {"clRed", "clGreen", "clBlue"}, &m_colour);
-        // Publishing again keeps the first position.
-        PublishString("Text", [this] { return m_text; }, [this](const std::string& v) { m_text = v; });
-    }
-    std::string GetActionName() const override { return "Properties"; }
-    std::string m_text;
-    bool m_flag = false;
-    long long m_count = 0;
-    TColour m_colour = clRed;
-};
+using wftest::clBlue;
+using wftest::clGreen;
+using wftest::clRed;
+using wftest::TPropertiesAction;
 
 class Project : public ::testing::Test {
 protected:
     void SetUp() override
     {
         WFActionServices().Clear();
-        WFActionServices().RegisterAction("Properties", "Test", WFActionClassOf<TPropertiesAction>("TPropertiesAction"), "T_PROPS");
+        wftest::registerPropertiesAction();
     }
     void TearDown() override { WFActionServices().Clear(); }
 
@@ -174,7 +158,7 @@ TEST_F(Project, WritesPropertiesInPersistenceOrder)
 
 struct BadCase {
     const char* name;
-    const char* text;
+    std::string text;
     const char* place;   // "line:column"
     const char* message; // a piece of it
 };
@@ -191,6 +175,8 @@ TEST_P(ProjectErrors, NameFileLineAndColumn)
     EXPECT_NE(diagnostic.find(": error: "), std::string::npos) << diagnostic;
     EXPECT_NE(diagnostic.find(GetParam().message), std::string::npos) << diagnostic;
 }
+
+const std::string kHead = "<wfproject>\n<actions>\n<action type=\"T_PROPS\">\n";
 
 INSTANTIATE_TEST_SUITE_P(
     Refused, ProjectErrors,
@@ -228,37 +214,14 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"variableNameWithABlank", "<wfproject><variables>\n<variable name=\"A B\" value=\"1\"/></variables></wfproject>",
                 "2:", "\"A B\" cannot name a variable: %NAME% expressions cannot reach a name holding a blank"},
         BadCase{"unknownPropertyAttribute", "<wfproject><actions><action type=\"T_PROPS\">\n<property name=\"Count\" kind=\"x\">1</property>"
-                "</action></actions></wfproject>", "2:", "unknown attribute \"kind\" on <property>"}), wftest::byName);
-
-struct BadByteCase {
-    const char* name;
-    std::string text;
-    const char* diagnostic;
-};
-WF_ROW_PRINTER(BadByteCase)
-
-class ProjectBadBytes : public Project, public ::testing::WithParamInterface<BadByteCase> {};
-
-TEST_P(ProjectBadBytes, NameTheByteAndItsTruePlace)
-{
-    TWFProject project;
-    EXPECT_FALSE(read(GetParam().text, project));
-    EXPECT_EQ(firstDiagnostic(), GetParam().diagnostic);
-}
-
-const std::string kHead = "<wfproject>\n<actions>\n<action type=\"T_PROPS\">\n";
-
-INSTANTIATE_TEST_SUITE_P(
-    Refused, ProjectBadBytes,
-    ::testing::Values(
-        BadByteCase{"latin1OnLine4", kHead + "  <property name=\"Name\">caf\xE9</property>\n</action></actions></wfproject>",
-                    "p.wfp:4:28: error: the byte 0xE9 is not UTF-8 (projects are UTF-8 text)"},
-        BadByteCase{"afterWideCharacters", kHead + "\xC3\xA9\xE2\x82\xAC\x80</action></actions></wfproject>",
-                    "p.wfp:4:3: error: the byte 0x80 is not UTF-8 (projects are UTF-8 text)"},
-        BadByteCase{"truncatedSequence", "<wfproject>\xE2\x82</wfproject>",
-                    "p.wfp:1:12: error: the byte 0xE2 is not UTF-8 (projects are UTF-8 text)"},
-        BadByteCase{"nul", kHead + std::string("  <property name=\"N\0ame\"/>", 26) + "</action></actions></wfproject>",
-                    "p.wfp:4:20: error: a NUL byte (0x00), which a project cannot hold"}), wftest::byName);
+                "</action></actions></wfproject>", "2:", "unknown attribute \"kind\" on <property>"},
+        BadCase{"latin1OnLine4", kHead + "  <property name=\"Name\">caf\xE9</property>\n</action></actions></wfproject>",
+                "4:28", "the byte 0xE9 is not UTF-8 (projects are UTF-8 text)"},
+        BadCase{"afterWideCharacters", kHead + "\xC3\xA9\xE2\x82\xAC\x80</action></actions></wfproject>", "4:3",
+                "the byte 0x80 is not UTF-8"},
+        BadCase{"truncatedSequence", "<wfproject>\xE2\x82</wfproject>", "1:12", "the byte 0xE2 is not UTF-8"},
+        BadCase{"nul", kHead + std::string("  <property name=\"N\0ame\"/>", 26) + "</action></actions></wfproject>",
+                "4:20", "a NUL byte (0x00), which a project cannot hold"}), wftest::byName);
 
 /// n attributes a0="v" a1="v" ... separated by sep.
 std::string attributes(std::size_t n, const std::string& sep = " ")

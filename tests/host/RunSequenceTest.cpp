@@ -1,8 +1,13 @@
 #include "WFAction.h"
+#include "RowName.h"
 
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
 
 namespace {
 
@@ -110,67 +115,59 @@ TEST_F(RunSequence, CallsEveryStepInOrder)
     EXPECT_EQ(log.lines(), (std::vector<std::string>{"first", "second", "third"}));
 }
 
-TEST_F(RunSequence, FailedCommandLineStartsNoProcess)
+/// A run that stops early or fails: the last step the host calls, whether the program started,
+/// and a line the log must hold (a piece of it; empty: none asked).
+struct StopCase {
+    const char* name;
+    std::vector<std::pair<const char*, const char*>> environment;
+    std::function<void(TRecordingAction&, TWFActionHost&, const wftest::TempDir&)> setUp;
+    bool result;
+    const char* lastCall;
+    bool started;
+    const char* logged;
+};
+WF_ROW_PRINTER(StopCase)
+
+class RunStops : public RunSequence, public ::testing::WithParamInterface<StopCase> {};
+
+TEST_P(RunStops, AtTheRightStepWithAReason)
 {
+    const StopCase& row = GetParam();
     const std::string record = dir.file("record.txt");
     wftest::ScopedEnv recordEnv("WF_FAKE_RECORD", record);
-    action.commandLineOk = false;
-    EXPECT_FALSE(action.Execute());
-    EXPECT_EQ(calls, (std::vector<std::string>{"GetExecutable", "BeforeGetCommandLine", "GetCommandLine"}));
-    EXPECT_TRUE(wftest::readInvocations(record).empty());
+    std::vector<std::unique_ptr<wftest::ScopedEnv>> environment;
+    for (const auto& [name, value] : row.environment)
+        environment.push_back(std::make_unique<wftest::ScopedEnv>(name, value));
+    row.setUp(action, host, dir);
+    EXPECT_EQ(action.Execute(), row.result);
+    EXPECT_EQ(calls.back(), row.lastCall);
+    EXPECT_EQ(wftest::readInvocations(record).size(), row.started ? 1u : 0u);
+    const auto lines = log.lines();
+    EXPECT_TRUE(!*row.logged || std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+        return line.find(row.logged) != std::string::npos;
+    })) << ::testing::PrintToString(lines);
 }
 
-TEST_F(RunSequence, DryRunStopsAfterBeforeExecute)
-{
-    const std::string record = dir.file("record.txt");
-    wftest::ScopedEnv recordEnv("WF_FAKE_RECORD", record);
-    host.dryRun = true;
-    EXPECT_TRUE(action.Execute());
-    EXPECT_EQ(calls.back(), "BeforeExecute");
-    EXPECT_TRUE(wftest::readInvocations(record).empty());
-}
+INSTANTIATE_TEST_SUITE_P(
+    Stops, RunStops,
+    ::testing::Values(
+        StopCase{"FailedCommandLineStartsNoProcess", {}, [](auto& action, auto&, auto&) { action.commandLineOk = false; },
+                 false, "GetCommandLine", false, ""},
+        StopCase{"DryRunStopsAfterBeforeExecute", {}, [](auto&, auto& host, auto&) { host.dryRun = true; }, true,
+                 "BeforeExecute", false, ""},
+        StopCase{"NonZeroExitFailsThroughInterpretResult", {{"WF_FAKE_EXIT", "3"}, {"WF_FAKE_STDERR", "cleartool: Error: nope"}},
+                 [](auto&, auto&, auto&) {}, false, "OnFailure 3", true, "cleartool: Error: nope"},
+        StopCase{"MissingProgramCallsOnExeNotFound", {},
+                 [](auto& action, auto&, auto& dir) { action.executable = dir.file("no-such-program"); }, false,
+                 "OnExeNotFound", false, "no-such-program"},
+        StopCase{"TimeLimitStopsAHungProgram", {{"WF_FAKE_SLEEP_MS", "30000"}},
+                 [](auto&, auto& host, auto&) { host.timeoutSeconds = 1; }, false, "OnProcessOutput", true,
+                 "still running after 1 second"}),
+    wftest::byName);
 
-TEST_F(RunSequence, NonZeroExitFailsThroughInterpretResult)
+TEST_F(RunSequence, FailedExpansionIsLoggedWithTheLabel)
 {
-    wftest::ScopedEnv exitCode("WF_FAKE_EXIT", "3");
-    wftest::ScopedEnv stderrText("WF_FAKE_STDERR", "cleartool: Error: nope");
-    EXPECT_FALSE(action.Execute());
-    EXPECT_EQ(calls.back(), "OnFailure 3");
-    ASSERT_FALSE(log.entries.empty());
-    EXPECT_EQ(log.entries.front().stream, IWFLogSink::Stream::StdErr);
-    EXPECT_EQ(log.entries.front().text, "cleartool: Error: nope");
-}
-
-TEST_F(RunSequence, MissingProgramCallsOnExeNotFound)
-{
-    action.executable = dir.file("no-such-program");
-    EXPECT_FALSE(action.Execute());
-    EXPECT_EQ(calls.back(), "OnExeNotFound");
-    const auto messages = log.messages();
-    ASSERT_FALSE(messages.empty());
-    EXPECT_NE(messages.back().find("no-such-program"), std::string::npos);
-}
-
-TEST_F(RunSequence, TimeLimitStopsAHungProgram)
-{
-    wftest::ScopedEnv sleep("WF_FAKE_SLEEP_MS", "30000");
-    host.timeoutSeconds = 1;
-    EXPECT_FALSE(action.Execute());
-    EXPECT_NE(action.GetFailureReason().find("timed out"), std::string::npos);
-    EXPECT_NE(log.messages().back().find("still running after 1 second"), std::string::npos);
-}
-
-TEST(ExpandInAction, FailureIsLoggedWithTheLabel)
-{
-    std::vector<std::string> calls;
-    TRecordingAction action(calls);
-    wftest::RecordingLog log;
-    TWFBuildVariables variables;
     variables.Set("V", TWFVariant("multi\nline"));
-    TWFActionHost host;
-    host.log = &log;
-    host.variables = &variables;
-    action.SetHost(&host);
     std::string out;
     EXPECT_FALSE(action.TryExpandExpression("Pathname", "%MISSING_NAME_X%", out, true));
     ASSERT_EQ(log.messages().size(), 1u);

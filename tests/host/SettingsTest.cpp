@@ -17,7 +17,7 @@
 
 namespace {
 
-TEST(IniFile, WritingOneValueKeepsEverythingElse)
+TEST(IniFile, WritingOneValueKeepsEverythingElseAndMakesMissingFolders)
 {
     wftest::TempDir dir;
     const std::string path = dir.write("user.ini", "; settings\n[Other]\nKey=keep me\n\n[ClearCase]\nLastViewDirectory=/old\nUsingCustomObjectSelector=1\n\n[Tail]\nA=1\n");
@@ -29,14 +29,8 @@ TEST(IniFile, WritingOneValueKeepsEverythingElse)
                                       "UsingCustomObjectSelector=1\nAdded=x=y\n\n[Tail]\nA=1\n\n[New]\nK=v\n");
     EXPECT_EQ(ini.ReadString("ClearCase", "Added", ""), "x=y");
     EXPECT_EQ(ini.ReadString("ClearCase", "Missing", "default"), "default");
-    EXPECT_EQ(TWFIniFile(dir.file("absent/user.ini")).ReadString("S", "K", "d"), "d");
-}
-
-TEST(IniFile, CreatesItsFolder)
-{
-    wftest::TempDir dir;
-    TWFIniFile ini(dir.file("a/b/user.ini"));
-    ASSERT_TRUE(ini.WriteString("S", "K", "v"));
+    EXPECT_EQ(TWFIniFile(dir.file("a/b/user.ini")).ReadString("S", "K", "d"), "d");
+    ASSERT_TRUE(TWFIniFile(dir.file("a/b/user.ini")).WriteString("S", "K", "v"));
     EXPECT_EQ(wftest::readFile(dir.file("a/b/user.ini")), "[S]\nK=v\n");
 }
 

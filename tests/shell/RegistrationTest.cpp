@@ -2,6 +2,7 @@
 #include "RowName.h"
 
 #include "environment/WFClearCaseQuerySession.h"
+#include "resources/WFClearCaseResources.h"
 #include "shell/WFClearCaseRegistration.h"
 #include "WFAction.h"
 #include "WFLog.h"
@@ -12,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -39,6 +41,37 @@ public:
     RegisteredPackage& operator=(const RegisteredPackage&) = delete;
 };
 
+std::uint32_t readU32(std::span<const unsigned char> bytes, std::size_t at)
+{
+    return bytes[at] | bytes[at + 1] << 8 | bytes[at + 2] << 16 | static_cast<std::uint32_t>(bytes[at + 3]) << 24;
+}
+
+std::uint16_t readU16(std::span<const unsigned char> bytes, std::size_t at)
+{
+    return static_cast<std::uint16_t>(bytes[at] | bytes[at + 1] << 8);
+}
+
+/// The named resource is a 16 by 16 bitmap of 8 bits a pixel with a full palette.
+void expectBitmap(const std::string& name)
+{
+    const std::span<const unsigned char> bmp = WFClearCaseFindResource(name);
+    ASSERT_GE(bmp.size(), 14u + 40u) << name;
+    EXPECT_EQ(bmp[0], 'B');
+    EXPECT_EQ(bmp[1], 'M');
+    EXPECT_EQ(readU32(bmp, 2), bmp.size());
+    const std::uint32_t pixelsAt = readU32(bmp, 10);
+    EXPECT_EQ(readU32(bmp, 14), 40u) << "info header size";
+    EXPECT_EQ(readU32(bmp, 18), 16u) << "width";
+    EXPECT_EQ(readU32(bmp, 22), 16u) << "height";
+    EXPECT_EQ(readU16(bmp, 26), 1u) << "planes";
+    EXPECT_EQ(readU16(bmp, 28), 8u) << "bits per pixel";
+    EXPECT_EQ(readU32(bmp, 30), 0u) << "compression";
+    const std::uint32_t colours = readU32(bmp, 46);
+    EXPECT_TRUE(colours == 0 || colours == 256) << colours;
+    EXPECT_EQ(pixelsAt, 14u + 40u + 256u * 4u);
+    EXPECT_EQ(bmp.size(), pixelsAt + 16u * 16u);
+}
+
 class CatalogueRowTest : public testing::TestWithParam<std::size_t> {};
 
 // Each row is registered in place, and the action it makes runs its own sub-command and persists
@@ -47,13 +80,6 @@ TEST_P(CatalogueRowTest, MatchesTheGoldenRowAndIsRegisteredInPlace)
 {
     RegisteredPackage package(false);
     const wftest::GoldenAction& golden = wftest::goldenCatalogue()[GetParam()];
-    ASSERT_EQ(ClearCaseCatalogue().size(), wftest::goldenCatalogue().size());
-    const TClearCaseActionIdentity& row = ClearCaseCatalogue()[GetParam()].identity;
-    EXPECT_EQ(row.typeId, golden.typeId);
-    EXPECT_EQ(row.className, golden.className);
-    EXPECT_EQ(row.displayName, golden.displayName);
-    EXPECT_EQ(row.helpTopic, golden.helpTopic);
-
     const auto& catalogue = WFActionServices().Catalogue();
     ASSERT_EQ(catalogue.size(), wftest::goldenCatalogue().size());
     const TWFCatalogueEntry& entry = catalogue[GetParam()];
@@ -69,7 +95,7 @@ TEST_P(CatalogueRowTest, MatchesTheGoldenRowAndIsRegisteredInPlace)
     EXPECT_EQ(WFClearCaseHelpTopic(golden.typeId), golden.helpTopic);
     EXPECT_EQ(action->GetQuickHelpFilename(), wftest::goldenHelpFile);
     EXPECT_EQ(WFClearCaseHelpFileName(), wftest::goldenHelpFile);
-    EXPECT_FALSE(WFClearCaseFindResource(golden.typeId).empty()) << "no bitmap for " << golden.typeId;
+    expectBitmap(golden.typeId);
 
     auto made = ClearCaseCreateAction(ClearCaseCatalogue()[GetParam()]);
     EXPECT_EQ(made->GetCommand(), golden.command);
@@ -152,38 +178,41 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(RegistrationTest, OptionsAreRegisteredWithIconAndScripts)
 {
-    {
-        RegisteredPackage package(false);
-        TWFOptionsObject* options = WFOptionsServices().FindOptions("Version Control Systems", "ClearCase");
-        ASSERT_NE(options, nullptr);
-        EXPECT_EQ(WFOptionsServices().IconOf(*options), "CC_LOGO");
-        EXPECT_FALSE(WFClearCaseFindResource(WFOptionsServices().IconOf(*options)).empty());
-        EXPECT_TRUE(WFScriptingServices().HasFunction("ClearCaseOptions"));
-        const auto& enumerations = WFScriptingServices().Enumerations();
-        ASSERT_EQ(enumerations.size(), 1u);
-        EXPECT_EQ(enumerations[0].first, "TClearCaseType");
-        EXPECT_EQ(enumerations[0].second, (std::vector<std::string>{"ccUnknown", "ccLT", "ccFull"}));
+    RegisteredPackage package(false);
+    TWFOptionsObject* options = WFOptionsServices().FindOptions("Version Control Systems", "ClearCase");
+    ASSERT_NE(options, nullptr);
+    EXPECT_EQ(WFOptionsServices().IconOf(*options), "CC_LOGO");
+    expectBitmap(WFOptionsServices().IconOf(*options));
+    EXPECT_TRUE(WFScriptingServices().HasFunction("ClearCaseOptions"));
+    const auto& enumerations = WFScriptingServices().Enumerations();
+    ASSERT_EQ(enumerations.size(), 1u);
+    EXPECT_EQ(enumerations[0].first, "TClearCaseType");
+    EXPECT_EQ(enumerations[0].second, (std::vector<std::string>{"ccUnknown", "ccLT", "ccFull"}));
+}
+
+TEST(RegistrationTest, ResourcesAreTheActionBitmapsAndTheLogoEachItsOwn)
+{
+    std::vector<std::string> names{"CC_LOGO"};
+    for (const auto& row : wftest::goldenCatalogue())
+        names.push_back(row.typeId);
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(WFClearCaseResourceNames(), names);
+    for (std::size_t a = 0; a < names.size(); ++a) {
+        for (std::size_t b = a + 1; b < names.size(); ++b) {
+            const auto first = WFClearCaseFindResource(names[a]);
+            const auto second = WFClearCaseFindResource(names[b]);
+            EXPECT_FALSE(std::equal(first.begin(), first.end(), second.begin(), second.end()))
+                << names[a] << " and " << names[b] << " look the same";
+        }
     }
 }
 
-class IntermediateClassTest : public testing::TestWithParam<std::string> {};
-
-TEST_P(IntermediateClassTest, IsNotCatalogued)
+TEST(RegistrationTest, UnknownTypeHasNoHelpTopicNorBitmap)
 {
-    RegisteredPackage package(false);
-    for (const auto& entry : WFActionServices().Catalogue())
-        EXPECT_NE(entry.actionClass.className, GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(Bases, IntermediateClassTest,
-                         testing::Values("TClearCaseBaseAction", "TClearCaseUCMAction", "TClearCaseCheckInGenericAction",
-                                         "TClearCaseLockGenericAction", "TClearCaseBaseAttributeAction"),
-                         [](const testing::TestParamInfo<std::string>& info) { return info.param; });
-
-TEST(RegistrationTest, UnknownTypeHasNoHelpTopic)
-{
-    EXPECT_EQ(WFClearCaseHelpTopic("CC_NOSUCH"), 0);
-    EXPECT_EQ(WFClearCaseHelpTopic("cc_checkout"), 0);
+    for (const char* name : {"", "CC_NOSUCH", "cc_checkout", "CC_CHECKOUT.bmp"}) {
+        EXPECT_EQ(WFClearCaseHelpTopic(name), 0) << name;
+        EXPECT_TRUE(WFClearCaseFindResource(name).empty()) << name;
+    }
 }
 
 } // namespace
