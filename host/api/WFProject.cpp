@@ -121,9 +121,10 @@ struct TReader {
     void checkAttributes(std::initializer_list<const char*> known)
     {
         for (const auto& attribute : xml.attributes()) {
-            const std::string name = attribute.qualifiedName().toString().toStdString();
-            if (std::none_of(known.begin(), known.end(), [&](const char* k) { return name == k; }))
-                error("unknown attribute \"" + name + "\" on <" + xml.name().toString().toStdString() + ">");
+            const QStringView name = attribute.qualifiedName();
+            if (std::none_of(known.begin(), known.end(), [&](const char* k) { return name == QLatin1String(k); }))
+                error("unknown attribute \"" + name.toString().toStdString() + "\" on <"
+                      + xml.name().toString().toStdString() + ">");
         }
     }
     std::string attribute(const char* name) const { return xml.attributes().value(name).toString().toStdString(); }
