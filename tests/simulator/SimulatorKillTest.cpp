@@ -5,6 +5,7 @@
 #include "ScenarioHarness.h"
 #include "RowName.h"
 
+#include <csignal>
 #include <sstream>
 
 using namespace ccsim::test;
@@ -47,9 +48,9 @@ TEST_P(KilledCommand, LeavesViewAndStoreAgreeing)
     if (!row.edit.empty())
         write(kSrc + "/a.c", row.edit);
 
-    environment = {"CCSIM_KILL_AT=" + row.killAt};
+    environment = {{"CCSIM_KILL_AT", row.killAt}};
     const Result killed = run(kSrc, row.command);
-    EXPECT_EQ(killed.status, -1) << "the command was not killed:\n" << killed.out << killed.err;
+    EXPECT_EQ(killed.status, 128 + SIGKILL) << "the command was not killed:\n" << killed.out << killed.err;
     environment.clear();
 
     // Any command that follows finds the state whole; lscheckout also tells what the store holds.
