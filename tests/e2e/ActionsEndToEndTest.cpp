@@ -181,14 +181,6 @@ INSTANTIATE_TEST_SUITE_P(Labels, ActionRun, ::testing::Values(
         {{kSrc, {"describe", "main.c"}, {"  Labels:\n    REL_1\n"}},
          {kSrc, {"describe", "greet.c"}, {}, {"REL_1"}}},
         0, {"Command Line: mklabel -nc lbtype:REL_1 \"src/main.c\"", "Created label \"REL_1\" on \"src/main.c\" version \"/main/1\"."}},
-    ActionCase{"ApplyLabelRecursively", "CC_LABEL",
-        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src\r\n"}, {"LabelTypeName", "REL_1"},
-         {"VOBSelector", "/vobs/main"}, {"Recurse", "True"}},
-        {kMakeRel1},
-        {{kSrc, {"describe", "main.c"}, {"    REL_1\n"}},
-         {kSrc, {"describe", "greet.c"}, {"    REL_1\n"}},
-         {kSrc, {"describe", "version.h"}, {"    REL_1\n"}},
-         {kMain, {"describe", "Makefile"}, {}, {"REL_1"}}}},
     ActionCase{"MakeIntegerAttributeTypeWithBounds", "CC_MKATTRTYPE",
         {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"NewAttributeType", "atInteger"},
          {"UseMax", "True"}, {"MaxValue", "0"}, {"UseMin", "True"}, {"MinValue", "1000"}, {"MinInclusive", "True"},
@@ -247,13 +239,6 @@ INSTANTIATE_TEST_SUITE_P(Locks, ActionRun, ::testing::Values(
 // ---- UCM ----
 
 INSTANTIATE_TEST_SUITE_P(Ucm, ActionRun, ::testing::Values(
-    ActionCase{"MakeActivityAndMakeItCurrent", "UCM_MAKEACTIVITY",
-        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "fix_%BUILD%"}, {"VOBSelector", "/vobs/pvob"}, {"Headline", "Fix seven"}},
-        {},
-        {{"", {"describe", "activity:fix_7@/vobs/pvob"}, {"title: Fix seven", "stream: release_dev@/vobs/pvob"}},
-         {"", {"lsstream", "-long", "-cview"}, {"    fix_7@/vobs/pvob\n"}},
-         {kSrc, {"checkout", "-nc", "main.c"}, {"activity:fix_7@/vobs/pvob  \"Fix seven\""}}},
-        0, {"Command Line: mkactivity -nc -headline \"Fix seven\" -force activity:fix_7@/vobs/pvob"}},
     ActionCase{"SetCurrentActivity", "UCM_SETACTIVITY",
         {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "other"}, {"VOBSelector", "/vobs/pvob"}},
         {{"", {"mkactivity", "-nc", "-nset", "-headline", "Other work", "other"}}},

@@ -2,11 +2,11 @@
 // view and the store agreeing: a file is writable exactly when it is checked out, and holds the
 // data of what the store says is there.
 
-#include "ScenarioHarness.h"
+#include "Interactive.h"
 #include "RowName.h"
+#include "ScenarioHarness.h"
 
 #include <csignal>
-#include <sstream>
 
 using namespace ccsim::test;
 
@@ -29,22 +29,13 @@ class KilledCommand : public Scenario, public ::testing::WithParamInterface<Kill
 
 const std::string kSrc = "dev/vobs/main/src";
 
-std::vector<std::string> words(const std::string& line)
-{
-    std::vector<std::string> out;
-    std::istringstream in(line);
-    for (std::string w; in >> w;)
-        out.push_back(w);
-    return out;
-}
-
 TEST_P(KilledCommand, LeavesViewAndStoreAgreeing)
 {
     const KillRow& row = GetParam();
     fixture();
     play({{"dev/vobs/main", {"mkactivity", "-nc", "work"}}});
     for (const std::string& line : row.before)
-        play({{kSrc, words(line)}});
+        play({{kSrc, *ccsim::splitInteractiveLine(line)}});
     if (!row.edit.empty())
         write(kSrc + "/a.c", row.edit);
 

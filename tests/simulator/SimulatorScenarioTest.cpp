@@ -13,8 +13,6 @@ TEST_F(Scenario, ElementLifeCycleInSnapshotView)
     fixture();
     const std::string src = "base/vobs/main/src";
     play({
-        {src, {"ls", "-recurse", "-short"}, 0, "a.c@@/main/1\n"},
-        {"base/vobs/main", {"ls", "-recurse", "-short"}, 0, "src@@/main/1\nsrc/a.c@@/main/1\n"},
         {src, {"co", "-res", "-c", "two words", "-nq", "a.c"}, 0, "Checked out \"a.c\" from version \"/main/1\".\n"},
         {src, {"lscheckout", "-short"}, 0, "a.c\n"},
         {src, {"lsco"}, 0, "12-Mar.10:22   builder    checkout version \"a.c\" from /main/1 (reserved)\n  \"two words\"\n"},
@@ -41,21 +39,6 @@ TEST_F(Scenario, ElementLifeCycleInSnapshotView)
          "cleartool: Error: Unable to check out \"nothere.c\".\n"},
     });
     EXPECT_EQ(fs::status(root / src / "a.c").permissions() & fs::perms::owner_write, fs::perms::none);
-}
-
-TEST_F(Scenario, CheckinTakesTheViewFileAndKeepsOtherOperands)
-{
-    fixture();
-    const std::string src = "base/vobs/main/src";
-    play({{src, {"checkout", "-nc", "a.c"}}});
-    write(src + "/a.c", "int a = 2;\n");
-    play({
-        {src, {"checkin", "-c", "second", "missing.c", "a.c"}, 1, "Checked in \"a.c\" version \"/main/2\".\n",
-         "~Unable to check in \"missing.c\"."},
-        {src, {"describe", "a.c@@/main/2"}, 0, "~  \"second\"\n"},
-    });
-    EXPECT_EQ(run("dev/vobs/main/src", {"update", "-force", "-overwrite"}).status, 0);
-    EXPECT_EQ(read("dev/vobs/main/src/a.c"), "int a = 2;\n");
 }
 
 TEST_F(Scenario, MakePathTurnsPrivateFoldersIntoElements)
