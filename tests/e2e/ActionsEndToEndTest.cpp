@@ -163,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
         0, {"Command Line: mkbrtype -c \"Maintenance of main\" maint"}}
 ), wftest::byName);
 
-// ---- Labels and attributes ----
+// ---- Labels, attributes and locks ----
 
 const Before kMakeRel1{kMain, {"mklbtype", "-nc", "REL_1"}};
 const Before kMakeBuildNumber{kMain, {"mkattype", "-nc", "-vtype", "integer", "BuildNumber"}};
@@ -220,12 +220,7 @@ INSTANTIATE_TEST_SUITE_P(Labels, ActionRun, ::testing::Values(
         {kMakeRel1, kMakeBuildNumber},
         {{kMain, {"describe", "lbtype:REL_1@/vobs/main"}, {"BuildNumber = 12"}},
          {kSrc, {"describe", "greet.c"}, {"BuildNumber = 12"}}},
-        0, {"Command Line: mkattr -nc BuildNumber@/vobs/main 12 lbtype:REL_1@/vobs/main /vobs/main/src/greet.c@@/main/1"}}
-), wftest::byName);
-
-// ---- Locks ----
-
-INSTANTIATE_TEST_SUITE_P(Locks, ActionRun, ::testing::Values(
+        0, {"Command Line: mkattr -nc BuildNumber@/vobs/main 12 lbtype:REL_1@/vobs/main /vobs/main/src/greet.c@@/main/1"}},
     ActionCase{"LockPathExemptingOneUser", "CC_LOCK",
         {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\n"}, {"UseNUsers", "True"},
          {"NUsersList", "alice"}, {"Comment", "Release freeze"}, {"NoComment", "False"}},

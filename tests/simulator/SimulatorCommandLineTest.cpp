@@ -218,7 +218,6 @@ TEST_F(Scenario, LtEditionReportsItselfAndRefusesFullFeatures)
         {src, {"describe", "a.c"}, 0, "~version \"a.c@@/main/1\""},
     });
     edition = "";
-    play({{"", {"-version"}, 0, "~Rational ClearCase version"}});
     Result full = run("", {"-version"});
     EXPECT_EQ(full.out.find("LT"), std::string::npos);
 }
