@@ -54,6 +54,7 @@ INSTANTIATE_TEST_SUITE_P(Projects, Example, ::testing::Values(
         {{"", "elements-configspec.txt", "", {"catcs"}}}},
     ExampleCase{"labels-and-attributes.wfp",
         {{kSrc, {"describe", "main.c"}, {"    NIGHTLY_7\n", "NightlyNumber = 7\n"}},
+         {"vobs/main", {"describe", "Makefile"}, {}, {"NIGHTLY_7"}},
          {"vobs/main", {"describe", "lbtype:NIGHTLY_7@/vobs/main"}, {"QAStatus = \"untested\""}},
          {kSrc, {"mkattr", "-nc", "NightlyNumber", "0", "version.h"}, {"cleartool: Error: "}, {}, 1}}},
     ExampleCase{"locks.wfp",
@@ -61,15 +62,12 @@ INSTANTIATE_TEST_SUITE_P(Projects, Example, ::testing::Values(
          {"vobs/main", {"describe", "Makefile@@"}, {"file element"}, {"(locked)"}}}},
     ExampleCase{"ucm.wfp",
         {{"", {"lsbl", "-short", "-component", "main_comp@/vobs/pvob"}, {"BUILD_7\n", "IMPORT_7\n"}},
-         {"", {"describe", "activity:build_7@/vobs/pvob"}, {"version.h@@/main/2"}},
+         {"", {"describe", "activity:build_7@/vobs/pvob"}, {"title: Build 7", "stream: release_dev@/vobs/pvob", "version.h@@/main/2"}},
+         {kSrc, {"lshistory", "version.h"}, {"create version \"version.h@@/main/2\"\n  \"Build 7\""}},
+         {"", {"describe", "baseline:BUILD_7@/vobs/pvob"}, {"\"Build 7\"", "label status: Incrementally Labeled"}},
          {kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
          {kSrc, {"describe", "version.h"}, {"    BUILD_7\n"}}}}
-), [](const ::testing::TestParamInfo<ExampleCase>& info) {
-    std::string name = fs::path(info.param.project).stem().string();
-    for (char& ch : name)
-        ch = std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
-    return name;
-});
+), [](const auto& info) { return wftest::rowName(fs::path(info.param.project).stem().string()); });
 
 // The release job broken on purpose at a step: its clean-up gives back the check-outs and
 // thaws the label type, and the report shows both the broken step and the clean-up.

@@ -35,10 +35,11 @@ protected:
                                    "<property name=\"OutputToFile\">True</property>"
                                    "<property name=\"OutputFilePath\">" + target + "</property></action></actions></wfproject>");
     }
+    /// Runs wfbuild in the test's folder; `request` may ask for a signal.
     wftest::ProgramRun wfbuild(std::vector<std::string> arguments,
-                               std::vector<std::pair<std::string, std::string>> environment = {})
+                               std::vector<std::pair<std::string, std::string>> environment = {},
+                               wftest::ProgramRequest request = {})
     {
-        wftest::ProgramRequest request;
         request.program = WFBUILD_PATH;
         request.arguments = std::move(arguments);
         request.environment = std::move(environment);
@@ -46,6 +47,14 @@ protected:
         return wftest::runProgram(request);
     }
     std::string log() const { return wftest::readFile(dir.file("build.log")); }
+    /// The tool's child, whose pid it wrote to `pidFile`, is gone.
+    static void expectGone(const std::string& pidFile)
+    {
+        int child = 0;
+        std::ifstream(pidFile) >> child;
+        ASSERT_GT(child, 0);
+        EXPECT_TRUE(wftest::processGone(child));
+    }
 
     wftest::TempDir dir;
     std::string cleartool;
@@ -97,27 +106,19 @@ TEST_F(Faults, HungToolStoppedByTheTimeoutLeavesNothingRunning)
     EXPECT_EQ(run.status, 1) << run.err;
     EXPECT_LT(run.elapsedMs, 8000);
     EXPECT_NE(log().find("still running after 1 second"), std::string::npos) << log();
-    int child = 0;
-    std::ifstream(pidFile) >> child;
-    ASSERT_GT(child, 0);
-    EXPECT_TRUE(wftest::processGone(child));
+    expectGone(pidFile);
 }
 
 TEST_F(Faults, InterruptStopsTheToolAndExits130)
 {
     const std::string pidFile = dir.file("child.pid");
     wftest::ProgramRequest request;
-    request.program = WFBUILD_PATH;
-    request.arguments = {"run", configSpecProject(dir.file("cs.txt")), "--config-dir", dir.file("config")};
-    request.environment = {{"WF_FAKE_SLEEP_MS", "60000"}, {"WF_FAKE_CHILD_PIDFILE", pidFile}};
     request.signalWhenFileReady = pidFile;
     request.signal = SIGINT;
-    const auto run = wftest::runProgram(request);
+    const auto run = wfbuild({"run", configSpecProject(dir.file("cs.txt")), "--config-dir", dir.file("config")},
+                             {{"WF_FAKE_SLEEP_MS", "60000"}, {"WF_FAKE_CHILD_PIDFILE", pidFile}}, request);
     EXPECT_EQ(run.status, 130) << run.err;
-    int child = 0;
-    std::ifstream(pidFile) >> child;
-    ASSERT_GT(child, 0);
-    EXPECT_TRUE(wftest::processGone(child));
+    expectGone(pidFile);
 }
 
 TEST_F(Faults, InterruptWhileWaitingForAFifoReaderExits130)
@@ -126,12 +127,10 @@ TEST_F(Faults, InterruptWhileWaitingForAFifoReaderExits130)
     const std::string fifo = dir.file("cs.fifo");
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
     wftest::ProgramRequest request;
-    request.program = WFBUILD_PATH;
-    request.arguments = {"run", configSpecProject(fifo), "--config-dir", dir.file("config"), "--log", dir.file("build.log")};
-    request.environment = {{"WF_FAKE_RECORD", dir.file("record.txt")}};
     request.signalAfterMs = 500;
     request.signal = SIGINT;
-    const auto run = wftest::runProgram(request);
+    const auto run = wfbuild({"run", configSpecProject(fifo), "--config-dir", dir.file("config"), "--log", dir.file("build.log")},
+                             {{"WF_FAKE_RECORD", dir.file("record.txt")}}, request);
     EXPECT_EQ(run.status, 130) << run.err;
     EXPECT_NE(run.err.find("Interrupted: action 1 (ClearCase Get Config Spec: spec) was stopped."), std::string::npos)
         << run.err;

@@ -45,35 +45,22 @@ INSTANTIATE_TEST_SUITE_P(
                       TextCase{"NotACharacter", "\xEF\xBF\xBF", "???"},
                       TextCase{"ReplacementCharacter", "\xEF\xBF\xBD", "???"}), wftest::byName);
 
-TEST(JUnitReport, AttributesEscapeLineBreaksAndQuotes)
+// The whole report of a run is in the end-to-end tests; here only what no run can make.
+TEST(JUnitReport, AttributesEscapeLineBreaksTabsAndMarkup)
 {
     const TJUnitSuite suite{"a\"b",
                             "2026-01-02T03:04:05",
                             "build-7",
                             {{"V", "x\ty"}},
                             {{"x\ny", "T<1>", 1.23456, TJUnitCase::Outcome::Skipped, "why\t\"", "", ""},
-                             {"ok", "T", 0.5, TJUnitCase::Outcome::Passed, "", "out\n", "err\n"},
                              {"bad", "T", 0, TJUnitCase::Outcome::Error, "no \x1B[1mprogram", "log\n", ""}}};
-    EXPECT_EQ(renderJUnitReport(suite),
-              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-              "<testsuites name=\"wfbuild\" tests=\"3\" failures=\"0\" errors=\"1\" time=\"1.735\">\n"
-              "  <testsuite name=\"a&quot;b\" tests=\"3\" failures=\"0\" errors=\"1\" skipped=\"1\" time=\"1.735\""
-              " timestamp=\"2026-01-02T03:04:05\" hostname=\"build-7\">\n"
-              "    <properties>\n"
-              "      <property name=\"V\" value=\"x&#9;y\"/>\n"
-              "    </properties>\n"
-              "    <testcase name=\"x&#10;y\" classname=\"T&lt;1&gt;\" time=\"1.235\">\n"
-              "      <skipped message=\"why&#9;&quot;\"/>\n"
-              "    </testcase>\n"
-              "    <testcase name=\"ok\" classname=\"T\" time=\"0.500\">\n"
-              "      <system-out>out\n</system-out>\n"
-              "      <system-err>err\n</system-err>\n"
-              "    </testcase>\n"
-              "    <testcase name=\"bad\" classname=\"T\" time=\"0.000\">\n"
-              "      <error message=\"no program\" type=\"ActionNotStarted\">log\n</error>\n"
-              "    </testcase>\n"
-              "  </testsuite>\n"
-              "</testsuites>\n");
+    const std::string xml = renderJUnitReport(suite);
+    for (const char* piece : {"<testsuite name=\"a&quot;b\" tests=\"2\" failures=\"0\" errors=\"1\" skipped=\"1\" time=\"1.235\"",
+                              "<property name=\"V\" value=\"x&#9;y\"/>",
+                              "<testcase name=\"x&#10;y\" classname=\"T&lt;1&gt;\" time=\"1.235\">",
+                              "<skipped message=\"why&#9;&quot;\"/>",
+                              "<error message=\"no program\" type=\"ActionNotStarted\">log\n</error>"})
+        EXPECT_NE(xml.find(piece), std::string::npos) << piece << "\n" << xml;
 }
 
 } // namespace

@@ -116,6 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{{"help"}, "help[]"},
         ParseCase{{"help", "resave"}, "help[resave]"},
         ParseCase{{"resave", "-h"}, "help[resave]"},
+        ParseCase{{"options", "--help"}, "help[options]"},
         ParseCase{{"-h"}, "help[]"},
         ParseCase{{"--version"}, "version"},
         ParseCase{{"--version", "run"}, "error: unexpected argument \"run\""},

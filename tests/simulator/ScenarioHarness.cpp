@@ -1,28 +1,15 @@
 #include "ScenarioHarness.h"
 
+#include "WFTestSupport.h"
+
 #include <atomic>
-#include <cstdlib>
-#include <fcntl.h>
 #include <grp.h>
 #include <fstream>
-#include <spawn.h>
-#include <sstream>
-#include <sys/wait.h>
 #include <unistd.h>
-
-extern char** environ;
 
 namespace ccsim::test {
 
 namespace {
-
-std::string slurp(const fs::path& p)
-{
-    std::ifstream in(p, std::ios::binary);
-    std::stringstream ss;
-    ss << in.rdbuf();
-    return ss.str();
-}
 
 void expectText(const std::string& actual, const std::string& expected, const std::string& what,
                 const std::string& line)
@@ -59,53 +46,24 @@ Result Scenario::run(const std::string& dir, const std::vector<std::string>& arg
 }
 
 Result Scenario::launch(const std::string& program, const std::string& dir, const std::vector<std::string>& args,
-                        const std::string& user, const std::string& input, const std::vector<std::string>& extraEnv)
+                        const std::string& user, const std::string& input, const Environment& extraEnv)
 {
     static std::atomic<int> counter{0};
-    const std::string n = std::to_string(counter++);
-    const fs::path io = root / "io";
-    const fs::path outFile = io / ("out" + n), errFile = io / ("err" + n), inFile = io / ("in" + n);
+    const fs::path inFile = root / "io" / ("in" + std::to_string(counter++));
     std::ofstream(inFile) << input;
-
-    // The child's environment: ours without the simulator's variables, then the scenario's.
-    std::vector<std::string> env;
-    for (char** e = environ; *e; ++e) {
-        const std::string_view var(*e);
-        if (!var.starts_with("CCSIM_") && !var.starts_with("USER="))
-            env.emplace_back(var);
-    }
-    env.push_back("CCSIM_HOME=" + (root / "home").string());
-    env.push_back("CCSIM_NOW=" + now);
-    env.push_back("USER=" + (user.empty() ? std::string("builder") : user));
+    wftest::ProgramRequest request;
+    request.program = program;
+    request.arguments = args;
+    request.workingDirectory = (root / dir).string();
+    request.stdinFile = inFile.string();
+    // Replaces whatever the test's own environment holds of these.
+    request.environment = {{"CCSIM_HOME", (root / "home").string()}, {"CCSIM_NOW", now},
+                           {"USER", user.empty() ? std::string("builder") : user}};
     if (!edition.empty())
-        env.push_back("CCSIM_EDITION=" + edition);
-    env.insert(env.end(), environment.begin(), environment.end());
-    env.insert(env.end(), extraEnv.begin(), extraEnv.end());
-    std::vector<char*> envp;
-    for (std::string& e : env)
-        envp.push_back(e.data());
-    envp.push_back(nullptr);
-    std::vector<std::string> words{program};
-    words.insert(words.end(), args.begin(), args.end());
-    std::vector<char*> argv;
-    for (std::string& w : words)
-        argv.push_back(w.data());
-    argv.push_back(nullptr);
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addchdir_np(&actions, (root / dir).c_str());
-    posix_spawn_file_actions_addopen(&actions, 0, inFile.c_str(), O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    pid_t pid = 0;
-    const int rc = posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), envp.data());
-    posix_spawn_file_actions_destroy(&actions);
-    if (rc != 0)
-        return Result{};
-    int wstatus = 0;
-    waitpid(pid, &wstatus, 0);
-    return Result{WIFEXITED(wstatus) ? WEXITSTATUS(wstatus) : -1, slurp(outFile), slurp(errFile)};
+        request.environment.emplace_back("CCSIM_EDITION", edition);
+    request.environment.insert(request.environment.end(), environment.begin(), environment.end());
+    request.environment.insert(request.environment.end(), extraEnv.begin(), extraEnv.end());
+    return wftest::runProgram(request);
 }
 
 void Scenario::play(const std::vector<Step>& steps)
@@ -128,7 +86,7 @@ void Scenario::write(const std::string& rel, const std::string& text)
 
 std::string Scenario::read(const std::string& rel) const
 {
-    return slurp(root / rel);
+    return wftest::readFile((root / rel).string());
 }
 
 void Scenario::fixture()
@@ -139,7 +97,7 @@ void Scenario::fixture()
                              "VOB_STORAGE=" + root.string(), "CONFIG_SPEC=" + (root / "cs.txt").string(),
                              "TREE=" + fixtures + "/single", "SETUP_TAG=base_v", "SETUP_VIEW=" + (root / "base").string(),
                              "COMP=comp", "PROJECT=proj", "STREAM=dev", "VIEW_TAG=dev_v", "VIEW=" + (root / "dev").string()},
-                            "", "", {std::string("CLEARTOOL=") + CCSIM_CLEARTOOL});
+                            "", "", {{"CLEARTOOL", CCSIM_CLEARTOOL}});
     ASSERT_EQ(r.status, 0) << r.out << r.err;
     expectText(r.out, "~Done loading \"/vobs/main\" (1 objects, copied 0 KB).\n", "setcs", "fixture");
     expectText(r.out, "~Loading \"vobs/main/src/a.c\" (7 bytes).\n", "mkview", "fixture");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ProgramRun.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -10,11 +12,8 @@ namespace ccsim::test {
 
 namespace fs = std::filesystem;
 
-struct Result {
-    int status = -1;
-    std::string out;
-    std::string err;
-};
+/// The exit status (128 + the signal when one ended it) and both outputs.
+using Result = wftest::ProgramRun;
 
 /// One command: where it runs (relative to the scenario root), its argv, and what must come back.
 /// An expected text starting with '~' need only occur in the output; otherwise it must match exactly.
@@ -30,6 +29,8 @@ struct Step {
 /// Drives the built cleartool program as a user would, each test with its own store and a fixed clock.
 class Scenario : public ::testing::Test {
 protected:
+    using Environment = std::vector<std::pair<std::string, std::string>>;
+
     void SetUp() override;
     void TearDown() override;
 
@@ -37,9 +38,9 @@ protected:
     Result run(const std::string& dir, const std::vector<std::string>& args, const std::string& user = "",
                const std::string& input = "");
     void play(const std::vector<Step>& steps);
-    /// Runs any program as run() runs the simulator, with `extraEnv` (NAME=VALUE) added.
+    /// Runs any program as run() runs the simulator, with `extraEnv` added.
     Result launch(const std::string& program, const std::string& dir, const std::vector<std::string>& args,
-                  const std::string& user, const std::string& input, const std::vector<std::string>& extraEnv);
+                  const std::string& user, const std::string& input, const Environment& extraEnv);
 
     void write(const std::string& rel, const std::string& text);
     std::string read(const std::string& rel) const;
@@ -58,8 +59,8 @@ protected:
 
     fs::path root;
     std::string edition;
-    /// Extra NAME=VALUE entries for the program's environment.
-    std::vector<std::string> environment;
+    /// Extra variables for the program's environment.
+    Environment environment;
     std::string now = "2013-03-12T10:22:31";
 };
 

@@ -119,15 +119,6 @@ INSTANTIATE_TEST_SUITE_P(
     // Rows differ in quotes alone, so the row's number keeps the names apart.
     [](const auto& info) { return "Row" + std::to_string(info.index) + "_" + wftest::rowName(info.param.line); });
 
-TEST(InteractiveInvocation, OnlyNoArgumentsOrTheSessionSwitches)
-{
-    EXPECT_TRUE(isInteractiveInvocation({}));
-    EXPECT_TRUE(isInteractiveInvocation({"-status"}));
-    EXPECT_TRUE(isInteractiveInvocation({"-e", "-status"}));
-    EXPECT_FALSE(isInteractiveInvocation({"-status", "lsvob"}));
-    EXPECT_FALSE(isInteractiveInvocation({"-version"}));
-}
-
 } // namespace
 
 } // namespace ccsim::test

@@ -2,10 +2,11 @@
 // view and the store agreeing: a file is writable exactly when it is checked out, and holds the
 // data of what the store says is there.
 
-#include "ScenarioHarness.h"
+#include "Interactive.h"
 #include "RowName.h"
+#include "ScenarioHarness.h"
 
-#include <sstream>
+#include <csignal>
 
 using namespace ccsim::test;
 
@@ -28,28 +29,19 @@ class KilledCommand : public Scenario, public ::testing::WithParamInterface<Kill
 
 const std::string kSrc = "dev/vobs/main/src";
 
-std::vector<std::string> words(const std::string& line)
-{
-    std::vector<std::string> out;
-    std::istringstream in(line);
-    for (std::string w; in >> w;)
-        out.push_back(w);
-    return out;
-}
-
 TEST_P(KilledCommand, LeavesViewAndStoreAgreeing)
 {
     const KillRow& row = GetParam();
     fixture();
     play({{"dev/vobs/main", {"mkactivity", "-nc", "work"}}});
     for (const std::string& line : row.before)
-        play({{kSrc, words(line)}});
+        play({{kSrc, *ccsim::splitInteractiveLine(line)}});
     if (!row.edit.empty())
         write(kSrc + "/a.c", row.edit);
 
-    environment = {"CCSIM_KILL_AT=" + row.killAt};
+    environment = {{"CCSIM_KILL_AT", row.killAt}};
     const Result killed = run(kSrc, row.command);
-    EXPECT_EQ(killed.status, -1) << "the command was not killed:\n" << killed.out << killed.err;
+    EXPECT_EQ(killed.status, 128 + SIGKILL) << "the command was not killed:\n" << killed.out << killed.err;
     environment.clear();
 
     // Any command that follows finds the state whole; lscheckout also tells what the store holds.

@@ -13,7 +13,7 @@ TEST_F(Scenario, VobsPoolsFoldersAndTypes)
     play({
         {"", {"lsvob", "-short"}, 0, "/vobs/main\n/vobs/pvob\n"},
         {"", {"lsvob", "-s", "/vobs/pvob"}, 0, "/vobs/pvob\n"},
-        {"", {"lstype", "-short", "-kind", "brtype", "-invob", "/vobs/main"}, 0, "main\n"},
+        {"", {"lstype", "-s", "-kind", "brtype", "-inv", "/vobs/main"}, 0, "main\n"},
         {"", {"lstype", "-short", "-kind", "attype", "-invob", "/vobs/main"}, 0, "HlinkFromText\nHlinkToText\n"},
         {"", {"lstype", "-short", "-kind", "eltype", "-invob", "/vobs/main"}, 0,
          "binary_delta_file\ncompressed_file\ncompressed_text_file\ndirectory\nfile\nfile_system_object\nhtml\n"
@@ -36,7 +36,7 @@ TEST_F(Scenario, VobsPoolsFoldersAndTypes)
         {"", {"lspool", "-short", "-invob", "/vobs/none"}, 1, "",
          "cleartool: Error: Unable to determine VOB for pathname \"/vobs/none\".\n"},
         {"", {"mkfolder", "-nc", "-in", "RootFolder@/vobs/pvob", "folder:tools@/vobs/pvob"}},
-        {"", {"lsfolder", "-short", "-invob", "/vobs/pvob"}, 0, "RootFolder\ntools\n"},
+        {"", {"lsfolder", "-s", "-inv", "/vobs/pvob"}, 0, "RootFolder\ntools\n"},
         {"", {"lsfolder", "-short", "-invob", "/vobs/main"}, 1, "", "~\"/vobs/main\" is not a project VOB"},
         {"", {"lsproject", "-short", "-invob", "/vobs/pvob"}, 0, "proj\n"},
     });
@@ -58,6 +58,7 @@ TEST_F(Scenario, UcmListingsFollowTheView)
         {"dev", {"lsactivity", "-short", "-invob", "/vobs/pvob"}, 0, "fix_1\nint_work\n"},
         {"", {"lsactivity", "-short", "-in", "proj_int@/vobs/pvob"}, 0, "int_work\n"},
         {"dev", {"lsactivity"}, 0, "12-Mar.10:22   builder    activity \"fix_1\"\n  \"Fix build\"\n"},
+        {"dev", {"lsactivity", "-l"}, 0, "~  \"Fix build\"\n"},
         {"base", {"lsactivity", "-cview"}, 1, "", "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
         {"", {"lsstream", "-short", "-in", "proj@/vobs/pvob"}, 0, "dev\nproj_int\n"},
     });
@@ -78,6 +79,7 @@ TEST_F(Scenario, UcmListingsFollowTheView)
          "  recommended baselines:\n  views:\n"},
         {"", {"lsstream", "-long", "-cview"}, 1, "",
          "cleartool: Error: Cannot get view info for current view: not a ClearCase object.\n"},
+        {"base", {"lsstream", "-long", "-cview"}, 1, "", "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
     });
 }
 
@@ -121,7 +123,7 @@ TEST_F(Scenario, RecursiveListingShowsCheckoutsAndPrivateFiles)
          "priv\nsrc@@/main/1\npriv/x.txt\nsrc/a.c@@/main/CHECKEDOUT\nsrc/notes.txt\n"},
         {main, {"ls", "-r", "-s", "src"}, 0, "src/a.c@@/main/CHECKEDOUT\nsrc/notes.txt\n"},
         {main, {"ls", "-short", "-directory", "src"}, 0, "src@@/main/1\n"},
-        {main, {"ls", "-long", "src/notes.txt", "src"}, 0,
+        {main, {"ls", "-l", "src/notes.txt", "src"}, 0,
          "view private object    src/notes.txt\nversion                src/a.c@@/main/CHECKEDOUT\n"
          "view private object    src/notes.txt\n"},
         {main, {"ls", "-short", "missing", "src/a.c"}, 1, "src/a.c@@/main/CHECKEDOUT\n",
@@ -190,7 +192,7 @@ TEST_F(Scenario, CheckoutListingsAndConfigSpecs)
         {src, {"lscheckout"}, 0, "12-Mar.10:22   alice      checkout version \"a.c\" from /main/1 (reserved)\n"},
         {src, {"lscheckout", "-directory", "."}, 0,
          "12-Mar.10:22   builder    checkout directory version \".\" from /main/1 (unreserved)\n  \"dir work\"\n"},
-        {src, {"lscheckout", "-short", "-cview"}, 0, ""},
+        {src, {"lsco", "-s", "-cvi"}, 0, ""},
         {src, {"lscheckout", "-short", "-me"}, 0, ""},
         {src, {"lscheckout", "-short", "-me"}, 0, "a.c\n", "", "alice"},
         {"base/vobs/main", {"lscheckout", "-short", "-recurse"}, 0, "src\nsrc/a.c\n"},
@@ -202,8 +204,16 @@ TEST_F(Scenario, CheckoutListingsAndConfigSpecs)
         {"", {"catcs", "-tag", "base_v"}, 0, "element * CHECKEDOUT\nelement * /main/LATEST\nload /vobs/main\n"},
         {"", {"catcs", "-tag", "nope_v"}, 1, "", "~\"nope_v\""},
     });
-    play({{"base", {"setcs", "-default"}}});
-    play({{"base", {"catcs"}, 0, "element * CHECKEDOUT\nelement * /main/LATEST\n"}});
+    write("rel.cs", "element * CHECKEDOUT\nelement * REL1\nload /vobs/main\n");
+    play({
+        {"base", {"setcs", "-stream"}, 1, "", "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
+        {"base/vobs/main/src", {"mklbtype", "-nc", "REL1"}},
+        {"base/vobs/main/src", {"mklabel", "-nc", "REL1", "a.c"}},
+        {"base", {"setcs", "../rel.cs"}, 0, "~Done loading"},
+        {"base", {"catcs"}, 0, "element * CHECKEDOUT\nelement * REL1\nload /vobs/main\n"},
+        {"base", {"setcs", "-default"}},
+        {"base", {"catcs"}, 0, "element * CHECKEDOUT\nelement * /main/LATEST\n"},
+    });
 }
 
 } // namespace

@@ -60,11 +60,15 @@ ProgramRun runProgram(const ProgramRequest& request)
     if (pid == 0) {
         ::dup2(out[1], 1);
         ::dup2(err[1], 2);
-        if (!request.stdoutFile.empty()) {
-            const int file = ::open(request.stdoutFile.c_str(), O_WRONLY | O_CLOEXEC);
-            if (file < 0 || ::dup2(file, 1) < 0)
+        const auto redirect = [](int fd, const std::string& path, int flags) {
+            const int file = ::open(path.c_str(), flags | O_CLOEXEC);
+            if (file < 0 || ::dup2(file, fd) < 0)
                 ::_exit(125);
-        }
+        };
+        if (!request.stdoutFile.empty())
+            redirect(1, request.stdoutFile, O_WRONLY);
+        if (!request.stdinFile.empty())
+            redirect(0, request.stdinFile, O_RDONLY);
         if (request.closeStdout)
             ::close(1);
         if (!request.workingDirectory.empty() && ::chdir(request.workingDirectory.c_str()) != 0)

@@ -34,6 +34,8 @@ struct ProgramRequest {
     long long fileSizeLimit = 0;
     /// Standard output goes to this file instead of the collecting pipe (/dev/full: every write fails).
     std::string stdoutFile;
+    /// Standard input comes from this file; empty: the test's own.
+    std::string stdinFile;
     /// Starts the program with standard output closed, as `>&-` does.
     bool closeStdout = false;
     /// Killed after this long; the run then reports status -1.
