@@ -174,6 +174,7 @@ int main(int argc, char** argv)
             std::cerr << "action " << row + 1 << " did not succeed\n";
             ok = false;
         }
+    window.log()->flush();
     const QString log = window.log()->view()->toPlainText();
     for (const char* piece : {"Command Line: checkout -reserved -c \"Stamp build 1\" -nquery", "Build succeeded: 17 actions run."})
         if (!log.contains(piece)) {
