@@ -2,7 +2,7 @@
 // and options dialogs, runs with their log and statuses.
 #include "DesignerTestSupport.h"
 
-#include "ClearCaseWorld.h"
+#include "ActionDialog.h"
 #include "DesignerCommandLine.h"
 #include "DesignerDocument.h"
 #include "LogPane.h"
@@ -43,7 +43,6 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
-#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTreeView>
 #include <QTreeWidget>
@@ -53,7 +52,6 @@
 #include <signal.h>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <map>
 
 #include <sys/stat.h>
@@ -270,6 +268,22 @@ TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
         EXPECT_EQ(icon.pixelColor(0, 15).alpha(), 0) << row.name;
         EXPECT_TRUE(std::any_of(icon.constBits(), icon.constBits() + icon.sizeInBytes(), [](uchar b) { return b != 0; }))
             << row.name;
+    }
+}
+
+// The basic actions' pages come from their own page library.
+TEST(BasicActionsDialog, ShowsEachActionsOwnPageBeforeGeneral)
+{
+    designertest::loadPackages();
+    for (const auto& [typeId, caption] : {std::pair{"WF_LOGMESSAGE", "Message"}, std::pair{"WF_SETVARIABLE", "Variable"},
+                                          std::pair{"WF_WRITETEXTFILE", "File"}, std::pair{"WF_RUNPROGRAM", "Program"}}) {
+        const auto* entry = WFActionServices().Find(typeId);
+        ASSERT_TRUE(entry) << typeId;
+        auto action = entry->actionClass.create();
+        action->SetActionTypeID(typeId);
+        TActionDialog dialog(*action);
+        ASSERT_EQ(dialog.tabs()->count(), 2) << typeId;
+        EXPECT_EQ(dialog.tabs()->tabText(0).toStdString(), caption) << typeId;
     }
 }
 
