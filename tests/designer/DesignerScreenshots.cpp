@@ -22,9 +22,11 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QPlainTextEdit>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QTest>
+#include <QTextBlock>
 #include <QTimer>
 #include <QTreeView>
 
@@ -172,7 +174,20 @@ int main(int argc, char** argv)
             std::cerr << "action " << row + 1 << " did not succeed\n";
             ok = false;
         }
+    window.log()->flush();
+    const QString log = window.log()->view()->toPlainText();
+    for (const char* piece : {"Command Line: checkout -reserved -c \"Stamp build 1\" -nquery", "Build succeeded: 17 actions run."})
+        if (!log.contains(piece)) {
+            std::cerr << "the log lacks " << piece << "\n";
+            ok = false;
+        }
+    // Choosing an action that ran takes the log to its section.
+    window.projectView()->setCurrentIndex(window.model().index(0, 0));
     window.projectView()->setCurrentIndex(window.model().index(4, 0));
+    if (!window.log()->view()->textCursor().block().text().startsWith("[5/17] ")) {
+        std::cerr << "choosing action 5 did not show its log section\n";
+        ok = false;
+    }
     ok = save(&window, folder, "main-window.png") && ok;
     // The log searched, with the selected action's section at the top.
     window.log()->scrollToSection(4);

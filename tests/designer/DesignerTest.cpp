@@ -2,7 +2,7 @@
 // and options dialogs, runs with their log and statuses.
 #include "DesignerTestSupport.h"
 
-#include "ClearCaseWorld.h"
+#include "ActionDialog.h"
 #include "DesignerCommandLine.h"
 #include "DesignerDocument.h"
 #include "LogPane.h"
@@ -12,6 +12,7 @@
 #include "VariablesDialog.h"
 
 #include "ProgramRun.h"
+#include "RowName.h"
 #include "WFTestSupport.h"
 
 #include "WFBrowse.h"
@@ -42,7 +43,6 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
-#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTreeView>
 #include <QTreeWidget>
@@ -52,7 +52,6 @@
 #include <signal.h>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <map>
 
 #include <sys/stat.h>
@@ -75,6 +74,11 @@ std::string projectText(TMainWindow& window)
 std::string property(TMainWindow& window, int row, const std::string& name)
 {
     return window.document().project().actions.at(row)->GetPropertyText(name);
+}
+
+void selectRow(TMainWindow& w, int row)
+{
+    w.projectView()->setCurrentIndex(w.model().index(row, 0));
 }
 
 QStringList tabTexts(QTabWidget* tabs)
@@ -105,15 +109,6 @@ void closeMessageBox(QWidget* modal, QString* text = nullptr)
     if (text)
         *text = box->text();
     box->button(QMessageBox::Ok) ? box->button(QMessageBox::Ok)->click() : box->reject();
-}
-
-/// A table row's name as gtest accepts it.
-std::string testName(std::string name)
-{
-    for (char& c : name)
-        if (!std::isalnum(static_cast<unsigned char>(c)))
-            c = '_';
-    return name;
 }
 
 class DesignerWindow : public ::testing::Test {
@@ -148,15 +143,6 @@ protected:
                                         variables + "</variables>\n  <actions>\n" + actions + "  </actions>\n  <cleanup>\n" +
                                         cleanup + "  </cleanup>\n</wfproject>\n");
     }
-    void select(int row)
-    {
-        window->projectView()->setCurrentIndex(window->model().index(row, 0));
-    }
-    QTreeWidgetItem* catalogueItem(const QString& name)
-    {
-        const auto found = window->catalogue()->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
-        return found.isEmpty() ? nullptr : found.first();
-    }
 
     QString m_startFolder;
     wftest::TempDir m_config;
@@ -177,10 +163,7 @@ struct CommandLineRow {
     std::string errorPiece;
 };
 
-void PrintTo(const CommandLineRow& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(CommandLineRow)
 
 class DesignerCommandLine : public ::testing::TestWithParam<CommandLineRow> {};
 
@@ -214,7 +197,7 @@ INSTANTIATE_TEST_SUITE_P(
         CommandLineRow{"plugin with empty value", {"--plugin", ""}, false, "", "", {}, false, false, "--plugin needs a value"},
         CommandLineRow{"unknown option", {"--colour"}, false, "", "", {}, false, false, "unknown option \"--colour\""},
         CommandLineRow{"two projects", {"a.wfp", "b.wfp"}, false, "", "", {}, false, false, "\"b.wfp\""}),
-    [](const auto& info) { return testName(info.param.name); });
+    [](const auto& info) { return wftest::rowName(info.param.name); });
 
 TEST(DesignerProgram, HelpAndVersionNeedNoDisplay)
 {
@@ -288,6 +271,22 @@ TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
     }
 }
 
+// The basic actions' pages come from their own page library.
+TEST(BasicActionsDialog, ShowsEachActionsOwnPageBeforeGeneral)
+{
+    designertest::loadPackages();
+    for (const auto& [typeId, caption] : {std::pair{"WF_LOGMESSAGE", "Message"}, std::pair{"WF_SETVARIABLE", "Variable"},
+                                          std::pair{"WF_WRITETEXTFILE", "File"}, std::pair{"WF_RUNPROGRAM", "Program"}}) {
+        const auto* entry = WFActionServices().Find(typeId);
+        ASSERT_TRUE(entry) << typeId;
+        auto action = entry->actionClass.create();
+        action->SetActionTypeID(typeId);
+        TActionDialog dialog(*action);
+        ASSERT_EQ(dialog.tabs()->count(), 2) << typeId;
+        EXPECT_EQ(dialog.tabs()->tabText(0).toStdString(), caption) << typeId;
+    }
+}
+
 // --- projects, catalogue, pages, undo, save ----------------------------------------------
 
 TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsResaveWould)
@@ -295,7 +294,7 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
     openExample("release.wfp");
     const std::size_t before = window->document().project().actions.size();
     EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp - Wrenfield Designer");
-    select(0);
+    selectRow(*window, 0);
 
     // Typing filters the catalogue down to the one action.
     QTest::keyClicks(window->catalogueFilter(), "check out");
@@ -304,7 +303,7 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
         if (!item->isHidden() && item->parent() && !item->parent()->isHidden())
             visible << item->text(0);
     EXPECT_EQ(visible, QStringList{"ClearCase Check Out"});
-    QTreeWidgetItem* item = catalogueItem("ClearCase Check Out");
+    QTreeWidgetItem* item = window->catalogue()->findItems("ClearCase Check Out", Qt::MatchExactly | Qt::MatchRecursive).value(0);
     ASSERT_NE(item, nullptr);
     EXPECT_FALSE(item->icon(0).isNull());
     // The catalogue is as wide as its longest name.
@@ -375,17 +374,9 @@ struct EditRow {
     std::function<void(TMainWindow&)> check;
 };
 
-void PrintTo(const EditRow& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(EditRow)
 
 class ProjectEdits : public DesignerWindow, public ::testing::WithParamInterface<EditRow> {};
-
-void selectRow(TMainWindow& w, int row)
-{
-    w.projectView()->setCurrentIndex(w.model().index(row, 0));
-}
 
 std::string typeAt(TMainWindow& w, int row)
 {
@@ -585,7 +576,7 @@ INSTANTIATE_TEST_SUITE_P(
                     const auto names = WFDesignApplicationServices().GetVariableNames();
                     EXPECT_EQ(names, (std::vector<std::string>{"VIEW", "BUILD", "VOB", "PVOB", "CHECKOUTS", "TARGET"}));
                 }}),
-    [](const auto& info) { return testName(info.param.name); });
+    [](const auto& info) { return wftest::rowName(info.param.name); });
 
 TEST_F(DesignerWindow, VariableRowsThatCannotBeKeptAreNamed)
 {
@@ -674,10 +665,7 @@ struct SaveOverRow {
     bool savedElsewhere;
 };
 
-void PrintTo(const SaveOverRow& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(SaveOverRow)
 
 class SavingOver : public DesignerWindow, public ::testing::WithParamInterface<SaveOverRow> {};
 
@@ -747,25 +735,9 @@ INSTANTIATE_TEST_SUITE_P(
         SaveOverRow{"outsideChangeOverwritten", false, true, "changedOnDisk", "btnOverwrite", "designer", false},
         SaveOverRow{"outsideChangeKeptBySavingElsewhere", false, true, "changedOnDisk", "btnSaveElsewhere", "outside", true},
         SaveOverRow{"outsideChangeCancelled", false, true, "changedOnDisk", "Cancel", "outside", false}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& info) { return wftest::rowName(info.param.name); });
 
 // --- the action dialog ---------------------------------------------------------------------
-
-TEST_F(DesignerWindow, CancelChangesNothing)
-{
-    openExample("release.wfp");
-    const std::string before = projectText(*window);
-    whenModal([](QWidget* dialog) {
-        auto* tabs = dialog->findChild<QTabWidget*>();
-        tabs->setCurrentIndex(tabs->indexOf(tabs->findChild<QWidget*>("generalPage")));
-        QTest::keyClicks(dialog->findChild<QLineEdit*>("txtDescription"), " and more");
-        clickRadio(dialog->findChild<QRadioButton*>("btnNoComment"));
-        clickButton(dialog, QDialogButtonBox::Cancel);
-    });
-    EXPECT_FALSE(window->editAction(4));
-    EXPECT_EQ(projectText(*window), before);
-    EXPECT_FALSE(window->document().isModified());
-}
 
 TEST_F(DesignerWindow, ActionDialogFitsItsPagesLetsThemGrowAndRemembersItsSize)
 {
@@ -890,7 +862,9 @@ TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsThe
             << preview->toPlainText().toStdString();
         clickButton(dialog, QDialogButtonBox::Cancel);
     });
-    window->editAction(4);
+    const std::string before = projectText(*window);
+    EXPECT_FALSE(window->editAction(4));
+    EXPECT_EQ(projectText(*window), before) << "Cancel kept an edit";
     ASSERT_EQ(previews.size(), 2);
     const QStringList lines = previews[0].split('\n');
     ASSERT_EQ(lines.size(), 2) << previews[0].toStdString();
@@ -959,32 +933,33 @@ TEST_F(DesignerWindow, F1OpensThePackageHelpAtTheActionsTopicAndAboutListsThePac
         int row;
         QString topic;
     };
+    // The open help viewer's page; closing every viewer, so the next look finds only a new one.
+    const auto takeHelpPage = [] {
+        QUrl shown;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->objectName() == "helpViewer" && top->isVisible()) {
+                const auto* browser = top->findChild<QTextBrowser*>("helpBrowser");
+                shown = browser->toPlainText().isEmpty() ? QUrl("empty:") : browser->source();
+                top->close();
+            }
+        return shown;
+    };
     for (const Row& row : {Row{0, "4440"}, Row{4, "4460"}, Row{12, "4560"}}) {
         selectRow(*window, row.row);
         window->findChild<QAction*>("actionHelp")->trigger();
-        QTextBrowser* browser = nullptr;
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->objectName() == "helpViewer" && top->isVisible())
-                browser = top->findChild<QTextBrowser*>("helpBrowser");
-        ASSERT_NE(browser, nullptr);
-        EXPECT_EQ(browser->source().fragment(), row.topic);
-        EXPECT_TRUE(browser->source().path().endsWith("ClearCase.html"));
-        EXPECT_FALSE(browser->toPlainText().isEmpty());
+        const QUrl page = takeHelpPage();
+        EXPECT_EQ(page.fragment(), row.topic);
+        EXPECT_TRUE(page.path().endsWith("ClearCase.html")) << page.toString().toStdString();
     }
     // F1 in an action's dialog opens the same topic.
-    for (QWidget* top : QApplication::topLevelWidgets())
-        if (top->objectName() == "helpViewer")
-            top->close();
-    QString topicFromDialog;
+    QUrl fromDialog;
     whenModal([&](QWidget* dialog) {
         QTest::keyClick(dialog, Qt::Key_F1);
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->objectName() == "helpViewer" && top->isVisible())
-                topicFromDialog = top->findChild<QTextBrowser*>("helpBrowser")->source().fragment();
+        fromDialog = takeHelpPage();
         clickButton(dialog, QDialogButtonBox::Cancel);
     });
     window->editAction(4);
-    EXPECT_EQ(topicFromDialog, "4460");
+    EXPECT_EQ(fromDialog.fragment(), "4460");
 
     QString about;
     whenModal([&](QWidget* box) { closeMessageBox(box, &about); });
@@ -1039,10 +1014,7 @@ struct RunRow {
     std::string cleanup = {};
 };
 
-void PrintTo(const RunRow& row, std::ostream* out)
-{
-    *out << row.name;
-}
+WF_ROW_PRINTER(RunRow)
 
 class ProjectRuns : public DesignerWindow, public ::testing::WithParamInterface<RunRow> {};
 
@@ -1096,7 +1068,7 @@ INSTANTIATE_TEST_SUITE_P(
                    + logAction("undo after %FAILED_ACTION% %FAILED_ACTION_NAME% %FAILED_ACTION_DESCRIPTION%: %FAILURE%")},
         RunRow{"success runs no clean-up", logAction("fine"), 0, false, 0, {S::Succeeded, S::None}, {"fine"}, {"Clean-up"}, {},
                logAction("undo")}),
-    [](const auto& info) { return testName(info.param.name); });
+    [](const auto& info) { return wftest::rowName(info.param.name); });
 
 TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
 {
@@ -1127,48 +1099,6 @@ TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
     query->SetCollectOutput(true);
     ASSERT_TRUE(query->Execute()) << query->GetErrorText();
     EXPECT_EQ(query->GetOutputLines(), std::vector<std::string>{"answered"});
-}
-
-TEST_F(DesignerWindow, RunsTheReleaseDemoAgainstTheSimulator)
-{
-    e2e::ClearCaseWorld world;
-    wftest::ScopedEnv home("CCSIM_HOME", world.dir() + "/store");
-    wftest::ScopedEnv now("CCSIM_NOW", "2013-03-12T10:22:31");
-    wftest::ScopedEnv user("USER", "builder");
-    SetWFConfigDirectory(world.configDir());
-    std::string error;
-    ASSERT_TRUE(WFOptionsServices().Load(GetWFOptionsFileName(), error)) << error;
-
-    const std::string copy = world.dir() + "/release.wfp";
-    std::filesystem::copy_file(examplePath("release.wfp"), copy);
-    ASSERT_TRUE(window->openProject(QString::fromStdString(copy)));
-    auto variables = window->document().project().variables;
-    for (auto& variable : variables)
-        if (variable.name == "VIEW")
-            variable.value = world.view();
-    window->document().setVariables(variables);
-
-    int finished = -1;
-    QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
-    ASSERT_TRUE(window->runProject(0, false));
-    ASSERT_TRUE(waitFor([&] { return finished >= 0; }, 60000));
-    const QString log = logLines(*window, false).join('\n');
-    EXPECT_EQ(finished, 0) << log.toStdString();
-    std::vector<TRunStatus> expected(17, TRunStatus::Succeeded);
-    expected.resize(20, TRunStatus::None); // no clean-up after a success
-    EXPECT_EQ(statuses(*window), expected) << log.toStdString();
-    for (const char* piece : {"[1/17] ClearCase Update Snapshot View: Bring the release view up to date",
-                              "Command Line: checkout -reserved -c \"Stamp build 1\" -nquery", "Build succeeded: 17 actions run."})
-        EXPECT_TRUE(log.contains(piece)) << piece << "\n" << log.toStdString();
-    for (int row = 0; row < 17; ++row)
-        EXPECT_FALSE(window->model().data(window->model().index(row, TProjectModel::TimeColumn), Qt::DisplayRole).toString().isEmpty());
-    // Choosing an action that ran takes the log to its section.
-    window->projectView()->setCurrentIndex(window->model().index(4, 0));
-    EXPECT_TRUE(window->log()->view()->textCursor().block().text().startsWith("[5/17] "));
-    e2e::expectLooks(world, {{"vobs/main", {"lstype", "-kind", "lbtype", "-short"}, {"REL_1"}}});
-    // The config spec's relative output file is written beside the project, as wfbuild run there writes it.
-    EXPECT_TRUE(std::filesystem::exists(world.dir() + "/release-configspec.txt"));
-    WFOptionsServices().Load(m_config.file("none.ini"), error);
 }
 
 } // namespace
