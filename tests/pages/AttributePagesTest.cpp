@@ -60,6 +60,22 @@ std::vector<Shown> typeShown(const char* label, bool defaultEnabled, bool valueE
     return {{"lblType", {}, {}, label}, {"boxUseDefault", {}, defaultEnabled}, {"txtValue", {}, valueEnabled}};
 }
 
+/// The VOB list asked for once, the attribute names of the typed VOB on every drop-down and never
+/// without a VOB; the names listed stay when the VOB is cleared.
+PageCase listRow(std::function<std::unique_ptr<TCustomWFAction>()> makeAction = {})
+{
+    const char* const names = "lstype -short -kind attype -invob /vobs/main";
+    return {.name = "VOBsOnceNamesOnEveryDropWithAVOB",
+            .steps = {dropDownOf("txtAttrName"), typeInto("txtVOBSelector", "/vob"), dropDownOf("txtVOBSelector"),
+                      dropDownOf("txtVOBSelector"), typeInto("txtVOBSelector", "/vobs/main"), dropDownOf("txtAttrName"),
+                      dropDownOf("txtAttrName"), typeInto("txtVOBSelector", ""), dropDownOf("txtAttrName")},
+            .shown = {{.control = "txtVOBSelector", .items = "/vobs/main|/vobs/tools"},
+                      {.control = "txtAttrName", .items = "BuildNo|Quality"}},
+            .responses = {{"lsvob -short", "/vobs/main\n/vobs/tools\n"}, {names, "BuildNo\nQuality (locked)\n"}},
+            .calls = {"lsvob -short", names, names},
+            .makeAction = std::move(makeAction)};
+}
+
 const PageCase kApplyCases[] = {
     {.name = "FoundTypeDisablesDefaultAndKeepsItsMark",
      .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"UseDefaultAttributeValue", "True"}},
@@ -90,6 +106,7 @@ const PageCase kApplyCases[] = {
      .steps = {clickOn("boxUseDefault"), typeInto("txtValue", "\"release 2\"")}, .shown = typeShown("", true, true),
      .stored = {{"UseDefaultAttributeValue", "False"}, {"AttributeValue", "\"release 2\""}},
      .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
+    listRow(make<TClearCaseApplyAttributeObjectsAction>),
 };
 WF_PAGE_TABLE(ApplyAttribute, TClearCaseApplyAttributePathNamesAction,
               "TClearCaseApplyAttributeFrame", "Attribute", kApplyCases);
@@ -137,60 +154,6 @@ TEST_F(ApplyAttributeLookup, EveryKeystrokeInEitherBoxRestartsTheWait)
     EXPECT_EQ(cleartool.calls(), std::vector<std::string>{query(cleartool, "describe attype:ab@ab")});
 }
 
-/// The VOB and attribute-name lists of a page, filled from cleartool when dropped down.
-struct ListCase {
-    const char* name;
-    const char* pageClass;
-    std::function<std::unique_ptr<TCustomWFAction>()> make;
-};
-
-WF_ROW_PRINTER(ListCase)
-
-class AttributeLists : public ::testing::TestWithParam<ListCase> {
-protected:
-    wftest::FakeCleartool cleartool;
-};
-
-TEST_P(AttributeLists, VOBsOnceNamesOnEveryDropWithAVOB)
-{
-    cleartool.respond("lsvob -short", "/vobs/main\n/vobs/tools\n");
-    cleartool.respond("lstype -short -kind attype -invob /vobs/main", "BuildNo\nQuality (locked)\n");
-    auto action = GetParam().make();
-    OpenPage page(GetParam().pageClass, *action);
-    auto* vob = page.control<QComboBox>("txtVOBSelector");
-    auto* name = page.control<QComboBox>("txtAttrName");
-    dropDown(name);
-    EXPECT_TRUE(items(name).isEmpty());
-    EXPECT_TRUE(cleartool.calls().empty());
-    type(vob, "/vob");
-    dropDown(vob);
-    dropDown(vob);
-    EXPECT_EQ(items(vob), QStringList({"/vobs/main", "/vobs/tools"}));
-    EXPECT_EQ(vob->currentText(), "/vob");
-    type(vob, "/vobs/main");
-    type(name, "B");
-    dropDown(name);
-    dropDown(name);
-    EXPECT_EQ(items(name), QStringList({"BuildNo", "Quality"}));
-    EXPECT_EQ(name->currentText(), "B");
-    // With the VOB cleared the names already listed stay.
-    type(vob, "");
-    dropDown(name);
-    EXPECT_EQ(items(name), QStringList({"BuildNo", "Quality"}));
-    const std::string names = query(cleartool, "lstype -short -kind attype -invob /vobs/main");
-    std::vector<std::string> asked;
-    for (const std::string& call : cleartool.calls())
-        if (call.find("|describe ") == std::string::npos)
-            asked.push_back(call);
-    EXPECT_EQ(asked, (std::vector<std::string>{query(cleartool, "lsvob -short"), names, names}));
-}
-
-const ListCase kListCases[] = {
-    {"ApplyAttribute", "TClearCaseApplyAttributeFrame", make<TClearCaseApplyAttributeObjectsAction>},
-    {"NewType", "TClearCaseMakeAttributeTypeFrame", make<TClearCaseMakeAttributeTypeAction>},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, AttributeLists, ::testing::ValuesIn(kListCases), wftest::byName);
-
 // ---- Path and object options ----------------------------------------------------------------
 
 const PageCase kPathOptionsCases[] = {
@@ -210,7 +173,6 @@ WF_PAGE_TABLE(ApplyAttributeOptions, TClearCaseApplyAttributePathNamesAction,
 
 const PageCase kObjectOptionsCases[] = {
     {.name = "ReplaceTicked", .steps = clicks({"boxReplace"}), .stored = {{"Replace", "True"}}},
-    {.name = "ReplaceKept", .given = {{"Replace", "True"}}, .stored = {{"Replace", "True"}}},
     {.name = "ReplaceCleared", .given = {{"Replace", "True"}}, .steps = clicks({"boxReplace"}),
      .stored = {{"Replace", "False"}}},
 };
@@ -235,8 +197,6 @@ const PageCase kTypeOptionsCases[] = {
     {.name = "ElementConstraintKept", .given = {{"Constraints", "lcVPelement"}},
      .shown = constraintShown("btnVPelement"), .stored = {{"Constraints", "lcVPelement"}}},
     {.name = "BranchConstraintKept", .given = {{"Constraints", "lcVPbranch"}}, .shown = constraintShown("btnVPBranch"),
-     .stored = {{"Constraints", "lcVPbranch"}}},
-    {.name = "BranchChosen", .steps = clicks({"btnVPBranch"}), .shown = constraintShown("btnVPBranch"),
      .stored = {{"Constraints", "lcVPbranch"}}},
     {.name = "ConstraintCleared", .given = {{"Constraints", "lcVPelement"}}, .steps = clicks({"btnDefaultUse"}),
      .shown = constraintShown("btnDefaultUse"), .stored = {{"Constraints", "lcDefault"}}},
@@ -334,6 +294,7 @@ const PageCase kNewTypeCases[] = {
      .shown = {{"txtMinValue", {}, {}, "15-Nov-06"}, {"boxUseMin", {}, false}},
      .stored = {{"NewAttributeType", "atOpaque"}, {"UseMin", "True"}, {"MinValue", ""}},
      .check = [](const OpenPage& page) { expectBoundEdits(page, false); }},
+    listRow(),
 };
 WF_PAGE_TABLE(NewAttributeType, TClearCaseMakeAttributeTypeAction, "TClearCaseMakeAttributeTypeFrame", "New Type",
               kNewTypeCases);

@@ -25,12 +25,12 @@
 
 namespace wfpage {
 
-namespace {
-
 TWFPageClass packagePage(const char* className)
 {
     return {className, [name = std::string(className)](QWidget* parent) { return ClearCaseCreatePage(name.c_str(), parent); }};
 }
+
+namespace {
 
 QPoint indicatorCentre(QAbstractButton* button)
 {
@@ -131,7 +131,11 @@ void answerModal(std::function<void(QWidget* dialog)> answer)
     started->start();
     auto poll = std::make_shared<std::function<void()>>();
     *poll = [answer = std::move(answer), started, poll]() {
-        if (QWidget* dialog = QApplication::activeModalWidget()) {
+        // A pop-up dialog (the date edit's panels) waits in exec() as a modal one does.
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog)
+            dialog = qobject_cast<QDialog*>(QApplication::activePopupWidget());
+        if (dialog) {
             answer(dialog);
             *poll = nullptr;
             return;

@@ -18,6 +18,9 @@ class TCustomWFAction;
 
 namespace wfpage {
 
+/// The package's page of that class, made by its page table.
+TWFPageClass packagePage(const char* className);
+
 /// A page made as a host makes it: by its class's factory, then InitFrame, InitPage and
 /// ReadActionData with the action. The page is shown (offscreen) so that clicks reach it.
 class OpenPage {
@@ -64,7 +67,7 @@ void chooseByKeyboard(QWidget* combo, const QString& text);
 /// an item of the menu itself, a trigger for a day on the sub-menu.
 void chooseDateItem(QWidget* dateEdit, const char* item);
 
-/// Runs `answer` on the next modal dialog once it is open (e.g. to fill it and press OK), while
+/// Runs `answer` on the next modal or pop-up dialog once it is open (e.g. to fill it and press OK), while
 /// the code under test waits in exec(). Fails the test when no dialog opens within two seconds.
 void answerModal(std::function<void(QWidget* dialog)> answer);
 /// Presses the dialog's button with that text ("OK", "Cancel").
