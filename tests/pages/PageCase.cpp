@@ -1,8 +1,12 @@
 #include "PageCase.h"
 
+#include "environment/WFClearCaseOptions.h"
 #include "GoldenCatalogue.h"
+#include "pages/WFClearCasePageTable.h"
 #include "shell/WFClearCaseRegistration.h"
 #include "WFAction.h"
+#include "WFFrame.h"
+#include "WFOptions.h"
 #include "WFServices.h"
 #include "WFTestSupport.h"
 
@@ -21,6 +25,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <map>
 #include <stdexcept>
 
 namespace wfpage {
@@ -247,6 +252,25 @@ void expectBrowsed(const BrowseAnswers& browse, const std::vector<Browsed>& brow
     }
 }
 
+/// The host's options store: read from a row's properties, written into a map.
+class OptionsStore : public IWFOptionsReader, public IWFOptionsWriter {
+public:
+    explicit OptionsStore(const Properties& values = {})
+    {
+        for (const auto& [name, value] : values)
+            m_values[name] = expanded(value);
+    }
+    std::string ReadString(const std::string& name, const std::string& defaultValue) override
+    {
+        const auto found = m_values.find(name);
+        return found == m_values.end() ? defaultValue : found->second;
+    }
+    void WriteString(const std::string& name, const std::string& value) override { m_values[name] = value; }
+
+private:
+    std::map<std::string, std::string> m_values;
+};
+
 /// What a row changes beyond its own objects, put back when it ends.
 class RowScope {
 public:
@@ -270,7 +294,12 @@ private:
 
 } // namespace
 
-void runPageCase(const TWFPageClass& pageClass, TCustomWFAction& action, const std::string& title, const PageCase& c)
+namespace {
+
+/// Runs the row on the page `open` makes, once the row's world is set up; `stored` reads back what
+/// the page wrote.
+void runRow(const PageCase& c, const std::string& title, const std::function<std::unique_ptr<OpenPage>(wftest::FakeCleartool&)>& open,
+            const std::function<std::string(const std::string&)>& stored)
 {
     wftest::FakeCleartool cleartool;
     const RowScope scope(c, cleartool.temp().path());
@@ -282,29 +311,58 @@ void runPageCase(const TWFPageClass& pageClass, TCustomWFAction& action, const s
         cleartool.respond(response.arguments, response.output, response.exitCode);
     if (c.setUp)
         c.setUp(cleartool);
-    for (const auto& [name, text] : c.given)
-        setProperty(action, name, expanded(text));
 
-    OpenPage page(pageClass, action);
-    EXPECT_EQ(page.page().PageName(), title);
+    const std::unique_ptr<OpenPage> page = open(cleartool);
+    EXPECT_EQ(page->title(), title);
     for (const auto& answer : c.answers)
         browse.next(answer ? std::optional(expanded(*answer)) : std::nullopt);
     for (const Step& step : c.steps)
-        runStep(page.widget(), step);
+        runStep(page->widget(), step);
     for (const Shown& shown : c.shown)
-        expectShown(page.widget(), shown);
+        expectShown(page->widget(), shown);
     expectBrowsed(browse, c.browsed);
     if (c.check)
-        c.check(page);
+        c.check(*page);
 
-    page.accept();
+    page->accept();
     for (const auto& [name, text] : c.stored)
-        EXPECT_EQ(property(action, name), expanded(text)) << name;
+        EXPECT_EQ(stored(name), expanded(text)) << name;
 
     std::vector<std::string> expectedCalls;
     for (const std::string& call : c.calls)
         expectedCalls.push_back(expanded(call.find('|') == std::string::npos ? cleartool.folder() + "|" + call : call));
     EXPECT_EQ(cleartool.calls(), expectedCalls);
+}
+
+} // namespace
+
+void runPageCase(const TWFPageClass& pageClass, TCustomWFAction& action, const std::string& title, const PageCase& c)
+{
+    const auto open = [&](wftest::FakeCleartool&) {
+        for (const auto& [name, text] : c.given)
+            setProperty(action, name, expanded(text));
+        return std::make_unique<OpenPage>(pageClass, action);
+    };
+    runRow(c, title, open, [&](const std::string& name) { return property(action, name); });
+}
+
+void runOptionsCase(const PageCase& c)
+{
+    OptionsStore saved;
+    TWFClearCaseOptions* options = nullptr;
+    const auto open = [&](wftest::FakeCleartool& cleartool) {
+        options = cleartool.options().GetImplementation();
+        if (!c.given.empty()) {
+            OptionsStore given(c.given);
+            options->LoadOptions(given);
+        }
+        return std::make_unique<OpenPage>(packagePage("TClearCaseOptionsFrame"), *options);
+    };
+    const auto stored = [&](const std::string& name) {
+        options->SaveOptions(saved);
+        return saved.ReadString(name, "(not written)");
+    };
+    runRow(c, "ClearCase Options", open, stored);
 }
 
 void runPageCase(const char* pageClass, TCustomWFAction& action, const std::string& title, const PageCase& c)

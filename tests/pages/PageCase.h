@@ -148,6 +148,11 @@ void runPageCase(const TWFPageClass& pageClass, TCustomWFAction& action, const s
 /// The package's page of that class.
 void runPageCase(const char* pageClass, TCustomWFAction& action, const std::string& title, const PageCase& c);
 
+/// Runs the row on the package's options page as the host's options dialog shows it: the given
+/// options are loaded as the host's store holds them, the edition set first; what the page
+/// writes back is saved and compared with `stored` ("(not written)" for a key left out).
+void runOptionsCase(const PageCase& c);
+
 /// Runs the row on a new Action, or on the row's own action where it names one.
 template <typename Action, typename PageClass>
 void runPageCase(const PageClass& pageClass, const std::string& title, const PageCase& c)

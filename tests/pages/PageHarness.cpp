@@ -47,7 +47,7 @@ QPoint indicatorCentre(QAbstractButton* button)
 
 } // namespace
 
-OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_action(action)
+OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_action(&action)
 {
     std::string error;
     m_widget = WFCreatePage(pageClass, nullptr, error);
@@ -64,11 +64,34 @@ OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_a
 
 OpenPage::OpenPage(const char* className, TCustomWFAction& action) : OpenPage(packagePage(className), action) {}
 
+OpenPage::OpenPage(const TWFPageClass& pageClass, TWFOptionsObject& options) : m_options(&options)
+{
+    std::string error;
+    m_widget = WFCreatePage(pageClass, nullptr, error);
+    if (!m_widget)
+        throw std::runtime_error(error);
+    m_optionsPage = WFOptionsPageOf(m_widget.get());
+    if (!m_optionsPage || WFActionPageOf(m_widget.get()))
+        throw std::runtime_error(pageClass.className + " is no options page");
+    m_widget->show();
+    m_optionsPage->InitPage(nullptr);
+    m_optionsPage->OnPageActivate();
+    m_optionsPage->ReadOptions(options);
+}
+
 OpenPage::~OpenPage() = default;
+
+std::string OpenPage::title() const
+{
+    return m_page ? m_page->PageName() : m_optionsPage->GetPageName();
+}
 
 void OpenPage::accept()
 {
-    m_page->WriteActionData(m_action);
+    if (m_page)
+        m_page->WriteActionData(*m_action);
+    else
+        m_optionsPage->WriteOptions(*m_options);
 }
 
 void click(QAbstractButton* button)

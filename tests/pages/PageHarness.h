@@ -15,6 +15,7 @@
 #include <vector>
 
 class TCustomWFAction;
+class TWFOptionsObject;
 
 namespace wfpage {
 
@@ -22,17 +23,20 @@ namespace wfpage {
 TWFPageClass packagePage(const char* className);
 
 /// A page made as a host makes it: by its class's factory, then InitFrame, InitPage and
-/// ReadActionData with the action. The page is shown (offscreen) so that clicks reach it.
+/// ReadActionData with the action; or, for options, InitPage, OnPageActivate and ReadOptions.
+/// The page is shown (offscreen) so that clicks reach it.
 class OpenPage {
 public:
     OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action);
     /// By class name, through the package's page table.
     OpenPage(const char* className, TCustomWFAction& action);
+    OpenPage(const TWFPageClass& pageClass, TWFOptionsObject& options);
     ~OpenPage();
 
     QWidget* widget() const { return m_widget.get(); }
-    IWFActionPage& page() const { return *m_page; }
-    /// The host accepting the page: WriteActionData with the action it was opened on.
+    std::string title() const;
+    /// The host accepting the page: WriteActionData with the action it was opened on, or
+    /// WriteOptions with the options.
     void accept();
 
     /// The named control; throws (failing the test) when there is none of that type.
@@ -48,7 +52,9 @@ public:
 private:
     std::unique_ptr<QWidget> m_widget;
     IWFActionPage* m_page = nullptr;
-    TCustomWFAction& m_action;
+    TCustomWFAction* m_action = nullptr;
+    IWFOptionsPage* m_optionsPage = nullptr;
+    TWFOptionsObject* m_options = nullptr;
 };
 
 // Input as a user gives it.
