@@ -33,12 +33,6 @@ std::string query(const wftest::FakeCleartool& cleartool, const std::string& arg
     return cleartool.folder() + "|" + arguments;
 }
 
-template <typename T>
-std::unique_ptr<TCustomWFAction> make()
-{
-    return std::make_unique<T>();
-}
-
 TEST(AttributePageBinding, PageOnAnotherActionClassIsAFault)
 {
     TClearCaseCheckoutAction checkout;
@@ -87,12 +81,12 @@ const PageCase kApplyCases[] = {
      .shown = typeShown("(Type: Integer)", false, true),
      .stored = {{"AttributeValue", "42"}, {"UseDefaultAttributeValue", "False"}, {"VOBSelector", "/vobs/main"}},
      .responses = {{kDescribe, kIntegerType}}, .calls = {kDescribe},
-     .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
+     .makeAction = newAction<TClearCaseApplyAttributeObjectsAction>},
     {.name = "EmptyVOBAsksNothing", .given = {{"AttributeName", "BuildNo"}}, .shown = typeShown("", true, true),
      .stored = {{"AttributeName", "BuildNo"}, {"VOBSelector", ""}}, .responses = {{kDescribe, kStringType}}},
     {.name = "EmptyNameAsksNothing", .given = {{"VOBSelector", "/vobs/main"}}, .shown = typeShown("", true, true),
      .stored = {{"AttributeName", ""}}, .responses = {{kDescribe, kStringType}},
-     .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
+     .makeAction = newAction<TClearCaseApplyAttributeObjectsAction>},
     {.name = "FailedLookupLeavesDefaultEnabled", .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}},
      .shown = typeShown("", true, true), .stored = {{"UseDefaultAttributeValue", "False"}},
      .responses = {{kDescribe, kStringType, 1}}, .calls = {kDescribe}},
@@ -105,8 +99,8 @@ const PageCase kApplyCases[] = {
     {.name = "UntickingDefaultTakesTypedValueAsItStands", .given = {{"UseDefaultAttributeValue", "True"}},
      .steps = {clickOn("boxUseDefault"), typeInto("txtValue", "\"release 2\"")}, .shown = typeShown("", true, true),
      .stored = {{"UseDefaultAttributeValue", "False"}, {"AttributeValue", "\"release 2\""}},
-     .makeAction = make<TClearCaseApplyAttributeObjectsAction>},
-    listRow(make<TClearCaseApplyAttributeObjectsAction>),
+     .makeAction = newAction<TClearCaseApplyAttributeObjectsAction>},
+    listRow(newAction<TClearCaseApplyAttributeObjectsAction>),
 };
 WF_PAGE_TABLE(ApplyAttribute, TClearCaseApplyAttributePathNamesAction,
               "TClearCaseApplyAttributeFrame", "Attribute", kApplyCases);

@@ -101,15 +101,14 @@ const PageCase kCheckInCases[] = {
     {.name = "OtherSwitchesEachToTheirOwnProperty", .given = {{"NoWarnings", "True"}},
      .steps = clicks({"boxPTime", "boxIdentical"}), .shown = {{"boxNoWarn", true}},
      .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "True"}, {"Keep", "False"}}},
+    {.name = "ActivityCheckInSharesThePage", .given = {{"Keep", "True"}}, .steps = clicks({"boxKeep", "boxRemove"}),
+     .stored = {{"Keep", "False"}, {"Remove", "True"}}, .makeAction = newAction<TClearCaseCheckInActivityAction>},
     {.name = "UntickingWarningsOnly",
      .given = {{"NoWarnings", "True"}, {"PreserveTime", "True"}, {"IdenticalCheckin", "True"}},
      .steps = clicks({"boxNoWarn"}),
      .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "False"}}},
 };
 WF_PAGE_TABLE(CheckInPage, TClearCaseCheckInPathAction, "TClearCaseCheckInFrame", "Checkin Options", kCheckInCases);
-// The activity check-in shares the page.
-WF_PAGE_TABLE(ActivityCheckInPage, TClearCaseCheckInActivityAction, "TClearCaseCheckInFrame", "Checkin Options",
-              kCheckInCases);
 
 // ---------------------------------------------------------------------------------------------
 

@@ -45,14 +45,19 @@ QPoint indicatorCentre(QAbstractButton* button)
     return indicator.center();
 }
 
-} // namespace
-
-OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_action(&action)
+std::unique_ptr<QWidget> createdPage(const TWFPageClass& pageClass)
 {
     std::string error;
-    m_widget = WFCreatePage(pageClass, nullptr, error);
-    if (!m_widget)
+    std::unique_ptr<QWidget> page = WFCreatePage(pageClass, nullptr, error);
+    if (!page)
         throw std::runtime_error(error);
+    return page;
+}
+
+} // namespace
+
+OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_widget(createdPage(pageClass)), m_action(&action)
+{
     m_page = WFActionPageOf(m_widget.get());
     if (!m_page)
         throw std::runtime_error(pageClass.className + " is no action page");
@@ -64,12 +69,9 @@ OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_a
 
 OpenPage::OpenPage(const char* className, TCustomWFAction& action) : OpenPage(packagePage(className), action) {}
 
-OpenPage::OpenPage(const TWFPageClass& pageClass, TWFOptionsObject& options) : m_options(&options)
+OpenPage::OpenPage(const TWFPageClass& pageClass, TWFOptionsObject& options)
+    : m_widget(createdPage(pageClass)), m_options(&options)
 {
-    std::string error;
-    m_widget = WFCreatePage(pageClass, nullptr, error);
-    if (!m_widget)
-        throw std::runtime_error(error);
     m_optionsPage = WFOptionsPageOf(m_widget.get());
     if (!m_optionsPage || WFActionPageOf(m_widget.get()))
         throw std::runtime_error(pageClass.className + " is no options page");
