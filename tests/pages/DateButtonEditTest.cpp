@@ -118,17 +118,6 @@ TEST_F(DateEditAlone, EnterInTheCalendarPicksTheDayShown)
     EXPECT_EQ(edit.GetDateString(), "16-Nov-06");
 }
 
-TEST_F(DateEditAlone, DisablingTheFrameDisablesEditAndButton)
-{
-    edit.SetEnabled(false);
-    EXPECT_FALSE(text()->isEnabled());
-    EXPECT_FALSE(button()->isEnabled());
-    EXPECT_THROW(click(button()), std::runtime_error);
-    edit.SetEnabled(true);
-    EXPECT_TRUE(text()->isEnabled());
-    EXPECT_TRUE(button()->isEnabled());
-}
-
 TEST_F(DateEditAlone, HiddenButtonLeavesTheEditTheWholeWidth)
 {
     edit.SetShowButton(false);

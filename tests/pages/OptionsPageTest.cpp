@@ -47,7 +47,7 @@ const PageCase kPathCases[] = {
     pathRow("MissingShownAsStored", "$T/missing/cleartool", "$T/missing/cleartool"),
     pathRow("FolderWithoutExecutableShownWithItsName", "$T/tools", "$T/tools/cleartool", "tools/readme"),
 };
-INSTANTIATE_TEST_SUITE_P(Paths, OptionsPage, ::testing::ValuesIn(kPathCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Paths, OptionsPage, ::testing::ValuesIn(kPathCases), wftest::byName);
 
 constexpr const char* kLTVersion = "ClearCase version 7.0.1 (Rational ClearCase LT)\n";
 constexpr const char* kFullVersion = "ClearCase version 7.0.1 (Rational ClearCase)\n";
@@ -91,7 +91,7 @@ const PageCase kEditionCases[] = {
      .stored = {{"InstallationType", "ClearCaseLT"}}, .edition = ccUnknown,
      .check = [](const OpenPage&) { ClearCaseOptions()->SetClearCaseType(ccLT); }},
 };
-INSTANTIATE_TEST_SUITE_P(Editions, OptionsPage, ::testing::ValuesIn(kEditionCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Editions, OptionsPage, ::testing::ValuesIn(kEditionCases), wftest::byName);
 
 /// The default view `view` on the page, `lastView` remembered (nullptr: none); `button` clicked
 /// and the browser answered `answer`. It was asked for `caption` from `start`; the edits show
@@ -128,6 +128,6 @@ const PageCase kBrowseCases[] = {
     browseRow("ViewCancelledRemembersNothing", "editDefaultViewButton", "/no/such/view", "/views/last", std::nullopt,
               "Select Directory", "/views/last", "$T/bin", "/no/such/view", "/views/last"),
 };
-INSTANTIATE_TEST_SUITE_P(Browsers, OptionsPage, ::testing::ValuesIn(kBrowseCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Browsers, OptionsPage, ::testing::ValuesIn(kBrowseCases), wftest::byName);
 
 } // namespace

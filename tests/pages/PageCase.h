@@ -129,12 +129,6 @@ struct PageCase {
 
 WF_ROW_PRINTER(PageCase)
 
-/// Names a row's test after the row.
-inline std::string pageCaseName(const ::testing::TestParamInfo<PageCase>& info)
-{
-    return info.param.name;
-}
-
 template <typename Action>
 std::unique_ptr<TCustomWFAction> newAction()
 {
@@ -169,7 +163,7 @@ void runPageCase(const PageClass& pageClass, const std::string& title, const Pag
     {                                                                                                          \
         ::wfpage::runPageCase<Action>(pageClass, title, GetParam());                                           \
     }                                                                                                          \
-    INSTANTIATE_TEST_SUITE_P(Cases, Suite, ::testing::ValuesIn(rows), ::wfpage::pageCaseName)
+    INSTANTIATE_TEST_SUITE_P(Cases, Suite, ::testing::ValuesIn(rows), ::wftest::byName)
 
 /// The text a user sees in the named edit, memo, label, button or combo box.
 QString shownText(const OpenPage& page, const char* control);

@@ -141,7 +141,7 @@ const PageCase kViewPathCases[] = {
     {.name = "HeadingUnderLT", .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to apply label"}},
      .edition = ccLT, .makeAction = [] { return catalogueAction("CC_LABEL"); }},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ViewPathPage, ::testing::ValuesIn(kViewPathCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Cases, ViewPathPage, ::testing::ValuesIn(kViewPathCases), wftest::byName);
 
 /// Every control greyed out, as under ClearCase LT.
 void expectAllGreyed(const OpenPage& page)
@@ -205,7 +205,7 @@ const PageCase kExtendedCases[] = {
     {.name = "HeadingNamesTheAction", .shown = {{"txtHeading", {}, {}, "Extended Pathnames to apply label"}},
      .makeAction = [] { return catalogueAction("CC_LABEL"); }},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ExtendedPage, ::testing::ValuesIn(kExtendedCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Cases, ExtendedPage, ::testing::ValuesIn(kExtendedCases), wftest::byName);
 
 TEST(ViewPathMenu, AddOpensTheMenuUnderTheButton)
 {
@@ -284,7 +284,7 @@ const PageCase kPathCases[] = {
     {.name = "MissingPathOffersNoBrowse", .given = paths("$T/gone/main.c\r\n"),
      .steps = {pick(0), browsingEditor("$T/gone/main.c", false), kEdit}, .stored = paths("$T/gone/main.c\r\n")},
 };
-INSTANTIATE_TEST_SUITE_P(Paths, ViewPathPage, ::testing::ValuesIn(kPathCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Paths, ViewPathPage, ::testing::ValuesIn(kPathCases), wftest::byName);
 
 // ---- The extended path editor's lists -------------------------------------------------------
 
@@ -326,6 +326,6 @@ const PageCase kDropDownCases[] = {
                 "txtSelector", kSelectors, "", {"$T/default|lshistory -short foo.c"}),
     dropDownRow("EmptyElementOnAFreshEditorListsNothing", "True", {dropDownOf("txtSelector")}, "txtSelector", "", "", {}),
 };
-INSTANTIATE_TEST_SUITE_P(Lists, ExtendedPage, ::testing::ValuesIn(kDropDownCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Lists, ExtendedPage, ::testing::ValuesIn(kDropDownCases), wftest::byName);
 
 } // namespace
