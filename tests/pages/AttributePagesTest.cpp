@@ -1,7 +1,6 @@
 // The attribute pages: applying an attribute (shared page, path and object options), and a new
 // attribute type with its options.
 #include "PageCase.h"
-#include "RowName.h"
 
 #include "actions/WFClearCaseApplyAttributeObjectsAction.h"
 #include "actions/WFClearCaseApplyAttributePathNamesAction.h"
@@ -18,10 +17,8 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <typeinfo>
-#include <utility>
 
 using namespace wfpage;
 

@@ -4,22 +4,13 @@
 #include "actions/WFClearCaseCheckInActivityAction.h"
 #include "actions/WFClearCaseCheckInPathAction.h"
 #include "actions/WFClearCaseCheckOutAction.h"
-#include "actions/WFClearCaseCleartoolAction.h"
-#include "actions/WFClearCaseFindCheckoutsAction.h"
-#include "actions/WFClearCaseGetConfigSpecAction.h"
-#include "actions/WFClearCaseSetConfigSpecAction.h"
 #include "actions/WFClearCaseUnCheckOutActivityAction.h"
 #include "actions/WFClearCaseUnCheckOutAction.h"
 #include "actions/WFClearCaseUpdateAction.h"
 #include "environment/WFClearCaseIniFile.h"
-#include "pages/WFClearCaseViewContextSubFrame.h"
-#include "WFFrame.h"
 
-#include <QAbstractButton>
-#include <QLabel>
 #include <QLineEdit>
 
-#include <memory>
 
 #include <gtest/gtest.h>
 
