@@ -2,10 +2,8 @@
 
 #include "environment/WFClearCaseOptions.h"
 #include "GoldenCatalogue.h"
-#include "pages/WFClearCasePageTable.h"
 #include "shell/WFClearCaseRegistration.h"
 #include "WFAction.h"
-#include "WFFrame.h"
 #include "WFOptions.h"
 #include "WFServices.h"
 #include "WFTestSupport.h"
@@ -59,11 +57,6 @@ std::unique_ptr<TCustomWFAction> catalogueAction(const std::string& typeId)
         return action;
     }
     throw std::runtime_error("no action type " + typeId);
-}
-
-std::function<std::unique_ptr<TCustomWFAction>()> fromCatalogue(const char* typeId)
-{
-    return [typeId] { return catalogueAction(typeId); };
 }
 
 QString shownText(QWidget* widget)

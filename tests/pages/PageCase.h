@@ -171,7 +171,5 @@ QString shownText(QWidget* widget);
 
 /// Makes the catalogue's action with the identity its users know it by (its type id).
 std::unique_ptr<TCustomWFAction> catalogueAction(const std::string& typeId);
-/// Makes it for a row's or table's action.
-std::function<std::unique_ptr<TCustomWFAction>()> fromCatalogue(const char* typeId);
 
 } // namespace wfpage
