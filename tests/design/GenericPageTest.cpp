@@ -49,7 +49,7 @@ TEST(GenericPage, EditsEveryPublishedPropertyWithTheControlOfItsKind)
     wfpage::setProperty(action, "Notes", "one\r\ntwo");
     wfpage::setProperty(action, "Mode", "mdSlow");
     wfpage::OpenPage page(WFPagesFor("TNoSuchActionClass").front(), action);
-    EXPECT_EQ(page.page().PageName(), "Properties");
+    EXPECT_EQ(page.title(), "Properties");
     EXPECT_EQ(page.control<QPlainTextEdit>("txtNotes")->toPlainText(), "one\ntwo");
     EXPECT_EQ(wfpage::items(page.control<QComboBox>("cmbMode")), QStringList({"mdFast", "mdSlow"}));
     EXPECT_EQ(page.control<QComboBox>("cmbMode")->currentText(), "mdSlow");

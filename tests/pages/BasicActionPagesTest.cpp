@@ -1,15 +1,9 @@
 // The basic actions' pages: each control bound to its property, the project's variables offered
 // for a variable's name, browse buttons answered by the host's browsers.
-#include "PageHarness.h"
+#include "PageCase.h"
 #include "WFBasicActionPages.h"
 #include "WFBasicActions.h"
 #include "WFServices.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -17,24 +11,7 @@ using namespace wfpage;
 
 namespace {
 
-using Properties = std::vector<std::pair<std::string, std::string>>;
-
-struct BasicPageCase {
-    const char* name;
-    const char* pageClass;
-    std::function<std::unique_ptr<TCustomWFAction>()> make;
-    Properties given;
-    std::function<void(OpenPage&)> edit;
-    Properties stored;
-    std::optional<std::string> browseAnswer = {};
-};
-
-void PrintTo(const BasicPageCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
-TWFPageClass pageClass(const char* name)
+TWFPageClass basicPage(const char* name)
 {
     for (const auto& row : WFBasicActionPages())
         if (row.page.className == name)
@@ -42,74 +19,45 @@ TWFPageClass pageClass(const char* name)
     throw std::runtime_error(std::string("no basic page ") + name);
 }
 
-template <typename Action>
-std::unique_ptr<TCustomWFAction> make()
+const PageCase kMessageCases[] = {
+    {.name = "MemoKeepsStoredLinesAndTakesTypedOnes", .given = {{"Text", "first\r\nsecond"}},
+     .steps = {typeInto("txtText", "Built %BUILD%\ndone")}, .stored = {{"Text", "Built %BUILD%\ndone"}}},
+    {.name = "StoredLinesShown", .given = {{"Text", "first\r\nsecond"}}, .shown = {{"txtText", {}, {}, "first\nsecond"}}},
+};
+WF_PAGE_TABLE(MessagePage, TWFLogMessageAction, basicPage("TWFLogMessageFrame"), "Message", kMessageCases);
+
+/// The open project's variables, as the designer reports them.
+void projectVariables(wftest::FakeCleartool&)
 {
-    return std::make_unique<Action>();
+    WFDesignApplicationServices().variableNamesProvider = [] { return std::vector<std::string>{"BUILD", "VOB"}; };
 }
 
-class BasicActionPage : public ::testing::TestWithParam<BasicPageCase> {
-protected:
-    void SetUp() override
-    {
-        WFDesignApplicationServices().variableNamesProvider = [] { return std::vector<std::string>{"BUILD", "VOB"}; };
-    }
-    void TearDown() override { WFDesignApplicationServices().variableNamesProvider = nullptr; }
+const PageCase kVariableCases[] = {
+    {.name = "VariableOfferedFromTheProject", .given = {{"VariableName", "VOB"}},
+     .shown = {{"cmbVariableName", {}, {}, "VOB", "BUILD|VOB"}}, .stored = {{"VariableName", "VOB"}},
+     .setUp = projectVariables},
+    {.name = "NewNameTyped", .given = {{"VariableName", "VOB"}, {"Value", "x"}},
+     .steps = {typeInto("cmbVariableName", "NEW_ONE"), typeInto("txtValue", "%BUILD%-1")},
+     .stored = {{"VariableName", "NEW_ONE"}, {"Value", "%BUILD%-1"}}, .setUp = projectVariables},
 };
+WF_PAGE_TABLE(VariablePage, TWFSetVariableAction, basicPage("TWFSetVariableFrame"), "Variable", kVariableCases);
 
-TEST_P(BasicActionPage, ShowsAndStoresTheProperties)
-{
-    const BasicPageCase& c = GetParam();
-    auto action = c.make();
-    for (const auto& [name, value] : c.given)
-        setProperty(*action, name, value);
-    BrowseAnswers browsers;
-    browsers.next(c.browseAnswer);
-    OpenPage page(pageClass(c.pageClass), *action);
-    EXPECT_EQ(page.widget()->objectName().toStdString(), c.pageClass);
-    c.edit(page);
-    page.accept();
-    for (const auto& [name, value] : c.stored)
-        EXPECT_EQ(property(*action, name), value) << name;
-}
-
-const BasicPageCase kCases[] = {
-    {"MessageMemoKeepsStoredLinesAndTakesTypedOnes", "TWFLogMessageFrame", make<TWFLogMessageAction>,
-     {{"Text", "first\r\nsecond"}},
-     [](OpenPage& page) {
-         EXPECT_EQ(page.control<QPlainTextEdit>("txtText")->toPlainText(), "first\nsecond");
-         type(page.control<QPlainTextEdit>("txtText"), "Built %BUILD%\ndone");
-     },
-     {{"Text", "Built %BUILD%\ndone"}}},
-    {"VariableOfferedFromTheProjectAndNewNameTyped", "TWFSetVariableFrame", make<TWFSetVariableAction>,
-     {{"VariableName", "VOB"}, {"Value", "x"}},
-     [](OpenPage& page) {
-         EXPECT_EQ(items(page.control<QComboBox>("cmbVariableName")), QStringList({"BUILD", "VOB"}));
-         EXPECT_EQ(page.control<QComboBox>("cmbVariableName")->currentText(), "VOB");
-         type(page.control<QComboBox>("cmbVariableName"), "NEW_ONE");
-         type(page.control<QLineEdit>("txtValue"), "%BUILD%-1");
-     },
-     {{"VariableName", "NEW_ONE"}, {"Value", "%BUILD%-1"}}},
-    {"FileChosenWithTheBrowserAndAppendTicked", "TWFWriteTextFileFrame", make<TWFWriteTextFileAction>,
-     {{"FileName", "out.txt"}},
-     [](OpenPage& page) {
-         click(page.control<QToolButton>("txtFileNameButton"));
-         click(page.control<QCheckBox>("boxAppend"));
-     },
-     {{"FileName", "/tmp/report.txt"}, {"Append", "True"}}, "/tmp/report.txt"},
-    {"BrowserCancelledKeepsTheFile", "TWFWriteTextFileFrame", make<TWFWriteTextFileAction>,
-     {{"FileName", "out.txt"}, {"Text", "a\nb"}},
-     [](OpenPage& page) { click(page.control<QToolButton>("txtFileNameButton")); },
-     {{"FileName", "out.txt"}, {"Append", "False"}, {"Text", "a\nb"}}},
-    {"ProgramArgumentsAndFolderChosen", "TWFRunProgramFrame", make<TWFRunProgramAction>,
-     {{"Program", "make"}},
-     [](OpenPage& page) {
-         type(page.control<QLineEdit>("txtArguments"), "-j2 all");
-         click(page.control<QToolButton>("txtWorkingDirectoryButton"));
-     },
-     {{"Program", "make"}, {"Arguments", "-j2 all"}, {"WorkingDirectory", "/src/build"}}, "/src/build"},
+const PageCase kFileCases[] = {
+    {.name = "FileChosenWithTheBrowserAndAppendTicked", .given = {{"FileName", "/out/out.txt"}},
+     .steps = clicks({"txtFileNameButton", "boxAppend"}), .stored = {{"FileName", "/tmp/report.txt"}, {"Append", "True"}},
+     .answers = {"/tmp/report.txt"}, .browsed = {{"/out", "Save As", "/out/out.txt", "All Files|*", true}}},
+    {.name = "BrowserCancelledKeepsTheFile", .given = {{"FileName", "/out/out.txt"}, {"Text", "a\nb"}},
+     .steps = clicks({"txtFileNameButton"}), .stored = {{"FileName", "/out/out.txt"}, {"Append", "False"}, {"Text", "a\nb"}},
+     .answers = {std::nullopt}, .browsed = {{"/out", "Save As", "/out/out.txt", "All Files|*", true}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, BasicActionPage, ::testing::ValuesIn(kCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+WF_PAGE_TABLE(WriteFilePage, TWFWriteTextFileAction, basicPage("TWFWriteTextFileFrame"), "File", kFileCases);
+
+const PageCase kProgramCases[] = {
+    {.name = "ProgramArgumentsAndFolderChosen", .given = {{"Program", "make"}},
+     .steps = {typeInto("txtArguments", "-j2 all"), clickOn("txtWorkingDirectoryButton")},
+     .stored = {{"Program", "make"}, {"Arguments", "-j2 all"}, {"WorkingDirectory", "/src/build"}},
+     .answers = {"/src/build"}, .browsed = {{"", "Select Folder"}}},
+};
+WF_PAGE_TABLE(ProgramPage, TWFRunProgramAction, basicPage("TWFRunProgramFrame"), "Program", kProgramCases);
 
 } // namespace

@@ -1,4 +1,4 @@
-// The comment page, and the caption of the view-context part that many pages share (its
+// The comment page and its tab order, and the caption of the view-context part that many pages share (its
 // choices are driven on the update page).
 #include "PageCase.h"
 
@@ -36,6 +36,13 @@ const PageCase kCommentCases[] = {
      .stored = comment("True", "draft")},
     {.name = "EnterAddsNoLineBreak", .given = comment("False", ""), .steps = {typeInto("txtComment", "one\nline")},
      .shown = commentShown(false, "oneline"), .stored = comment("False", "oneline")},
+    {.name = "TabsFromNoCommentToTheCommentToCommentButton", .check = [](const OpenPage& page) {
+         QStringList order;
+         for (QWidget* widget = page.control<QWidget>("btnNoComment"); order.size() < 3; widget = widget->nextInFocusChain())
+             if (widget->focusPolicy() & Qt::TabFocus)
+                 order << widget->objectName();
+         EXPECT_EQ(order, QStringList({"btnNoComment", "txtComment", "btnComment"}));
+     }},
 };
 WF_PAGE_TABLE(CommentPage, TClearCaseCheckoutAction, "TClearCaseCommentFrame", "Comment", kCommentCases);
 

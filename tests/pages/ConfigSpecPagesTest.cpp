@@ -8,8 +8,6 @@
 #include "actions/WFClearCaseSetConfigSpecAction.h"
 #include "WFServices.h"
 
-#include <QComboBox>
-
 #include <gtest/gtest.h>
 
 using namespace wfpage;
@@ -73,50 +71,36 @@ WF_PAGE_TABLE(GetConfigSpecPage, TClearCaseGetConfigSpecAction,
 // ---------------------------------------------------------------------------------------------
 
 /// The open project's variables, as the designer reports them.
-class FindCheckoutsPage : public ::testing::TestWithParam<PageCase> {
-protected:
-    void SetUp() override
-    {
-        WFDesignApplicationServices().variableNamesProvider = [] {
-            return std::vector<std::string>{"CHECKOUTS", "CHECKOUTS_OLD", "LIST"};
-        };
-    }
-    void TearDown() override { WFDesignApplicationServices().variableNamesProvider = nullptr; }
-};
-
-TEST_P(FindCheckoutsPage, RoundTrip)
+void projectVariables(wftest::FakeCleartool&)
 {
-    runPageCase<TClearCaseFindCheckoutsAction>("TClearCaseFindCheckoutsFrame", "Options", GetParam());
-}
-
-TEST_F(FindCheckoutsPage, OffersTheProjectsVariables)
-{
-    TClearCaseFindCheckoutsAction action;
-    wftest::FakeCleartool cleartool;
-    OpenPage page("TClearCaseFindCheckoutsFrame", action);
-    EXPECT_EQ(items(page.control<QComboBox>("cmbVariable")), QStringList({"CHECKOUTS", "CHECKOUTS_OLD", "LIST"}));
+    WFDesignApplicationServices().variableNamesProvider = [] {
+        return std::vector<std::string>{"CHECKOUTS", "CHECKOUTS_OLD", "LIST"};
+    };
 }
 
 const PageCase kFindCheckoutsCases[] = {
-    {.name = "StoredVariableSelected", .given = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS_OLD"}},
-     .shown = {{"boxVariable", true}, {"cmbVariable", {}, {}, "CHECKOUTS_OLD"}},
-     .stored = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS_OLD"}}},
+    {.name = "StoredVariableSelectedAmongTheProjectsVariables",
+     .given = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS_OLD"}},
+     .shown = {{"boxVariable", true}, {"cmbVariable", {}, {}, "CHECKOUTS_OLD", "CHECKOUTS|CHECKOUTS_OLD|LIST"}},
+     .stored = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS_OLD"}}, .setUp = projectVariables},
     {.name = "DeletedVariableSelectsNoneAndStoresEmpty",
      .given = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUT"}}, .shown = {{"cmbVariable", {}, {}, ""}},
-     .stored = {{"WriteToVariable", "True"}, {"VariableName", ""}}},
+     .stored = {{"WriteToVariable", "True"}, {"VariableName", ""}}, .setUp = projectVariables},
     {.name = "ChosenVariableAndLongFormat",
      .steps = {clickOn("boxVariable"), chooseIn("cmbVariable", "LIST"), clickOn("boxShort")},
-     .stored = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}, {"UseShort", "False"}}},
+     .stored = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}, {"UseShort", "False"}},
+     .setUp = projectVariables},
     {.name = "NewActionUsesShortFormat", .shown = {{"boxShort", true}, {"boxVariable", false}},
      .stored = {{"UseShort", "True"}, {"WriteToVariable", "False"}, {"VariableName", ""}}},
     {.name = "VariableKeptWhenNotWritten", .given = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}},
-     .steps = clicks({"boxVariable"}), .stored = {{"WriteToVariable", "False"}, {"VariableName", "LIST"}}},
+     .steps = clicks({"boxVariable"}), .stored = {{"WriteToVariable", "False"}, {"VariableName", "LIST"}},
+     .setUp = projectVariables},
     {.name = "ViewContextWrittenToo", .given = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}},
      .steps = clicks({"btnDefaultView"}),
      .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}}},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, FindCheckoutsPage, ::testing::ValuesIn(kFindCheckoutsCases),
-                         pageCaseName);
+WF_PAGE_TABLE(FindCheckoutsPage, TClearCaseFindCheckoutsAction, "TClearCaseFindCheckoutsFrame", "Options",
+              kFindCheckoutsCases);
 
 // ---------------------------------------------------------------------------------------------
 
@@ -138,6 +122,9 @@ const PageCase kCleartoolCases[] = {
      .stored = {{"Arguments", "-rep\r\nBuildNo"}}},
     {.name = "StoredLinesRoundTripUnchanged", .given = {{"Command", "mkattr"}, {"Arguments", "-rep\r\nBuildNo"}},
      .shown = {{"txtArgs", {}, {}, "-rep\nBuildNo"}}, .stored = {{"Arguments", "-rep\r\nBuildNo"}}},
+    {.name = "StoredLineFeedsKeptWhenUnedited", .given = {{"Command", "mkattr"}, {"Arguments", "-rep\nBuildNo"}},
+     .steps = {typeInto("txtCommand", "mkattr")}, .shown = {{"txtArgs", {}, {}, "-rep\nBuildNo"}},
+     .stored = {{"Arguments", "-rep\nBuildNo"}}},
     {.name = "StartingDirectoryHeadingAndViewWritten",
      .given = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}},
      .steps = clicks({"btnDefaultView"}), .shown = {{"Label5", {}, {}, "View Context (Starting Directory)"}},

@@ -1,85 +1,77 @@
-// The date edit: keywords from its menu, the calendar and the time picker, as a user picks them.
-#include "PageHarness.h"
-#include "RowName.h"
+// The date edit: keywords from its menu, the calendar and the time picker, as a user picks them
+// for a new attribute type's default time.
+#include "PageCase.h"
 
+#include "actions/WFClearCaseMakeAttributeTypeAction.h"
 #include "pages/WFClearCaseDateButtonEdit.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QTest>
-#include <QTimeEdit>
-#include <QTimer>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
-
-#include <memory>
-#include <optional>
 
 using namespace wfpage;
 
 namespace {
 
-/// Runs `answer` on the visible top-level widget named `name` once it is open; fails the test
-/// when none opens within two seconds.
-void answerPanel(const char* name, std::function<void(QWidget* panel)> answer)
+constexpr const char* kEdit = "txtDefaultValue";
+
+std::vector<Step> menuItem(const char* item)
 {
-    auto started = std::make_shared<QElapsedTimer>();
-    started->start();
-    auto poll = std::make_shared<std::function<void()>>();
-    *poll = [name = QString(name), answer = std::move(answer), started, poll] {
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (widget->objectName() == name && widget->isVisible()) {
-                answer(widget);
-                *poll = nullptr;
-                return;
-            }
-        if (started->elapsed() > 2000) {
-            ADD_FAILURE() << "no panel " << name.toStdString() << " opened";
-            *poll = nullptr;
-            return;
-        }
-        QTimer::singleShot(10, [poll] {
-            if (*poll)
-                (*poll)();
-        });
-    };
-    QTimer::singleShot(0, [poll] { (*poll)(); });
+    return {chooseDate(kEdit, item)};
 }
 
-/// Sets the locale for one test and puts the previous one back.
-class ScopedLocale {
-public:
-    explicit ScopedLocale(const QLocale& locale) { QLocale::setDefault(locale); }
-    ~ScopedLocale() { QLocale::setDefault(m_previous); }
-
-private:
-    QLocale m_previous;
-};
-
-/// A window opened at `under` (the platform may add its frame margin).
-void expectUnder(const QWidget* panel, const QPoint& under)
+/// The time picker answered with `time` (nullptr: cancelled).
+std::vector<Step> timePicked(const char* time)
 {
-    EXPECT_LE((panel->pos() - under).manhattanLength(), 4) << panel->pos().x() << "," << panel->pos().y();
+    return {answerTime(kEdit, time), chooseDate(kEdit, "ChooseTime1")};
 }
 
-struct DateCase {
-    const char* name;
-    const char* text;     // in the edit before the user picks
-    const char* item;     // the menu item chosen
-    std::optional<QDate> date; // picked in the calendar (nullopt with ChooseDate1: cancelled)
-    std::optional<QTime> time; // picked in the time picker (nullopt with ChooseTime1: cancelled)
-    QLocale::Language language;
-    const char* expected;
+/// The calendar answered with `day` (nullptr: cancelled).
+std::vector<Step> dayPicked(const char* day)
+{
+    return {answerDate(kEdit, day), chooseDate(kEdit, "ChooseDate1")};
+}
+
+/// The default time `text`, after `steps` in `language`, stored as `expected`.
+PageCase dateRow(const char* name, const char* text, std::vector<Step> steps, const char* expected,
+                 QLocale::Language language = QLocale::English)
+{
+    return {.name = name,
+            .given = {{"NewAttributeType", "atDate"}, {"UseDefaultValue", "True"}, {"DefaultValue", text}},
+            .steps = std::move(steps),
+            .stored = {{"DefaultValue", expected}},
+            .setUp = [language](wftest::FakeCleartool&) { QLocale::setDefault(QLocale(language)); }};
+}
+
+const PageCase kDateCases[] = {
+    dateRow("NowReplacesText", "15-Nov-06", menuItem("NowItem"), "now"),
+    dateRow("Today", "", menuItem("odayItem"), "today"),
+    dateRow("Yesterday", "now", menuItem("Yesterday"), "yesterday"),
+    dateRow("MondayEnglishInGerman", "", menuItem("Monday1"), "monday", QLocale::German),
+    dateRow("SundayEnglishInFrench", "x", menuItem("Sunday1"), "sunday", QLocale::French),
+    dateRow("TimeReplacesTimeAfterDate", "15-Nov-06.09:00:00", timePicked("14:30:00"), "15-Nov-06.14:30:00"),
+    dateRow("TimeOnNowIsTimeAlone", "now", timePicked("14:30:00"), "14:30:00"),
+    dateRow("TimeAfterKeyword", "today", timePicked("14:30:00"), "today.14:30:00"),
+    dateRow("TimeReplacesTimeAlone", "09:00:00", timePicked("14:30:00"), "14:30:00"),
+    dateRow("HourWithoutLeadingZero", "", timePicked("09:05:07"), "9:05:07"),
+    dateRow("MidnightLeavesDateAndDot", "15-Nov-06", timePicked("00:00:00"), "15-Nov-06."),
+    dateRow("MidnightAloneLeavesEmpty", "now", timePicked("00:00:00"), ""),
+    dateRow("TimeCancelledKeepsText", "today", timePicked(nullptr), "today"),
+    dateRow("DateReplacesKeyword", "now", dayPicked("2006-11-15"), "15-Nov-06"),
+    dateRow("DateDropsTime", "15-Nov-06.14:30:00", dayPicked("2007-01-02"), "02-Jan-07"),
+    dateRow("DateMonthFromLocale", "", dayPicked("2007-05-03"), "03-mai-07", QLocale::French),
+    dateRow("DateCancelledKeepsText", "today", dayPicked(nullptr), "today"),
 };
+WF_PAGE_TABLE(DateEdit, TClearCaseMakeAttributeTypeAction, "TClearCaseMakeAttributeTypeFrame", "New Type", kDateCases);
 
-WF_ROW_PRINTER(DateCase)
-
-class DateEdit : public ::testing::TestWithParam<DateCase> {
+/// A date edit on its own, shown.
+class DateEditAlone : public ::testing::Test {
 protected:
     TClearCaseDateButtonEdit edit;
 
@@ -90,68 +82,17 @@ protected:
     }
     QLineEdit* text() { return edit.findChild<QLineEdit*>("txtEdit"); }
     QToolButton* button() { return edit.findChild<QToolButton*>("txtEditButton"); }
-    QMenu* menu() { return edit.findChild<QMenu*>("PopupMenu1"); }
 };
 
-TEST_P(DateEdit, PickedValueBecomesText)
-{
-    const DateCase& c = GetParam();
-    ScopedLocale locale{QLocale(c.language)};
-    edit.SetDateString(c.text);
-    const QPoint under = text()->mapToGlobal(QPoint(0, text()->height()));
-    if (std::string(c.item) == "ChooseDate1")
-        answerPanel("DatePanel", [&](QWidget* panel) {
-            expectUnder(panel, under);
-            if (c.date)
-                panel->findChild<QCalendarWidget*>("Calendar")->setSelectedDate(*c.date);
-            pressButton(panel, c.date ? "OK" : "Cancel");
-        });
-    if (std::string(c.item) == "ChooseTime1")
-        answerPanel("TimePanel", [&](QWidget* panel) {
-            expectUnder(panel, under);
-            if (c.time)
-                panel->findChild<QTimeEdit*>("TimePicker")->setTime(*c.time);
-            pressButton(panel, c.time ? "OK" : "Cancel");
-        });
-    chooseDateItem(&edit, c.item);
-    EXPECT_EQ(edit.GetDateString(), c.expected);
-    // The panels are freed, picked or cancelled.
-    for (QWidget* widget : QApplication::topLevelWidgets())
-        EXPECT_FALSE(widget->objectName().endsWith("Panel")) << widget->objectName().toStdString();
-}
-
-const QDate kNov15{2006, 11, 15};
-const QTime kHalfPastTwo{14, 30, 0};
-
-const DateCase kDateCases[] = {
-    {"NowReplacesText", "15-Nov-06", "NowItem", {}, {}, QLocale::English, "now"},
-    {"Today", "", "odayItem", {}, {}, QLocale::English, "today"},
-    {"Yesterday", "now", "Yesterday", {}, {}, QLocale::English, "yesterday"},
-    {"MondayEnglishInGerman", "", "Monday1", {}, {}, QLocale::German, "monday"},
-    {"SundayEnglishInFrench", "x", "Sunday1", {}, {}, QLocale::French, "sunday"},
-    {"TimeReplacesTimeAfterDate", "15-Nov-06.09:00:00", "ChooseTime1", {}, kHalfPastTwo, QLocale::English,
-     "15-Nov-06.14:30:00"},
-    {"TimeOnNowIsTimeAlone", "now", "ChooseTime1", {}, kHalfPastTwo, QLocale::English, "14:30:00"},
-    {"TimeAfterKeyword", "today", "ChooseTime1", {}, kHalfPastTwo, QLocale::English, "today.14:30:00"},
-    {"TimeReplacesTimeAlone", "09:00:00", "ChooseTime1", {}, kHalfPastTwo, QLocale::English, "14:30:00"},
-    {"HourWithoutLeadingZero", "", "ChooseTime1", {}, QTime(9, 5, 7), QLocale::English, "9:05:07"},
-    {"MidnightLeavesDateAndDot", "15-Nov-06", "ChooseTime1", {}, QTime(0, 0), QLocale::English, "15-Nov-06."},
-    {"MidnightAloneLeavesEmpty", "now", "ChooseTime1", {}, QTime(0, 0), QLocale::English, ""},
-    {"TimeCancelledKeepsText", "today", "ChooseTime1", {}, std::nullopt, QLocale::English, "today"},
-    {"DateReplacesKeyword", "now", "ChooseDate1", kNov15, {}, QLocale::English, "15-Nov-06"},
-    {"DateDropsTime", "15-Nov-06.14:30:00", "ChooseDate1", QDate(2007, 1, 2), {}, QLocale::English, "02-Jan-07"},
-    {"DateMonthFromLocale", "", "ChooseDate1", QDate(2007, 5, 3), {}, QLocale::French, "03-mai-07"},
-    {"DateCancelledKeepsText", "today", "ChooseDate1", std::nullopt, {}, QLocale::English, "today"},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, DateEdit, ::testing::ValuesIn(kDateCases), wftest::byName);
-
-TEST_F(DateEdit, MenuOpensUnderTheButtonWithItsItemsInOrder)
+TEST_F(DateEditAlone, MenuOpensUnderTheButtonWithItsItemsInOrder)
 {
     click(button());
-    ASSERT_TRUE(menu()->isVisible());
-    expectUnder(menu(), edit.mapToGlobal(QPoint(button()->x(), text()->y() + text()->height())));
+    auto* menu = edit.findChild<QMenu*>("PopupMenu1");
+    ASSERT_TRUE(menu->isVisible());
+    const QPoint under = edit.mapToGlobal(QPoint(button()->x(), text()->y() + text()->height()));
+    EXPECT_LE((menu->pos() - under).manhattanLength(), 4);
     QStringList captions;
-    for (const QAction* action : menu()->actions())
+    for (const QAction* action : menu->actions())
         captions << (action->isSeparator() ? "-" : action->objectName() + "=" + action->text());
     EXPECT_EQ(captions.join(" "), "NowItem=Now odayItem=Today Yesterday=Yesterday - DayofWeek=Day of Week - "
                                   "ChooseDate1=Choose Date... ChooseTime1=Choose Time...");
@@ -159,13 +100,13 @@ TEST_F(DateEdit, MenuOpensUnderTheButtonWithItsItemsInOrder)
     for (const QAction* action : edit.findChild<QAction*>("DayofWeek")->menu()->actions())
         days << action->text();
     EXPECT_EQ(days.join(" "), "Monday Tuesday Wednesday Thursday Friday Saturday Sunday");
-    menu()->hide();
+    menu->hide();
 }
 
-TEST_F(DateEdit, EnterInTheCalendarPicksTheDayShown)
+TEST_F(DateEditAlone, EnterInTheCalendarPicksTheDayShown)
 {
     edit.SetDateString("today");
-    answerPanel("DatePanel", [](QWidget* panel) {
+    answerModal([](QWidget* panel) {
         auto* calendar = panel->findChild<QCalendarWidget*>("Calendar");
         calendar->setSelectedDate(QDate(2006, 11, 15));
         QWidget* days = calendar->findChild<QWidget*>("qt_calendar_calendarview");
@@ -177,22 +118,10 @@ TEST_F(DateEdit, EnterInTheCalendarPicksTheDayShown)
     EXPECT_EQ(edit.GetDateString(), "16-Nov-06");
 }
 
-TEST_F(DateEdit, DisablingTheFrameDisablesEditAndButton)
-{
-    edit.SetEnabled(false);
-    EXPECT_FALSE(text()->isEnabled());
-    EXPECT_FALSE(button()->isEnabled());
-    EXPECT_THROW(click(button()), std::runtime_error);
-    edit.SetEnabled(true);
-    EXPECT_TRUE(text()->isEnabled());
-    EXPECT_TRUE(button()->isEnabled());
-}
-
-TEST_F(DateEdit, HiddenButtonLeavesTheEditTheWholeWidth)
+TEST_F(DateEditAlone, HiddenButtonLeavesTheEditTheWholeWidth)
 {
     edit.SetShowButton(false);
     QApplication::processEvents();
-    EXPECT_FALSE(edit.GetShowButton());
     EXPECT_FALSE(button()->isVisible());
     EXPECT_EQ(text()->width(), edit.width());
     edit.SetShowButton(true);

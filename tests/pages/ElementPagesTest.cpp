@@ -4,22 +4,13 @@
 #include "actions/WFClearCaseCheckInActivityAction.h"
 #include "actions/WFClearCaseCheckInPathAction.h"
 #include "actions/WFClearCaseCheckOutAction.h"
-#include "actions/WFClearCaseCleartoolAction.h"
-#include "actions/WFClearCaseFindCheckoutsAction.h"
-#include "actions/WFClearCaseGetConfigSpecAction.h"
-#include "actions/WFClearCaseSetConfigSpecAction.h"
 #include "actions/WFClearCaseUnCheckOutActivityAction.h"
 #include "actions/WFClearCaseUnCheckOutAction.h"
 #include "actions/WFClearCaseUpdateAction.h"
 #include "environment/WFClearCaseIniFile.h"
-#include "pages/WFClearCaseViewContextSubFrame.h"
-#include "WFFrame.h"
 
-#include <QAbstractButton>
-#include <QLabel>
 #include <QLineEdit>
 
-#include <memory>
 
 #include <gtest/gtest.h>
 
@@ -101,15 +92,14 @@ const PageCase kCheckInCases[] = {
     {.name = "OtherSwitchesEachToTheirOwnProperty", .given = {{"NoWarnings", "True"}},
      .steps = clicks({"boxPTime", "boxIdentical"}), .shown = {{"boxNoWarn", true}},
      .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "True"}, {"Keep", "False"}}},
+    {.name = "ActivityCheckInSharesThePage", .given = {{"Keep", "True"}}, .steps = clicks({"boxKeep", "boxRemove"}),
+     .stored = {{"Keep", "False"}, {"Remove", "True"}}, .makeAction = newAction<TClearCaseCheckInActivityAction>},
     {.name = "UntickingWarningsOnly",
      .given = {{"NoWarnings", "True"}, {"PreserveTime", "True"}, {"IdenticalCheckin", "True"}},
      .steps = clicks({"boxNoWarn"}),
      .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "False"}}},
 };
 WF_PAGE_TABLE(CheckInPage, TClearCaseCheckInPathAction, "TClearCaseCheckInFrame", "Checkin Options", kCheckInCases);
-// The activity check-in shares the page.
-WF_PAGE_TABLE(ActivityCheckInPage, TClearCaseCheckInActivityAction, "TClearCaseCheckInFrame", "Checkin Options",
-              kCheckInCases);
 
 // ---------------------------------------------------------------------------------------------
 

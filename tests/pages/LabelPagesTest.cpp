@@ -1,13 +1,9 @@
-// The make-label-type and apply-label pages, and the headings of the label, lock and
-// make-element pages.
+// The make-label-type and apply-label pages.
 #include "PageCase.h"
 
 #include "actions/WFClearCaseApplyLabelAction.h"
-#include "actions/WFClearCaseLockPathNamesAction.h"
-#include "actions/WFClearCaseMakeElementAction.h"
 #include "actions/WFClearCaseMkLbTypeAction.h"
 
-#include <QLabel>
 
 using namespace wfpage;
 

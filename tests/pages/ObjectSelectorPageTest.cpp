@@ -1,205 +1,23 @@
 // The object selector page and its editor.
 #include "PageCase.h"
-#include "RowName.h"
 
 #include "actions/WFClearCaseLockObjectsAction.h"
-#include "environment/WFClearCaseIniFile.h"
 #include "FakeCleartool.h"
 #include "pages/WFClearCaseObjectSelectorEditForm.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <ostream>
 #include <string>
 #include <vector>
 
 using namespace wfpage;
 
 namespace {
-
-/// A user's step in the editor: a type chosen from the list, or text typed into a field.
-struct EditorStep {
-    const char* control;
-    const char* value;
-};
-
-void apply(QWidget* editor, const EditorStep& step)
-{
-    if (std::string(step.control) == "cmbObjectTypeName")
-        chooseByKeyboard(editor->findChild<QComboBox*>(step.control), step.value);
-    else
-        type(editor->findChild<QWidget*>(step.control), step.value);
-}
-
-struct EditorCase {
-    const char* name;
-    const char* opened; // nullptr: the editor opens empty
-    std::vector<EditorStep> steps;
-    const char* selector;
-    int typeRow;
-    const char* objectName;
-    const char* vob;
-    bool vobEnabled;
-    const char* nameLabel;
-};
-
-WF_ROW_PRINTER(EditorCase)
-
-/// The editor on its own, shown, with a fake ClearCase for its lists.
-class EditorFixture : public ::testing::Test {
-protected:
-    wftest::FakeCleartool cleartool;
-    TClearCaseObjectSelectorEditForm editor;
-
-    void SetUp() override { editor.show(); }
-    QComboBox* combo(const char* name) { return editor.findChild<QComboBox*>(name); }
-    QLineEdit* selector() { return editor.findChild<QLineEdit*>("txtObjectSelector"); }
-};
-
-class SelectorEditor : public EditorFixture, public ::testing::WithParamInterface<EditorCase> {};
-
-TEST_P(SelectorEditor, PartsAndStringFollowEachOther)
-{
-    const EditorCase& c = GetParam();
-    if (c.opened)
-        editor.SetObjectSelector(c.opened);
-    for (const EditorStep& step : c.steps)
-        apply(&editor, step);
-    EXPECT_EQ(editor.GetObjectSelector(), c.selector);
-    EXPECT_EQ(combo("cmbObjectTypeName")->currentIndex(), c.typeRow);
-    EXPECT_EQ(combo("cmbObjectTypeTag")->currentIndex(), c.typeRow);
-    EXPECT_EQ(combo("txtObjectName")->currentText().toStdString(), c.objectName);
-    EXPECT_EQ(combo("txtVOB")->currentText().toStdString(), c.vob);
-    EXPECT_EQ(combo("txtVOB")->isEnabled(), c.vobEnabled);
-    EXPECT_EQ(editor.findChild<QLabel*>("lblObjName")->text().toStdString(), c.nameLabel);
-}
-
-const EditorCase kEditorCases[] = {
-    {"OpensOnLabelSelectorUnchanged", R"(lbtype:REL1@\vobs\main)", {}, R"(lbtype:REL1@\vobs\main)", 6, "REL1",
-     R"(\vobs\main)", true, "Selector Object Name:"},
-    {"VOBTypeTakesTypedVOBAsName", nullptr, {{"txtVOB", R"(\vobs\main)"}, {"cmbObjectTypeName", "VOB"}},
-     R"(vob:\vobs\main)", 1, R"(\vobs\main)", "", false, "VOB Name:"},
-    {"VOBTypeWithoutVOBLeavesNameEmpty", nullptr, {{"cmbObjectTypeName", "VOB"}}, "vob:", 1, "", "", false, "VOB Name:"},
-    {"StringWithoutColonChoosesNoType", nullptr,
-     {{"cmbObjectTypeName", "Label"}, {"txtObjectSelector", R"(REL1@\vobs\main)"}}, R"(REL1@\vobs\main)", 0, "REL1",
-     R"(\vobs\main)", true, "Label Name:"},
-    {"UnknownPrefixLosesItsColon", "foo:bar@/vobs/a", {}, "foobar@/vobs/a", 0, "foobar", "/vobs/a", true,
-     "Selector Object Name:"},
-    {"TypingPassesThroughNoType", nullptr, {{"cmbObjectTypeName", "Branch"}, {"txtObjectSelector", "xx:main"}},
-     "xx:main", 0, "main", "", true, "Branch Name:"},
-    {"PartsCompose", nullptr, {{"cmbObjectTypeName", "Label"}, {"txtObjectName", "REL2"}, {"txtVOB", "/vobs/a"}},
-     "lbtype:REL2@/vobs/a", 6, "REL2", "/vobs/a", true, "Label Name:"},
-    {"ClearingVOBDropsAt", "lbtype:REL2@/vobs/a", {{"txtVOB", ""}}, "lbtype:REL2", 6, "REL2", "", true,
-     "Selector Object Name:"},
-    {"ChoosingTypeEmptiesName", "lbtype:REL1@/vobs/a", {{"cmbObjectTypeName", "Branch"}}, "brtype:@/vobs/a", 3, "",
-     "/vobs/a", true, "Branch Name:"},
-    {"ObjectIDLabel", nullptr, {{"cmbObjectTypeName", "Object ID"}, {"txtObjectName", "1234.56"}}, "oid:1234.56", 9,
-     "1234.56", "", true, "Object ID:"},
-    {"UCMTypeLabel", nullptr, {{"cmbObjectTypeName", "UCM Stream"}, {"txtObjectName", "int"}, {"txtVOB", "/vobs/pvob"}},
-     "stream:int@/vobs/pvob", 15, "int", "/vobs/pvob", true, "UCM Stream Name:"},
-    {"NoTypeAgainKeepsPrefixWithoutColon", "lbtype:REL1@/vobs/a", {{"cmbObjectTypeName", "(Click to select a type)"}},
-     "lbtype@/vobs/a", 0, "lbtype", "/vobs/a", true, "Selector Object Name:"},
-    {"VOBSelectorDisablesVOBField", "vob:/vobs/a", {}, "vob:/vobs/a", 1, "/vobs/a", "", false, "Selector Object Name:"},
-    {"NameEndsAtFirstAt", "lbtype:A@/vobs/a@x", {}, "lbtype:A@/vobs/a@x", 6, "A", "/vobs/a@x", true,
-     "Selector Object Name:"},
-    {"ColonAfterAtLeavesNoName", "REL1@C:/vobs", {}, "REL1@C@C:/vobs", 0, "", "C@C:/vobs", true, "Selector Object Name:"},
-    {"EmptyStaysEmpty", "", {}, "", 0, "", "", true, "Selector Object Name:"},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, SelectorEditor, ::testing::ValuesIn(kEditorCases), wftest::byName);
-
-TEST_F(SelectorEditor, UnknownPrefixTypedKeepsTheChosenType)
-{
-    editor.SetObjectSelector("lbtype:REL1");
-    QLineEdit* string = selector();
-    string->setFocus();
-    string->setCursorPosition(6);
-    QTest::keyClicks(string, "x");
-    EXPECT_EQ(editor.GetObjectSelector(), "lbtypex:REL1");
-    EXPECT_EQ(combo("cmbObjectTypeName")->currentIndex(), 6);
-    EXPECT_EQ(combo("txtObjectName")->currentText(), "REL1");
-    // Composing again puts the chosen type's prefix in place of the unknown one.
-    type(combo("txtObjectName"), "REL2");
-    EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2");
-}
-
-struct NameListCase {
-    const char* name;
-    const char* vob; // typed before the type is chosen
-    const char* type;
-    const char* query; // nullptr: nothing is asked
-    const char* output;
-    QStringList names;
-};
-
-WF_ROW_PRINTER(NameListCase)
-
-class SelectorNameList : public EditorFixture, public ::testing::WithParamInterface<NameListCase> {};
-
-TEST_P(SelectorNameList, AskedForOnEveryDropDown)
-{
-    const NameListCase& c = GetParam();
-    if (c.query)
-        cleartool.respond(c.query, c.output);
-    type(combo("txtVOB"), c.vob);
-    chooseByKeyboard(combo("cmbObjectTypeName"), c.type);
-    QComboBox* names = combo("txtObjectName");
-    dropDown(names);
-    dropDown(names);
-    EXPECT_EQ(items(names), c.names);
-    std::vector<std::string> expected;
-    if (c.query)
-        expected.assign(2, cleartool.folder() + "|" + c.query);
-    EXPECT_EQ(cleartool.calls(), expected);
-}
-
-const NameListCase kNameListCases[] = {
-    {"LabelTypes", "/vobs/a", "Label", "lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n", {"REL1", "REL2"}},
-    {"BranchTypes", "/vobs/b", "Branch", "lstype -short -kind brtype -invob /vobs/b", "main\nrel2\n", {"main", "rel2"}},
-    {"VOBs", "/vobs/b", "VOB", "lsvob -short", "/vobs/b\n/vobs/a\n", {"/vobs/a", "/vobs/b"}},
-    {"Streams", "/vobs/pvob", "UCM Stream", "lsstream -short -invob /vobs/pvob", "int\ndev\n", {"dev", "int"}},
-    {"NoTypeAsksNothing", "/vobs/a", "(Click to select a type)", nullptr, "", {}},
-    {"ObjectIDAsksNothing", "/vobs/a", "Object ID", nullptr, "", {}},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, SelectorNameList, ::testing::ValuesIn(kNameListCases), wftest::byName);
-
-TEST_F(SelectorNameList, PickedNameComposesTheString)
-{
-    cleartool.respond("lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n");
-    editor.SetObjectSelector("lbtype:@/vobs/a");
-    chooseByKeyboard(combo("txtObjectName"), "REL2");
-    EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2@/vobs/a");
-}
-
-TEST_F(SelectorNameList, VOBListIsAskedForOncePerEditor)
-{
-    cleartool.respond("lsvob -short", "/vobs/b\n/vobs/a\n");
-    QComboBox* vobs = combo("txtVOB");
-    type(vobs, "/vobs/typed");
-    dropDown(vobs);
-    dropDown(vobs);
-    EXPECT_EQ(items(vobs), QStringList({"/vobs/a", "/vobs/b"}));
-    EXPECT_EQ(vobs->currentText(), "/vobs/typed");
-    EXPECT_EQ(cleartool.calls().size(), 1u);
-    chooseByKeyboard(vobs, "/vobs/b");
-    EXPECT_EQ(editor.GetObjectSelector(), "@/vobs/b");
-    EXPECT_EQ(cleartool.calls().size(), 1u);
-
-    TClearCaseObjectSelectorEditForm next;
-    next.show();
-    dropDown(next.findChild<QComboBox*>("txtVOB"));
-    EXPECT_EQ(cleartool.calls().size(), 2u);
-}
-
-// --- The page ---------------------------------------------------------------------------
 
 constexpr const char* kList = "listObjects";
 
@@ -208,11 +26,14 @@ Properties objects(const char* storage)
     return {{"ObjectsStorageString", storage}};
 }
 
-/// The editor showing `shown`, filled from `fields` and closed with OK or Cancel.
-Step selectorEditor(const char* shown, std::vector<Field> fields, bool ok = true)
+/// The editor showing `shown`, filled from `fields`, then `inside`, showing `shownAfter`, and
+/// closed with OK or Cancel.
+Step selectorEditor(const char* shown, std::vector<Field> fields, bool ok = true, std::vector<Step> inside = {},
+                    std::vector<Shown> shownAfter = {})
 {
     fields.insert(fields.begin(), Field{"txtObjectSelector", shown});
-    return answerEditor("TClearCaseObjectSelectorEditForm", "Edit Object Selector", std::move(fields), ok);
+    return answerEditor("TClearCaseObjectSelectorEditForm", "Edit Object Selector", std::move(fields), ok, std::move(inside),
+                        std::move(shownAfter));
 }
 
 const PageCase kPageCases[] = {
@@ -255,6 +76,133 @@ const PageCase kPageCases[] = {
 };
 WF_PAGE_TABLE(SelectorPage, TClearCaseLockObjectsAction, "TClearCaseObjectSelectorFrame", "Objects", kPageCases);
 
+
+/// The editor, opened on `opened` by Edit (nullptr: empty, by Add), after `steps` shows the
+/// selector, the type, the name, the VOB (enabled or not) and the name's label; OK stores it.
+PageCase editorRow(const char* name, const char* opened, std::vector<Step> steps, const char* selector, const char* type,
+                   const char* objectName, const char* vob, bool vobEnabled, const char* nameLabel)
+{
+    const std::vector<Shown> shown = {{.control = "txtObjectSelector", .text = selector},
+                                      {.control = "cmbObjectTypeName", .text = type},
+                                      {.control = "txtObjectName", .text = objectName},
+                                      {.control = "txtVOB", .enabled = vobEnabled, .text = vob},
+                                      {.control = "lblObjName", .text = nameLabel}};
+    const Step editor = answerEditor("TClearCaseObjectSelectorEditForm", "Edit Object Selector", {}, true, std::move(steps), shown);
+    PageCase row = {.name = name, .stored = objects((std::string(selector) + "\r\n").c_str())};
+    if (opened) {
+        row.given = objects((std::string(opened) + "\r\n").c_str());
+        row.steps = {pickRow(kList, 0), editor, clickOn("btnEdit")};
+    } else {
+        row.steps = {editor, clickOn("btnAdd")};
+    }
+    return row;
+}
+
+const char* const kNoType = "(Click to select a type)";
+const char* const kSelectorName = "Selector Object Name:";
+
+const PageCase kEditorCases[] = {
+    editorRow("OpensOnLabelSelectorUnchanged", R"(lbtype:REL1@\vobs\main)", {}, R"(lbtype:REL1@\vobs\main)", "Label", "REL1",
+              R"(\vobs\main)", true, kSelectorName),
+    editorRow("VOBTypeTakesTypedVOBAsName", nullptr, {typeInto("txtVOB", R"(\vobs\main)"), typeInto("cmbObjectTypeName", "VOB")},
+              R"(vob:\vobs\main)", "VOB", R"(\vobs\main)", "", false, "VOB Name:"),
+    editorRow("VOBTypeWithoutVOBLeavesNameEmpty", nullptr, {typeInto("cmbObjectTypeName", "VOB")}, "vob:", "VOB", "", "",
+              false, "VOB Name:"),
+    editorRow("StringWithoutColonChoosesNoType", nullptr,
+              {typeInto("cmbObjectTypeName", "Label"), typeInto("txtObjectSelector", R"(REL1@\vobs\main)")},
+              R"(REL1@\vobs\main)", kNoType, "REL1", R"(\vobs\main)", true, "Label Name:"),
+    editorRow("UnknownPrefixLosesItsColon", "foo:bar@/vobs/a", {}, "foobar@/vobs/a", kNoType, "foobar", "/vobs/a", true,
+              kSelectorName),
+    editorRow("TypingPassesThroughNoType", nullptr, {typeInto("cmbObjectTypeName", "Branch"), typeInto("txtObjectSelector", "xx:main")},
+              "xx:main", kNoType, "main", "", true, "Branch Name:"),
+    editorRow("PartsCompose", nullptr,
+              {typeInto("cmbObjectTypeName", "Label"), typeInto("txtObjectName", "REL2"), typeInto("txtVOB", "/vobs/a")},
+              "lbtype:REL2@/vobs/a", "Label", "REL2", "/vobs/a", true, "Label Name:"),
+    editorRow("ClearingVOBDropsAt", "lbtype:REL2@/vobs/a", {typeInto("txtVOB", "")}, "lbtype:REL2", "Label", "REL2", "", true,
+              kSelectorName),
+    editorRow("ChoosingTypeEmptiesName", "lbtype:REL1@/vobs/a", {typeInto("cmbObjectTypeName", "Branch")}, "brtype:@/vobs/a",
+              "Branch", "", "/vobs/a", true, "Branch Name:"),
+    editorRow("ObjectIDLabel", nullptr, {typeInto("cmbObjectTypeName", "Object ID"), typeInto("txtObjectName", "1234.56")},
+              "oid:1234.56", "Object ID", "1234.56", "", true, "Object ID:"),
+    editorRow("UCMTypeLabel", nullptr,
+              {typeInto("cmbObjectTypeName", "UCM Stream"), typeInto("txtObjectName", "int"), typeInto("txtVOB", "/vobs/pvob")},
+              "stream:int@/vobs/pvob", "UCM Stream", "int", "/vobs/pvob", true, "UCM Stream Name:"),
+    editorRow("NoTypeAgainKeepsPrefixWithoutColon", "lbtype:REL1@/vobs/a", {typeInto("cmbObjectTypeName", kNoType)},
+              "lbtype@/vobs/a", kNoType, "lbtype", "/vobs/a", true, kSelectorName),
+    editorRow("VOBSelectorDisablesVOBField", "vob:/vobs/a", {}, "vob:/vobs/a", "VOB", "/vobs/a", "", false, kSelectorName),
+    editorRow("NameEndsAtFirstAt", "lbtype:A@/vobs/a@x", {}, "lbtype:A@/vobs/a@x", "Label", "A", "/vobs/a@x", true,
+              kSelectorName),
+    editorRow("ColonAfterAtLeavesNoName", "REL1@C:/vobs", {}, "REL1@C@C:/vobs", kNoType, "", "C@C:/vobs", true, kSelectorName),
+    editorRow("EmptyStaysEmpty", nullptr, {}, "", kNoType, "", "", true, kSelectorName),
+};
+WF_PAGE_TABLE(SelectorEditor, TClearCaseLockObjectsAction, "TClearCaseObjectSelectorFrame", "Objects", kEditorCases);
+
+/// Cleartool's names of `type` in `vob`, asked on both drop-downs of an editor (then cancelled).
+PageCase nameListRow(const char* name, const char* vob, const char* type, const char* query, const char* output,
+                     const char* names)
+{
+    PageCase row = {.name = name,
+                    .steps = {answerEditor("TClearCaseObjectSelectorEditForm", "Edit Object Selector", {}, false,
+                                           {typeInto("txtVOB", vob), typeInto("cmbObjectTypeName", type),
+                                            dropDownOf("txtObjectName"), dropDownOf("txtObjectName")},
+                                           {{.control = "txtObjectName", .items = names}}),
+                              clickOn("btnAdd")}};
+    if (query) {
+        row.responses = {{query, output}};
+        row.calls = {query, query};
+    }
+    return row;
+}
+
+const PageCase kNameListCases[] = {
+    nameListRow("LabelTypes", "/vobs/a", "Label", "lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n", "REL1|REL2"),
+    nameListRow("BranchTypes", "/vobs/b", "Branch", "lstype -short -kind brtype -invob /vobs/b", "main\nrel2\n", "main|rel2"),
+    nameListRow("VOBs", "/vobs/b", "VOB", "lsvob -short", "/vobs/b\n/vobs/a\n", "/vobs/a|/vobs/b"),
+    nameListRow("Streams", "/vobs/pvob", "UCM Stream", "lsstream -short -invob /vobs/pvob", "int\ndev\n", "dev|int"),
+    nameListRow("NoTypeAsksNothing", "/vobs/a", kNoType, nullptr, "", ""),
+    nameListRow("ObjectIDAsksNothing", "/vobs/a", "Object ID", nullptr, "", ""),
+    {.name = "PickedNameComposesTheString", .given = objects("lbtype:@/vobs/a\r\n"),
+     .steps = {pickRow(kList, 0), selectorEditor("lbtype:@/vobs/a", {}, true, {chooseIn("txtObjectName", "REL2")}),
+               clickOn("btnEdit")},
+     .stored = objects("lbtype:REL2@/vobs/a\r\n"),
+     .responses = {{"lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n"}},
+     .calls = {"lstype -short -kind lbtype -invob /vobs/a"}},
+    // The VOB list is asked for once per editor, and keeps the typed VOB until one is picked.
+    {.name = "VOBListIsAskedForOncePerEditor",
+     .steps = {selectorEditor("", {}, true,
+                              {typeInto("txtVOB", "/vobs/typed"), dropDownOf("txtVOB"), dropDownOf("txtVOB"),
+                               chooseIn("txtVOB", "/vobs/b")},
+                              {{.control = "txtVOB", .items = "/vobs/a|/vobs/b"}, {.control = "txtObjectSelector", .text = "@/vobs/b"}}),
+               clickOn("btnAdd"), selectorEditor("", {}, false, {dropDownOf("txtVOB")}), clickOn("btnAdd")},
+     .stored = objects("@/vobs/b\r\n"), .responses = {{"lsvob -short", "/vobs/b\n/vobs/a\n"}},
+     .calls = {"lsvob -short", "lsvob -short"}},
+    // Working in the string, then cancelling, is still remembered.
+    {.name = "EditorReopensOnTheFieldUsedLast",
+     .steps = {selectorEditor("", {{"txtObjectSelector", nullptr, "lbtype:X"}}, false), clickOn("btnAdd"),
+               selectorEditor("", {}, false, {}, {{.control = "txtObjectSelector", .focused = true}}), clickOn("btnAdd"),
+               selectorEditor("", {{"txtObjectName", nullptr, "REL1"}}), clickOn("btnAdd"),
+               selectorEditor("", {}, false, {}, {{.control = "txtObjectSelector", .focused = false}}), clickOn("btnAdd")},
+     .stored = objects("REL1\r\n")},
+};
+WF_PAGE_TABLE(SelectorNameList, TClearCaseLockObjectsAction, "TClearCaseObjectSelectorFrame", "Objects", kNameListCases);
+
+TEST(SelectorEditorString, UnknownPrefixTypedKeepsTheChosenType)
+{
+    wftest::FakeCleartool cleartool;
+    TClearCaseObjectSelectorEditForm editor;
+    editor.show();
+    editor.SetObjectSelector("lbtype:REL1");
+    auto* string = editor.findChild<QLineEdit*>("txtObjectSelector");
+    string->setFocus();
+    string->setCursorPosition(6);
+    QTest::keyClicks(string, "x");
+    EXPECT_EQ(editor.GetObjectSelector(), "lbtypex:REL1");
+    EXPECT_EQ(editor.findChild<QComboBox*>("cmbObjectTypeName")->currentIndex(), 6);
+    // Composing again puts the chosen type's prefix in place of the unknown one.
+    type(editor.findChild<QComboBox*>("txtObjectName"), "REL2");
+    EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2");
+}
+
 TEST(SelectorPageEditor, PastedLineBreakMakesTwoLines)
 {
     wftest::FakeCleartool cleartool;
@@ -268,42 +216,6 @@ TEST(SelectorPageEditor, PastedLineBreakMakesTwoLines)
     click(page.control<QPushButton>("btnAdd"));
     page.accept();
     EXPECT_EQ(property(action, "ObjectsStorageString"), "lbtype:A\r\nbrtype:b\r\n");
-}
-
-class SelectorPageButtons : public ::testing::Test {
-protected:
-    wftest::FakeCleartool cleartool;
-    TClearCaseLockObjectsAction action;
-};
-
-TEST_F(SelectorPageButtons, EditorReopensOnTheFieldUsedLast)
-{
-    OpenPage page("TClearCaseObjectSelectorFrame", action);
-    // Working in the string, then cancelling, is still remembered.
-    answerModal([](QWidget* dialog) {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
-        type(dialog->findChild<QWidget*>("txtObjectSelector"), "lbtype:X");
-        pressButton(dialog, "Cancel");
-    });
-    click(page.control<QPushButton>("btnAdd"));
-    EXPECT_TRUE(CCGetUsingCustomObjectSelector());
-    answerModal([](QWidget* dialog) {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
-        EXPECT_EQ(QApplication::focusWidget(), dialog->findChild<QWidget*>("txtObjectSelector"));
-        type(dialog->findChild<QWidget*>("txtObjectName"), "REL1");
-        pressButton(dialog, "OK");
-    });
-    click(page.control<QPushButton>("btnAdd"));
-    EXPECT_FALSE(CCGetUsingCustomObjectSelector());
-    answerModal([](QWidget* dialog) {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
-        EXPECT_NE(QApplication::focusWidget(), dialog->findChild<QWidget*>("txtObjectSelector"));
-        pressButton(dialog, "Cancel");
-    });
-    click(page.control<QPushButton>("btnAdd"));
-    EXPECT_FALSE(CCGetUsingCustomObjectSelector());
-    page.accept();
-    EXPECT_EQ(property(action, "ObjectsStorageString"), "REL1\r\n");
 }
 
 } // namespace

@@ -1,23 +1,13 @@
 // The package's page in the host's options dialog, read from and written to the live options.
-#include "PageHarness.h"
-#include "RowName.h"
+// "$T/bin/cleartool" is the fake cleartool.
+#include "PageCase.h"
 
 #include "environment/WFClearCaseIniFile.h"
-#include "FakeCleartool.h"
-#include "pages/WFClearCasePageTable.h"
-#include "WFFrame.h"
-
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QRadioButton>
-#include <QToolButton>
+#include "environment/WFClearCaseOptions.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
-#include <memory>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -25,221 +15,119 @@ using namespace wfpage;
 
 namespace {
 
-/// What the options write into the host's store.
-class StoreWriter : public IWFOptionsWriter {
-public:
-    void WriteString(const std::string& name, const std::string& value) override { values[name] = value; }
-    std::map<std::string, std::string> values;
-};
+class OptionsPage : public ::testing::TestWithParam<PageCase> {};
 
-/// The options page made by the package's factory, read from the live options as the host's
-/// options dialog does.
-class OptionsPage : public ::testing::Test {
-protected:
-    wftest::FakeCleartool cleartool;
-    BrowseAnswers browse;
-    std::unique_ptr<QWidget> widget{ClearCaseCreatePage("TClearCaseOptionsFrame", nullptr)};
-    IWFOptionsPage* page = WFOptionsPageOf(widget.get());
-
-    TWFClearCaseOptions& options() { return *cleartool.options().GetImplementation(); }
-    void open()
-    {
-        ASSERT_NE(page, nullptr);
-        ASSERT_EQ(WFActionPageOf(widget.get()), nullptr);
-        widget->show();
-        page->InitPage(nullptr);
-        page->OnPageActivate();
-        page->ReadOptions(options());
-    }
-    std::map<std::string, std::string> accept()
-    {
-        page->WriteOptions(options());
-        StoreWriter store;
-        options().SaveOptions(store);
-        return store.values;
-    }
-    template <typename T>
-    T* control(const char* name)
-    {
-        T* found = widget->findChild<T*>(name);
-        if (!found)
-            throw std::runtime_error(std::string("no control ") + name);
-        return found;
-    }
-    /// "$T" is the temporary folder, "$BIN" the fake's folder, "$FAKE" the fake itself.
-    std::string expand(std::string text) const
-    {
-        for (const auto& [marker, value] : {std::pair<std::string, std::string>{"$FAKE", cleartool.program()},
-                                            {"$BIN", cleartool.folder()}, {"$T", cleartool.temp().path()}})
-            if (const auto at = text.find(marker); at != std::string::npos)
-                text.replace(at, marker.size(), value);
-        return text;
-    }
-};
-
-TEST_F(OptionsPage, TitleAndTypedPathsStoredAsTyped)
+TEST_P(OptionsPage, RoundTrip)
 {
-    open();
-    EXPECT_EQ(page->GetPageName(), "ClearCase Options");
-    type(control<QLineEdit>("editCleartoolPath"), "/opt/cc/bin");
-    type(control<QLineEdit>("editDefaultView"), "/views/nightly");
-    const auto store = accept();
-    EXPECT_EQ(store.at("CleartoolPath"), "/opt/cc/bin");
-    EXPECT_EQ(store.at("DefaultView"), "/views/nightly");
+    runOptionsCase(GetParam());
 }
 
-struct PathCase {
-    const char* name;
-    const char* file; // created below the temporary folder first; nullptr: none
-    const char* stored;
-    const char* shown;
-};
-
-WF_ROW_PRINTER(PathCase)
-
-class CleartoolPathShown : public OptionsPage, public ::testing::WithParamInterface<PathCase> {};
-
-TEST_P(CleartoolPathShown, AndStoredBackAsShown)
+/// The cleartool path stored (after making `file` below the temporary folder) is shown as
+/// `shown`, and stored back as shown.
+PageCase pathRow(const char* name, const char* stored, const char* shown, const char* file = nullptr)
 {
-    const PathCase& c = GetParam();
-    if (c.file)
-        cleartool.temp().write(c.file, "");
-    options().SetClearToolPath(expand(c.stored));
-    options().SetDefaultViewPath("/views/main");
-    open();
-    EXPECT_EQ(control<QLineEdit>("editCleartoolPath")->text().toStdString(), expand(c.shown));
-    EXPECT_EQ(control<QLineEdit>("editDefaultView")->text(), "/views/main");
-    const auto store = accept();
-    EXPECT_EQ(store.at("CleartoolPath"), expand(c.shown));
-    EXPECT_EQ(store.at("DefaultView"), "/views/main");
+    return {.name = name,
+            .given = {{"CleartoolPath", stored}, {"DefaultView", "/views/main"}, {"InstallationType", "ClearCase"}},
+            .shown = {{.control = "editCleartoolPath", .text = shown}, {.control = "editDefaultView", .text = "/views/main"}},
+            .stored = {{"CleartoolPath", shown}, {"DefaultView", "/views/main"}},
+            .setUp = [file](wftest::FakeCleartool& cleartool) {
+                if (file)
+                    cleartool.temp().write(file, "");
+            }};
 }
 
-const PathCase kPathCases[] = {
-    {"ExecutableShownAsItsFolder", nullptr, "$FAKE", "$BIN"},
-    {"FolderOfExecutableShownAsFolder", nullptr, "$BIN", "$BIN"},
-    {"OtherCaseShownInFull", "tools/CLEARTOOL", "$T/tools/CLEARTOOL", "$T/tools/CLEARTOOL"},
-    {"OtherNameShownInFull", "tools/cleartool.sh", "$T/tools/cleartool.sh", "$T/tools/cleartool.sh"},
-    {"MissingShownAsStored", nullptr, "$T/missing/cleartool", "$T/missing/cleartool"},
-    {"FolderWithoutExecutableShownWithItsName", "tools/readme", "$T/tools", "$T/tools/cleartool"},
+const PageCase kPathCases[] = {
+    {.name = "TypedPathsStoredAsTyped",
+     .steps = {typeInto("editCleartoolPath", "/opt/cc/bin"), typeInto("editDefaultView", "/views/nightly")},
+     .stored = {{"CleartoolPath", "/opt/cc/bin"}, {"DefaultView", "/views/nightly"}}},
+    pathRow("ExecutableShownAsItsFolder", "$T/bin/cleartool", "$T/bin"),
+    pathRow("FolderOfExecutableShownAsFolder", "$T/bin", "$T/bin"),
+    pathRow("OtherCaseShownInFull", "$T/tools/CLEARTOOL", "$T/tools/CLEARTOOL", "tools/CLEARTOOL"),
+    pathRow("OtherNameShownInFull", "$T/tools/cleartool.sh", "$T/tools/cleartool.sh", "tools/cleartool.sh"),
+    pathRow("MissingShownAsStored", "$T/missing/cleartool", "$T/missing/cleartool"),
+    pathRow("FolderWithoutExecutableShownWithItsName", "$T/tools", "$T/tools/cleartool", "tools/readme"),
 };
-INSTANTIATE_TEST_SUITE_P(Cases, CleartoolPathShown, ::testing::ValuesIn(kPathCases), wftest::byName);
-
-struct EditionCase {
-    const char* name;
-    TClearCaseType stored;
-    bool detect;
-    const char* version;              // cleartool -version answers this; nullptr: no answer
-    std::vector<const char*> clicks;  // "box", "full", "lt"
-    std::optional<TClearCaseType> changedElsewhere; // set on the options before the page is accepted
-    bool fullChecked;
-    bool ltChecked;
-    bool buttonsEnabled;
-    bool detected; // cleartool was asked for its version
-    const char* installationType; // as stored; nullptr: not written
-};
-
-WF_ROW_PRINTER(EditionCase)
-
-class Edition : public OptionsPage, public ::testing::WithParamInterface<EditionCase> {};
-
-TEST_P(Edition, ChosenOrDetected)
-{
-    const EditionCase& c = GetParam();
-    if (c.version)
-        cleartool.respond("-version", c.version);
-    options().SetClearCaseType(c.stored);
-    options().SetTestForClearCaseType(c.detect);
-    open();
-    auto* full = control<QRadioButton>("btnClearCase");
-    auto* lt = control<QRadioButton>("btnClearCaseLT");
-    auto* box = control<QCheckBox>("boxCheckClearCaseType");
-    EXPECT_EQ(box->isChecked(), c.detect);
-    for (const std::string which : c.clicks)
-        click(which == "box" ? static_cast<QAbstractButton*>(box) : which == "full" ? full : lt);
-    EXPECT_EQ(full->isChecked(), c.fullChecked);
-    EXPECT_EQ(lt->isChecked(), c.ltChecked);
-    EXPECT_EQ(full->isEnabled(), c.buttonsEnabled);
-    EXPECT_EQ(lt->isEnabled(), c.buttonsEnabled);
-    const std::vector<std::string> asked = c.detected ? std::vector<std::string>{cleartool.folder() + "|-version"}
-                                                      : std::vector<std::string>{};
-    EXPECT_EQ(cleartool.calls(), asked);
-    if (c.changedElsewhere)
-        options().SetClearCaseType(*c.changedElsewhere);
-    const auto store = accept();
-    const auto written = store.find("InstallationType");
-    EXPECT_EQ(written == store.end() ? std::string("(not written)") : written->second,
-              c.installationType ? c.installationType : "(not written)");
-}
+INSTANTIATE_TEST_SUITE_P(Paths, OptionsPage, ::testing::ValuesIn(kPathCases), wftest::byName);
 
 constexpr const char* kLTVersion = "ClearCase version 7.0.1 (Rational ClearCase LT)\n";
 constexpr const char* kFullVersion = "ClearCase version 7.0.1 (Rational ClearCase)\n";
 
-const EditionCase kEditionCases[] = {
-    {"LTShown", ccLT, false, nullptr, {}, {}, false, true, true, false, "ClearCaseLT"},
-    {"FullShown", ccFull, false, nullptr, {}, {}, true, false, true, false, "ClearCase"},
-    {"UnknownShowsNeither", ccUnknown, false, nullptr, {}, {}, false, false, true, false, nullptr},
-    {"UnknownLeavesStoredEdition", ccUnknown, false, nullptr, {}, ccLT, false, false, true, false, "ClearCaseLT"},
-    {"ChoosingLTStoresIt", ccFull, false, nullptr, {"lt"}, {}, false, true, true, false, "ClearCaseLT"},
-    {"OpenTickedDisablesWithoutDetecting", ccLT, true, kFullVersion, {}, {}, false, true, false, false, "Auto"},
-    {"TickingDetectsLT", ccFull, false, kLTVersion, {"box"}, {}, false, true, false, true, "Auto"},
-    {"TickingDetectsFull", ccLT, false, kFullVersion, {"box"}, {}, true, false, false, true, "Auto"},
-    {"TickingUndetectedKeepsChoice", ccLT, false, "cleartool: unknown\n", {"box"}, {}, false, true, false, true, "Auto"},
-    {"UntickingEnablesWithoutDetecting", ccFull, true, kLTVersion, {"box"}, {}, true, false, true, false, "ClearCase"},
-    {"TickAndUntickThenChoose", ccUnknown, false, kFullVersion, {"box", "box", "lt"}, {}, false, true, true, true,
-     "ClearCaseLT"},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, Edition, ::testing::ValuesIn(kEditionCases), wftest::byName);
-
-struct BrowseCase {
-    const char* name;
-    const char* button;
-    const char* viewShown;  // the default view on the page; "$T" exists
-    const char* lastView;   // remembered before; nullptr: nothing
-    std::optional<std::string> answer;
-    const char* askedTitle;
-    const char* askedStart;
-    const char* cleartoolShown;
-    const char* viewShownAfter;
-    const char* lastViewAfter;
-};
-
-WF_ROW_PRINTER(BrowseCase)
-
-class OptionsBrowse : public OptionsPage, public ::testing::WithParamInterface<BrowseCase> {};
-
-TEST_P(OptionsBrowse, AnswerReachesTheEdit)
+/// The edition stored (detected when `detect`), after `steps` shown by the two buttons (enabled
+/// or not) and stored as `installation`; `version` is cleartool's answer, asked when `asked`.
+PageCase editionRow(const char* name, TClearCaseType edition, bool detect, const char* version, std::vector<Step> steps,
+                    bool full, bool lt, bool enabled, bool asked, const char* installation)
 {
-    const BrowseCase& c = GetParam();
-    options().SetDefaultViewPath(expand(c.viewShown));
-    if (c.lastView)
-        CCSetLastViewDirectory(c.lastView);
-    open();
-    browse.next(c.answer);
-    click(control<QToolButton>(c.button));
-    ASSERT_EQ(browse.requests().size(), 1u);
-    const auto& asked = browse.requests().front();
-    EXPECT_EQ(asked.caption, c.askedTitle);
-    EXPECT_EQ(asked.initialDir, expand(c.askedStart));
-    EXPECT_EQ(asked.file.filter, std::string(c.button) == "editCleartoolPathButton" ? cleartoolExecutableName() : "");
-    EXPECT_EQ(control<QLineEdit>("editCleartoolPath")->text().toStdString(), expand(c.cleartoolShown));
-    EXPECT_EQ(control<QLineEdit>("editDefaultView")->text().toStdString(), expand(c.viewShownAfter));
-    EXPECT_EQ(CCGetLastViewDirectory(), expand(c.lastViewAfter));
+    PageCase row = {.name = name,
+                    .steps = std::move(steps),
+                    .shown = {{"btnClearCase", full, enabled}, {"btnClearCaseLT", lt, enabled}},
+                    .stored = {{"InstallationType", installation}},
+                    .edition = edition};
+    if (version)
+        row.responses = {{"-version", version}};
+    if (asked)
+        row.calls = {"-version"};
+    if (detect)
+        row.setUp = [](wftest::FakeCleartool& cleartool) { cleartool.options().SetTestForClearCaseType(true); };
+    return row;
 }
 
-const BrowseCase kBrowseCases[] = {
-    {"CleartoolFileGivesItsFolder", "editCleartoolPathButton", "", "/views/last", "/opt/cc/bin/cleartool", "Select File",
-     "", "/opt/cc/bin", "", "/views/last"},
-    {"CleartoolCancelledKeepsPath", "editCleartoolPathButton", "", nullptr, std::nullopt, "Select File", "", "$BIN", "",
-     ""},
-    {"ViewStartsAtExistingFolderShown", "editDefaultViewButton", "$T", "/views/last", "/views/new", "Select Directory",
-     "$T", "$BIN", "/views/new", "/views/new"},
-    {"ViewStartsAtLastWhenShownIsMissing", "editDefaultViewButton", "/no/such/view", "/views/last", "/views/new",
-     "Select Directory", "/views/last", "$BIN", "/views/new", "/views/new"},
-    {"ViewStartsAtLastWhenNoneShown", "editDefaultViewButton", "", "/views/last", "/views/new", "Select Directory",
-     "/views/last", "$BIN", "/views/new", "/views/new"},
-    {"ViewCancelledRemembersNothing", "editDefaultViewButton", "/no/such/view", "/views/last", std::nullopt,
-     "Select Directory", "/views/last", "$BIN", "/no/such/view", "/views/last"},
+const Step kBox = clickOn("boxCheckClearCaseType");
+constexpr const char* kNone = "(not written)";
+
+const PageCase kEditionCases[] = {
+    editionRow("LTShown", ccLT, false, nullptr, {}, false, true, true, false, "ClearCaseLT"),
+    editionRow("FullShown", ccFull, false, nullptr, {}, true, false, true, false, "ClearCase"),
+    editionRow("UnknownShowsNeither", ccUnknown, false, nullptr, {}, false, false, true, false, kNone),
+    editionRow("ChoosingLTStoresIt", ccFull, false, nullptr, {clickOn("btnClearCaseLT")}, false, true, true, false, "ClearCaseLT"),
+    editionRow("OpenTickedDisablesWithoutDetecting", ccLT, true, kFullVersion, {}, false, true, false, false, "Auto"),
+    editionRow("TickingDetectsLT", ccFull, false, kLTVersion, {kBox}, false, true, false, true, "Auto"),
+    editionRow("TickingDetectsFull", ccLT, false, kFullVersion, {kBox}, true, false, false, true, "Auto"),
+    editionRow("TickingUndetectedKeepsChoice", ccLT, false, "cleartool: unknown\n", {kBox}, false, true, false, true, "Auto"),
+    editionRow("UntickingEnablesWithoutDetecting", ccFull, true, kLTVersion, {kBox}, true, false, true, false, "ClearCase"),
+    editionRow("TickAndUntickThenChoose", ccUnknown, false, kFullVersion, {kBox, kBox, clickOn("btnClearCaseLT")}, false, true,
+               true, true, "ClearCaseLT"),
+    // With neither button chosen the page leaves the edition as it finds it on accepting.
+    {.name = "UnknownLeavesStoredEdition", .shown = {{"btnClearCase", false}, {"btnClearCaseLT", false}},
+     .stored = {{"InstallationType", "ClearCaseLT"}}, .edition = ccUnknown,
+     .check = [](const OpenPage&) { ClearCaseOptions()->SetClearCaseType(ccLT); }},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, OptionsBrowse, ::testing::ValuesIn(kBrowseCases), wftest::byName);
+INSTANTIATE_TEST_SUITE_P(Editions, OptionsPage, ::testing::ValuesIn(kEditionCases), wftest::byName);
+
+/// The default view `view` on the page, `lastView` remembered (nullptr: none); `button` clicked
+/// and the browser answered `answer`. It was asked for `caption` from `start`; the edits show
+/// `cleartoolAfter` and `viewAfter`, and `lastViewAfter` is remembered.
+PageCase browseRow(const char* name, const char* button, const char* view, const char* lastView,
+                   std::optional<std::string> answer, const char* caption, const char* start, const char* cleartoolAfter,
+                   const char* viewAfter, const char* lastViewAfter)
+{
+    const bool forCleartool = std::string(button) == "editCleartoolPathButton";
+    return {.name = name,
+            .given = {{"CleartoolPath", "$T/bin/cleartool"}, {"DefaultView", view}, {"InstallationType", "ClearCase"}},
+            .steps = {clickOn(button)},
+            .shown = {{.control = "editCleartoolPath", .text = cleartoolAfter}, {.control = "editDefaultView", .text = viewAfter}},
+            .answers = {std::move(answer)},
+            .browsed = {{start, caption, "", forCleartool ? cleartoolExecutableName() : ""}},
+            .setUp = [lastView](wftest::FakeCleartool&) {
+                if (lastView)
+                    CCSetLastViewDirectory(lastView);
+            },
+            .check = [lastViewAfter](const OpenPage&) { EXPECT_EQ(CCGetLastViewDirectory(), lastViewAfter); }};
+}
+
+const PageCase kBrowseCases[] = {
+    browseRow("CleartoolFileGivesItsFolder", "editCleartoolPathButton", "", "/views/last", "/opt/cc/bin/cleartool",
+              "Select File", "", "/opt/cc/bin", "", "/views/last"),
+    browseRow("CleartoolCancelledKeepsPath", "editCleartoolPathButton", "", nullptr, std::nullopt, "Select File", "",
+              "$T/bin", "", ""),
+    browseRow("ViewStartsAtExistingFolderShown", "editDefaultViewButton", "$T", "/views/last", "/views/new",
+              "Select Directory", "$T", "$T/bin", "/views/new", "/views/new"),
+    browseRow("ViewStartsAtLastWhenShownIsMissing", "editDefaultViewButton", "/no/such/view", "/views/last", "/views/new",
+              "Select Directory", "/views/last", "$T/bin", "/views/new", "/views/new"),
+    browseRow("ViewStartsAtLastWhenNoneShown", "editDefaultViewButton", "", "/views/last", "/views/new", "Select Directory",
+              "/views/last", "$T/bin", "/views/new", "/views/new"),
+    browseRow("ViewCancelledRemembersNothing", "editDefaultViewButton", "/no/such/view", "/views/last", std::nullopt,
+              "Select Directory", "/views/last", "$T/bin", "/no/such/view", "/views/last"),
+};
+INSTANTIATE_TEST_SUITE_P(Browsers, OptionsPage, ::testing::ValuesIn(kBrowseCases), wftest::byName);
 
 } // namespace

@@ -22,27 +22,40 @@ namespace wfpage {
 using Properties = std::vector<std::pair<std::string, std::string>>;
 
 /// A field of a modal editor: the text it must show on opening (nullptr: unchecked) and the text
-/// typed into it (nullptr: left alone).
+/// typed into it, or chosen in a list that takes no typing (nullptr: left alone).
 struct Field {
     const char* control;
     const char* shown = nullptr;
     const char* typed = nullptr;
 };
 
-/// One user input on the named control.
+/// A control's state after the user's steps; unset fields are not checked.
+struct Shown {
+    const char* control;
+    std::optional<bool> checked = {};
+    std::optional<bool> enabled = {};
+    const char* text = nullptr;  ///< an edit's, memo's, label's, button's or combo box's current text
+    const char* items = nullptr; ///< a combo or list box's entries joined by '|' ("" for none)
+    std::optional<bool> visible = {};
+    std::optional<bool> focused = {};
+};
+
+/// One user input on the named control, of the page or of the editor a step answers.
 struct Step {
-    enum Kind { Click, Type, DropDown, Choose, Pick, DoubleClick, Tick, Key, Editor, MenuItem, ClickBlank, DateMenu } kind;
+    enum Kind { Click, Type, DropDown, Choose, Pick, DoubleClick, Tick, Key, Editor, MenuItem, ClickBlank, DateMenu, DatePanel, TimePanel } kind;
     const char* control;
     const char* text = ""; ///< typed (replacing the control's text), the entry or item chosen, or the editor's title
     int row = -1;          ///< the list row picked, double-clicked or ticked
     int key = 0;
     std::vector<Field> fields = {}; ///< an editor's fields
     bool ok = true;                 ///< an editor closed with OK, else Cancel
+    std::vector<Step> inside = {};  ///< an editor's further steps, after its fields
+    std::vector<Shown> shown = {};  ///< what an editor shows before it is closed
 };
 inline Step clickOn(const char* control) { return {Step::Click, control}; }
 inline Step typeInto(const char* control, const char* text) { return {Step::Type, control, text}; }
 inline Step dropDownOf(const char* control) { return {Step::DropDown, control}; }
-/// Selects a combo box's entry by its text.
+/// Picks a combo box's entry by its text, as a user does with the keyboard.
 inline Step chooseIn(const char* control, const char* entry) { return {Step::Choose, control, entry}; }
 /// Clicks on the named buttons in order.
 std::vector<Step> clicks(std::vector<const char*> names);
@@ -59,20 +72,18 @@ inline Step chooseDate(const char* dateEdit, const char* item) { return {Step::D
 /// Clicks the named item of the open pop-up menu.
 inline Step chooseMenuItem(const char* menu, const char* item) { return {Step::MenuItem, menu, item}; }
 /// Answers the next modal editor (titled `title`, named `dialogClass`): checks and fills its
-/// fields and presses OK, or Cancel. Comes before the step that opens the editor.
-inline Step answerEditor(const char* dialogClass, const char* title, std::vector<Field> fields, bool ok = true)
+/// fields, takes the further steps in it, checks what it shows and presses OK, or Cancel. Comes
+/// before the step that opens the editor.
+inline Step answerEditor(const char* dialogClass, const char* title, std::vector<Field> fields, bool ok = true,
+                         std::vector<Step> inside = {}, std::vector<Shown> shown = {})
 {
-    return {Step::Editor, dialogClass, title, -1, 0, std::move(fields), ok};
+    return {Step::Editor, dialogClass, title, -1, 0, std::move(fields), ok, std::move(inside), std::move(shown)};
 }
-
-/// A control's state after the user's steps; unset fields are not checked.
-struct Shown {
-    const char* control;
-    std::optional<bool> checked = {};
-    std::optional<bool> enabled = {};
-    const char* text = nullptr;  ///< an edit's, memo's, label's, button's or combo box's current text
-    const char* items = nullptr; ///< a combo or list box's entries joined by '|' ("" for none)
-};
+/// Answers the calendar of the date edit `dateEdit` with a day ("2006-11-15"), or its time
+/// picker with a time ("14:30:00"), and OK; nullptr cancels. The panel must open under the
+/// edit's text. Comes before the step that opens it.
+inline Step answerDate(const char* dateEdit, const char* day) { return {Step::DatePanel, dateEdit, day}; }
+inline Step answerTime(const char* dateEdit, const char* time) { return {Step::TimePanel, dateEdit, time}; }
 
 /// What a browser was asked; caption is the folder browser's caption or the file browser's title.
 struct Browsed {
@@ -90,6 +101,8 @@ struct Response {
     int exitCode = 0;
 };
 
+/// In the texts of a row (properties, answers, what is shown, asked and called), "$T" stands for
+/// the row's temporary folder.
 struct PageCase {
     const char* name;
     Properties given = {};
@@ -105,19 +118,16 @@ struct PageCase {
     TClearCaseType edition = ccFull;
     /// The action the page is opened on when not the table's own.
     std::function<std::unique_ptr<TCustomWFAction>()> makeAction = {};
-    /// Runs before the page opens, in the row's configuration folder.
+    /// Runs before the page opens, in the row's configuration folder. The default locale and
+    /// the designer's variable providers are put back after the row.
     std::function<void(wftest::FakeCleartool&)> setUp = {};
     /// Checks after the steps what the fields above cannot say.
     std::function<void(const OpenPage&)> check = {};
+    /// Environment variables set while the row runs.
+    Properties environment = {};
 };
 
 WF_ROW_PRINTER(PageCase)
-
-/// Names a row's test after the row.
-inline std::string pageCaseName(const ::testing::TestParamInfo<PageCase>& info)
-{
-    return info.param.name;
-}
 
 template <typename Action>
 std::unique_ptr<TCustomWFAction> newAction()
@@ -128,11 +138,18 @@ std::unique_ptr<TCustomWFAction> newAction()
 /// Opens the page on the action with the row's properties, runs the steps, checks what is shown
 /// and asked, accepts and checks the stored properties. Runs against a fake cleartool and a
 /// fresh configuration folder.
+void runPageCase(const TWFPageClass& pageClass, TCustomWFAction& action, const std::string& title, const PageCase& c);
+/// The package's page of that class.
 void runPageCase(const char* pageClass, TCustomWFAction& action, const std::string& title, const PageCase& c);
 
+/// Runs the row on the package's options page as the host's options dialog shows it: the given
+/// options are loaded as the host's store holds them, the edition set first; what the page
+/// writes back is saved and compared with `stored` ("(not written)" for a key left out).
+void runOptionsCase(const PageCase& c);
+
 /// Runs the row on a new Action, or on the row's own action where it names one.
-template <typename Action>
-void runPageCase(const char* pageClass, const std::string& title, const PageCase& c)
+template <typename Action, typename PageClass>
+void runPageCase(const PageClass& pageClass, const std::string& title, const PageCase& c)
 {
     const std::unique_ptr<TCustomWFAction> action = c.makeAction ? c.makeAction() : newAction<Action>();
     runPageCase(pageClass, *action, title, c);
@@ -146,7 +163,7 @@ void runPageCase(const char* pageClass, const std::string& title, const PageCase
     {                                                                                                          \
         ::wfpage::runPageCase<Action>(pageClass, title, GetParam());                                           \
     }                                                                                                          \
-    INSTANTIATE_TEST_SUITE_P(Cases, Suite, ::testing::ValuesIn(rows), ::wfpage::pageCaseName)
+    INSTANTIATE_TEST_SUITE_P(Cases, Suite, ::testing::ValuesIn(rows), ::wftest::byName)
 
 /// The text a user sees in the named edit, memo, label, button or combo box.
 QString shownText(const OpenPage& page, const char* control);

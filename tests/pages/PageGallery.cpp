@@ -129,14 +129,26 @@ QStringList clippedControls(const QWidget& root, const QString& where)
     return found;
 }
 
+/// The application font scaled by `scale` while it lives.
+class ScaledFont {
+public:
+    explicit ScaledFont(double scale)
+    {
+        QFont font = m_normal;
+        font.setPointSizeF(m_normal.pointSizeF() * scale);
+        QApplication::setFont(font);
+    }
+    ~ScaledFont() { QApplication::setFont(m_normal); }
+
+private:
+    const QFont m_normal = QApplication::font();
+};
+
 /// Every page at its layout width and at its smallest, and every editor as it opens, at the
 /// application font scaled by `scale`: what is clipped.
 QStringList checkLayouts(double scale)
 {
-    const QFont normal = QApplication::font();
-    QFont font = normal;
-    font.setPointSizeF(normal.pointSizeF() * scale);
-    QApplication::setFont(font);
+    const ScaledFont font(scale);
     const QString at = QString("at %1x font").arg(scale);
     QStringList found;
     for (const auto& maker : ClearCasePageMakers()) {
@@ -157,7 +169,6 @@ QStringList checkLayouts(double scale)
         showAt(*widget, widget->size());
         found << clippedControls(*widget, QString("%1 %2").arg(editor.className, at));
     }
-    QApplication::setFont(normal);
     return found;
 }
 
@@ -165,19 +176,13 @@ QStringList checkLayouts(double scale)
 /// size (an invalid size: the layout size).
 bool renderPage(const TClearCasePageMaker& maker, const QString& file, double scale, QSize wanted, std::string& error)
 {
-    const QFont normal = QApplication::font();
-    QFont font = normal;
-    font.setPointSizeF(normal.pointSizeF() * scale);
-    QApplication::setFont(font);
+    const ScaledFont font(scale);
     std::unique_ptr<TClearCaseBaseAction> action;
     auto tabs = pageInTab(maker, action, error);
-    bool written = false;
-    if (tabs) {
-        showAt(*tabs, wanted.isValid() ? wanted : layoutSize(*tabs));
-        written = tabs->grab().save(file);
-    }
-    QApplication::setFont(normal);
-    return written;
+    if (!tabs)
+        return false;
+    showAt(*tabs, wanted.isValid() ? wanted : layoutSize(*tabs));
+    return tabs->grab().save(file);
 }
 
 /// The pages also shown with a larger font and in an enlarged dialog.

@@ -25,12 +25,12 @@
 
 namespace wfpage {
 
-namespace {
-
 TWFPageClass packagePage(const char* className)
 {
     return {className, [name = std::string(className)](QWidget* parent) { return ClearCaseCreatePage(name.c_str(), parent); }};
 }
+
+namespace {
 
 QPoint indicatorCentre(QAbstractButton* button)
 {
@@ -45,14 +45,19 @@ QPoint indicatorCentre(QAbstractButton* button)
     return indicator.center();
 }
 
-} // namespace
-
-OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_action(action)
+std::unique_ptr<QWidget> createdPage(const TWFPageClass& pageClass)
 {
     std::string error;
-    m_widget = WFCreatePage(pageClass, nullptr, error);
-    if (!m_widget)
+    std::unique_ptr<QWidget> page = WFCreatePage(pageClass, nullptr, error);
+    if (!page)
         throw std::runtime_error(error);
+    return page;
+}
+
+} // namespace
+
+OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_widget(createdPage(pageClass)), m_action(&action)
+{
     m_page = WFActionPageOf(m_widget.get());
     if (!m_page)
         throw std::runtime_error(pageClass.className + " is no action page");
@@ -64,11 +69,31 @@ OpenPage::OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action) : m_a
 
 OpenPage::OpenPage(const char* className, TCustomWFAction& action) : OpenPage(packagePage(className), action) {}
 
+OpenPage::OpenPage(const TWFPageClass& pageClass, TWFOptionsObject& options)
+    : m_widget(createdPage(pageClass)), m_options(&options)
+{
+    m_optionsPage = WFOptionsPageOf(m_widget.get());
+    if (!m_optionsPage || WFActionPageOf(m_widget.get()))
+        throw std::runtime_error(pageClass.className + " is no options page");
+    m_widget->show();
+    m_optionsPage->InitPage(nullptr);
+    m_optionsPage->OnPageActivate();
+    m_optionsPage->ReadOptions(options);
+}
+
 OpenPage::~OpenPage() = default;
+
+std::string OpenPage::title() const
+{
+    return m_page ? m_page->PageName() : m_optionsPage->GetPageName();
+}
 
 void OpenPage::accept()
 {
-    m_page->WriteActionData(m_action);
+    if (m_page)
+        m_page->WriteActionData(*m_action);
+    else
+        m_optionsPage->WriteOptions(*m_options);
 }
 
 void click(QAbstractButton* button)
@@ -131,7 +156,11 @@ void answerModal(std::function<void(QWidget* dialog)> answer)
     started->start();
     auto poll = std::make_shared<std::function<void()>>();
     *poll = [answer = std::move(answer), started, poll]() {
-        if (QWidget* dialog = QApplication::activeModalWidget()) {
+        // A pop-up dialog (the date edit's panels) waits in exec() as a modal one does.
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog)
+            dialog = qobject_cast<QDialog*>(QApplication::activePopupWidget());
+        if (dialog) {
             answer(dialog);
             *poll = nullptr;
             return;

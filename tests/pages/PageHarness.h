@@ -15,21 +15,28 @@
 #include <vector>
 
 class TCustomWFAction;
+class TWFOptionsObject;
 
 namespace wfpage {
 
+/// The package's page of that class, made by its page table.
+TWFPageClass packagePage(const char* className);
+
 /// A page made as a host makes it: by its class's factory, then InitFrame, InitPage and
-/// ReadActionData with the action. The page is shown (offscreen) so that clicks reach it.
+/// ReadActionData with the action; or, for options, InitPage, OnPageActivate and ReadOptions.
+/// The page is shown (offscreen) so that clicks reach it.
 class OpenPage {
 public:
     OpenPage(const TWFPageClass& pageClass, TCustomWFAction& action);
     /// By class name, through the package's page table.
     OpenPage(const char* className, TCustomWFAction& action);
+    OpenPage(const TWFPageClass& pageClass, TWFOptionsObject& options);
     ~OpenPage();
 
     QWidget* widget() const { return m_widget.get(); }
-    IWFActionPage& page() const { return *m_page; }
-    /// The host accepting the page: WriteActionData with the action it was opened on.
+    std::string title() const;
+    /// The host accepting the page: WriteActionData with the action it was opened on, or
+    /// WriteOptions with the options.
     void accept();
 
     /// The named control; throws (failing the test) when there is none of that type.
@@ -45,7 +52,9 @@ public:
 private:
     std::unique_ptr<QWidget> m_widget;
     IWFActionPage* m_page = nullptr;
-    TCustomWFAction& m_action;
+    TCustomWFAction* m_action = nullptr;
+    IWFOptionsPage* m_optionsPage = nullptr;
+    TWFOptionsObject* m_options = nullptr;
 };
 
 // Input as a user gives it.
@@ -64,7 +73,7 @@ void chooseByKeyboard(QWidget* combo, const QString& text);
 /// an item of the menu itself, a trigger for a day on the sub-menu.
 void chooseDateItem(QWidget* dateEdit, const char* item);
 
-/// Runs `answer` on the next modal dialog once it is open (e.g. to fill it and press OK), while
+/// Runs `answer` on the next modal or pop-up dialog once it is open (e.g. to fill it and press OK), while
 /// the code under test waits in exec(). Fails the test when no dialog opens within two seconds.
 void answerModal(std::function<void(QWidget* dialog)> answer);
 /// Presses the dialog's button with that text ("OK", "Cancel").

@@ -3,17 +3,13 @@
 #include "PageCase.h"
 #include "RowName.h"
 
-#include "actions/WFClearCaseCheckOutAction.h"
 #include "environment/WFClearCaseIniFile.h"
 #include "FakeCleartool.h"
-#include "pages/WFClearCaseEditViewPathForm.h"
 
-#include <QComboBox>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
-#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -30,15 +26,6 @@ constexpr const char* kList = "pathsListBox";
 QListWidget* listOf(const OpenPage& page)
 {
     return page.control<QListWidget>(kList);
-}
-
-/// The items of a list or combo box, as the action stores text.
-std::vector<std::string> texts(QWidget* list)
-{
-    std::vector<std::string> result;
-    for (const QString& item : items(list))
-        result.push_back(item.toStdString());
-    return result;
 }
 
 QPoint rowCentre(QListWidget* list, int row)
@@ -94,7 +81,11 @@ class ViewPathPage : public ::testing::TestWithParam<PageCase> {};
 TEST_P(ViewPathPage, RoundTrip)
 {
     PageCase c = GetParam();
-    c.setUp = [](wftest::FakeCleartool&) { CCSetLastViewDirectory("/views/last"); };
+    c.setUp = [rowSetUp = c.setUp](wftest::FakeCleartool& cleartool) {
+        CCSetLastViewDirectory("/views/last");
+        if (rowSetUp)
+            rowSetUp(cleartool);
+    };
     if (!c.check)
         c.check = lastViewDirectory("/views/last");
     const auto action = c.makeAction ? c.makeAction() : catalogueAction("CC_CHECKOUT");
@@ -150,7 +141,7 @@ const PageCase kViewPathCases[] = {
     {.name = "HeadingUnderLT", .shown = {{"txtHeading", {}, {}, "View-Extended Pathnames to apply label"}},
      .edition = ccLT, .makeAction = [] { return catalogueAction("CC_LABEL"); }},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ViewPathPage, ::testing::ValuesIn(kViewPathCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Cases, ViewPathPage, ::testing::ValuesIn(kViewPathCases), wftest::byName);
 
 /// Every control greyed out, as under ClearCase LT.
 void expectAllGreyed(const OpenPage& page)
@@ -214,208 +205,127 @@ const PageCase kExtendedCases[] = {
     {.name = "HeadingNamesTheAction", .shown = {{"txtHeading", {}, {}, "Extended Pathnames to apply label"}},
      .makeAction = [] { return catalogueAction("CC_LABEL"); }},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ExtendedPage, ::testing::ValuesIn(kExtendedCases), pageCaseName);
+INSTANTIATE_TEST_SUITE_P(Cases, ExtendedPage, ::testing::ValuesIn(kExtendedCases), wftest::byName);
 
-/// A fake ClearCase, its own user.ini and answered browsers for the tests that drive the
-/// page's parts directly.
-class PathPages {
-protected:
-    wftest::FakeCleartool cleartool;
-    BrowseAnswers browse;
-    std::unique_ptr<TCustomWFAction> owned = catalogueAction("CC_CHECKOUT");
-    TClearCaseCheckoutAction& action = dynamic_cast<TClearCaseCheckoutAction&>(*owned);
-};
-
-class ViewPathMenu : public PathPages, public ::testing::Test {};
-
-TEST_F(ViewPathMenu, AddOpensTheMenuUnderTheButton)
+TEST(ViewPathMenu, AddOpensTheMenuUnderTheButton)
 {
-    OpenPage page(kViewPage, action);
+    wftest::FakeCleartool cleartool;
+    const auto action = catalogueAction("CC_CHECKOUT");
+    OpenPage page(kViewPage, *action);
     auto* addButton = page.control<QPushButton>("addButton");
     click(addButton);
     auto* menu = page.control<QMenu>("PopupMenu1");
     ASSERT_TRUE(menu->isVisible());
     EXPECT_EQ(menu->pos(), addButton->mapToGlobal(QPoint(0, addButton->height())));
-    ASSERT_EQ(menu->actions().size(), 2);
-    EXPECT_EQ(menu->actions()[0]->objectName(), "menuDir");
-    EXPECT_EQ(menu->actions()[0]->text(), "Directory... (View or Component)");
-    EXPECT_EQ(menu->actions()[1]->objectName(), "menuFile");
-    EXPECT_EQ(menu->actions()[1]->text(), "File...");
+    QStringList captions;
+    for (const QAction* item : menu->actions())
+        captions << item->objectName() + "=" + item->text();
+    EXPECT_EQ(captions, QStringList({"menuDir=Directory... (View or Component)", "menuFile=File..."}));
     menu->hide();
 }
 
-// ---------------------------------------------------------------------------------------------
+// ---- Long paths, and the view path editor's browser ----------------------------------------
 
-struct LongPathCase {
-    const char* name;
-    const char* path;
-    const char* shownPrefix; // nullptr: shown in full
-    const char* fileName;
-};
-
-WF_ROW_PRINTER(LongPathCase)
-
-class LongPath : public PathPages, public ::testing::TestWithParam<LongPathCase> {};
-
-TEST_P(LongPath, ShownShortenedWithFullPathAsHintAndStoredInFull)
+/// A path longer than the list is shown shortened (`prefix`...`fileName`), with the full path as
+/// the row's hint; nullptr shows it in full. Either way it is stored in full.
+PageCase longPathRow(const char* name, const char* path, const char* prefix, const char* fileName)
 {
-    const LongPathCase& c = GetParam();
-    setProperty(action, "PathNameStorageString", std::string(c.path) + "\r\n");
-    OpenPage page(kViewPage, action);
-    QListWidget* list = listOf(page);
-    ASSERT_EQ(list->count(), 1);
-    const QString shown = list->item(0)->text();
-    if (!c.shownPrefix) {
-        EXPECT_EQ(shown.toStdString(), c.path);
-    } else {
-        EXPECT_NE(shown.toStdString(), c.path);
-        EXPECT_TRUE(shown.startsWith(c.shownPrefix)) << shown.toStdString();
-        EXPECT_TRUE(shown.endsWith(c.fileName)) << shown.toStdString();
-        EXPECT_LE(QFontMetrics(list->font()).horizontalAdvance(shown), list->width() - 12) << shown.toStdString();
-    }
-    QTest::mouseMove(list->viewport(), rowCentre(list, 0));
-    EXPECT_EQ(list->toolTip().toStdString(), c.path);
-    QTest::mouseMove(list->viewport(), QPoint(10, list->viewport()->height() - 4));
-    EXPECT_EQ(list->toolTip().toStdString(), "");
-    page.accept();
-    EXPECT_EQ(property(action, "PathNameStorageString"), std::string(c.path) + "\r\n");
+    const std::string storage = std::string(path) + "\r\n";
+    return {.name = name, .given = paths(storage.c_str()), .stored = {{"PathNameStorageString", storage}},
+            .check = [path, prefix, fileName](const OpenPage& page) {
+                QListWidget* list = listOf(page);
+                const QString shown = list->item(0)->text();
+                if (!prefix) {
+                    EXPECT_EQ(shown.toStdString(), path);
+                } else {
+                    EXPECT_TRUE(shown.startsWith(prefix) && shown.endsWith(fileName)) << shown.toStdString();
+                    EXPECT_LE(QFontMetrics(list->font()).horizontalAdvance(shown), list->width() - 12) << shown.toStdString();
+                }
+                QTest::mouseMove(list->viewport(), rowCentre(list, 0));
+                EXPECT_EQ(list->toolTip().toStdString(), path);
+                QTest::mouseMove(list->viewport(), QPoint(10, list->viewport()->height() - 4));
+                EXPECT_EQ(list->toolTip().toStdString(), "");
+            }};
 }
 
-const LongPathCase kLongPathCases[] = {
-    {"ShortPathShownInFull", "/views/a/main.c", nullptr, "main.c"},
-    {"UnixPathLosesLeadingFolders",
-     "/views/build_main/vobs/product/components/network/transport/protocols/reliable/sessions/handshake_state.c", "/...",
-     "/handshake_state.c"},
-    {"WindowsPathKeepsItsDrive",
-     "C:\\views\\build_main\\vobs\\product\\components\\network\\transport\\protocols\\reliable\\sessions\\state.c",
-     "C:\\...", "\\state.c"},
-    {"RelativePathStartsWithEllipsis",
-     "vobs/product/components/network/transport/protocols/reliable/sessions/handshake/negotiation/offer.h", "...",
-     "/offer.h"},
-};
-INSTANTIATE_TEST_SUITE_P(Cases, LongPath, ::testing::ValuesIn(kLongPathCases), wftest::byName);
-
-// ---------------------------------------------------------------------------------------------
-
-struct EditViewPathCase {
-    const char* name;
-    const char* kind; // "dir", "file" or "missing"
-    std::optional<std::string> answer;
-    bool browseShown;
-    std::vector<std::string> browsed; // "caption|filter", the start is the path itself
-    const char* result;               // nullptr: the path itself
-};
-
-WF_ROW_PRINTER(EditViewPathCase)
-
-class EditViewPath : public PathPages, public ::testing::TestWithParam<EditViewPathCase> {};
-
-TEST_P(EditViewPath, BrowsesAsThePathWas)
+/// The view path editor on `shown`: its browse button offered and clicked, then OK; or not
+/// offered, then Cancel.
+Step browsingEditor(const char* shown, bool offered)
 {
-    const EditViewPathCase& c = GetParam();
-    const std::string kind = c.kind;
-    const std::string path = kind == "dir"    ? cleartool.temp().path()
-                             : kind == "file" ? cleartool.temp().write("view/main.c", "int main;\n")
-                                              : cleartool.temp().file("gone/main.c");
-    TClearCaseEditViewPathForm form;
-    form.SetPathName(path);
-    form.show();
-    auto* button = form.findChild<QToolButton*>("txtExternalPathButton");
-    EXPECT_EQ(button->isVisible(), c.browseShown);
-    if (c.browseShown) {
-        browse.next(c.answer);
-        click(button);
-    }
-    std::vector<std::string> browsed;
-    for (const auto& request : browse.requests()) {
-        EXPECT_EQ(request.initialDir, path);
-        browsed.push_back(request.caption + "|" + request.file.filter);
-    }
-    EXPECT_EQ(browsed, c.browsed);
-    EXPECT_EQ(form.GetPathName(), c.result ? c.result : path);
+    return answerEditor("TClearCaseEditViewPathForm", "Edit View/Component Path", {{"txtExternalPath", shown}}, offered,
+                        offered ? std::vector<Step>{clickOn("txtExternalPathButton")} : std::vector<Step>{},
+                        {{.control = "txtExternalPathButton", .visible = offered}});
 }
 
-const EditViewPathCase kEditViewPathCases[] = {
-    {"FolderBrowsesForFolders", "dir", "/views/other", true, {"Select View or Component|"}, "/views/other"},
-    {"CancelledFolderBrowseDoesNotFallBackToFiles", "dir", std::nullopt, true, {"Select View or Component|"}, nullptr},
-    {"FileBrowsesForFiles", "file", "/views/v/other.c", true, {"Select File|*.*"}, "/views/v/other.c"},
-    {"CancelledFileBrowseKeepsThePath", "file", std::nullopt, true, {"Select File|*.*"}, nullptr},
-    {"MissingPathOffersNoBrowse", "missing", std::nullopt, false, {}, nullptr},
+const auto kViewFile = [](wftest::FakeCleartool& cleartool) { cleartool.temp().write("view/main.c", "int main;\n"); };
+
+const PageCase kPathCases[] = {
+    longPathRow("ShortPathShownInFull", "/views/a/main.c", nullptr, nullptr),
+    longPathRow("UnixPathLosesLeadingFolders",
+                "/views/build_main/vobs/product/components/network/transport/protocols/reliable/sessions/handshake_state.c",
+                "/...", "/handshake_state.c"),
+    longPathRow("WindowsPathKeepsItsDrive",
+                "C:\\views\\build_main\\vobs\\product\\components\\network\\transport\\protocols\\reliable\\sessions\\state.c",
+                "C:\\...", "\\state.c"),
+    longPathRow("RelativePathStartsWithEllipsis",
+                "vobs/product/components/network/transport/protocols/reliable/sessions/handshake/negotiation/offer.h",
+                "...", "/offer.h"),
+    {.name = "FolderBrowsesForFolders", .given = paths("$T\r\n"), .steps = {pick(0), browsingEditor("$T", true), kEdit},
+     .stored = paths("/views/other\r\n"), .answers = {"/views/other"}, .browsed = {{"$T", "Select View or Component"}}},
+    {.name = "CancelledFolderBrowseDoesNotFallBackToFiles", .given = paths("$T\r\n"),
+     .steps = {pick(0), browsingEditor("$T", true), kEdit}, .stored = paths("$T\r\n"), .answers = {std::nullopt},
+     .browsed = {{"$T", "Select View or Component"}}},
+    {.name = "FileBrowsesForFiles", .given = paths("$T/view/main.c\r\n"),
+     .steps = {pick(0), browsingEditor("$T/view/main.c", true), kEdit}, .stored = paths("/views/v/other.c\r\n"),
+     .answers = {"/views/v/other.c"}, .browsed = {{"$T/view/main.c", "Select File", "", "*.*"}}, .setUp = kViewFile},
+    {.name = "CancelledFileBrowseKeepsThePath", .given = paths("$T/view/main.c\r\n"),
+     .steps = {pick(0), browsingEditor("$T/view/main.c", true), kEdit}, .stored = paths("$T/view/main.c\r\n"),
+     .answers = {std::nullopt}, .browsed = {{"$T/view/main.c", "Select File", "", "*.*"}}, .setUp = kViewFile},
+    {.name = "MissingPathOffersNoBrowse", .given = paths("$T/gone/main.c\r\n"),
+     .steps = {pick(0), browsingEditor("$T/gone/main.c", false), kEdit}, .stored = paths("$T/gone/main.c\r\n")},
 };
-INSTANTIATE_TEST_SUITE_P(Cases, EditViewPath, ::testing::ValuesIn(kEditViewPathCases), wftest::byName);
+INSTANTIATE_TEST_SUITE_P(Paths, ViewPathPage, ::testing::ValuesIn(kPathCases), wftest::byName);
 
-// ---------------------------------------------------------------------------------------------
+// ---- The extended path editor's lists -------------------------------------------------------
 
-/// One drop-down in the extended editor: of the element or the selector list, after typing
-/// `element` into the element field.
-struct Drop {
-    bool selector;
-    const char* element;
-};
-
-struct DropDownCase {
-    const char* name;
-    bool useDefaultView;
-    std::vector<Drop> drops;
-    std::vector<std::string> items; // of the last list dropped down
-    std::vector<std::string> calls; // "<default>" and "<custom>" stand for the two view folders
-};
-
-WF_ROW_PRINTER(DropDownCase)
-
-class ExtendedDropDown : public PathPages, public ::testing::TestWithParam<DropDownCase> {};
-
-TEST_P(ExtendedDropDown, ListsComeFromTheViewContextFolder)
+/// A default view and a custom one, "$T/default" and "$T/custom", that list the same elements.
+void twoViews(wftest::FakeCleartool& cleartool)
 {
-    const DropDownCase& c = GetParam();
-    const std::string defaultView = cleartool.temp().path() + "/default";
-    const std::string customView = cleartool.temp().path() + "/custom";
     cleartool.temp().write("default/.keep", "");
     cleartool.temp().write("custom/.keep", "");
-    cleartool.options().SetClearCaseType(ccFull);
-    cleartool.options().SetDefaultViewPath(defaultView);
-    cleartool.respond("ls -recurse -short", "foo.c\nbar.c@@/main/CHECKEDOUT\nsub/x.h@@/main/2@@odd\n");
-    cleartool.respond("lshistory -short foo.c",
-                      "foo.c@@/main/1\nfoo.c@@/main/rel2/4\nxbranch\nfoo.c@@\nfoo.c@@/main/1\n");
-    action.SetUseDefaultViewContext(c.useDefaultView);
-    action.SetViewContextPath(customView);
-    OpenPage page(kExtendedPage, action);
-
-    std::vector<std::string> listed;
-    answerModal([&](QWidget* dialog) {
-        for (const Drop& drop : c.drops) {
-            auto* element = dialog->findChild<QComboBox*>("txtElement");
-            auto* list = dialog->findChild<QComboBox*>(drop.selector ? "txtSelector" : "txtElement");
-            type(element, drop.element);
-            dropDown(list);
-            listed = texts(list);
-            EXPECT_EQ(element->currentText().toStdString(), drop.element) << "the typed text is kept";
-        }
-        pressButton(dialog, "Cancel");
-    });
-    click(page.control<QPushButton>("addButton"));
-
-    EXPECT_EQ(listed, c.items);
-    std::vector<std::string> expectedCalls;
-    for (std::string call : c.calls) {
-        for (const auto& [token, folder] : {std::pair{"<default>", defaultView}, std::pair{"<custom>", customView}})
-            if (call.rfind(token, 0) == 0)
-                call = folder + call.substr(std::string(token).size());
-        expectedCalls.push_back(call);
-    }
-    EXPECT_EQ(cleartool.calls(), expectedCalls);
+    cleartool.options().SetDefaultViewPath(cleartool.temp().path() + "/default");
 }
 
-const DropDownCase kDropDownCases[] = {
-    {"ElementsOfTheDefaultViewWithoutVersions", true, {{false, ""}}, {"foo.c", "bar.c", "sub/x.h"},
-     {"<default>|ls -recurse -short"}},
-    {"ElementsOfTheCustomView", false, {{false, "f"}}, {"foo.c", "bar.c", "sub/x.h"}, {"<custom>|ls -recurse -short"}},
-    {"SelectorsFromTheHistory", false, {{true, "foo.c"}}, {"/main/1", "/main/rel2/4", "branch"},
-     {"<custom>|lshistory -short foo.c"}},
-    {"EmptyElementQueriesNothingAndKeepsTheList", true, {{true, "foo.c"}, {true, ""}},
-     {"/main/1", "/main/rel2/4", "branch"}, {"<default>|lshistory -short foo.c"}},
-    {"EmptyElementOnAFreshEditorListsNothing", true, {{true, ""}}, {}, {}},
+const std::vector<Response> kListings = {
+    {"ls -recurse -short", "foo.c\nbar.c@@/main/CHECKEDOUT\nsub/x.h@@/main/2@@odd\n"},
+    {"lshistory -short foo.c", "foo.c@@/main/1\nfoo.c@@/main/rel2/4\nxbranch\nfoo.c@@\nfoo.c@@/main/1\n"}};
+
+/// In the extended path editor (then cancelled): `inside`, after which `list` shows `listed` and
+/// the element field keeps `element`; cleartool asked `calls`.
+PageCase dropDownRow(const char* name, const char* useDefaultView, std::vector<Step> inside, const char* list,
+                     const char* listed, const char* element, std::vector<std::string> calls)
+{
+    return {.name = name, .given = extended("", useDefaultView, "$T/custom"),
+            .steps = {answerEditor("TClearCaseEditExtendedPathNameForm", "Extended Path Name", {}, false, std::move(inside),
+                                   {{.control = list, .items = listed}, {.control = "txtElement", .text = element}}),
+                      kAdd},
+            .responses = kListings, .calls = std::move(calls), .setUp = twoViews};
+}
+
+const char* const kSelectors = "/main/1|/main/rel2/4|branch";
+
+const PageCase kDropDownCases[] = {
+    dropDownRow("ElementsOfTheDefaultViewWithoutVersions", "True", {dropDownOf("txtElement")}, "txtElement",
+                "foo.c|bar.c|sub/x.h", "", {"$T/default|ls -recurse -short"}),
+    dropDownRow("ElementsOfTheCustomView", "False", {typeInto("txtElement", "f"), dropDownOf("txtElement")}, "txtElement",
+                "foo.c|bar.c|sub/x.h", "f", {"$T/custom|ls -recurse -short"}),
+    dropDownRow("SelectorsFromTheHistory", "False", {typeInto("txtElement", "foo.c"), dropDownOf("txtSelector")},
+                "txtSelector", kSelectors, "foo.c", {"$T/custom|lshistory -short foo.c"}),
+    dropDownRow("EmptyElementQueriesNothingAndKeepsTheList", "True",
+                {typeInto("txtElement", "foo.c"), dropDownOf("txtSelector"), typeInto("txtElement", ""), dropDownOf("txtSelector")},
+                "txtSelector", kSelectors, "", {"$T/default|lshistory -short foo.c"}),
+    dropDownRow("EmptyElementOnAFreshEditorListsNothing", "True", {dropDownOf("txtSelector")}, "txtSelector", "", "", {}),
 };
-INSTANTIATE_TEST_SUITE_P(Cases, ExtendedDropDown, ::testing::ValuesIn(kDropDownCases), wftest::byName);
+INSTANTIATE_TEST_SUITE_P(Lists, ExtendedPage, ::testing::ValuesIn(kDropDownCases), wftest::byName);
 
 } // namespace

@@ -1,27 +1,17 @@
 // The pages that choose or make a UCM activity, and the VOB lists of the UCM pages.
 #include "PageCase.h"
-#include "PageHarness.h"
 
 #include "actions/WFClearCaseCheckInActivityAction.h"
 #include "actions/WFClearCaseMakeActivityAction.h"
-#include "actions/WFClearCaseMakeBaselineFromLabelAction.h"
 #include "actions/WFClearCaseSetActivityAction.h"
-#include "FakeCleartool.h"
-
-#include <QComboBox>
 
 #include <gtest/gtest.h>
-
-#include <memory>
 
 using namespace wfpage;
 
 namespace {
 
 // ---- Activity selector ----
-
-using wfpage::PageCase;
-using wfpage::Shown;
 
 const char* const kUseCurrent = "Use the Current Activity for the view";
 const char* const kSetNone = "Set Current Activity to None (-none)";
