@@ -98,7 +98,13 @@ TLogPane::TLogPane(QWidget* parent, int maxLines) : QWidget(parent), m_maxLines(
     layout->addWidget(m_findBar);
 }
 
-TLogPane::~TLogPane() = default;
+TLogPane::~TLogPane()
+{
+    // The children outlive this part of the object: the view repaints and the find box
+    // reports its text as they go, and no slot of a pane being destroyed may run then.
+    for (QObject* child : findChildren<QObject*>())
+        child->disconnect(this);
+}
 
 QTextDocument* TLogPane::createDocument()
 {
