@@ -444,8 +444,6 @@ TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
 INSTANTIATE_TEST_SUITE_P(
     Rows, ProjectEdits,
     ::testing::Values(
-        EditRow{"remove", [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionRemove")->trigger(); },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 1), "WF_LOGMESSAGE"); EXPECT_EQ(w.model().rowCount(), 20); }},
         EditRow{"move up", [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionMoveUp")->trigger(); },
                 [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS"); EXPECT_EQ(typeAt(w, 1), "CC_UPDATE"); }},
         EditRow{"move down", [](TMainWindow& w) { selectRow(w, 0); w.findChild<QAction*>("actionMoveDown")->trigger(); },
@@ -455,17 +453,6 @@ INSTANTIATE_TEST_SUITE_P(
                 [](TMainWindow& w) { EXPECT_FALSE(w.document().project().actions[2]->GetEnabled()); }},
         EditRow{"disable from the menu", [](TMainWindow& w) { selectRow(w, 3); w.findChild<QAction*>("actionDisable")->trigger(); },
                 [](TMainWindow& w) { EXPECT_FALSE(w.document().project().actions[3]->GetEnabled()); }},
-        EditRow{"copy and paste",
-                [](TMainWindow& w) {
-                    selectRow(w, 4);
-                    w.findChild<QAction*>("actionCopy")->trigger();
-                    selectRow(w, 0);
-                    w.findChild<QAction*>("actionPaste")->trigger();
-                },
-                [](TMainWindow& w) {
-                    EXPECT_EQ(typeAt(w, 1), "CC_CHECKOUT");
-                    EXPECT_EQ(property(w, 1, "PathNameStorageString"), property(w, 5, "PathNameStorageString"));
-                }},
         EditRow{"drag a row down",
                 [](TMainWindow& w) { std::unique_ptr<QMimeData> data(rowsMime(w, 0)); w.model().dropMimeData(data.get(), Qt::MoveAction, 3, 0, {}); },
                 [](TMainWindow& w) {
@@ -517,36 +504,37 @@ INSTANTIATE_TEST_SUITE_P(
                     EXPECT_EQ(typeAt(w, 4), typeAt(w, 2));
                     EXPECT_EQ(selectedRowsOf(w), (std::vector<int>{3, 4}));
                 }},
-        EditRow{"space switches every selected row",
-                [](TMainWindow& w) { selectRows(w, {2, 3}); QTest::keyClick(w.projectView(), Qt::Key_Space); },
+        EditRow{"space switches every selected row, clean-up ones too",
+                [](TMainWindow& w) { selectRows(w, {2, 3, 19}); QTest::keyClick(w.projectView(), Qt::Key_Space); },
                 [](TMainWindow& w) {
                     EXPECT_FALSE(w.document().project().actions[2]->GetEnabled());
                     EXPECT_FALSE(w.document().project().actions[3]->GetEnabled());
-                    EXPECT_EQ(selectedRowsOf(w), (std::vector<int>{2, 3}));
+                    EXPECT_FALSE(w.document().project().cleanupActions[1]->GetEnabled());
+                    EXPECT_EQ(selectedRowsOf(w), (std::vector<int>{2, 3, 19}));
                     // Greyed where it would change nothing.
                     EXPECT_FALSE(w.findChild<QAction*>("actionDisable")->isEnabled());
                     EXPECT_TRUE(w.findChild<QAction*>("actionEnable")->isEnabled());
                 }},
-        EditRow{"untick a clean-up action",
-                [](TMainWindow& w) { w.model().setData(w.model().index(19, 0), Qt::Unchecked, Qt::CheckStateRole); },
-                [](TMainWindow& w) { EXPECT_FALSE(w.document().project().cleanupActions[1]->GetEnabled()); }},
-        EditRow{"copy a clean-up action and paste it among the actions",
+        EditRow{"copy an action and a clean-up action and paste them among the actions",
                 [](TMainWindow& w) {
-                    selectRow(w, 19);
+                    selectRows(w, {4, 19});
                     w.findChild<QAction*>("actionCopy")->trigger();
                     selectRow(w, 0);
                     w.findChild<QAction*>("actionPaste")->trigger();
                 },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 1), "CC_UNLOCK_OBJ"); EXPECT_EQ(cleanupTypes(w).size(), 3u); }},
-        EditRow{"remove a clean-up action but never the heading",
                 [](TMainWindow& w) {
-                    w.projectView()->selectionModel()->select(QItemSelection(w.model().index(17, 0), w.model().index(18, 0)),
-                                                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-                    w.findChild<QAction*>("actionRemove")->trigger();
-                },
+                    EXPECT_EQ(typeAt(w, 1), "CC_CHECKOUT");
+                    EXPECT_EQ(typeAt(w, 2), "CC_UNLOCK_OBJ");
+                    EXPECT_EQ(property(w, 1, "PathNameStorageString"), property(w, 6, "PathNameStorageString"));
+                    EXPECT_EQ(cleanupTypes(w).size(), 3u);
+                }},
+        EditRow{"remove an action and a clean-up action but never the heading",
+                [](TMainWindow& w) { selectRows(w, {1, 17, 18}); w.findChild<QAction*>("actionRemove")->trigger(); },
                 [](TMainWindow& w) {
+                    EXPECT_EQ(typeAt(w, 1), "WF_LOGMESSAGE");
                     EXPECT_EQ(cleanupTypes(w), (std::vector<std::string>{"CC_UNLOCK_OBJ", "WF_LOGMESSAGE"}));
-                    EXPECT_EQ(w.model().data(w.model().index(17, 0), Qt::DisplayRole).toString(), "When the build fails");
+                    EXPECT_EQ(w.model().data(w.model().index(16, 0), Qt::DisplayRole).toString(), "When the build fails");
+                    EXPECT_EQ(w.model().rowCount(), 19);
                 }},
         EditRow{"continue on failure from the General tab",
                 [](TMainWindow& w) {
@@ -1049,8 +1037,8 @@ INSTANTIATE_TEST_SUITE_P(
                runProgramAction("-c \"echo oops &gt;&amp;2; exit 3\"") + logAction("never"), 0, false, 1,
                {S::Failed, S::Skipped}, {"oops"}, {"never"},
                {"oops", "Action Failed: the program ended with exit code 3.", "Action 1 (Run Program: program) failed: exit code 3"}},
-        RunRow{"a disabled action is skipped", logAction("off", false) + logAction("on"), 0, false, 0,
-               {S::Skipped, S::Succeeded}, {"on", "1 disabled"}, {}, {}},
+        RunRow{"a disabled action is skipped and success runs no clean-up", logAction("off", false) + logAction("on"), 0, false, 0,
+               {S::Skipped, S::Succeeded, S::None}, {"on", "1 disabled"}, {"Clean-up", "undo"}, {}, logAction("undo")},
         RunRow{"a dry run starts no program", runProgramAction("-c \"echo ran\""), 0, true, 0,
                {S::Succeeded}, {"Dry run succeeded"}, {"ran\n"}, {}},
         RunRow{"from the selected action", logAction("before") + logAction("after"), 1, false, 0,
@@ -1065,9 +1053,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "Action Failed: the program ended with exit code 4.", "Clean-up action 1 (Run Program: undo) failed: exit code 4",
                 "Clean-up: 2 actions run, 1 failed."},
                runProgramAction("-c \"exit 4\"", "undo") + logAction("off", false)
-                   + logAction("undo after %FAILED_ACTION% %FAILED_ACTION_NAME% %FAILED_ACTION_DESCRIPTION%: %FAILURE%")},
-        RunRow{"success runs no clean-up", logAction("fine"), 0, false, 0, {S::Succeeded, S::None}, {"fine"}, {"Clean-up"}, {},
-               logAction("undo")}),
+                   + logAction("undo after %FAILED_ACTION% %FAILED_ACTION_NAME% %FAILED_ACTION_DESCRIPTION%: %FAILURE%")}),
     [](const auto& info) { return wftest::rowName(info.param.name); });
 
 TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
