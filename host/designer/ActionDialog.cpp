@@ -4,6 +4,7 @@
 #include "DesignerIcons.h"
 #include "DialogPages.h"
 #include "HelpViewer.h"
+#include "QuietTeardown.h"
 #include "UnavailablePage.h"
 
 #include "BuildRunner.h"
@@ -131,7 +132,11 @@ TActionDialog::TActionDialog(const TCustomWFAction& action, QWidget* parent, TWF
     resize(TDialogSize::fitted(*this, {760, 480}));
 }
 
-TActionDialog::~TActionDialog() = default;
+TActionDialog::~TActionDialog()
+{
+    // Page lists reset their models and edits report their text as the pages go.
+    disconnectChildrenFrom(*this);
+}
 
 void TActionDialog::showEvent(QShowEvent* event)
 {

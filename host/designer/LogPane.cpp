@@ -1,4 +1,5 @@
 #include "LogPane.h"
+#include "QuietTeardown.h"
 
 #include "WFBrowse.h"
 #include "WFFiles.h"
@@ -100,10 +101,8 @@ TLogPane::TLogPane(QWidget* parent, int maxLines) : QWidget(parent), m_maxLines(
 
 TLogPane::~TLogPane()
 {
-    // The children outlive this part of the object: the view repaints and the find box
-    // reports its text as they go, and no slot of a pane being destroyed may run then.
-    for (QObject* child : findChildren<QObject*>())
-        child->disconnect(this);
+    // The view repaints and the find box reports its text as they go.
+    disconnectChildrenFrom(*this);
 }
 
 QTextDocument* TLogPane::createDocument()
