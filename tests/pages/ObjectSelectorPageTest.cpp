@@ -97,8 +97,6 @@ const PageCase kEditorCases[] = {
               R"(REL1@\vobs\main)", kNoType, "REL1", R"(\vobs\main)", true, "Label Name:"),
     editorRow("UnknownPrefixLosesItsColon", "foo:bar@/vobs/a", {}, "foobar@/vobs/a", kNoType, "foobar", "/vobs/a", true,
               kSelectorName),
-    editorRow("TypingPassesThroughNoType", nullptr, {typeInto("cmbObjectTypeName", "Branch"), typeInto("txtObjectSelector", "xx:main")},
-              "xx:main", kNoType, "main", "", true, "Branch Name:"),
     editorRow("PartsCompose", nullptr,
               {typeInto("cmbObjectTypeName", "Label"), typeInto("txtObjectName", "REL2"), typeInto("txtVOB", "/vobs/a")},
               "lbtype:REL2@/vobs/a", "Label", "REL2", "/vobs/a", true, "Label Name:"),
