@@ -10,7 +10,8 @@ namespace {
 
 const PageCase kMkLbTypeCases[] = {
     {.name = "MixedCaseNameOpensInNormalCaseAndKeepsWhatIsTyped", .given = {{"LabelTypeName", "Rel_1"}},
-     .steps = {typeInto("txtLabelSelector", "beta_2")}, .shown = {{"boxUpperCase", false}, {"txtLabelSelector", {}, {}, "beta_2"}},
+     .steps = {typeInto("txtLabelSelector", "beta_2")},
+     .shown = {{"boxUpperCase", false}, {"txtLabelSelector", {}, {}, "beta_2"}},
      .stored = {{"LabelTypeName", "beta_2"}}},
     {.name = "UpperCaseNameTypesInCapitals", .given = {{"LabelTypeName", "REL_1"}},
      .steps = {typeInto("txtLabelSelector", "rel_2")}, .shown = {{"boxUpperCase", true}},
