@@ -3,9 +3,6 @@
 #include "PageCase.h"
 #include "WFBasicActionPages.h"
 #include "WFBasicActions.h"
-#include "WFServices.h"
-
-#include <gtest/gtest.h>
 
 using namespace wfpage;
 
@@ -22,23 +19,18 @@ TWFPageClass basicPage(const char* name)
 const PageCase kMessageCases[] = {
     {.name = "MemoKeepsStoredLinesAndTakesTypedOnes", .given = {{"Text", "first\r\nsecond"}},
      .steps = {typeInto("txtText", "Built %BUILD%\ndone")}, .stored = {{"Text", "Built %BUILD%\ndone"}}},
-    {.name = "StoredLinesShown", .given = {{"Text", "first\r\nsecond"}}, .shown = {{"txtText", {}, {}, "first\nsecond"}}},
 };
 WF_PAGE_TABLE(MessagePage, TWFLogMessageAction, basicPage("TWFLogMessageFrame"), "Message", kMessageCases);
 
-/// The open project's variables, as the designer reports them.
-void projectVariables(wftest::FakeCleartool&)
-{
-    WFDesignApplicationServices().variableNamesProvider = [] { return std::vector<std::string>{"BUILD", "VOB"}; };
-}
+const Properties kVariables = {{"BUILD", ""}, {"VOB", ""}};
 
 const PageCase kVariableCases[] = {
-    {.name = "VariableOfferedFromTheProject", .given = {{"VariableName", "VOB"}},
-     .shown = {{"cmbVariableName", {}, {}, "VOB", "BUILD|VOB"}}, .stored = {{"VariableName", "VOB"}},
-     .setUp = projectVariables},
+    {.name = "VariableOfferedFromTheProject", .kept = {{"VariableName", "VOB"}},
+     .shown = {{"cmbVariableName", {}, {}, "VOB", "BUILD|VOB"}},
+     .variables = kVariables},
     {.name = "NewNameTyped", .given = {{"VariableName", "VOB"}, {"Value", "x"}},
      .steps = {typeInto("cmbVariableName", "NEW_ONE"), typeInto("txtValue", "%BUILD%-1")},
-     .stored = {{"VariableName", "NEW_ONE"}, {"Value", "%BUILD%-1"}}, .setUp = projectVariables},
+     .stored = {{"VariableName", "NEW_ONE"}, {"Value", "%BUILD%-1"}}, .variables = kVariables},
 };
 WF_PAGE_TABLE(VariablePage, TWFSetVariableAction, basicPage("TWFSetVariableFrame"), "Variable", kVariableCases);
 

@@ -1,7 +1,6 @@
 // The check-out, check-in, undo check-out and update pages, driven as a user drives them.
 #include "PageCase.h"
 
-#include "actions/WFClearCaseCheckInActivityAction.h"
 #include "actions/WFClearCaseCheckInPathAction.h"
 #include "actions/WFClearCaseCheckOutAction.h"
 #include "actions/WFClearCaseUnCheckOutActivityAction.h"
@@ -10,9 +9,6 @@
 #include "environment/WFClearCaseIniFile.h"
 
 #include <QLineEdit>
-
-
-#include <gtest/gtest.h>
 
 using namespace wfpage;
 
@@ -25,11 +21,8 @@ const auto isChecked = [](const char* control) { return Shown{control, true}; };
 const PageCase kCheckOutCases[] = {
     {.name = "LazyReservedStoresBothFlags", .given = {{"Reserved", "True"}}, .steps = clicks({"boxLazyReserved"}),
      .stored = {{"Reserved", "True"}, {"Unreserved", "True"}}},
-    {.name = "BothFlagsReopenReservedWithBoxTickedAndEnabled", .given = {{"Reserved", "True"}, {"Unreserved", "True"}},
-     .shown = {isChecked("btnReserved"), {"btnUnreserved", false}, {"boxLazyReserved", true, true}},
-     .stored = {{"Reserved", "True"}, {"Unreserved", "True"}}},
-    {.name = "ReservedAloneLeavesBoxUnticked", .given = {{"Reserved", "True"}},
-     .shown = {{"boxLazyReserved", false, true}}, .stored = {{"Reserved", "True"}, {"Unreserved", "False"}}},
+    {.name = "BothFlagsReopenReservedWithBoxTickedAndEnabled", .kept = {{"Reserved", "True"}, {"Unreserved", "True"}},
+     .shown = {isChecked("btnReserved"), {"btnUnreserved", false}, {"boxLazyReserved", true, true}}},
     {.name = "UnreservedGreysOutTheBoxButKeepsItsMark", .given = {{"Reserved", "True"}, {"Unreserved", "True"}},
      .steps = clicks({"btnUnreserved"}), .shown = {{"boxLazyReserved", true, false}},
      .stored = {{"Reserved", "False"}, {"Unreserved", "True"}}},
@@ -42,9 +35,8 @@ const PageCase kCheckOutCases[] = {
     {.name = "TypingAnExternalPathChoosesOut", .steps = {typeInto("txtExternalPath", "/tmp/out")},
      .shown = {isChecked("btnOut")}, .stored = {{"DataLocation", "coOut"}, {"OutExternalPath", "/tmp/out"}}},
     {.name = "StoredPathUnderViewLocationStaysView",
-     .given = {{"DataLocation", "coView"}, {"OutExternalPath", "/tmp/kept"}},
-     .shown = {isChecked("btnViewDefault"), {"txtExternalPath", {}, {}, "/tmp/kept"}},
-     .stored = {{"DataLocation", "coView"}, {"OutExternalPath", "/tmp/kept"}}},
+     .kept = {{"DataLocation", "coView"}, {"OutExternalPath", "/tmp/kept"}},
+     .shown = {isChecked("btnViewDefault"), {"txtExternalPath", {}, {}, "/tmp/kept"}}},
     {.name = "NoDataKeepsThePathAndPreservesTime",
      .given = {{"DataLocation", "coOut"}, {"OutExternalPath", "/tmp/out"}}, .steps = clicks({"btnNData", "boxPTime"}),
      .stored = {{"DataLocation", "coNoData"}, {"OutExternalPath", "/tmp/out"}, {"PreserveTime", "True"}}},
@@ -64,9 +56,8 @@ const PageCase kCheckOutCases[] = {
      .steps = {typeInto("txtVersionName", "/main/4")}, .shown = {isChecked("btnSelModeVersion")},
      .stored = {{"SelectionMode", "coVersion"}, {"VersionSelector", "/main/4"}, {"BranchSelector", "rel2"}}},
     {.name = "StoredSelectorsDoNotOverruleDefaultMode",
-     .given = {{"SelectionMode", "coDefault"}, {"BranchSelector", "rel2"}, {"VersionSelector", "/main/4"}},
-     .shown = {isChecked("btnSelModeDefault"), {"txtBranchName", {}, true, "rel2"}, {"txtVersionName", {}, true, "/main/4"}},
-     .stored = {{"SelectionMode", "coDefault"}, {"BranchSelector", "rel2"}, {"VersionSelector", "/main/4"}}},
+     .kept = {{"SelectionMode", "coDefault"}, {"BranchSelector", "rel2"}, {"VersionSelector", "/main/4"}},
+     .shown = {isChecked("btnSelModeDefault"), {"txtBranchName", {}, true, "rel2"}, {"txtVersionName", {}, true, "/main/4"}}},
     {.name = "LightEditionOffersNoSelectionAndClearsTheSelectors",
      .given = {{"SelectionMode", "coBranch"}, {"BranchSelector", "rel2"}, {"VersionSelector", "/main/4"}},
      .shown = {{"btnSelModeDefault", true, false},
@@ -85,15 +76,11 @@ const PageCase kCheckInCases[] = {
      .shown = {{"boxKeep", false}, {"boxRemove", true}}, .stored = {{"Keep", "False"}, {"Remove", "True"}}},
     {.name = "KeepAfterRemoveUnticksRemove", .given = {{"Remove", "True"}}, .steps = clicks({"boxKeep"}),
      .shown = {{"boxKeep", true}, {"boxRemove", false}}, .stored = {{"Keep", "True"}, {"Remove", "False"}}},
-    {.name = "BothStoredAreShownAsStored", .given = {{"Keep", "True"}, {"Remove", "True"}},
-     .shown = {{"boxKeep", true}, {"boxRemove", true}}, .stored = {{"Keep", "True"}, {"Remove", "True"}}},
-    {.name = "UntickingKeepLeavesRemoveAlone", .given = {{"Keep", "True"}}, .steps = clicks({"boxKeep"}),
-     .stored = {{"Keep", "False"}, {"Remove", "False"}}},
+    {.name = "BothStoredAreShownAsStored", .kept = {{"Keep", "True"}, {"Remove", "True"}},
+     .shown = {{"boxKeep", true}, {"boxRemove", true}}},
     {.name = "OtherSwitchesEachToTheirOwnProperty", .given = {{"NoWarnings", "True"}},
      .steps = clicks({"boxPTime", "boxIdentical"}), .shown = {{"boxNoWarn", true}},
      .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "True"}, {"Keep", "False"}}},
-    {.name = "ActivityCheckInSharesThePage", .given = {{"Keep", "True"}}, .steps = clicks({"boxKeep", "boxRemove"}),
-     .stored = {{"Keep", "False"}, {"Remove", "True"}}, .makeAction = newAction<TClearCaseCheckInActivityAction>},
     {.name = "UntickingWarningsOnly",
      .given = {{"NoWarnings", "True"}, {"PreserveTime", "True"}, {"IdenticalCheckin", "True"}},
      .steps = clicks({"boxNoWarn"}),
@@ -107,8 +94,6 @@ const PageCase kUnCheckOutCases[] = {
     {.name = "TickingKeepStoresIt", .steps = clicks({"boxKeep"}), .stored = {{"Keep", "True"}}},
     {.name = "StoredKeepShownAndUnticked", .given = {{"Keep", "True"}}, .steps = clicks({"boxKeep"}),
      .shown = {{"boxKeep", false}}, .stored = {{"Keep", "False"}}},
-    {.name = "UntouchedKeepsTheStoredValue", .given = {{"Keep", "True"}}, .shown = {{"boxKeep", true}},
-     .stored = {{"Keep", "True"}}},
 };
 WF_PAGE_TABLE(UnCheckOutPage, TClearCaseUnCheckOutAction,
               "TClearCaseUnCheckOutFrame", "Uncheckout Options", kUnCheckOutCases);
@@ -116,12 +101,8 @@ WF_PAGE_TABLE(UnCheckOutPage, TClearCaseUnCheckOutAction,
 const PageCase kUnCheckOutActivityCases[] = {
     {.name = "KeepAndTheViewContext", .given = {{"ViewContextPath", "/views/dev"}, {"UseDefaultViewContext", "False"}},
      .steps = clicks({"boxKeep"}),
-     .shown = {isChecked("btnCustomView"), {"Label5", {}, {}, "View Context"}, {"txtViewPath", {}, {}, "/views/dev"}},
+     .shown = {isChecked("btnCustomView"), {"txtViewPath", {}, {}, "/views/dev"}},
      .stored = {{"Keep", "True"}, {"UseDefaultViewContext", "False"}, {"ViewContextPath", "/views/dev"}}},
-    {.name = "DefaultViewChosenKeepsThePath",
-     .given = {{"Keep", "True"}, {"ViewContextPath", "/views/dev"}, {"UseDefaultViewContext", "False"}},
-     .steps = clicks({"btnDefaultView"}), .shown = {{"boxKeep", true}},
-     .stored = {{"Keep", "True"}, {"UseDefaultViewContext", "True"}, {"ViewContextPath", "/views/dev"}}},
 };
 WF_PAGE_TABLE(UnCheckOutActivityPage, TClearCaseUnCheckOutActivityAction,
               "TClearCaseUnCheckOutActivityFrame", "Uncheckout Options", kUnCheckOutActivityCases);
@@ -141,8 +122,7 @@ std::vector<Shown> radiosEnabled(bool enabled, std::vector<Shown> more = {})
 const PageCase kUpdateCases[] = {
     {.name = "StoredChoicesShown",
      .given = {{"HijackMode", "hmRename"}, {"UpdateTimestamp", "tbCheckin"}, {"UseDefaultViewContext", "True"}},
-     .shown = radiosEnabled(true, {isChecked("renameButton"), isChecked("TSptimeButton"), {"checkPretend", false},
-                                   {"Label5", {}, {}, "Snapshot View to update"}}),
+     .shown = radiosEnabled(true, {isChecked("renameButton"), isChecked("TSptimeButton"), {"checkPretend", false}}),
      .stored = {{"HijackMode", "hmRename"}, {"UpdateTimestamp", "tbCheckin"}, {"PretendOnly", "False"}}},
     {.name = "PretendGreysOutBothGroupsAndStillWritesThem",
      .given = {{"HijackMode", "hmNooverwrite"}, {"UpdateTimestamp", "tbCurrent"}}, .steps = clicks({"checkPretend"}),
@@ -151,8 +131,8 @@ const PageCase kUpdateCases[] = {
     {.name = "StoredPretendOpensGreyedAndUntickingEnables", .given = {{"PretendOnly", "True"}},
      .steps = clicks({"checkPretend", "noOverwriteButton", "TSctimeButton"}), .shown = radiosEnabled(true),
      .stored = {{"PretendOnly", "False"}, {"HijackMode", "hmNooverwrite"}, {"UpdateTimestamp", "tbCurrent"}}},
-    {.name = "StoredPretendOpensGreyed", .given = {{"PretendOnly", "True"}},
-     .shown = radiosEnabled(false, {{"checkPretend", true}}), .stored = {{"PretendOnly", "True"}}},
+    {.name = "StoredPretendOpensGreyed", .kept = {{"PretendOnly", "True"}},
+     .shown = radiosEnabled(false, {{"checkPretend", true}})},
     {.name = "EachChoiceToItsValue", .given = {{"HijackMode", "hmRename"}, {"UpdateTimestamp", "tbCurrent"}},
      .steps = clicks({"overwriteButton", "TSdefaultButton"}),
      .stored = {{"HijackMode", "hmOverwrite"}, {"UpdateTimestamp", "tbDefault"}}},
@@ -179,9 +159,9 @@ const PageCase kUpdateCases[] = {
      .browsed = {{"/views/last", "Select View"}, {"/views/picked", "Select View"}},
      .setUp = [](wftest::FakeCleartool&) { CCSetLastViewDirectory("/views/last"); },
      .check = [](const OpenPage&) { EXPECT_EQ(CCGetLastViewDirectory(), "/views/picked"); }},
-    {.name = "CancelledBrowseChangesNothing", .given = {{"UseDefaultViewContext", "True"}},
+    {.name = "CancelledBrowseChangesNothing", .kept = {{"UseDefaultViewContext", "True"}},
      .steps = clicks({"txtViewPathButton"}), .shown = {isChecked("btnDefaultView"), {"txtViewPath", {}, {}, ""}},
-     .stored = {{"UseDefaultViewContext", "True"}}, .answers = {std::nullopt},
+     .answers = {std::nullopt},
      .browsed = {{"/views/last", "Select View"}},
      .setUp = [](wftest::FakeCleartool&) { CCSetLastViewDirectory("/views/last"); },
      .check = [](const OpenPage&) { EXPECT_EQ(CCGetLastViewDirectory(), "/views/last"); }},

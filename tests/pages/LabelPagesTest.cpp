@@ -4,22 +4,18 @@
 #include "actions/WFClearCaseApplyLabelAction.h"
 #include "actions/WFClearCaseMkLbTypeAction.h"
 
-
 using namespace wfpage;
 
 namespace {
 
 const PageCase kMkLbTypeCases[] = {
-    {.name = "MixedCaseNameOpensInNormalCase", .given = {{"LabelTypeName", "Rel_1"}},
-     .shown = {{"boxUpperCase", false}, {"txtLabelSelector", {}, {}, "Rel_1"}}, .stored = {{"LabelTypeName", "Rel_1"}}},
-    {.name = "NormalCaseKeepsWhatIsTyped", .given = {{"LabelTypeName", "Rel_1"}},
-     .steps = {typeInto("txtLabelSelector", "beta_2")}, .shown = {{"txtLabelSelector", {}, {}, "beta_2"}},
+    {.name = "MixedCaseNameOpensInNormalCaseAndKeepsWhatIsTyped", .given = {{"LabelTypeName", "Rel_1"}},
+     .steps = {typeInto("txtLabelSelector", "beta_2")},
+     .shown = {{"boxUpperCase", false}, {"txtLabelSelector", {}, {}, "beta_2"}},
      .stored = {{"LabelTypeName", "beta_2"}}},
     {.name = "UpperCaseNameTypesInCapitals", .given = {{"LabelTypeName", "REL_1"}},
      .steps = {typeInto("txtLabelSelector", "rel_2")}, .shown = {{"boxUpperCase", true}},
      .stored = {{"LabelTypeName", "REL_2"}}},
-    {.name = "EmptyNameOpensInCapitals", .steps = {typeInto("txtLabelSelector", "nightly")},
-     .shown = {{"boxUpperCase", true}}, .stored = {{"LabelTypeName", "NIGHTLY"}}},
     {.name = "UntickingUpperCaseAllowsLowerCase", .given = {{"LabelTypeName", "REL_1"}},
      .steps = {clickOn("boxUpperCase"), typeInto("txtLabelSelector", "rel_2")}, .shown = {{"boxUpperCase", false}},
      .stored = {{"LabelTypeName", "rel_2"}}},
@@ -29,9 +25,8 @@ const PageCase kMkLbTypeCases[] = {
     {.name = "OrdinaryGreysAcquireButKeepsTick", .given = {{"MakeGlobal", "True"}, {"Acquire", "True"}},
      .steps = {clickOn("btnOrdinary")}, .shown = {{"btnGlobal", false}, {"boxAcquire", true, false}},
      .stored = {{"MakeGlobal", "False"}, {"Acquire", "True"}}},
-    {.name = "StoredAcquireOnOrdinaryShownGreyed", .given = {{"MakeGlobal", "False"}, {"Acquire", "True"}},
-     .shown = {{"btnOrdinary", true}, {"btnGlobal", false}, {"boxAcquire", true, false}},
-     .stored = {{"MakeGlobal", "False"}, {"Acquire", "True"}}},
+    {.name = "StoredAcquireOnOrdinaryShownGreyed", .kept = {{"MakeGlobal", "False"}, {"Acquire", "True"}},
+     .shown = {{"btnOrdinary", true}, {"btnGlobal", false}, {"boxAcquire", true, false}}},
     {.name = "GlobalEnablesAcquire", .steps = {clickOn("btnGlobal"), clickOn("boxAcquire")},
      .shown = {{"btnOrdinary", false}, {"boxAcquire", {}, true}},
      .stored = {{"MakeGlobal", "True"}, {"Acquire", "True"}}},
@@ -41,15 +36,11 @@ const PageCase kMkLbTypeCases[] = {
     {.name = "PerBranchStoredAndUndone", .given = {{"PBranch", "True"}, {"Shared", "True"}},
      .steps = {clickOn("btnNoPbranch"), clickOn("boxShared"), clickOn("boxReplace")}, .shown = {{"btnPBranch", false}},
      .stored = {{"PBranch", "False"}, {"Shared", "False"}, {"Replace", "True"}}},
-    {.name = "VOBListQueriedOnceKeepingTheText", .given = {{"VOBSelector", "/vobs/main"}},
+    {.name = "VOBListQueriedOnceKeepingTheText", .kept = {{"VOBSelector", "/vobs/main"}},
      .steps = {dropDownOf("txtVOBSelector"), dropDownOf("txtVOBSelector")},
      .shown = {{.control = "txtVOBSelector", .text = "/vobs/main", .items = "/vobs/a|/vobs/b"}},
-     .stored = {{"VOBSelector", "/vobs/main"}}, .responses = {{"lsvob -short", "/vobs/b\n/vobs/a\n"}},
+     .responses = {{"lsvob -short", "/vobs/b\n/vobs/a\n"}},
      .calls = {"lsvob -short"}},
-    {.name = "EmptyVOBListAsksAgain",
-     .steps = {dropDownOf("txtVOBSelector"), dropDownOf("txtVOBSelector"), typeInto("txtVOBSelector", "/vobs/typed")},
-     .shown = {{.control = "txtVOBSelector", .items = ""}}, .stored = {{"VOBSelector", "/vobs/typed"}},
-     .calls = {"lsvob -short", "lsvob -short"}},
 };
 WF_PAGE_TABLE(MkLbTypePage, TClearCaseMkLbTypeAction, "TClearCaseMkLbTypeFrame", "Options", kMkLbTypeCases);
 
@@ -61,9 +52,8 @@ const std::vector<Response> kLabelQueries = {
 
 const PageCase kApplyLabelCases[] = {
     {.name = "UnusedSelectorShownGreyedAndKept",
-     .given = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/LATEST"}},
-     .shown = {{"txtVersionSelector", {}, false, "/main/LATEST"}},
-     .stored = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/LATEST"}}},
+     .kept = {{"UseVersionSelector", "False"}, {"VersionSelector", "/main/LATEST"}},
+     .shown = {{"txtVersionSelector", {}, false, "/main/LATEST"}}},
     {.name = "TickingSelectorEnablesIt",
      .steps = {clickOn("boxUseVersionSelector"), typeInto("txtVersionSelector", "/main/rel/3")},
      .shown = {{"txtVersionSelector", {}, true}},
@@ -84,11 +74,6 @@ const PageCase kApplyLabelCases[] = {
      .shown = {{.control = "txtVOBSelector", .items = "/vobs/a|/vobs/b"}, {.control = "txtLabelName", .text = "REL_1", .items = "BETA"}},
      .stored = {{"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/b"}}, .responses = kLabelQueries,
      .calls = {"lsvob -short", "lstype -short -kind lbtype -invob /vobs/a", "lstype -short -kind lbtype -invob /vobs/b"}},
-    {.name = "LockedLabelsListedByName", .given = {{"VOBSelector", "/vobs/a"}},
-     .steps = {dropDownOf("txtLabelName"), dropDownOf("txtLabelName")},
-     .shown = {{.control = "txtLabelName", .items = "REL_1|REL_2"}}, .stored = {{"VOBSelector", "/vobs/a"}},
-     .responses = kLabelQueries,
-     .calls = {"lstype -short -kind lbtype -invob /vobs/a", "lstype -short -kind lbtype -invob /vobs/a"}},
     {.name = "NoVOBAsksWithoutOne", .steps = {dropDownOf("txtLabelName")},
      .shown = {{.control = "txtLabelName", .items = ""}}, .stored = {{"VOBSelector", ""}, {"LabelTypeName", ""}},
      .responses = kLabelQueries, .calls = {"lstype -short -kind lbtype -invob"}},

@@ -1,7 +1,6 @@
 // The make-element page and the lock options page.
 #include "PageCase.h"
 
-#include "actions/WFClearCaseLockObjectsAction.h"
 #include "actions/WFClearCaseLockPathNamesAction.h"
 #include "actions/WFClearCaseMakeElementAction.h"
 
@@ -12,17 +11,15 @@ namespace {
 const PageCase kMakeElementCases[] = {
     {.name = "LiteWritesMasterFalse", .given = {{"Master", "True"}}, .shown = {{"boxMaster", false, false}},
      .stored = {{"Master", "False"}}, .edition = ccLT},
-    {.name = "FullEditionShowsMaster", .given = {{"Master", "True"}}, .shown = {{"boxMaster", true, true}},
-     .stored = {{"Master", "True"}}},
+    {.name = "FullEditionShowsMaster", .kept = {{"Master", "True"}}, .shown = {{"boxMaster", true, true}}},
     {.name = "NotCheckedOutGreysTimeButKeepsTick", .given = {{"Checkout", "ccCheckedIn"}, {"PreserveTime", "True"}},
      .steps = {clickOn("btnNoCheckOut")}, .shown = {{"boxPreserveTime", true, false}, {"btnCheckedIn", false}},
      .stored = {{"Checkout", "ccNoCheckOut"}, {"PreserveTime", "True"}}},
     {.name = "CheckedInEnablesTime", .steps = {clickOn("btnCheckedIn"), clickOn("boxPreserveTime")},
      .shown = {{"boxPreserveTime", {}, true}, {"btnCheckedOut", false}},
      .stored = {{"Checkout", "ccCheckedIn"}, {"PreserveTime", "True"}}},
-    {.name = "CheckedOutGreysTimeAgain", .given = {{"Checkout", "ccCheckedOut"}, {"PreserveTime", "True"}},
-     .steps = {clickOn("btnCheckedIn"), clickOn("btnCheckedOut")}, .shown = {{"boxPreserveTime", true, false}},
-     .stored = {{"Checkout", "ccCheckedOut"}, {"PreserveTime", "True"}}},
+    {.name = "CheckedOutGreysTimeAgain", .kept = {{"Checkout", "ccCheckedOut"}, {"PreserveTime", "True"}},
+     .steps = {clickOn("btnCheckedIn"), clickOn("btnCheckedOut")}, .shown = {{"boxPreserveTime", true, false}}},
     {.name = "ElementTypesQueriedOnceAndTypedFreely",
      .steps = {dropDownOf("txtElementType"), dropDownOf("txtElementType"), typeInto("txtElementType", "my_type"),
                clickOn("boxUseElementType")},
@@ -47,9 +44,8 @@ WF_PAGE_TABLE(MakeElementPage, TClearCaseMakeElementAction,
               "TClearCaseMakeElementFrame", "New Element", kMakeElementCases);
 
 const PageCase kLockCases[] = {
-    {.name = "UsersShownOneALine", .given = {{"UseNUsers", "True"}, {"NUsersList", "alice,bob"}},
-     .shown = {{"txtNUsersList", {}, true, "alice,\nbob\n"}},
-     .stored = {{"UseNUsers", "True"}, {"NUsersList", "alice,bob"}}},
+    {.name = "UsersShownOneALine", .kept = {{"UseNUsers", "True"}, {"NUsersList", "alice,bob"}},
+     .shown = {{"txtNUsersList", {}, true, "alice,\nbob\n"}}},
     {.name = "BlanksBesideCommasDropped", .given = {{"UseNUsers", "True"}},
      .steps = {typeInto("txtNUsersList", "alice , bob , ")}, .stored = {{"NUsersList", "alice,bob"}}},
     {.name = "OneBlankLostPerPass", .given = {{"UseNUsers", "True"}},
@@ -71,13 +67,8 @@ const PageCase kLockCases[] = {
      .steps = {clickOn("boxUseNUsers")}, .shown = {{"txtNUsersList", {}, false}, {"boxObsolete", false}},
      .stored = {{"UseNUsers", "False"}, {"NUsersList", "alice"}}},
     // Opening the page is no click: a stored pair of both stays as it was stored.
-    {.name = "BothStoredBothShown", .given = {{"UseNUsers", "True"}, {"Obsolete", "True"}, {"Replace", "True"}},
-     .shown = {{"boxUseNUsers", true}, {"boxObsolete", true}, {"boxReplace", true}, {"txtNUsersList", {}, true}},
-     .stored = {{"UseNUsers", "True"}, {"Obsolete", "True"}, {"Replace", "True"}}},
-    {.name = "ObjectLockSharesThePage", .given = {{"Replace", "False"}, {"NUsersList", "dave,erin"}},
-     .steps = {clickOn("boxReplace"), clickOn("boxUseNUsers")}, .shown = {{"txtNUsersList", {}, {}, "dave,\nerin\n"}},
-     .stored = {{"Replace", "True"}, {"UseNUsers", "True"}, {"NUsersList", "dave,erin"}},
-     .makeAction = newAction<TClearCaseLockObjectsAction>},
+    {.name = "BothStoredBothShown", .kept = {{"UseNUsers", "True"}, {"Obsolete", "True"}, {"Replace", "True"}},
+     .shown = {{"boxUseNUsers", true}, {"boxObsolete", true}, {"boxReplace", true}, {"txtNUsersList", {}, true}}},
 };
 WF_PAGE_TABLE(LockPage, TClearCaseLockPathNamesAction, "TClearCaseLockFrame", "Options", kLockCases);
 

@@ -4,7 +4,6 @@
 
 #include "actions/WFClearCaseApplyLabelAction.h"
 #include "actions/WFClearCaseSetActivityAction.h"
-#include "WFServices.h"
 
 using namespace wfpage;
 
@@ -12,42 +11,30 @@ namespace {
 
 constexpr const char* kVobGone = "cleartool: Error: Unable to determine VOB for pathname \"/vobs/gone\".";
 
-/// The open project's variables, as the designer reports them.
-void projectVariables(wftest::FakeCleartool&)
-{
-    WFDesignApplicationServices().variablesProvider = [] {
-        TWFBuildVariables variables;
-        variables.Set("VOB", TWFVariant(std::string("/vobs/a")));
-        variables.Set("VIEW", TWFVariant(std::string("/tmp")));
-        return variables;
-    };
-}
+const Properties kVariables = {{"VOB", "/vobs/a"}, {"VIEW", "/tmp"}};
 
 const PageCase kLabelCases[] = {
     {.name = "VobVariableExpandedInTheQuery",
-     .given = {{"VOBSelector", "%VOB%"}},
+     .kept = {{"VOBSelector", "%VOB%"}},
      .steps = {dropDownOf("txtLabelName")},
      .shown = {{.control = "txtLabelName", .items = "REL_1"}},
-     .stored = {{"VOBSelector", "%VOB%"}},
      .responses = {{"lstype -short -kind lbtype -invob /vobs/a", "REL_1\n"}},
      .calls = {"lstype -short -kind lbtype -invob /vobs/a"},
-     .setUp = projectVariables},
+     .variables = kVariables},
     {.name = "FailedLookUpShowsCleartoolsReason",
-     .given = {{"VOBSelector", "/vobs/gone"}},
+     .kept = {{"VOBSelector", "/vobs/gone"}},
      .steps = {dropDownOf("txtLabelName")},
      .shown = {{.control = "txtLabelName", .items = ""}, {.control = "lblPageStatus", .text = kVobGone}},
-     .stored = {{"VOBSelector", "/vobs/gone"}},
      .responses = {{"lstype -short -kind lbtype -invob /vobs/gone", "", 1}},
      .calls = {"lstype -short -kind lbtype -invob /vobs/gone"},
-     .setUp = projectVariables,
-     .environment = {{"WF_FAKE_STDERR", kVobGone}}},
+     .environment = {{"WF_FAKE_STDERR", kVobGone}},
+     .variables = kVariables},
     {.name = "UndefinedVariableNamedInTheStatus",
-     .given = {{"VOBSelector", "%NOVOB%"}},
+     .kept = {{"VOBSelector", "%NOVOB%"}},
      .steps = {dropDownOf("txtLabelName")},
      .shown = {{.control = "lblPageStatus", .text = "Could not expand \"%NOVOB%\": \"NOVOB\" is neither a build variable nor an environment variable."}},
-     .stored = {{"VOBSelector", "%NOVOB%"}},
      .calls = {"lstype -short -kind lbtype -invob %NOVOB%"},
-     .setUp = projectVariables},
+     .variables = kVariables},
 };
 WF_PAGE_TABLE(LookUpPage, TClearCaseApplyLabelAction, "TClearCaseApplyLabelFrame", "Options", kLabelCases);
 
@@ -57,7 +44,7 @@ const PageCase kActivityCases[] = {
      .steps = {dropDownOf("txtActivityName")},
      .stored = {{"ViewContextPath", "%VIEW%"}},
      .calls = {"/tmp|lsstream -long -cview"},
-     .setUp = projectVariables},
+     .variables = kVariables},
 };
 WF_PAGE_TABLE(ViewLookUpPage, TClearCaseSetActivityAction, "TClearCaseActivitySelectorFrame", "Activity", kActivityCases);
 

@@ -5,12 +5,6 @@
 #include "environment/WFClearCaseIniFile.h"
 #include "environment/WFClearCaseOptions.h"
 
-#include <gtest/gtest.h>
-
-#include <optional>
-#include <string>
-#include <vector>
-
 using namespace wfpage;
 
 namespace {
@@ -42,7 +36,6 @@ const PageCase kPathCases[] = {
      .stored = {{"CleartoolPath", "/opt/cc/bin"}, {"DefaultView", "/views/nightly"}}},
     pathRow("ExecutableShownAsItsFolder", "$T/bin/cleartool", "$T/bin"),
     pathRow("FolderOfExecutableShownAsFolder", "$T/bin", "$T/bin"),
-    pathRow("OtherCaseShownInFull", "$T/tools/CLEARTOOL", "$T/tools/CLEARTOOL", "tools/CLEARTOOL"),
     pathRow("OtherNameShownInFull", "$T/tools/cleartool.sh", "$T/tools/cleartool.sh", "tools/cleartool.sh"),
     pathRow("MissingShownAsStored", "$T/missing/cleartool", "$T/missing/cleartool"),
     pathRow("FolderWithoutExecutableShownWithItsName", "$T/tools", "$T/tools/cleartool", "tools/readme"),
@@ -78,7 +71,6 @@ const PageCase kEditionCases[] = {
     editionRow("LTShown", ccLT, false, nullptr, {}, false, true, true, false, "ClearCaseLT"),
     editionRow("FullShown", ccFull, false, nullptr, {}, true, false, true, false, "ClearCase"),
     editionRow("UnknownShowsNeither", ccUnknown, false, nullptr, {}, false, false, true, false, kNone),
-    editionRow("ChoosingLTStoresIt", ccFull, false, nullptr, {clickOn("btnClearCaseLT")}, false, true, true, false, "ClearCaseLT"),
     editionRow("OpenTickedDisablesWithoutDetecting", ccLT, true, kFullVersion, {}, false, true, false, false, "Auto"),
     editionRow("TickingDetectsLT", ccFull, false, kLTVersion, {kBox}, false, true, false, true, "Auto"),
     editionRow("TickingDetectsFull", ccLT, false, kFullVersion, {kBox}, true, false, false, true, "Auto"),

@@ -36,9 +36,9 @@ std::vector<Step> clicks(std::vector<const char*> names)
     return list;
 }
 
-QString shownText(const OpenPage& page, const char* control)
+QPoint rowCentre(QListWidget* list, int row)
 {
-    return shownText(page.control<QWidget>(control));
+    return list->visualItemRect(list->item(row)).center();
 }
 
 std::unique_ptr<TCustomWFAction> catalogueAction(const std::string& typeId)
@@ -84,21 +84,6 @@ std::string expanded(std::string text)
     for (size_t at = text.find("$T"); at != std::string::npos; at = text.find("$T", at + g_rowFolder.size()))
         text.replace(at, 2, g_rowFolder);
     return text;
-}
-
-template <typename T>
-T* controlIn(QWidget* root, const char* name)
-{
-    T* found = root->findChild<T*>(name);
-    if (!found)
-        throw std::runtime_error(std::string("no control ") + name + " of the expected type in " +
-                                 root->objectName().toStdString());
-    return found;
-}
-
-QPoint rowCentre(QListWidget* list, int row)
-{
-    return list->visualItemRect(list->item(row)).center();
 }
 
 void runStep(QWidget* root, const Step& step);
@@ -272,6 +257,20 @@ public:
         g_rowFolder = folder;
         for (const auto& [name, value] : c.environment)
             m_environment.push_back(std::make_unique<wftest::ScopedEnv>(name, expanded(value)));
+        if (c.variables.empty())
+            return;
+        WFDesignApplicationServices().variableNamesProvider = [&c] {
+            std::vector<std::string> names;
+            for (const auto& [name, value] : c.variables)
+                names.push_back(name);
+            return names;
+        };
+        WFDesignApplicationServices().variablesProvider = [&c] {
+            TWFBuildVariables variables;
+            for (const auto& [name, value] : c.variables)
+                variables.Set(name, TWFVariant(value));
+            return variables;
+        };
     }
     ~RowScope()
     {
@@ -318,8 +317,9 @@ void runRow(const PageCase& c, const std::string& title, const std::function<std
         c.check(*page);
 
     page->accept();
-    for (const auto& [name, text] : c.stored)
-        EXPECT_EQ(stored(name), expanded(text)) << name;
+    for (const Properties* properties : {&c.stored, &c.kept})
+        for (const auto& [name, text] : *properties)
+            EXPECT_EQ(stored(name), expanded(text)) << name;
 
     std::vector<std::string> expectedCalls;
     for (const std::string& call : c.calls)
@@ -332,8 +332,9 @@ void runRow(const PageCase& c, const std::string& title, const std::function<std
 void runPageCase(const TWFPageClass& pageClass, TCustomWFAction& action, const std::string& title, const PageCase& c)
 {
     const auto open = [&](wftest::FakeCleartool&) {
-        for (const auto& [name, text] : c.given)
-            setProperty(action, name, expanded(text));
+        for (const Properties* properties : {&c.given, &c.kept})
+            for (const auto& [name, text] : *properties)
+                setProperty(action, name, expanded(text));
         return std::make_unique<OpenPage>(pageClass, action);
     };
     runRow(c, title, open, [&](const std::string& name) { return property(action, name); });
@@ -345,8 +346,10 @@ void runOptionsCase(const PageCase& c)
     TWFClearCaseOptions* options = nullptr;
     const auto open = [&](wftest::FakeCleartool& cleartool) {
         options = cleartool.options().GetImplementation();
-        if (!c.given.empty()) {
-            OptionsStore given(c.given);
+        if (!c.given.empty() || !c.kept.empty()) {
+            Properties values = c.given;
+            values.insert(values.end(), c.kept.begin(), c.kept.end());
+            OptionsStore given(values);
             options->LoadOptions(given);
         }
         return std::make_unique<OpenPage>(packagePage("TClearCaseOptionsFrame"), *options);

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QListWidget>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -106,6 +108,8 @@ struct Response {
 struct PageCase {
     const char* name;
     Properties given = {};
+    /// Given, and stored back unchanged.
+    Properties kept = {};
     std::vector<Step> steps = {};
     std::vector<Shown> shown = {};
     Properties stored = {};
@@ -125,6 +129,8 @@ struct PageCase {
     std::function<void(const OpenPage&)> check = {};
     /// Environment variables set while the row runs.
     Properties environment = {};
+    /// The open project's variables and their values, as the designer reports them.
+    Properties variables = {};
 };
 
 WF_ROW_PRINTER(PageCase)
@@ -165,8 +171,10 @@ void runPageCase(const PageClass& pageClass, const std::string& title, const Pag
     }                                                                                                          \
     INSTANTIATE_TEST_SUITE_P(Cases, Suite, ::testing::ValuesIn(rows), ::wftest::byName)
 
+/// The middle of a list's row, where a user clicks it.
+QPoint rowCentre(QListWidget* list, int row);
+
 /// The text a user sees in the named edit, memo, label, button or combo box.
-QString shownText(const OpenPage& page, const char* control);
 QString shownText(QWidget* widget);
 
 /// Makes the catalogue's action with the identity its users know it by (its type id).

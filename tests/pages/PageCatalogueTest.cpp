@@ -1,6 +1,6 @@
 // The built package as a design-time host meets it: loaded with pages (after a load without
-// them), every action type and the options get exactly their pages, in tab order, with their
-// titles, and each page opens on a new action and writes it back.
+// them), every action type and the options get exactly their pages, in tab order, and each page
+// opens on a new action and writes it back.
 #include "GoldenCatalogue.h"
 #include "WFAction.h"
 #include "WFFrame.h"
@@ -28,48 +28,47 @@
 
 namespace {
 
-using PageList = std::vector<std::pair<std::string, std::string>>; // class, title
+using PageList = std::vector<std::string>;
 
-const std::pair<std::string, std::string> kViewPaths{"TClearCaseViewPathNameFrame", "Pathnames"};
-const std::pair<std::string, std::string> kExtendedPaths{"TClearCaseExtendedPathNameFrame", "Extended Pathnames"};
-const std::pair<std::string, std::string> kComment{"TClearCaseCommentFrame", "Comment"};
-const std::pair<std::string, std::string> kObjects{"TClearCaseObjectSelectorFrame", "Objects"};
-const std::pair<std::string, std::string> kActivity{"TClearCaseActivitySelectorFrame", "Activity"};
-const std::pair<std::string, std::string> kCheckIn{"TClearCaseCheckInFrame", "Checkin Options"};
-const std::pair<std::string, std::string> kLock{"TClearCaseLockFrame", "Options"};
-const std::pair<std::string, std::string> kAttribute{"TClearCaseApplyAttributeFrame", "Attribute"};
+const std::string kViewPaths = "TClearCaseViewPathNameFrame";
+const std::string kExtendedPaths = "TClearCaseExtendedPathNameFrame";
+const std::string kComment = "TClearCaseCommentFrame";
+const std::string kObjects = "TClearCaseObjectSelectorFrame";
+const std::string kActivity = "TClearCaseActivitySelectorFrame";
+const std::string kCheckIn = "TClearCaseCheckInFrame";
 
-/// Written out by hand: what a build engineer sees on each action, tab by tab.
+/// Written out by hand: the pages a build engineer sees on each action, tab by tab. Each page's
+/// title is its own table's concern.
 const std::map<std::string, PageList>& goldenPages()
 {
     static const std::map<std::string, PageList> pages = {
-        {"TClearCaseUpdateAction", {{"TClearCaseUpdateFrame", "Update Options"}}},
-        {"TClearCaseCheckoutAction", {kViewPaths, kExtendedPaths, {"TClearCaseCheckOutFrame", "Checkout Options"}, kComment}},
+        {"TClearCaseUpdateAction", {"TClearCaseUpdateFrame"}},
+        {"TClearCaseCheckoutAction", {kViewPaths, kExtendedPaths, "TClearCaseCheckOutFrame", kComment}},
         {"TClearCaseCheckInPathAction", {kViewPaths, kExtendedPaths, kCheckIn, kComment}},
-        {"TClearCaseUnCheckOutAction", {kViewPaths, kExtendedPaths, {"TClearCaseUnCheckOutFrame", "Uncheckout Options"}}},
-        {"TClearCaseUnCheckOutActivityAction", {{"TClearCaseUnCheckOutActivityFrame", "Uncheckout Options"}}},
+        {"TClearCaseUnCheckOutAction", {kViewPaths, kExtendedPaths, "TClearCaseUnCheckOutFrame"}},
+        {"TClearCaseUnCheckOutActivityAction", {"TClearCaseUnCheckOutActivityFrame"}},
         {"TClearCaseCheckInActivityAction", {kActivity, kCheckIn, kComment}},
         {"TClearCaseSetActivityAction", {kActivity, kComment}},
-        {"TClearCaseMkLbTypeAction", {{"TClearCaseMkLbTypeFrame", "Options"}, kComment}},
-        {"TClearCaseApplyLabelAction", {kViewPaths, kExtendedPaths, {"TClearCaseApplyLabelFrame", "Options"}, kComment}},
-        {"TClearCaseLockPathNamesAction", {kViewPaths, kExtendedPaths, kLock, kComment}},
-        {"TClearCaseLockObjectsAction", {kObjects, kLock, kComment}},
+        {"TClearCaseMkLbTypeAction", {"TClearCaseMkLbTypeFrame", kComment}},
+        {"TClearCaseApplyLabelAction", {kViewPaths, kExtendedPaths, "TClearCaseApplyLabelFrame", kComment}},
+        {"TClearCaseLockPathNamesAction", {kViewPaths, kExtendedPaths, "TClearCaseLockFrame", kComment}},
+        {"TClearCaseLockObjectsAction", {kObjects, "TClearCaseLockFrame", kComment}},
         {"TClearCaseUnlockObjectsAction", {kObjects, kComment}},
         {"TClearCaseUnlockPathNamesAction", {kViewPaths, kExtendedPaths, kComment}},
-        {"TClearCaseMakeBaselineAction",
-         {{"TClearCaseMakeBaselineFrame", "New Baseline"}, {"TClearCaseMakeBaseLineLabelFrame", "Labelling"}, kComment}},
-        {"TClearCaseMakeBaselineFromLabelAction", {{"TClearCaseMakeBaselineFromLabelFrame", "Components"}, kComment}},
-        {"TClearCaseCleartoolAction", {{"TClearCaseCleartoolFrame", "Cleartool Parameters"}}},
-        {"TClearCaseMakeActivityAction", {{"TClearCaseMakeActivityFrame", "Activity"}, kComment}},
+        {"TClearCaseMakeBaselineAction", {"TClearCaseMakeBaselineFrame", "TClearCaseMakeBaseLineLabelFrame", kComment}},
+        {"TClearCaseMakeBaselineFromLabelAction", {"TClearCaseMakeBaselineFromLabelFrame", kComment}},
+        {"TClearCaseCleartoolAction", {"TClearCaseCleartoolFrame"}},
+        {"TClearCaseMakeActivityAction", {"TClearCaseMakeActivityFrame", kComment}},
         {"TClearCaseMakeAttributeTypeAction",
-         {{"TClearCaseMakeAttributeTypeFrame", "New Type"}, {"TClearCaseMakeAttributeTypeOptionsFrame", "Options"}, kComment}},
+         {"TClearCaseMakeAttributeTypeFrame", "TClearCaseMakeAttributeTypeOptionsFrame", kComment}},
         {"TClearCaseApplyAttributePathNamesAction",
-         {kViewPaths, kAttribute, {"TClearCaseApplyAttributePathNamesFrame", "Options"}}},
-        {"TClearCaseApplyAttributeObjectsAction", {kObjects, kAttribute, {"TClearCaseApplyAttributeObjectsFrame", "Options"}}},
-        {"TClearCaseSetConfigSpecAction", {{"TClearCaseSetConfigSpecFrame", "Options"}}},
-        {"TClearCaseGetConfigSpecAction", {{"TClearCaseGetConfigSpecFrame", "Options"}}},
-        {"TClearCaseFindCheckoutsAction", {{"TClearCaseFindCheckoutsFrame", "Options"}}},
-        {"TClearCaseMakeElementAction", {kViewPaths, {"TClearCaseMakeElementFrame", "New Element"}, kComment}},
+         {kViewPaths, "TClearCaseApplyAttributeFrame", "TClearCaseApplyAttributePathNamesFrame"}},
+        {"TClearCaseApplyAttributeObjectsAction",
+         {kObjects, "TClearCaseApplyAttributeFrame", "TClearCaseApplyAttributeObjectsFrame"}},
+        {"TClearCaseSetConfigSpecAction", {"TClearCaseSetConfigSpecFrame"}},
+        {"TClearCaseGetConfigSpecAction", {"TClearCaseGetConfigSpecFrame"}},
+        {"TClearCaseFindCheckoutsAction", {"TClearCaseFindCheckoutsFrame"}},
+        {"TClearCaseMakeElementAction", {kViewPaths, "TClearCaseMakeElementFrame", kComment}},
     };
     return pages;
 }
@@ -165,15 +164,11 @@ class ActionPages : public PackagePages, public ::testing::WithParamInterface<wf
 TEST_P(ActionPages, AreTheActionsPagesInTabOrderAndOpenOnANewAction)
 {
     const wftest::GoldenAction& golden = GetParam();
-    const auto expected = goldenPages().at(golden.className);
     const std::vector<TWFPageClass> classes = WFActionServices().PagesOf(golden.className);
     std::vector<std::string> names;
     for (const auto& pageClass : classes)
         names.push_back(pageClass.className);
-    std::vector<std::string> expectedNames;
-    for (const auto& [name, title] : expected)
-        expectedNames.push_back(name);
-    ASSERT_EQ(names, expectedNames);
+    ASSERT_EQ(names, goldenPages().at(golden.className));
 
     auto action = WFActionServices().CreateAction(golden.typeId);
     ASSERT_NE(action, nullptr);
@@ -185,7 +180,6 @@ TEST_P(ActionPages, AreTheActionsPagesInTabOrderAndOpenOnANewAction)
         ASSERT_NE(widget, nullptr) << error;
         IWFActionPage* page = WFActionPageOf(widget);
         ASSERT_NE(page, nullptr);
-        EXPECT_EQ(page->PageName(), expected[i].second);
         host.show();
         page->InitFrame(&host);
         page->InitPage(*action);

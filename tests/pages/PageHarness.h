@@ -22,6 +22,17 @@ namespace wfpage {
 /// The package's page of that class, made by its page table.
 TWFPageClass packagePage(const char* className);
 
+/// The named control below `root`; throws (failing the test) when there is none of that type.
+template <typename T>
+T* controlIn(QWidget* root, const char* name)
+{
+    T* found = root->findChild<T*>(name);
+    if (!found)
+        throw std::runtime_error(std::string("no control ") + name + " of the expected type in " +
+                                 root->objectName().toStdString());
+    return found;
+}
+
 /// A page made as a host makes it: by its class's factory, then InitFrame, InitPage and
 /// ReadActionData with the action; or, for options, InitPage, OnPageActivate and ReadOptions.
 /// The page is shown (offscreen) so that clicks reach it.
@@ -43,10 +54,7 @@ public:
     template <typename T>
     T* control(const char* name) const
     {
-        T* found = m_widget->findChild<T*>(name);
-        if (!found)
-            throw std::runtime_error(std::string("no control ") + name + " of the expected type on the page");
-        return found;
+        return controlIn<T>(m_widget.get(), name);
     }
 
 private:

@@ -5,8 +5,6 @@
 #include "actions/WFClearCaseMakeActivityAction.h"
 #include "actions/WFClearCaseSetActivityAction.h"
 
-#include <gtest/gtest.h>
-
 using namespace wfpage;
 
 namespace {
@@ -22,24 +20,15 @@ const Response kStream = {"lsstream -long -cview",
 
 const PageCase kSelectorRows[] = {
     {.name = "CurrentActivityDisablesCombosButKeepsNameAndVob",
-     .given = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .kept = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
      .shown = {{"btnCurrentActivity", true, {}, kUseCurrent},
                {"txtActivityName", {}, false, "fix1"},
-               {"txtVOBSelector", {}, false, "/vobs/pvob"}},
-     .stored = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}}},
+               {"txtVOBSelector", {}, false, "/vobs/pvob"}}},
     {.name = "NamedActivityOpensEnabled",
      .given = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
      .steps = {typeInto("txtActivityName", "fix 2")},
      .shown = {{"btnCustomActivity", true}, {"txtActivityName", {}, true}, {"txtVOBSelector", {}, true}},
      .stored = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix 2"}, {"VOBSelector", "/vobs/pvob"}}},
-    {.name = "ClickingCurrentDisablesCombos", .given = {{"ActivityName", "fix1"}},
-     .steps = {clickOn("btnCurrentActivity")},
-     .shown = {{"btnCustomActivity", false}, {"txtActivityName", {}, false}, {"txtVOBSelector", {}, false}},
-     .stored = {{"UseCurrentActivity", "True"}, {"ActivityName", "fix1"}}},
-    {.name = "ClickingCustomEnablesCombos", .given = {{"UseCurrentActivity", "True"}, {"VOBSelector", "/vobs/pvob"}},
-     .steps = {clickOn("btnCustomActivity"), typeInto("txtActivityName", "fix3")},
-     .shown = {{"btnCurrentActivity", false}, {"txtActivityName", {}, true}, {"txtVOBSelector", {}, true}},
-     .stored = {{"UseCurrentActivity", "False"}, {"ActivityName", "fix3"}, {"VOBSelector", "/vobs/pvob"}}},
     // The activity list asks the view the page shows on every drop-down, and only a view that is there.
     {.name = "ActivityListAsksTheViewOnEveryDropDown", .given = kInTmp,
      .steps = {typeInto("txtActivityName", "typed"), dropDownOf("txtActivityName"), dropDownOf("txtActivityName")},
@@ -98,25 +87,15 @@ const wfpage::Properties kCustomView = {{"UseDefaultViewContext", "False"}, {"Vi
 // Choosing the generated name leaves the name and VOB to edit, and the name is stored.
 const PageCase kMakeActivityRows[] = {
     {.name = "GeneratedNameKeepsStoredName",
-     .given = {{"AutoGenerateName", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
+     .kept = {{"AutoGenerateName", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}},
      .shown = {{"btnGenerateName", true}, {"btnCustomName", false}, {"txtActivityName", {}, true, "fix1"},
-               {"txtVOBSelector", {}, true, "/vobs/pvob"}},
-     .stored = {{"AutoGenerateName", "True"}, {"ActivityName", "fix1"}, {"VOBSelector", "/vobs/pvob"}}},
+               {"txtVOBSelector", {}, true, "/vobs/pvob"}}},
     {.name = "GivenNameHeadlineAndNSetTyped", .given = kCustomView,
      .steps = {typeInto("txtActivityName", "fix 2"), typeInto("txtVOBSelector", "/vobs/pvob"), typeInto("txtHeadline", "Fix build"), clickOn("boxNSet")},
      .shown = {{"btnCustomName", true}, {"boxNSet", true}},
      .stored = {{"AutoGenerateName", "False"}, {"ActivityName", "fix 2"}, {"VOBSelector", "/vobs/pvob"},
                 {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}, {"ViewContextPath", "/views/dev"},
                 {"UseDefaultViewContext", "False"}}},
-    {.name = "ChoosingGeneratedStoresTypedNameToo", .given = {{"ActivityName", "fix1"}},
-     .steps = {clickOn("btnGenerateName"), typeInto("txtActivityName", "other")},
-     .shown = {{"btnCustomName", false}, {"txtActivityName", {}, true}},
-     .stored = {{"AutoGenerateName", "True"}, {"ActivityName", "other"}}},
-    {.name = "StoredHeadlineAndNSetShown",
-     .given = {{"AutoGenerateName", "True"}, {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}},
-     .steps = {clickOn("btnCustomName")},
-     .shown = {{"txtHeadline", {}, true, "Fix build"}, {"boxNSet", true}, {"btnGenerateName", false}},
-     .stored = {{"AutoGenerateName", "False"}, {"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}}},
     {.name = "ClearingHeadlineAndNSet", .given = {{"Headline", "Fix build"}, {"DontSetAsCurrent", "True"}},
      .steps = {typeInto("txtHeadline", ""), clickOn("boxNSet")}, .shown = {{"boxNSet", false}},
      .stored = {{"Headline", ""}, {"DontSetAsCurrent", "False"}}},
