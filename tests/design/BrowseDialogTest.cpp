@@ -66,26 +66,14 @@ TEST_P(FileDialog, ShowsWhatTheRequestAsks)
     EXPECT_EQ(save, c.save);
 }
 
-TWFBrowseFileRequest request(const char* title, const char* filter, const char* folder, const char* file, bool save)
-{
-    TWFBrowseFileRequest r;
-    r.title = title;
-    r.filter = filter;
-    r.initialDir = folder;
-    r.fileName = file;
-    r.save = save;
-    r.mustExist = !save;
-    return r;
-}
-
+// Requests: title, filter, folder, default extension, must exist, save, proposed file.
 const DialogCase kDialogCases[] = {
     {"PairsWithPatternsInTheirDescription",
-     request("Save Config Spec As", "Text Files (*.txt)|*.TXT|All Files (*.*)|*.*", "", "config_spec.txt", true),
+     {"Save Config Spec As", "Text Files (*.txt)|*.TXT|All Files (*.*)|*.*", "", "", false, true, "config_spec.txt"},
      {"Text Files (*.txt)", "All Files (*)"}, "/config_spec.txt", true},
-    {"DescriptionsGetTheirPatterns",
-     request("Open", "Specs|*.cs;*.spec|Everything|*", "/tmp", "", false), {"Specs (*.cs *.spec)", "Everything (*)"}, nullptr,
-     false},
-    {"AnyNameIsEveryFileOffWindows", request("Select Config Spec File", "*.*", "/tmp", "/tmp/rel.cs", false), {"*"}, "/tmp/rel.cs", false},
+    {"DescriptionsGetTheirPatterns", {"Open", "Specs|*.cs;*.spec|Everything|*", "/tmp", "", true, false, ""},
+     {"Specs (*.cs *.spec)", "Everything (*)"}, nullptr, false},
+    {"AnyNameIsEveryFileOffWindows", {"Select Config Spec File", "*.*", "/tmp", "", true, false, "/tmp/rel.cs"}, {"*"}, "/tmp/rel.cs", false},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, FileDialog, ::testing::ValuesIn(kDialogCases), wftest::byName);
 

@@ -2,84 +2,83 @@
 // from the indicator.
 #include "environment/WFClearCaseUtils.h"
 #include "FakeCleartool.h"
+#include "RowName.h"
 #include "WFBusy.h"
 #include "WFBusyIndicator.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
-#include <thread>
+#include <optional>
 
 namespace {
 
-class BusyQuery : public ::testing::Test {
+struct QueryRow {
+    const char* name;
+    const char* listing;  ///< cleartool's answer
+    const char* silenceMs; ///< how long cleartool is silent before it answers; nullptr: not at all
+    bool cancel;           ///< the user cancels from the indicator
+    const char* vobs;      ///< what the query returns
+    const char* indicator; ///< what the indicator said; "" when none showed
+};
+WF_ROW_PRINTER(QueryRow)
+
+class BusyQuery : public ::testing::TestWithParam<QueryRow> {
 protected:
     void SetUp() override { WFInstallBusyIndicator(300); }
     void TearDown() override { SetWFBusyHook(nullptr); }
     wftest::FakeCleartool cleartool;
 };
 
-TEST_F(BusyQuery, SlowQueryIsWaitedForWhileEventsRun)
+TEST_P(BusyQuery, IsWaitedForWhileEventsRun)
 {
-    // Silent for 8 s before it answers: longer than any silence bound of a headless query.
-    cleartool.respond("lsvob -short", "\\vobs\\main\n");
-    wftest::ScopedEnv slow("WF_FAKE_SLEEP_BEFORE_MS", "8000");
+    const QueryRow& row = GetParam();
+    cleartool.respond("lsvob -short", row.listing);
+    std::optional<wftest::ScopedEnv> silence;
+    if (row.silenceMs)
+        silence.emplace("WF_FAKE_SLEEP_BEFORE_MS", row.silenceMs);
     int ticks = 0;
-    QTimer tick;
-    QObject::connect(&tick, &QTimer::timeout, [&] { ++ticks; });
-    tick.start(100);
-    EXPECT_EQ(CCGetVOBNames(), "\\vobs\\main\r\n");
-    // The event loop ran throughout: the window would have repainted.
-    EXPECT_GT(ticks, 40);
-}
-
-TEST_F(BusyQuery, HangingQueryIsCancelledFromTheIndicator)
-{
-    cleartool.respond("lsvob -short", "\\vobs\\main\n");
-    wftest::ScopedEnv hang("WF_FAKE_SLEEP_BEFORE_MS", "600000");
-    QString message;
+    QString shown;
     QElapsedTimer clock;
     clock.start();
-    std::function<void()> poll = [&] {
-        QWidget* indicator = QApplication::activeModalWidget();
-        if (indicator && indicator->objectName() == "WFBusyIndicator") {
-            message = indicator->findChild<QLabel*>("message")->text();
-            indicator->findChild<QPushButton*>("cancelButton")->click();
-            return;
-        }
-        if (clock.elapsed() < 10000)
-            QTimer::singleShot(20, poll);
-    };
-    QTimer::singleShot(0, poll);
-    EXPECT_EQ(CCGetVOBNames(), "");
-    EXPECT_EQ(message, "Asking ClearCase...");
-    EXPECT_LT(clock.elapsed(), 10000);
-}
-
-TEST_F(BusyQuery, QuickQueryShowsNoIndicator)
-{
-    cleartool.respond("lsvob -short", "b\na\n");
-    bool shown = false;
     QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, [&] { shown = shown || QApplication::activeModalWidget(); });
-    watch.start(5);
-    EXPECT_EQ(CCGetVOBNames(), "a\r\nb\r\n");
-    EXPECT_FALSE(shown);
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        ++ticks;
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || !shown.isEmpty())
+            return;
+        shown = modal->objectName() + ": " + modal->findChild<QLabel*>("message")->text();
+        // Wide enough for its title in the bold font window systems show it in.
+        QFont bold = modal->font();
+        bold.setBold(true);
+        EXPECT_GT(modal->width(), QFontMetrics(bold).horizontalAdvance(modal->windowTitle()));
+        if (row.cancel)
+            modal->findChild<QPushButton*>("cancelButton")->click();
+    });
+    watch.start(20);
+    EXPECT_EQ(CCGetVOBNames(), row.vobs);
+    EXPECT_EQ(shown.toStdString(), row.indicator);
+    // The event loop ran throughout: the window would have repainted.
+    EXPECT_GE(ticks, clock.elapsed() / 40);
+    if (row.cancel) {
+        EXPECT_LT(clock.elapsed(), 10000);
+    }
 }
 
-TEST(BusyHook, WithoutHookWorkRunsOnTheCallingThread)
-{
-    SetWFBusyHook(nullptr);
-    EXPECT_FALSE(WFBusyCanCancel());
-    const auto caller = std::this_thread::get_id();
-    std::thread::id ran;
-    WFRunBusy("x", [&] { ran = std::this_thread::get_id(); }, [] {});
-    EXPECT_EQ(ran, caller);
-}
+// Slow: silent for longer than any silence bound of a headless query.
+INSTANTIATE_TEST_SUITE_P(
+    Rows, BusyQuery,
+    ::testing::Values(QueryRow{"QuickShowsNoIndicator", "b\na\n", nullptr, false, "a\r\nb\r\n", ""},
+                      QueryRow{"SlowIsWaitedFor", "\\vobs\\main\n", "8000", false, "\\vobs\\main\r\n",
+                               "WFBusyIndicator: Asking ClearCase..."},
+                      QueryRow{"HangingIsCancelledFromTheIndicator", "\\vobs\\main\n", "600000", true, "",
+                               "WFBusyIndicator: Asking ClearCase..."}),
+    wftest::byName);
 
 } // namespace

@@ -1,12 +1,10 @@
-// The page every action without pages of its own gets, and the busy indicator's title.
+// The page every action without pages of its own gets.
 #include "PageHarness.h"
 #include "WFAction.h"
-#include "WFBusyIndicator.h"
 #include "WFGenericPage.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFontMetrics>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -36,19 +34,15 @@ private:
     int m_retries = 0;
 };
 
-TEST(GenericPage, IsWhatAnActionWithoutPagesGets)
-{
-    const auto pages = WFPagesFor("TNoSuchActionClass");
-    ASSERT_EQ(pages.size(), 1u);
-    EXPECT_EQ(pages.front().className, "TWFGenericPropertyPage");
-}
-
+// An action without pages of its own gets the generic page, and only that.
 TEST(GenericPage, EditsEveryPublishedPropertyWithTheControlOfItsKind)
 {
     TPagelessAction action;
     wfpage::setProperty(action, "Notes", "one\r\ntwo");
     wfpage::setProperty(action, "Mode", "mdSlow");
-    wfpage::OpenPage page(WFPagesFor("TNoSuchActionClass").front(), action);
+    const auto pages = WFPagesFor("TNoSuchActionClass");
+    ASSERT_EQ(pages.size(), 1u);
+    wfpage::OpenPage page(pages.front(), action);
     EXPECT_EQ(page.title(), "Properties");
     EXPECT_EQ(page.control<QPlainTextEdit>("txtNotes")->toPlainText(), "one\ntwo");
     EXPECT_EQ(wfpage::items(page.control<QComboBox>("cmbMode")), QStringList({"mdFast", "mdSlow"}));
@@ -62,15 +56,6 @@ TEST(GenericPage, EditsEveryPublishedPropertyWithTheControlOfItsKind)
     for (const auto& [name, value] : std::vector<std::pair<std::string, std::string>>{
              {"Target", "all"}, {"Notes", "one\r\ntwo"}, {"Verbose", "True"}, {"Mode", "mdFast"}, {"Retries", "3"}})
         EXPECT_EQ(wfpage::property(action, name), value) << name;
-}
-
-TEST(BusyIndicator, IsWideEnoughForItsTitle)
-{
-    TWFBusyIndicator indicator("Asking ClearCase...", nullptr);
-    indicator.show();
-    QFont bold = indicator.font();
-    bold.setBold(true);
-    EXPECT_GT(indicator.width(), QFontMetrics(bold).horizontalAdvance(indicator.windowTitle()));
 }
 
 } // namespace

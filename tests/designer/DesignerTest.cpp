@@ -21,22 +21,15 @@
 #include "WFProcess.h"
 #include "WFServices.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStatusBar>
@@ -56,8 +49,7 @@
 
 #include <sys/stat.h>
 
-using designertest::waitFor;
-using designertest::whenModal;
+using namespace designertest;
 
 namespace {
 
@@ -79,36 +71,6 @@ std::string property(TMainWindow& window, int row, const std::string& name)
 void selectRow(TMainWindow& w, int row)
 {
     w.projectView()->setCurrentIndex(w.model().index(row, 0));
-}
-
-QStringList tabTexts(QTabWidget* tabs)
-{
-    QStringList texts;
-    for (int i = 0; i < tabs->count(); ++i)
-        texts << tabs->tabText(i);
-    return texts;
-}
-
-void clickButton(QWidget* dialog, QDialogButtonBox::StandardButton which)
-{
-    auto* box = dialog->findChild<QDialogButtonBox*>();
-    ASSERT_NE(box, nullptr);
-    QTest::mouseClick(box->button(which), Qt::LeftButton);
-}
-
-/// Clicks a radio button on its indicator, where a user aims.
-void clickRadio(QRadioButton* button)
-{
-    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
-}
-
-void closeMessageBox(QWidget* modal, QString* text = nullptr)
-{
-    auto* box = qobject_cast<QMessageBox*>(modal);
-    ASSERT_NE(box, nullptr) << modal->objectName().toStdString();
-    if (text)
-        *text = box->text();
-    box->button(QMessageBox::Ok) ? box->button(QMessageBox::Ok)->click() : box->reject();
 }
 
 class DesignerWindow : public ::testing::Test {
@@ -151,53 +113,36 @@ protected:
 
 // --- the command line ---------------------------------------------------------------------
 
-struct CommandLineRow {
-    const char* name;
-    std::vector<std::string> arguments;
-    bool ok;
-    std::string project;
-    std::string configDir;
-    std::vector<std::string> plugins;
-    bool help;
-    bool version;
-    std::string errorPiece;
-};
-
-WF_ROW_PRINTER(CommandLineRow)
-
-class DesignerCommandLine : public ::testing::TestWithParam<CommandLineRow> {};
-
-TEST_P(DesignerCommandLine, Parses)
+/// What the arguments parse to, or the error they give.
+std::string parsed(const std::vector<std::string>& arguments)
 {
-    const auto& row = GetParam();
     TDesignerArguments args;
     std::string error;
-    ASSERT_EQ(parseDesignerCommandLine(row.arguments, args, error), row.ok) << error;
-    if (!row.ok) {
-        EXPECT_NE(error.find(row.errorPiece), std::string::npos) << error;
-        return;
-    }
-    EXPECT_EQ(args.project, row.project);
-    EXPECT_EQ(args.configDir, row.configDir);
-    EXPECT_EQ(args.plugins, row.plugins);
-    EXPECT_EQ(args.help, row.help);
-    EXPECT_EQ(args.version, row.version);
+    if (!parseDesignerCommandLine(arguments, args, error))
+        return "error: " + error;
+    std::string plugins;
+    for (const std::string& plugin : args.plugins)
+        plugins += " plugin=" + plugin;
+    return "project=" + args.project + " config=" + args.configDir + plugins + (args.help ? " help" : "") +
+        (args.version ? " version" : "");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, DesignerCommandLine,
-    ::testing::Values(
-        CommandLineRow{"nothing", {}, true, "", "", {}, false, false, ""},
-        CommandLineRow{"everything", {"p.wfp", "--config-dir", "cfg", "--plugin", "a.so", "--plugin", "b.so"}, true, "p.wfp", "cfg", {"a.so", "b.so"}, false, false, ""},
-        CommandLineRow{"options first", {"--plugin", "a.so", "p.wfp"}, true, "p.wfp", "", {"a.so"}, false, false, ""},
-        CommandLineRow{"help", {"--help"}, true, "", "", {}, true, false, ""},
-        CommandLineRow{"short help", {"-h"}, true, "", "", {}, true, false, ""},
-        CommandLineRow{"version", {"--version"}, true, "", "", {}, false, true, ""},
-        CommandLineRow{"config dir without value", {"--config-dir"}, false, "", "", {}, false, false, "--config-dir needs a value"},
-        CommandLineRow{"plugin with empty value", {"--plugin", ""}, false, "", "", {}, false, false, "--plugin needs a value"},
-        CommandLineRow{"unknown option", {"--colour"}, false, "", "", {}, false, false, "unknown option \"--colour\""},
-        CommandLineRow{"two projects", {"a.wfp", "b.wfp"}, false, "", "", {}, false, false, "\"b.wfp\""}),
-    [](const auto& info) { return wftest::rowName(info.param.name); });
+TEST(DesignerCommandLine, Parses)
+{
+    const std::vector<std::pair<std::vector<std::string>, std::string>> rows = {
+        {{}, "project= config="},
+        {{"p.wfp", "--config-dir", "cfg", "--plugin", "a.so", "--plugin", "b.so"}, "project=p.wfp config=cfg plugin=a.so plugin=b.so"},
+        {{"--plugin", "a.so", "p.wfp"}, "project=p.wfp config= plugin=a.so"},
+        {{"--help"}, "project= config= help"},
+        {{"-h"}, "project= config= help"},
+        {{"--version"}, "project= config= version"},
+        {{"--config-dir"}, "error: --config-dir needs a value"},
+        {{"--plugin", ""}, "error: --plugin needs a value"},
+        {{"--colour"}, "error: unknown option \"--colour\""},
+        {{"a.wfp", "b.wfp"}, "error: only one project can be opened, not also \"b.wfp\""}};
+    for (const auto& [arguments, expected] : rows)
+        EXPECT_EQ(parsed(arguments), expected);
+}
 
 TEST(DesignerProgram, HelpAndVersionNeedNoDisplay)
 {
@@ -247,27 +192,24 @@ TEST(DesignerProgram, ExitsCleanlyAfterAPageAskedClearCase)
 TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
 {
     designertest::loadPackages();
-    struct Row {
-        std::string name;
-        bool carried;
-    };
     const QImage placeholder = packageIcon("NO_SUCH_RESOURCE").pixmap(16, 16).toImage();
-    for (const Row& row : {Row{"CC_CHECKOUT", true}, Row{"UCM_MAKEBL_LABEL", true}, Row{"CC_LOGO", true},
-                           Row{"WF_LOGMESSAGE", true}, Row{"", false}, Row{"cc_checkout", false}}) {
-        const std::string bytes = WFFindPackageResource(row.name);
-        EXPECT_EQ(!bytes.empty(), row.carried) << row.name;
-        const QImage icon = packageIcon(row.name).pixmap(16, 16).toImage();
-        EXPECT_EQ(icon.size(), QSize(16, 16)) << row.name;
-        if (!row.carried) {
-            EXPECT_EQ(icon, placeholder) << row.name;
+    // Each resource name, and whether a package carries it.
+    for (const auto& [name, carried] : std::vector<std::pair<std::string, bool>>{
+             {"CC_CHECKOUT", true}, {"UCM_MAKEBL_LABEL", true}, {"CC_LOGO", true}, {"WF_LOGMESSAGE", true}, {"", false}, {"cc_checkout", false}}) {
+        const std::string bytes = WFFindPackageResource(name);
+        EXPECT_EQ(!bytes.empty(), carried) << name;
+        const QImage icon = packageIcon(name).pixmap(16, 16).toImage();
+        EXPECT_EQ(icon.size(), QSize(16, 16)) << name;
+        if (!carried) {
+            EXPECT_EQ(icon, placeholder) << name;
             continue;
         }
-        EXPECT_EQ(bytes.substr(0, 2), "BM") << row.name;
-        EXPECT_NE(icon, placeholder) << row.name;
+        EXPECT_EQ(bytes.substr(0, 2), "BM") << name;
+        EXPECT_NE(icon, placeholder) << name;
         // The bottom-left pixel's colour is the bitmap's background: see-through in the icon.
-        EXPECT_EQ(icon.pixelColor(0, 15).alpha(), 0) << row.name;
+        EXPECT_EQ(icon.pixelColor(0, 15).alpha(), 0) << name;
         EXPECT_TRUE(std::any_of(icon.constBits(), icon.constBits() + icon.sizeInBytes(), [](uchar b) { return b != 0; }))
-            << row.name;
+            << name;
     }
 }
 
@@ -313,24 +255,14 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
 
     // Adding opens the new action's dialog at once; what it holds is what the pages showed.
     QString validation;
-    whenModal([&](QWidget* dialog) {
-        auto* tabs = dialog->findChild<QTabWidget*>();
-        ASSERT_NE(tabs, nullptr);
-        // The pages in their registered order, then the host's tab.
-        EXPECT_EQ(tabTexts(tabs), (QStringList{"Pathnames", "Extended Pathnames", "Checkout Options", "Comment", "General"}));
-        EXPECT_NE(tabs->widget(0)->findChild<QWidget*>("TClearCaseViewPathNameFrame"), nullptr);
-        tabs->setCurrentIndex(3);
-        clickRadio(dialog->findChild<QRadioButton*>("btnComment"));
-        QTest::keyClicks(dialog->findChild<QPlainTextEdit*>("txtComment"), "nightly build");
-        tabs->setCurrentIndex(4);
-        QTest::keyClicks(dialog->findChild<QLineEdit*>("txtDescription"), "Check out for the nightly");
-        // Without a cleartool in the options the action is not valid; the user keeps it anyway.
-        whenModal([&](QWidget* box) {
-            validation = qobject_cast<QMessageBox*>(box)->text();
-            QTest::mouseClick(box->findChild<QPushButton*>("btnKeep"), Qt::LeftButton);
-        });
-        clickButton(dialog, QDialogButtonBox::Ok);
-    });
+    // The pages in their registered order, then the host's tab. Without a cleartool in the
+    // options the action is not valid; the user keeps it anyway.
+    answerDialog({look([](QWidget* dialog) {
+                      EXPECT_EQ(tabTexts(dialog), (QStringList{"Pathnames", "Extended Pathnames", "Checkout Options", "Comment", "General"}));
+                      EXPECT_NE(dialog->findChild<QTabWidget*>()->widget(0)->findChild<QWidget*>("TClearCaseViewPathNameFrame"), nullptr);
+                  }),
+                  onTab("Comment"), clickOn("btnComment"), typeInto("txtComment", "nightly build"), onTab("General"),
+                  typeInto("txtDescription", "Check out for the nightly"), answerBox("btnKeep", &validation), pressOk});
     const QRect rect = window->catalogue()->visualItemRect(item);
     QTest::mouseClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
     QTest::mouseDClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
@@ -342,12 +274,8 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
     EXPECT_EQ(property(*window, 1, "NoComment"), "False");
     EXPECT_EQ(window->document().project().actions[1]->GetDescription(), "Check out for the nightly");
 
-    // Added and edited is one step; Cancel adds nothing.
-    window->findChild<QAction*>("actionUndo")->trigger();
-    EXPECT_EQ(window->document().project().actions.size(), before);
-    window->findChild<QAction*>("actionRedo")->trigger();
-    EXPECT_EQ(property(*window, 1, "Comment"), "nightly build");
-    whenModal([](QWidget* dialog) { clickButton(dialog, QDialogButtonBox::Cancel); });
+    // Added and edited is one step (undone and redone with the project edits); Cancel adds nothing.
+    answerDialog({pressCancel});
     EXPECT_FALSE(window->addCatalogueAction("CC_CHECKOUT"));
     EXPECT_EQ(window->document().project().actions.size(), before + 1);
     EXPECT_EQ(window->document().undoStack().count(), 1);
@@ -367,28 +295,32 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
     EXPECT_EQ(wftest::readFile(resaved), saved);
 }
 
-/// One edit of the project list, with what it must have done.
-struct EditRow {
-    const char* name;
-    std::function<void(TMainWindow&)> edit;
-    std::function<void(TMainWindow&)> check;
-};
-
-WF_ROW_PRINTER(EditRow)
-
-class ProjectEdits : public DesignerWindow, public ::testing::WithParamInterface<EditRow> {};
-
-std::string typeAt(TMainWindow& w, int row)
+/// An action of a project file, its properties given as (name, value) pairs.
+std::string actionXml(const std::string& type, const std::string& description,
+                      const std::vector<std::pair<std::string, std::string>>& properties = {}, bool enabled = true)
 {
-    return w.document().project().actions.at(row)->GetActionTypeID();
+    std::string xml = "    <action type=\"" + type + "\" description=\"" + description + "\" enabled=\"" +
+        (enabled ? "True" : "False") + "\">\n";
+    for (const auto& [name, value] : properties)
+        xml += "      <property name=\"" + name + "\">" + value + "</property>\n";
+    return xml + "    </action>\n";
 }
 
-std::vector<std::string> cleanupTypes(TMainWindow& w)
+/// The project list as the user reads it: each action's description, or its type when it has
+/// none, "-" before a disabled one, and "|" for the clean-up heading.
+std::string listing(TMainWindow& w)
 {
-    std::vector<std::string> types;
-    for (const auto& action : w.document().project().cleanupActions)
-        types.push_back(action->GetActionTypeID());
-    return types;
+    std::string text;
+    for (int row = 0; row < w.model().rowCount(); ++row) {
+        const TCustomWFAction* action = w.document().actionAt(row);
+        text += text.empty() ? "" : " ";
+        if (!action)
+            text += "|";
+        else
+            text += (action->GetEnabled() ? "" : "-") +
+                (action->GetDescription().empty() ? action->GetActionTypeID() : action->GetDescription());
+    }
+    return text;
 }
 
 void selectRows(TMainWindow& w, const std::vector<int>& rows)
@@ -409,26 +341,67 @@ std::vector<int> selectedRowsOf(TMainWindow& w)
     return rows;
 }
 
-/// OK in a new action's dialog, keeping it when it is not valid yet.
-void acceptKeepingIt(QWidget* dialog)
+/// A user's step in the project list.
+using Edit = std::function<void(TMainWindow&)>;
+Edit pick(std::vector<int> rows)
 {
-    whenModal([](QWidget* box) { QTest::mouseClick(box->findChild<QPushButton*>("btnKeep"), Qt::LeftButton); });
-    clickButton(dialog, QDialogButtonBox::Ok);
+    return [rows](TMainWindow& w) { selectRows(w, rows); };
+}
+Edit menu(const char* action)
+{
+    return [action](TMainWindow& w) { w.findChild<QAction*>(action)->trigger(); };
+}
+/// Drops row `row` where the list's drop indicator shows: before row `before`, or onto the row `onto`.
+Edit drag(int row, int before, int onto = -1)
+{
+    return [=](TMainWindow& w) {
+        std::unique_ptr<QMimeData> data(w.model().mimeData({w.model().index(row, 0)}));
+        w.model().dropMimeData(data.get(), Qt::MoveAction, before, 0, onto < 0 ? QModelIndex() : w.model().index(onto, 0));
+    };
+}
+/// OK in the dialog of the action the next step adds, keeping it when it is not valid yet.
+Edit acceptKeepingIt()
+{
+    return [](TMainWindow&) { answerDialog({answerBox("btnKeep"), pressOk}); };
 }
 
-QMimeData* rowsMime(TMainWindow& w, int row)
-{
-    return w.model().mimeData({w.model().index(row, 0)});
-}
+/// One edit of the project list: the user's steps, the list afterwards (nullptr: unchanged) and
+/// the rows then selected (when given).
+struct EditRow {
+    const char* name;
+    std::vector<Edit> steps;
+    const char* listed;
+    std::vector<int> selected = {};
+    Edit check = {};
+};
+
+WF_ROW_PRINTER(EditRow)
+
+class ProjectEdits : public DesignerWindow, public ::testing::WithParamInterface<EditRow> {};
 
 TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
 {
-    openExample("release.wfp");
+    const EditRow& row = GetParam();
+    const std::string cleanup = actionXml("CC_UNCHECKOUT", "x") + actionXml("CC_UNLOCK_OBJ", "y");
+    ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject(
+        "edits.wfp",
+        actionXml("CC_UPDATE", "a") + actionXml("CC_FINDCHECKOUTS", "b") + actionXml("WF_LOGMESSAGE", "c") +
+            actionXml("CC_CHECKOUT", "d", {{"PathNameStorageString", "src/a.c&#13;&#10;"}}),
+        "<variable name=\"VIEW\" type=\"string\" value=\"\"/>", cleanup))));
+    ASSERT_EQ(listing(*window), "a b c d | x y");
     const std::string original = projectText(*window);
-    GetParam().edit(*window);
+    for (const Edit& step : row.steps)
+        step(*window);
     const std::string edited = projectText(*window);
     ASSERT_NE(edited, original) << "the edit changed nothing";
-    GetParam().check(*window);
+    if (row.listed) {
+        EXPECT_EQ(listing(*window), row.listed);
+    }
+    if (!row.selected.empty()) {
+        EXPECT_EQ(selectedRowsOf(*window), row.selected);
+    }
+    if (row.check)
+        row.check(*window);
     EXPECT_TRUE(window->document().isModified());
     const std::vector<int> selected = selectedRowsOf(*window);
     window->findChild<QAction*>("actionUndo")->trigger();
@@ -444,146 +417,89 @@ TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
 INSTANTIATE_TEST_SUITE_P(
     Rows, ProjectEdits,
     ::testing::Values(
-        EditRow{"move up", [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionMoveUp")->trigger(); },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS"); EXPECT_EQ(typeAt(w, 1), "CC_UPDATE"); }},
-        EditRow{"move down", [](TMainWindow& w) { selectRow(w, 0); w.findChild<QAction*>("actionMoveDown")->trigger(); },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 1), "CC_UPDATE"); EXPECT_EQ(w.projectView()->currentIndex().row(), 1); }},
+        EditRow{"move up", {pick({1}), menu("actionMoveUp")}, "b a c d | x y", {0}},
+        EditRow{"move down", {pick({0}), menu("actionMoveDown")}, "b a c d | x y", {1}},
         EditRow{"untick the enabled box",
-                [](TMainWindow& w) { w.model().setData(w.model().index(2, 0), Qt::Unchecked, Qt::CheckStateRole); },
-                [](TMainWindow& w) { EXPECT_FALSE(w.document().project().actions[2]->GetEnabled()); }},
-        EditRow{"disable from the menu", [](TMainWindow& w) { selectRow(w, 3); w.findChild<QAction*>("actionDisable")->trigger(); },
-                [](TMainWindow& w) { EXPECT_FALSE(w.document().project().actions[3]->GetEnabled()); }},
-        EditRow{"drag a row down",
-                [](TMainWindow& w) { std::unique_ptr<QMimeData> data(rowsMime(w, 0)); w.model().dropMimeData(data.get(), Qt::MoveAction, 3, 0, {}); },
-                [](TMainWindow& w) {
-                    EXPECT_EQ(typeAt(w, 2), "CC_UPDATE");
-                    EXPECT_EQ(typeAt(w, 0), "CC_FINDCHECKOUTS");
-                    EXPECT_EQ(w.model().rowCount(), 21);
-                    EXPECT_EQ(selectedRowsOf(w), std::vector<int>{2});
-                }},
+                {[](TMainWindow& w) { w.model().setData(w.model().index(2, 0), Qt::Unchecked, Qt::CheckStateRole); }},
+                "a b -c d | x y"},
+        EditRow{"disable from the menu", {pick({3}), menu("actionDisable")}, "a b c -d | x y"},
+        EditRow{"drag a row down", {drag(0, 3)}, "b c a d | x y", {2}},
         EditRow{"drag from the catalogue",
-                [](TMainWindow& w) {
-                    QMimeData data;
-                    data.setData(kActionTypeMime, "CC_LOCK");
-                    whenModal([](QWidget* dialog) { acceptKeepingIt(dialog); });
-                    w.model().dropMimeData(&data, Qt::CopyAction, 2, 0, {});
-                    waitFor([&] { return w.model().rowCount() == 22; });
-                },
-                [](TMainWindow& w) { EXPECT_EQ(typeAt(w, 2), "CC_LOCK"); EXPECT_EQ(w.model().rowCount(), 22); }},
-        // The clean-up section: release.wfp has 17 actions, the heading at row 17, then 3 clean-up actions.
-        EditRow{"drag an action onto the clean-up heading",
-                [](TMainWindow& w) { std::unique_ptr<QMimeData> data(rowsMime(w, 0)); w.model().dropMimeData(data.get(), Qt::MoveAction, -1, 0, w.model().index(17, 0)); },
-                [](TMainWindow& w) {
-                    EXPECT_EQ(cleanupTypes(w), (std::vector<std::string>{"CC_UPDATE", "CC_UNCHECKOUT", "CC_UNLOCK_OBJ", "WF_LOGMESSAGE"}));
-                    EXPECT_EQ(w.document().project().actions.size(), 16u);
-                }},
-        EditRow{"move the first clean-up action up into the actions",
-                [](TMainWindow& w) { selectRow(w, 18); w.findChild<QAction*>("actionMoveUp")->trigger(); },
-                [](TMainWindow& w) {
-                    EXPECT_EQ(typeAt(w, 17), "CC_UNCHECKOUT");
-                    EXPECT_EQ(cleanupTypes(w), (std::vector<std::string>{"CC_UNLOCK_OBJ", "WF_LOGMESSAGE"}));
-                    EXPECT_EQ(w.projectView()->currentIndex().row(), 17);
-                }},
+                {acceptKeepingIt(),
+                 [](TMainWindow& w) {
+                     QMimeData data;
+                     data.setData(kActionTypeMime, "CC_LOCK");
+                     w.model().dropMimeData(&data, Qt::CopyAction, 2, 0, {});
+                     waitFor([&] { return w.model().rowCount() == 8; });
+                 }},
+                "a b CC_LOCK c d | x y"},
+        EditRow{"drag an action onto the clean-up heading", {drag(0, -1, 4)}, "b c d | a x y"},
+        EditRow{"move the first clean-up action up into the actions", {pick({5}), menu("actionMoveUp")}, "a b c d x | y", {4}},
+        // Added and edited in its dialog is one step.
         EditRow{"add from the catalogue with the heading selected",
-                [](TMainWindow& w) {
-                    selectRow(w, 17);
-                    whenModal([](QWidget* dialog) { acceptKeepingIt(dialog); });
-                    w.addCatalogueAction("CC_UNLOCK");
-                },
-                [](TMainWindow& w) { EXPECT_EQ(cleanupTypes(w).front(), "CC_UNLOCK"); EXPECT_EQ(w.document().project().actions.size(), 17u); }},
-        EditRow{"cut",
-                [](TMainWindow& w) { selectRow(w, 1); w.findChild<QAction*>("actionCut")->trigger(); },
-                [](TMainWindow& w) {
-                    EXPECT_EQ(typeAt(w, 1), "WF_LOGMESSAGE");
-                    EXPECT_TRUE(QApplication::clipboard()->text().contains("CC_FINDCHECKOUTS"));
-                }},
-        EditRow{"duplicate two rows below the last and select the copies",
-                [](TMainWindow& w) { selectRows(w, {0, 2}); w.findChild<QAction*>("actionDuplicate")->trigger(); },
-                [](TMainWindow& w) {
-                    EXPECT_EQ(typeAt(w, 3), typeAt(w, 0));
-                    EXPECT_EQ(typeAt(w, 4), typeAt(w, 2));
-                    EXPECT_EQ(selectedRowsOf(w), (std::vector<int>{3, 4}));
-                }},
+                {pick({4}), [](TMainWindow& w) {
+                     answerDialog({onTab("Comment"), clickOn("btnComment"), typeInto("txtComment", "added"), answerBox("btnKeep"), pressOk});
+                     w.addCatalogueAction("CC_UNLOCK");
+                 }},
+                "a b c d | CC_UNLOCK x y", {},
+                [](TMainWindow& w) { EXPECT_EQ(w.document().project().cleanupActions[0]->GetPropertyText("Comment"), "added"); }},
+        EditRow{"cut", {pick({1}), menu("actionCut")}, "a c d | x y", {},
+                [](TMainWindow&) { EXPECT_TRUE(QApplication::clipboard()->text().contains("CC_FINDCHECKOUTS")); }},
+        EditRow{"duplicate two rows below the last and select the copies", {pick({0, 2}), menu("actionDuplicate")},
+                "a b c a c d | x y", {3, 4}},
+        // Greyed where it would change nothing.
         EditRow{"space switches every selected row, clean-up ones too",
-                [](TMainWindow& w) { selectRows(w, {2, 3, 19}); QTest::keyClick(w.projectView(), Qt::Key_Space); },
+                {pick({2, 3, 6}), [](TMainWindow& w) { QTest::keyClick(w.projectView(), Qt::Key_Space); }}, "a b -c -d | x -y",
+                {2, 3, 6},
                 [](TMainWindow& w) {
-                    EXPECT_FALSE(w.document().project().actions[2]->GetEnabled());
-                    EXPECT_FALSE(w.document().project().actions[3]->GetEnabled());
-                    EXPECT_FALSE(w.document().project().cleanupActions[1]->GetEnabled());
-                    EXPECT_EQ(selectedRowsOf(w), (std::vector<int>{2, 3, 19}));
-                    // Greyed where it would change nothing.
                     EXPECT_FALSE(w.findChild<QAction*>("actionDisable")->isEnabled());
                     EXPECT_TRUE(w.findChild<QAction*>("actionEnable")->isEnabled());
                 }},
         EditRow{"copy an action and a clean-up action and paste them among the actions",
-                [](TMainWindow& w) {
-                    selectRows(w, {4, 19});
-                    w.findChild<QAction*>("actionCopy")->trigger();
-                    selectRow(w, 0);
-                    w.findChild<QAction*>("actionPaste")->trigger();
-                },
-                [](TMainWindow& w) {
-                    EXPECT_EQ(typeAt(w, 1), "CC_CHECKOUT");
-                    EXPECT_EQ(typeAt(w, 2), "CC_UNLOCK_OBJ");
-                    EXPECT_EQ(property(w, 1, "PathNameStorageString"), property(w, 6, "PathNameStorageString"));
-                    EXPECT_EQ(cleanupTypes(w).size(), 3u);
-                }},
-        EditRow{"remove an action and a clean-up action but never the heading",
-                [](TMainWindow& w) { selectRows(w, {1, 17, 18}); w.findChild<QAction*>("actionRemove")->trigger(); },
-                [](TMainWindow& w) {
-                    EXPECT_EQ(typeAt(w, 1), "WF_LOGMESSAGE");
-                    EXPECT_EQ(cleanupTypes(w), (std::vector<std::string>{"CC_UNLOCK_OBJ", "WF_LOGMESSAGE"}));
-                    EXPECT_EQ(w.model().data(w.model().index(16, 0), Qt::DisplayRole).toString(), "When the build fails");
-                    EXPECT_EQ(w.model().rowCount(), 19);
-                }},
+                {pick({3, 6}), menu("actionCopy"), pick({0}), menu("actionPaste")}, "a d y b c d | x y", {},
+                [](TMainWindow& w) { EXPECT_EQ(property(w, 1, "PathNameStorageString"), property(w, 5, "PathNameStorageString")); }},
+        EditRow{"remove an action and a clean-up action but never the heading", {pick({1, 4, 5}), menu("actionRemove")},
+                "a c d | y", {},
+                [](TMainWindow& w) { EXPECT_EQ(w.model().data(w.model().index(3, 0), Qt::DisplayRole).toString(), "When the build fails"); }},
         EditRow{"continue on failure from the General tab",
+                {[](TMainWindow& w) {
+                    answerDialog({onTab("General"), clickOn("boxContinueOnFailure"), pressOk});
+                    w.editAction(2);
+                }},
+                nullptr, {},
                 [](TMainWindow& w) {
-                    whenModal([](QWidget* dialog) {
-                        dialog->findChild<QCheckBox*>("boxContinueOnFailure")->click();
-                        clickButton(dialog, QDialogButtonBox::Ok);
-                    });
-                    w.editAction(6);
-                },
-                [](TMainWindow& w) {
-                    EXPECT_TRUE(w.document().project().actions[6]->GetContinueOnFailure());
+                    EXPECT_TRUE(w.document().project().actions[2]->GetContinueOnFailure());
                     EXPECT_NE(projectText(w).find("continueOnFailure=\"True\""), std::string::npos);
                 }},
         EditRow{"edit the variables",
-                [](TMainWindow& w) {
-                    whenModal([](QWidget* dialog) {
-                        auto* table = dialog->findChild<QTableWidget*>("variablesTable");
-                        QTest::mouseClick(dialog->findChild<QPushButton*>("btnAddVariable"), Qt::LeftButton);
-                        const int row = table->rowCount() - 1;
-                        table->item(row, 0)->setText("TARGET");
-                        table->item(row, 2)->setText("release");
-                        clickButton(dialog, QDialogButtonBox::Ok);
-                    });
+                {[](TMainWindow& w) {
+                    answerDialog({clickOn("btnAddVariable"), look([](QWidget* dialog) {
+                                      auto* table = dialog->findChild<QTableWidget*>("variablesTable");
+                                      table->item(table->rowCount() - 1, 0)->setText("TARGET");
+                                      table->item(table->rowCount() - 1, 2)->setText("release");
+                                  }),
+                                  pressOk});
                     w.editVariables();
-                },
+                }},
+                nullptr, {},
                 [](TMainWindow&) {
-                    const auto names = WFDesignApplicationServices().GetVariableNames();
-                    EXPECT_EQ(names, (std::vector<std::string>{"VIEW", "BUILD", "VOB", "PVOB", "CHECKOUTS", "TARGET"}));
+                    EXPECT_EQ(WFDesignApplicationServices().GetVariableNames(), (std::vector<std::string>{"VIEW", "TARGET"}));
                 }}),
     [](const auto& info) { return wftest::rowName(info.param.name); });
 
 TEST_F(DesignerWindow, VariableRowsThatCannotBeKeptAreNamed)
 {
-    struct Row {
-        std::vector<TWFProjectVariable> variables;
-        std::string piece;
-    };
-    for (const Row& row : std::vector<Row>{
+    // The variables, and a piece of the problem they make ("": none).
+    for (const auto& [variables, piece] : std::vector<std::pair<std::vector<TWFProjectVariable>, std::string>>{
              {{{"A", "string", "x"}, {"B", "integer", "12"}, {"C", "boolean", "true"}}, ""},
              {{{"", "string", "x"}}, "Row 1: a variable needs a name."},
              {{{"A", "string", ""}, {"a", "string", ""}}, "Row 2: \"a\" is defined twice."},
              {{{"N", "integer", "twelve"}}, "Row 1: \"twelve\" is no integer value."},
              {{{"F", "boolean", "yes"}}, "\"yes\" is no boolean value."},
              {{{"MY VAR", "string", ""}}, "\"MY VAR\" cannot name a variable"}}) {
-        const QString problem = TVariablesDialog::problemOf(row.variables);
-        if (row.piece.empty())
-            EXPECT_TRUE(problem.isEmpty()) << problem.toStdString();
-        else
-            EXPECT_TRUE(problem.contains(QString::fromStdString(row.piece))) << problem.toStdString();
+        const QString problem = TVariablesDialog::problemOf(variables);
+        EXPECT_EQ(problem.isEmpty(), piece.empty()) << problem.toStdString();
+        EXPECT_TRUE(problem.contains(QString::fromStdString(piece))) << problem.toStdString();
     }
 }
 
@@ -634,10 +550,10 @@ TEST_F(DesignerWindow, TitleRecentFilesAndClosingWithUnsavedChanges)
     selectRow(*window, 0);
     window->findChild<QAction*>("actionRemove")->trigger();
     EXPECT_TRUE(window->windowTitle().startsWith("ucm.wfp*"));
-    whenModal([](QWidget* box) { qobject_cast<QMessageBox*>(box)->button(QMessageBox::Cancel)->click(); });
+    answerNextBox("Cancel");
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
-    whenModal([](QWidget* box) { qobject_cast<QMessageBox*>(box)->button(QMessageBox::Discard)->click(); });
+    answerNextBox("Discard");
     EXPECT_TRUE(window->close());
 }
 
@@ -681,13 +597,7 @@ TEST_P(SavingOver, AsksBeforeLosingCommentsOrAChangeMadeOnDisk)
     });
     QString asked;
     if (row.box)
-        whenModal([&](QWidget* box) {
-            asked = box->objectName() + ": " + qobject_cast<QMessageBox*>(box)->text();
-            auto* button = row.answer == std::string("Cancel") ? qobject_cast<QMessageBox*>(box)->button(QMessageBox::Cancel)
-                                                                : box->findChild<QAbstractButton*>(row.answer);
-            ASSERT_NE(button, nullptr) << row.answer;
-            button->click();
-        });
+        answerNextBox(row.answer, &asked);
     window->findChild<QAction*>("actionSave")->trigger();
     SetWFBrowseForFileHook(nullptr);
 
@@ -730,10 +640,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(DesignerWindow, ActionDialogFitsItsPagesLetsThemGrowAndRemembersItsSize)
 {
     openExample("release.wfp");
-    const auto& actions = window->document().project().actions;
-    const auto baseline = std::find_if(actions.begin(), actions.end(), [](const auto& a) { return a->GetActionTypeID() == "UCM_MAKEBL"; });
-    ASSERT_NE(baseline, actions.end());
-    const int row = static_cast<int>(baseline - actions.begin());
+    const int row = 14; // the baseline: pages of several heights
+    ASSERT_EQ(window->document().project().actions[row]->GetActionTypeID(), "UCM_MAKEBL");
     QSize chosen;
     whenModal([&](QWidget* dialog) {
         auto* tabs = dialog->findChild<QTabWidget*>();
@@ -759,14 +667,11 @@ TEST_F(DesignerWindow, ActionDialogFitsItsPagesLetsThemGrowAndRemembersItsSize)
         EXPECT_EQ(area->widget()->size().expandedTo(area->widget()->minimumSizeHint()), area->widget()->size());
         dialog->resize(700, 500);
         chosen = dialog->size();
-        clickButton(dialog, QDialogButtonBox::Cancel);
+        take(dialog, pressCancel);
     });
     EXPECT_FALSE(window->editAction(row));
     QSize reopened;
-    whenModal([&](QWidget* dialog) {
-        reopened = dialog->size();
-        clickButton(dialog, QDialogButtonBox::Cancel);
-    });
+    answerDialog({look([&](QWidget* dialog) { reopened = dialog->size(); }), pressCancel});
     EXPECT_FALSE(window->editAction(row));
     EXPECT_EQ(reopened, chosen);
 }
@@ -789,28 +694,21 @@ TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
 
     // Double-clicking the error opens the action on the page it names; OK with the error
     // still there offers to go back, which keeps the dialog open on that page.
-    int boxes = 0;
-    whenModal([&](QWidget* dialog) {
-        auto* tabs = dialog->findChild<QTabWidget*>();
-        EXPECT_EQ(tabs->tabText(tabs->currentIndex()), "Text Options");
-        EXPECT_TRUE(dialog->findChild<designertest::TTestFrame*>()->readWhileShown) << "the page read the action before the dialog showed";
-        EXPECT_EQ(dialog->findChild<QPlainTextEdit*>("commandPreview")->toPlainText(), "Text Options: No text given.");
-        tabs->setCurrentIndex(tabs->count() - 1);
-        whenModal([&](QWidget* box) {
-            ++boxes;
-            QTest::mouseClick(box->findChild<QPushButton*>("btnGoBack"), Qt::LeftButton);
-        });
-        clickButton(dialog, QDialogButtonBox::Ok);
-        QTest::qWait(50);
-        EXPECT_TRUE(dialog->isVisible());
-        EXPECT_EQ(tabs->tabText(tabs->currentIndex()), "Text Options");
-        QTest::keyClicks(dialog->findChild<QLineEdit*>("txtText"), "fixed");
-        clickButton(dialog, QDialogButtonBox::Ok);
-    });
+    QString asked;
+    answerDialog({seeTab("Text Options"),
+                  look([](QWidget* dialog) {
+                      EXPECT_TRUE(dialog->findChild<TTestFrame*>()->readWhileShown) << "the page read the action before it showed";
+                  }),
+                  seeText("commandPreview", "Text Options: No text given."), onTab("General"), answerBox("btnGoBack", &asked), pressOk,
+                  look([](QWidget* dialog) {
+                      QTest::qWait(50);
+                      EXPECT_TRUE(dialog->isVisible());
+                  }),
+                  seeTab("Text Options"), typeInto("txtText", "fixed"), pressOk});
     const QRect rect = window->problems()->visualItemRect(error);
     QTest::mouseClick(window->problems()->viewport(), Qt::LeftButton, {}, rect.center());
     QTest::mouseDClick(window->problems()->viewport(), Qt::LeftButton, {}, rect.center());
-    EXPECT_EQ(boxes, 1);
+    EXPECT_FALSE(asked.isEmpty()) << "OK with the error still there asked nothing";
     EXPECT_EQ(property(*window, 0, "Text"), "fixed");
     EXPECT_TRUE(waitFor([&] { return window->model().validation(0).isEmpty(); }));
     EXPECT_EQ(window->validateProject(), 0);
@@ -832,11 +730,8 @@ TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsThe
         auto* preview = dialog->findChild<QPlainTextEdit*>("commandPreview");
         ASSERT_TRUE(waitFor([&] { return !preview->toPlainText().isEmpty(); }, 3000));
         previews << preview->toPlainText();
-        auto* tabs = dialog->findChild<QTabWidget*>();
-        tabs->setCurrentIndex(tabs->indexOf(tabs->findChild<QWidget*>("generalPage")) - 1);
-        clickRadio(dialog->findChild<QRadioButton*>("btnComment"));
-        dialog->findChild<QPlainTextEdit*>("txtComment")->clear();
-        QTest::keyClicks(dialog->findChild<QPlainTextEdit*>("txtComment"), "edited");
+        for (const Step& step : {onTab("Comment"), clickOn("btnComment"), typeInto("txtComment", "edited")})
+            take(dialog, step);
         EXPECT_TRUE(waitFor([&] { return preview->toPlainText() != previews.front(); }));
         previews << preview->toPlainText();
         // Add > File takes several files in one pick, and the preview follows the list.
@@ -848,7 +743,7 @@ TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsThe
         SetWFBrowseForFilesHook(nullptr);
         EXPECT_TRUE(waitFor([&] { return preview->toPlainText().contains("\"/v/one.c\" \"/v/two.c\""); }))
             << preview->toPlainText().toStdString();
-        clickButton(dialog, QDialogButtonBox::Cancel);
+        take(dialog, pressCancel);
     });
     const std::string before = projectText(*window);
     EXPECT_FALSE(window->editAction(4));
@@ -884,21 +779,13 @@ TEST_F(DesignerWindow, SaveAsStartsInTheProjectsFolderAndTheCatalogueAndTooltips
 
 TEST_F(DesignerWindow, OptionsPagesWriteOptionsIniKeepingWhatTheyDoNotOwn)
 {
-    const std::string original = "; written by hand\n[Elsewhere]\nKept=1\n\n[TestOptions]\nGreeting=hi\n";
+    const std::string original = "; written by hand\n[Elsewhere]\nKept=1\n\n[ClearCase]\nDefaultView=/views/old\n";
+    std::string error;
     for (const bool accept : {false, true}) {
         const std::string ini = m_config.write("options.ini", original);
-        std::string error;
         ASSERT_TRUE(WFOptionsServices().Load(GetWFOptionsFileName(), error)) << error;
-        whenModal([accept](QWidget* dialog) {
-            auto* tabs = dialog->findChild<QTabWidget*>();
-            EXPECT_TRUE(tabTexts(tabs).contains("Test Options"));
-            EXPECT_TRUE(tabTexts(tabs).contains("ClearCase Options"));
-            auto* edit = dialog->findChild<QLineEdit*>("txtGreeting");
-            EXPECT_EQ(edit->text(), "hi");
-            edit->clear();
-            QTest::keyClicks(edit, "bonjour");
-            clickButton(dialog, accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
-        });
+        answerDialog({seeTab("ClearCase Options"), seeText("editDefaultView", "/views/old"), typeInto("editDefaultView", "/views/new"),
+                      accept ? pressOk : pressCancel});
         window->editOptions();
         const std::string written = wftest::readFile(ini);
         if (!accept) {
@@ -907,9 +794,10 @@ TEST_F(DesignerWindow, OptionsPagesWriteOptionsIniKeepingWhatTheyDoNotOwn)
         }
         EXPECT_NE(written.find("; written by hand"), std::string::npos) << written;
         EXPECT_NE(written.find("[Elsewhere]\nKept=1"), std::string::npos) << written;
-        EXPECT_NE(written.find("Greeting=bonjour"), std::string::npos) << written;
-        EXPECT_EQ(written.find("Greeting=hi"), std::string::npos) << written;
+        EXPECT_NE(written.find("DefaultView=/views/new"), std::string::npos) << written;
+        EXPECT_EQ(written.find("/views/old"), std::string::npos) << written;
     }
+    WFOptionsServices().Load(m_config.file("none.ini"), error);
 }
 
 // --- help and about ------------------------------------------------------------------------
@@ -917,10 +805,6 @@ TEST_F(DesignerWindow, OptionsPagesWriteOptionsIniKeepingWhatTheyDoNotOwn)
 TEST_F(DesignerWindow, F1OpensThePackageHelpAtTheActionsTopicAndAboutListsThePackages)
 {
     openExample("release.wfp");
-    struct Row {
-        int row;
-        QString topic;
-    };
     // The open help viewer's page; closing every viewer, so the next look finds only a new one.
     const auto takeHelpPage = [] {
         QUrl shown;
@@ -932,20 +816,20 @@ TEST_F(DesignerWindow, F1OpensThePackageHelpAtTheActionsTopicAndAboutListsThePac
             }
         return shown;
     };
-    for (const Row& row : {Row{0, "4440"}, Row{4, "4460"}, Row{12, "4560"}}) {
-        selectRow(*window, row.row);
+    for (const auto& [row, topic] : {std::pair{0, "4440"}, std::pair{4, "4460"}, std::pair{12, "4560"}}) {
+        selectRow(*window, row);
         window->findChild<QAction*>("actionHelp")->trigger();
         const QUrl page = takeHelpPage();
-        EXPECT_EQ(page.fragment(), row.topic);
+        EXPECT_EQ(page.fragment(), QString(topic));
         EXPECT_TRUE(page.path().endsWith("ClearCase.html")) << page.toString().toStdString();
     }
     // F1 in an action's dialog opens the same topic.
     QUrl fromDialog;
-    whenModal([&](QWidget* dialog) {
-        QTest::keyClick(dialog, Qt::Key_F1);
-        fromDialog = takeHelpPage();
-        clickButton(dialog, QDialogButtonBox::Cancel);
-    });
+    answerDialog({look([&](QWidget* dialog) {
+                      QTest::keyClick(dialog, Qt::Key_F1);
+                      fromDialog = takeHelpPage();
+                  }),
+                  pressCancel});
     window->editAction(4);
     EXPECT_EQ(fromDialog.fragment(), "4460");
 
@@ -978,15 +862,12 @@ QStringList logLines(TMainWindow& w, bool errorsOnly)
 
 std::string runProgramAction(const std::string& arguments, const std::string& description = "program")
 {
-    return "    <action type=\"WF_RUNPROGRAM\" description=\"" + description + "\" enabled=\"True\">\n"
-           "      <property name=\"Program\">sh</property>\n      <property name=\"Arguments\">" + arguments +
-           "</property>\n    </action>\n";
+    return actionXml("WF_RUNPROGRAM", description, {{"Program", "sh"}, {"Arguments", arguments}});
 }
 
 std::string logAction(const std::string& text, bool enabled = true)
 {
-    return "    <action type=\"WF_LOGMESSAGE\" description=\"say\" enabled=\"" + std::string(enabled ? "True" : "False") +
-           "\">\n      <property name=\"Text\">" + text + "</property>\n    </action>\n";
+    return actionXml("WF_LOGMESSAGE", "say", {{"Text", text}}, enabled);
 }
 
 struct RunRow {

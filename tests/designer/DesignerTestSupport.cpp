@@ -5,8 +5,15 @@
 #include "WFPageFactory.h"
 #include "WFServices.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -66,12 +73,95 @@ void loadPackages()
         const auto action = WFActionClassOf<TTestAction>("TTestAction");
         WFActionServices().RegisterAction("Test Action", "Testing", action, "TEST_ACTION");
         WFActionServices().RegisterActionPages(action, {TWFPageClass{"TTestFrame", WFMakePage<TTestFrame>}});
-        const TWFOptionsClass options{"TTestOptions", [] { return std::unique_ptr<TWFOptionsObject>(std::make_unique<TTestOptions>()); }};
-        WFOptionsServices().RegisterOptionsClass(options, "CC_LOGO");
-        WFOptionsServices().RegisterOptionsPages(options, {TWFPageClass{"TTestOptionsFrame", WFMakePage<TTestOptionsFrame>}});
         return true;
     }();
     (void)loaded;
+}
+
+void take(QWidget* dialog, const Step& step)
+{
+    auto* tabs = dialog->findChild<QTabWidget*>();
+    QWidget* target = dialog->findChild<QWidget*>(step.target);
+    auto* line = qobject_cast<QLineEdit*>(target);
+    auto* box = qobject_cast<QPlainTextEdit*>(target);
+    switch (step.kind) {
+    case Step::Tab:
+        ASSERT_TRUE(tabTexts(dialog).contains(step.target)) << step.target;
+        tabs->setCurrentIndex(static_cast<int>(tabTexts(dialog).indexOf(step.target)));
+        break;
+    case Step::Click: {
+        ASSERT_NE(target, nullptr) << step.target;
+        const bool indicator = qobject_cast<QCheckBox*>(target) || qobject_cast<QRadioButton*>(target);
+        QTest::mouseClick(target, Qt::LeftButton, {}, indicator ? QPoint(8, target->height() / 2) : target->rect().center());
+        break;
+    }
+    case Step::Type:
+        ASSERT_TRUE(line || box) << step.target;
+        line ? line->clear() : box->clear();
+        QTest::keyClicks(target, step.text);
+        break;
+    case Step::Box:
+        answerNextBox(step.target, step.kept);
+        break;
+    case Step::Ok:
+    case Step::Cancel:
+        QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(step.kind == Step::Ok ? QDialogButtonBox::Ok
+                                                                                               : QDialogButtonBox::Cancel),
+                          Qt::LeftButton);
+        break;
+    case Step::SeeTab:
+        EXPECT_EQ(tabs->tabText(tabs->currentIndex()), step.target);
+        break;
+    case Step::SeeText:
+        ASSERT_TRUE(line || box) << step.target;
+        EXPECT_EQ(line ? line->text() : box->toPlainText(), step.text) << step.target;
+        break;
+    case Step::Look:
+        step.look(dialog);
+        break;
+    }
+}
+
+void answerDialog(std::vector<Step> steps)
+{
+    whenModal([steps = std::move(steps)](QWidget* dialog) {
+        for (const Step& step : steps)
+            take(dialog, step);
+    });
+}
+
+void answerNextBox(const char* button, QString* kept)
+{
+    whenModal([button, kept](QWidget* modal) {
+        auto* box = qobject_cast<QMessageBox*>(modal);
+        ASSERT_NE(box, nullptr) << modal->objectName().toStdString();
+        if (kept)
+            *kept = box->objectName() + ": " + box->text();
+        const std::string name = button;
+        QAbstractButton* chosen = name == "Cancel" ? box->button(QMessageBox::Cancel)
+            : name == "Discard"                  ? box->button(QMessageBox::Discard)
+                                                 : box->findChild<QAbstractButton*>(button);
+        ASSERT_NE(chosen, nullptr) << button;
+        chosen->click();
+    });
+}
+
+QStringList tabTexts(QWidget* dialog)
+{
+    QStringList texts;
+    if (auto* tabs = dialog->findChild<QTabWidget*>())
+        for (int i = 0; i < tabs->count(); ++i)
+            texts << tabs->tabText(i);
+    return texts;
+}
+
+void closeMessageBox(QWidget* modal, QString* text)
+{
+    auto* box = qobject_cast<QMessageBox*>(modal);
+    ASSERT_NE(box, nullptr) << modal->objectName().toStdString();
+    if (text)
+        *text = box->text();
+    box->button(QMessageBox::Ok) ? box->button(QMessageBox::Ok)->click() : box->reject();
 }
 
 TTestAction::TTestAction()
@@ -105,30 +195,6 @@ void TTestFrame::ReadActionData(TCustomWFAction& action)
 void TTestFrame::WriteActionData(TCustomWFAction& action)
 {
     narrow<TTestAction>(action).text = txtText->text().toStdString();
-}
-
-TTestOptions::TTestOptions()
-{
-    PublishString("Greeting", &greeting);
-}
-
-TTestOptionsFrame::TTestOptionsFrame(QWidget* parent) : QFrame(parent), txtGreeting(new QLineEdit(this))
-{
-    setObjectName("TTestOptionsFrame");
-    txtGreeting->setObjectName("txtGreeting");
-    (new QVBoxLayout(this))->addWidget(txtGreeting);
-}
-
-void TTestOptionsFrame::ReadOptions(TWFOptionsObject& options)
-{
-    txtGreeting->setText(QString::fromStdString(dynamic_cast<TTestOptions&>(options).greeting));
-}
-
-void TTestOptionsFrame::WriteOptions(TWFOptionsObject& options)
-{
-    auto& test = dynamic_cast<TTestOptions&>(options);
-    test.greeting = txtGreeting->text().toStdString();
-    test.SetModified(true);
 }
 
 } // namespace designertest
