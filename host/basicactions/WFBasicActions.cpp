@@ -49,7 +49,7 @@ bool TWFSetVariableAction::Validate(IWFActionValidationError& errors)
 {
     if (!m_variableName.empty())
         return true;
-    errors.AddError("Set Variable", "No variable name has been given.");
+    errors.AddError("Variable", "No variable name has been given.");
     return false;
 }
 
@@ -74,7 +74,7 @@ bool TWFWriteTextFileAction::Validate(IWFActionValidationError& errors)
 {
     if (!m_fileName.empty())
         return true;
-    errors.AddError("Write Text File", "No file name has been given.");
+    errors.AddError("File", "No file name has been given.");
     return false;
 }
 
@@ -115,7 +115,7 @@ bool TWFRunProgramAction::Validate(IWFActionValidationError& errors)
 {
     if (!m_program.empty())
         return true;
-    errors.AddError("Run Program", "No program has been given.");
+    errors.AddError("Program", "No program has been given.");
     return false;
 }
 

@@ -51,7 +51,7 @@ TEST_F(BasicActions, SetVariableExpandsIntoTheVariable)
     EXPECT_EQ(variables.Get("GREETING").toString(), "hi world");
     TWFSetVariableAction nameless;
     EXPECT_FALSE(run(nameless, {{"Value", "x"}}));
-    EXPECT_EQ(validation, (std::vector<std::string>{"Set Variable: No variable name has been given."}));
+    EXPECT_EQ(validation, (std::vector<std::string>{"Variable: No variable name has been given."}));
 }
 
 TEST_F(BasicActions, WriteTextFileReplacesOrAppendsAndNamesAFolderItCannotMake)

@@ -3,6 +3,7 @@
 #include "PageCase.h"
 #include "WFBasicActionPages.h"
 #include "WFBasicActions.h"
+#include "WFTestSupport.h"
 
 using namespace wfpage;
 
@@ -32,7 +33,8 @@ const PageCase kVariableCases[] = {
      .steps = {typeInto("cmbVariableName", "NEW_ONE"), typeInto("txtValue", "%BUILD%-1")},
      .stored = {{"VariableName", "NEW_ONE"}, {"Value", "%BUILD%-1"}}, .variables = kVariables},
 };
-WF_PAGE_TABLE(VariablePage, TWFSetVariableAction, basicPage("TWFSetVariableFrame"), "Variable", kVariableCases);
+constexpr const char* kVariableTitle = "Variable";
+WF_PAGE_TABLE(VariablePage, TWFSetVariableAction, basicPage("TWFSetVariableFrame"), kVariableTitle, kVariableCases);
 
 const PageCase kFileCases[] = {
     {.name = "FileChosenWithTheBrowserAndAppendTicked", .given = {{"FileName", "/out/out.txt"}},
@@ -42,7 +44,8 @@ const PageCase kFileCases[] = {
      .steps = clicks({"txtFileNameButton"}), .stored = {{"FileName", "/out/out.txt"}, {"Append", "False"}, {"Text", "a\nb"}},
      .answers = {std::nullopt}, .browsed = {{"/out", "Save As", "/out/out.txt", "All Files|*", true}}},
 };
-WF_PAGE_TABLE(WriteFilePage, TWFWriteTextFileAction, basicPage("TWFWriteTextFileFrame"), "File", kFileCases);
+constexpr const char* kFileTitle = "File";
+WF_PAGE_TABLE(WriteFilePage, TWFWriteTextFileAction, basicPage("TWFWriteTextFileFrame"), kFileTitle, kFileCases);
 
 const PageCase kProgramCases[] = {
     {.name = "ProgramArgumentsAndFolderChosen", .given = {{"Program", "make"}},
@@ -50,6 +53,22 @@ const PageCase kProgramCases[] = {
      .stored = {{"Program", "make"}, {"Arguments", "-j2 all"}, {"WorkingDirectory", "/src/build"}},
      .answers = {"/src/build"}, .browsed = {{"", "Select Folder"}}},
 };
-WF_PAGE_TABLE(ProgramPage, TWFRunProgramAction, basicPage("TWFRunProgramFrame"), "Program", kProgramCases);
+constexpr const char* kProgramTitle = "Program";
+WF_PAGE_TABLE(ProgramPage, TWFRunProgramAction, basicPage("TWFRunProgramFrame"), kProgramTitle, kProgramCases);
+
+// The designer opens the tab a validation error names: it must be the page's own title.
+TEST(BasicActionPages, AnEmptyActionsErrorNamesThePageThatFixesIt)
+{
+    TWFSetVariableAction variable;
+    TWFWriteTextFileAction file;
+    TWFRunProgramAction program;
+    const std::pair<TCustomWFAction*, std::string> rows[] = {{&variable, kVariableTitle}, {&file, kFileTitle}, {&program, kProgramTitle}};
+    for (const auto& [action, title] : rows) {
+        wftest::RecordingErrors errors;
+        EXPECT_FALSE(action->Validate(errors));
+        ASSERT_EQ(errors.errors.size(), 1u) << title;
+        EXPECT_EQ(errors.errors[0].substr(0, title.size() + 2), title + ": ") << errors.errors[0];
+    }
+}
 
 } // namespace
