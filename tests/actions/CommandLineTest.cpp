@@ -19,13 +19,12 @@ constexpr const char* kNoPaths = "Action Failed: No pathnames specified to act o
 constexpr const char* kNoObjects = "Action Failed: No object selectors have been specified.";
 constexpr const char* kInView = "Starting Directory: {view}";
 constexpr const char* kInProject = "Starting Directory: {project}";
-constexpr const char* kNopeComment =
-    "Error: Could not expand Comment \"%NOPE%\": \"NOPE\" is neither a build variable nor an environment variable.";
 
 std::string nope(const std::string& label)
 {
     return "Error: Could not expand " + label + " \"%NOPE%\": \"NOPE\" is neither a build variable nor an environment variable.";
 }
+const std::string kNopeComment = nope("Comment");
 
 struct CommandLineCase {
     std::string name;
@@ -123,7 +122,6 @@ const std::vector<CommandLineCase> kCheckOutCases = rowsOf("TClearCaseCheckoutAc
      "checkout -nc -nquery \"a.c\"", {kInView, nope("Pathname")}},
     {"MissingViewFailsButBuildsTheRest", {kAC, {"ViewContextPath", "{dir}/nowhere"}}, false,
      "checkout -nc -nquery \"a.c\"", {kNoView}},
-    {"PlainPathsWithoutViewRunInProjectFolder", {kAC}, true, "checkout -nc -nquery \"a.c\"", {kInProject}},
     {"ExtendedPathsWithoutViewFail", {{"PathNameStorageString", "a.c@@/main/1\r\n"}}, false,
      "checkout -nc -nquery \"a.c@@/main/1\"", {kNoView}},
     {"MixedPathsWithoutViewFail", {{"PathNameStorageString", "a.c\r\nb.c@@/main/1\r\n"}}, false,

@@ -74,8 +74,6 @@ INSTANTIATE_TEST_SUITE_P(
         QueryCase{"VobNamesSortedIgnoringCase", [](const std::string&) { return CCGetVOBNames(); },
                   {{"lsvob -short", "\\vobs\\beta\n\\vobs\\Alpha\n\\vobs\\alpha2\n"}},
                   "\\vobs\\Alpha\r\n\\vobs\\alpha2\r\n\\vobs\\beta\r\n"},
-        QueryCase{"NonZeroExitGivesNothing", [](const std::string&) { return CCGetVOBNames(); },
-                  {{"lsvob -short", "\\vobs\\beta\n", 1}}, ""},
         QueryCase{"LabelTypesUnsortedLockedStripped", [](const std::string&) { return CCGetLabelNames("\\vobs\\src"); },
                   {{"lstype -short -kind lbtype -invob \\vobs\\src", "REL2 (locked)\nREL1\nREL3 (locked)\n"}},
                   "REL2\r\nREL1\r\nREL3\r\n"},
