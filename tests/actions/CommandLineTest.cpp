@@ -19,13 +19,12 @@ constexpr const char* kNoPaths = "Action Failed: No pathnames specified to act o
 constexpr const char* kNoObjects = "Action Failed: No object selectors have been specified.";
 constexpr const char* kInView = "Starting Directory: {view}";
 constexpr const char* kInProject = "Starting Directory: {project}";
-constexpr const char* kNopeComment =
-    "Error: Could not expand Comment \"%NOPE%\": \"NOPE\" is neither a build variable nor an environment variable.";
 
 std::string nope(const std::string& label)
 {
     return "Error: Could not expand " + label + " \"%NOPE%\": \"NOPE\" is neither a build variable nor an environment variable.";
 }
+const std::string kNopeComment = nope("Comment");
 
 struct CommandLineCase {
     std::string name;
@@ -123,7 +122,6 @@ const std::vector<CommandLineCase> kCheckOutCases = rowsOf("TClearCaseCheckoutAc
      "checkout -nc -nquery \"a.c\"", {kInView, nope("Pathname")}},
     {"MissingViewFailsButBuildsTheRest", {kAC, {"ViewContextPath", "{dir}/nowhere"}}, false,
      "checkout -nc -nquery \"a.c\"", {kNoView}},
-    {"PlainPathsWithoutViewRunInProjectFolder", {kAC}, true, "checkout -nc -nquery \"a.c\"", {kInProject}},
     {"ExtendedPathsWithoutViewFail", {{"PathNameStorageString", "a.c@@/main/1\r\n"}}, false,
      "checkout -nc -nquery \"a.c@@/main/1\"", {kNoView}},
     {"MixedPathsWithoutViewFail", {{"PathNameStorageString", "a.c\r\nb.c@@/main/1\r\n"}}, false,
@@ -255,6 +253,8 @@ const std::vector<CommandLineCase> kMakeLabelTypeCases = rowsOf("TClearCaseMkLbT
     {"BothNamesMissing", {}, false, "mklbtype -ordinary -nc lbtype:",
      {kInProject, "Error: You have not specified the label type selector for your new label type.",
       "Error: You have not specified a selector for your new label type's VOB."}},
+    {"FailedCommentStillNamesTheType", {{"Comment", "%NOPE%"}, {"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/main"}},
+     false, "mklbtype -ordinary lbtype:REL_1@/vobs/main", {kInProject, kNopeComment}},
 });
 INSTANTIATE_TEST_SUITE_P(MakeLabelType, CommandLineTest, testing::ValuesIn(kMakeLabelTypeCases), wftest::byName);
 
@@ -272,6 +272,8 @@ const std::vector<CommandLineCase> kApplyLabelCases = rowsOf("TClearCaseApplyLab
       {"LabelTypeName", "REL_1"}, kAC}, false, "mklabel -nc lbtype:REL_1 \"a.c\"", {kInView, nope("Version Selector")}},
     {"FailedLabelTypeStillAddsPaths", {kView, {"LabelTypeName", "%NOPE%"}, kAC}, false, "mklabel -nc \"a.c\"",
      {kInView, nope("Label Type Name")}},
+    {"FailedCommentStillAddsTheRest", {kView, {"Comment", "%NOPE%"}, {"LabelTypeName", "REL_1"}, kAC}, false,
+     "mklabel lbtype:REL_1 \"a.c\"", {kInView, kNopeComment}},
 });
 INSTANTIATE_TEST_SUITE_P(ApplyLabel, CommandLineTest, testing::ValuesIn(kApplyLabelCases), wftest::byName);
 
@@ -294,6 +296,8 @@ const std::vector<CommandLineCase> kLockCases = rowsOf("TClearCaseLockPathNamesA
 }) + rowsOf("TClearCaseUnlockPathNamesAction", "", {
     {"UnlockPaths", {kView, {"Comment", "done"}, kAC}, true, "unlock -c \"done\" -pname \"a.c\"", {kInView}},
     {"UnlockNoPaths", {kView}, false, "unlock -nc -pname", {kInView, kNoPaths}},
+    {"UnlockFailedCommentStillAddsPaths", {kView, {"Comment", "%NOPE%"}, kAC}, false, "unlock -pname \"a.c\"",
+     {kInView, kNopeComment}},
 }) + rowsOf("TClearCaseUnlockObjectsAction", "", {
     {"UnlockObjects", {{"ObjectsStorageString", "vob:/vobs/main\r\n"}}, true, "unlock -nc vob:/vobs/main",
      {kInProject}},
@@ -333,6 +337,8 @@ const std::vector<CommandLineCase> kApplyAttributeCases = rowsOf("TClearCaseAppl
      "mkattr -replace -nc BuildNo@/vobs/main 42 lbtype:REL_1@/vobs/main", {kInProject}},
     {"ObjectsNone", {{"AttributeName", "BuildNo"}, {"UseDefaultAttributeValue", "True"}}, false,
      "mkattr -nc -default BuildNo", {kNoView, kNoObjects}},
+    {"ObjectsFailedComment", {{"Comment", "%NOPE%"}, {"AttributeName", "BuildNo"}, {"AttributeValue", "42"},
+      {"ObjectsStorageString", "vob:/vobs/main\r\n"}}, false, "mkattr BuildNo 42 vob:/vobs/main", {kInProject, kNopeComment}},
 });
 INSTANTIATE_TEST_SUITE_P(ApplyAttribute, CommandLineTest, testing::ValuesIn(kApplyAttributeCases), wftest::byName);
 
@@ -400,6 +406,8 @@ const std::vector<CommandLineCase> kMakeActivityCases = rowsOf("TClearCaseMakeAc
     {"AutoGenerateName", {kView, {"AutoGenerateName", "True"}, {"ActivityName", "fix1"}}, true,
      "mkactivity -nc -force"},
     {"NoNameIsCurrent", {kView}, true, "mkactivity -nc -force -cact"},
+    {"FailedCommentWithoutView", {{"Comment", "%NOPE%"}, {"ActivityName", "fix1"}}, false,
+     "mkactivity -force activity:fix1", {kNoView, kNopeComment}},
     {"FailedHeadlineStops", {kView, {"Headline", "%NOPE%"}, {"DontSetAsCurrent", "True"}, {"ActivityName", "fix1"}},
      false, "mkactivity -nc", {kInView, nope("Headline")}},
 });
@@ -427,6 +435,8 @@ const std::vector<CommandLineCase> kBaselineCases = rowsOf("TClearCaseMakeBaseli
     {"EmptyRootNameIsAnEmptyArgument", {kView}, true, "mkbl -nc -all -incremental "},
     {"FailedRootName", {kView, {"BaselineRootName", "%NOPE%"}}, false, "mkbl -nc -all -incremental",
      {kInView, nope("Baseline Root Name")}},
+    {"FailedCommentWithoutView", {{"Comment", "%NOPE%"}, {"SelectionType", "slActivities"}, {"BaselineRootName", "BL"}},
+     false, "mkbl -activities -cact -incremental BL", {kNoView, kNopeComment}},
 }) + rowsOf("TClearCaseMakeBaselineFromLabelAction", kInView, {
     {"FromLabel", {kView, {"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/main"},
       {"ComponentSelectorStorageString", "c1@/vobs/pvob\r\n"}}, true, "mkbl -nc -import lbtype:REL_1@/vobs/main"},

@@ -127,8 +127,7 @@ INSTANTIATE_TEST_SUITE_P(
     Flags, CustomObjectSelectorTest,
     testing::Values(FlagCase{"Missing", "", false},
                     FlagCase{"TrueWord", "[ClearCase]\nUsingCustomObjectSelector=True\n", true},
-                    FlagCase{"Garbage", "[ClearCase]\nUsingCustomObjectSelector=maybe\n", false},
-                    FlagCase{"OtherSection", "[Other]\nUsingCustomObjectSelector=1\n", false}), wftest::byName);
+                    FlagCase{"Garbage", "[ClearCase]\nUsingCustomObjectSelector=maybe\n", false}), wftest::byName);
 
 TEST_F(UserSettingsTest, CustomObjectSelectorSharesTheSectionWithTheViewDirectory)
 {

@@ -14,13 +14,6 @@
 
 namespace {
 
-/// Discovery tries the standard install folder before PATH; a machine that has one cannot
-/// show what PATH alone finds.
-bool standardInstallPresent()
-{
-    return fileExists("/opt/rational/clearcase/bin/" + cleartoolExecutableName());
-}
-
 struct PathCase {
     std::string name;
     std::string stored; // "$T" is the temporary folder
@@ -117,7 +110,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStoredSavedAsFound)
 {
-    if (standardInstallPresent())
+    // Discovery tries the standard install folder before PATH: such a machine cannot show what PATH alone finds.
+    if (fileExists("/opt/rational/clearcase/bin/" + cleartoolExecutableName()))
         GTEST_SKIP() << "a cleartool is installed in the standard folder";
     wftest::TempDir temp;
     std::filesystem::create_directories(temp.file("empty"));

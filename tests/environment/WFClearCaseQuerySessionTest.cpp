@@ -4,6 +4,8 @@
 #include "RowName.h"
 #include "environment/WFClearCaseQuerySession.h"
 #include "environment/WFClearCaseUtils.h"
+#include "WFBusy.h"
+#include "WFInteractiveProcess.h"
 #include "WFServices.h"
 #include "ClearCaseWorld.h"
 #include "WFTestSupport.h"
@@ -17,6 +19,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -147,12 +150,18 @@ INSTANTIATE_TEST_SUITE_P(
                     ReportCase{"LineNotYetEnded", "Command 3 returned status 0", 3, {}, std::nullopt},
                     ReportCase{"LookAlikeSkipped", "Command 4 returned status x\nCommand 4 returned status 2\n", 4, {}, 28, 2},
                     ReportCase{"NoReport", "Command 4 was fine\n", 4, {}, std::nullopt},
+                    ReportCase{"StatusNotYetArrived", "a\nCommand 3 returned status ", 3, {}, std::nullopt},
+                    ReportCase{"StatusFollowedByMoreIsNoReport", "Command 2 returned status 0x\n", 2, {}, std::nullopt},
                     ReportCase{"FinalAfterListedLookAlikes", "Command 2 returned status 0\nx\nCommand 2 returned status 0\ncleartool> ", 2, true, 30, 0},
                     ReportCase{"FinalNeedsThePrompt", "x\nCommand 2 returned status 0\n", 2, true, std::nullopt},
                     ReportCase{"FinalWithoutPromptWhenNoneIsPrinted", "x\nCommand 2 returned status 0\n", 2, false, 2, 0},
                     ReportCase{"FinalOfAnotherNumber", "Command 12 returned status 0\ncleartool> ", 2, true, std::nullopt},
                     ReportCase{"FinalNegativeAfterOutputWithoutBreak", "xCommand 2 returned status -1\r\ncleartool> ", 2, true, 1, -1},
-                    ReportCase{"FinalFollowedByMore", "Command 2 returned status 0\ncleartool> x", 2, true, std::nullopt}),
+                    ReportCase{"FinalFollowedByMore", "Command 2 returned status 0\ncleartool> x", 2, true, std::nullopt},
+                    ReportCase{"FinalOfNothing", "", 2, false, std::nullopt},
+                    ReportCase{"FinalOfAnEmptyLine", "\n", 2, false, std::nullopt},
+                    ReportCase{"FinalOfDigitsAlone", "12\n", 2, false, std::nullopt},
+                    ReportCase{"FinalStatusOfMoreThanTenDigits", "Command 2 returned status 12345678901\n", 2, false, std::nullopt}),
     wftest::byName);
 
 // --- Every query on a populated simulator store -----------------------------------------
@@ -169,6 +178,7 @@ protected:
         s_now = std::make_unique<wftest::ScopedEnv>("CCSIM_NOW", "2013-03-12T10:22:31");
         const e2e::ClearCaseWorld& world = *s_world;
         world.write("setup:vobs/main/src/my file.c", "x\n");
+        world.write("setup:vobs/main/it's \"q\"/a.c", "x\n");
         world.mustCleartool({"checkout", "-nc", "."}, "setup:vobs/main/src");
         world.mustCleartool({"mkelem", "-nc", "-ci", "my file.c"}, "setup:vobs/main/src");
         world.mustCleartool({"checkin", "-nc", "."}, "setup:vobs/main/src");
@@ -249,6 +259,9 @@ const std::vector<StoreQuery>& storeQueries()
         {"UnknownSubCommand", [](const std::string&) { return CCGetCleartoolOutput("frobnicate", "", "", false); }, true},
         {"ConfigSpecInTheView", [](const std::string& root) { return CCGetCleartoolOutput("catcs", "", root + "/views/setup", false); }},
         {"RelativeFolder", [](const std::string&) { return CCGetCleartoolOutput("pwv", "-short", "views/setup", false); }},
+        {"NoSubCommandRunsAlone", [](const std::string&) { return CCGetCleartoolOutput("", "", "", false); }},
+        {"LsOfAFolderNoLineCanNameRunsAlone",
+         [](const std::string& root) { return CCGetLS(root + "/views/setup/vobs/main/it's \"q\""); }},
     };
     return rows;
 }
@@ -362,12 +375,65 @@ INSTANTIATE_TEST_SUITE_P(
                     OutputCase{"ReportInsideALine", "/v/Command 2 returned status 0\\n", 0, "/v/Command 2 returned status 0\r\n"}),
     wftest::byName);
 
+/// The process the session gets instead of the stand-in's: it may fail to start or to take
+/// input, or cancel the session as it starts or as its reply arrives; it gives `reads` in turn
+/// ("" a read that times out), then ends.
+struct SessionScript {
+    bool starts = true;
+    bool takesInput = true;
+    bool cancelOnStart = false;
+    bool cancelOnRead = false;
+    std::vector<std::string> reads = {};
+};
+
+class ScriptedSession final : public IWFInteractiveProcess {
+public:
+    explicit ScriptedSession(SessionScript script) : m_script(std::move(script)) {}
+    bool Start(const std::string&, const std::vector<std::string>&, const std::string&) override
+    {
+        if (m_script.cancelOnStart)
+            ClearCaseQuerySession().Cancel();
+        return m_script.starts;
+    }
+    bool Write(const std::string&) override { return m_script.takesInput; }
+    ReadResult Read(std::string& output, int) override
+    {
+        if (m_next == m_script.reads.size())
+            return ReadResult::Closed;
+        if (m_script.cancelOnRead)
+            ClearCaseQuerySession().Cancel();
+        output += m_script.reads[m_next];
+        return m_script.reads[m_next++].empty() ? ReadResult::Timeout : ReadResult::Data;
+    }
+    std::string GetErrorOutput() const override { return {}; }
+    std::string GetErrorText() const override { return {}; }
+    void Terminate() override {}
+
+private:
+    SessionScript m_script;
+    std::size_t m_next = 0;
+};
+
+TWFInteractiveProcessFactory scripted(const SessionScript& script)
+{
+    return [script] { return std::make_shared<ScriptedSession>(script); };
+}
+
+const std::string kAnswered = "cleartool> Command 1 returned status 0\ncleartool> ";
+const std::string kReply = "x\nCommand 2 returned status 0\ncleartool> ";
+
 struct FaultCase {
     std::string name;
     std::string mode;
-    /// What the query gives: the stand-in's output through a process of its own, or nothing.
-    bool answeredAlone;
-    int sessionsAfterTwoQueries;
+    /// The first query's answer, the runs it made alone, and sessions started after two queries.
+    std::string first;
+    int alone;
+    int sessions;
+    /// Set: the session's process for the first query, with a user who can cancel or not.
+    TWFInteractiveProcessFactory process = {};
+    bool userCanCancel = false;
+    /// What the first query says it gave nothing for, where it matters.
+    std::string why = {};
 };
 
 WF_ROW_PRINTER(FaultCase)
@@ -382,26 +448,56 @@ TEST_P(SessionFaultTest, NeverBlocksAndRecovers)
     ClearCaseQuerySession().SetTimeLimit(1500);
     ClearCaseQuerySession().SetReplyLimit(1024 * 1024);
     setMode(row.mode);
+    if (row.process)
+        SetWFInteractiveProcessFactory(row.process);
+    if (row.userCanCancel)
+        SetWFBusyHook([](const std::string&, const std::function<void()>& work, const std::function<void()>&) { work(); });
     const auto started = Clock::now();
-    const std::string first = CCGetVOBNames();
+    EXPECT_EQ(CCGetVOBNames(), row.first);
     EXPECT_LT(Clock::now() - started, std::chrono::seconds(3));
-    EXPECT_EQ(first, row.answeredAlone ? "x\r\n" : "");
-    EXPECT_EQ(count("alone"), row.answeredAlone ? 1 : 0);
+    EXPECT_EQ(count("alone"), row.alone);
+    if (!row.why.empty()) {
+        EXPECT_EQ(CCWhyLastQueryGaveNothing(), row.why);
+    }
+    SetWFBusyHook(nullptr);
+    if (row.process) {
+        SetWFInteractiveProcessFactory(nullptr);
+        ClearCaseQuerySession().Cancel();
+    }
 
     // Behaving again: the next query gets its answer, from a fresh session where one is possible.
     setMode("");
     EXPECT_EQ(CCGetVOBNames(), "x\r\n");
-    EXPECT_EQ(count("starts"), row.sessionsAfterTwoQueries);
+    EXPECT_EQ(count("starts"), row.sessions);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Faults, SessionFaultTest,
-    testing::Values(FaultCase{"HangsAfterAnswering", "hang", false, 2},
-                    FaultCase{"NeverAnswersSoRunsAlone", "mute", true, 1},
-                    FaultCase{"DiesMidQuerySoRunsAlone", "die", true, 2},
-                    FaultCase{"NoInteractiveModeSoRunsAlone", "plain", true, 0},
-                    FaultCase{"TricklesPastTheTimeLimit", "trickle", false, 2},
-                    FaultCase{"FloodsPastTheReplyLimit", "flood", false, 2}), wftest::byName);
+    testing::Values(FaultCase{"HangsAfterAnswering", "hang", "", 0, 2},
+                    FaultCase{"NeverAnswersSoRunsAlone", "mute", "x\r\n", 1, 1},
+                    FaultCase{"DiesMidQuerySoRunsAlone", "die", "x\r\n", 1, 2},
+                    FaultCase{"NoInteractiveModeSoRunsAlone", "plain", "x\r\n", 1, 0},
+                    FaultCase{"TricklesPastTheTimeLimit", "trickle", "", 0, 2},
+                    FaultCase{"FloodsPastTheReplyLimit", "flood", "", 0, 2},
+                    FaultCase{"NoProcessSoRunsAloneFromThenOn", "", "x\r\n", 1, 0, [] { return nullptr; }},
+                    FaultCase{"CannotStartSoRunsAloneFromThenOn", "", "x\r\n", 1, 0, scripted({.starts = false})},
+                    FaultCase{"RefusesInputSoRunsAloneFromThenOn", "", "x\r\n", 1, 0, scripted({.takesInput = false})},
+                    FaultCase{"CancelledAsItStarts", "", "", 0, 1, scripted({.cancelOnStart = true})},
+                    FaultCase{"CancelledAsTheReplyArrives", "", "", 0, 1,
+                              scripted({.cancelOnRead = true, .reads = {kAnswered + kReply}})},
+                    FaultCase{"SilenceAfterAnsweringIsWaitedOutWhenTheUserCanCancel", "", "x\r\n", 0, 1,
+                              scripted({.reads = {kAnswered, "", kReply}}), true},
+                    // Without a prompt, a report is the end only when nothing follows it at once.
+                    FaultCase{"AReportFollowedByMoreIsAListedName", "", "Command 2 returned status 0\r\nx\r\n", 0, 1,
+                              scripted({.reads = {"Command 1 returned status 0\nCommand 2 returned status 0\n",
+                                                  "x\nCommand 2 returned status 0\n"}})},
+                    FaultCase{"ARunnerThatThrowsGivesNothing", "", "", 0, 1,
+                              []() -> std::shared_ptr<IWFInteractiveProcess> { throw std::runtime_error("no pipes"); },
+                              false, "cleartool could not be asked: no pipes"},
+                    FaultCase{"ARunnerThatThrowsAnythingGivesNothing", "", "", 0, 1,
+                              []() -> std::shared_ptr<IWFInteractiveProcess> { throw 1; }, false,
+                              "cleartool could not be asked."}),
+    wftest::byName);
 
 TEST_F(ScriptedCleartool, CancelKillsAHungQueryOrAnIdleSessionAndTheNextStartsAFreshOne)
 {
@@ -461,6 +557,7 @@ INSTANTIATE_TEST_SUITE_P(Switch, SessionSwitchTest,
                                          SwitchCase{"TurnedOff", true, "off", false},
                                          SwitchCase{"TurnedOffWithZero", true, "0", false},
                                          SwitchCase{"TurnedOffIgnoringCase", true, "FALSE", false},
+                                         SwitchCase{"TurnedOffWithNo", true, "no", false},
                                          SwitchCase{"OtherValuesKeepItOn", true, "1", true}), wftest::byName);
 
 TEST_F(ScriptedCleartool, AHostThatUsedTheSessionExitsCleanly)

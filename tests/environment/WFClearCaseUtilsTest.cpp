@@ -2,6 +2,8 @@
 #include "RowName.h"
 
 #include "environment/WFClearCaseUtils.h"
+#include "WFProcess.h"
+#include "WFServices.h"
 
 #include <gtest/gtest.h>
 
@@ -72,8 +74,6 @@ INSTANTIATE_TEST_SUITE_P(
         QueryCase{"VobNamesSortedIgnoringCase", [](const std::string&) { return CCGetVOBNames(); },
                   {{"lsvob -short", "\\vobs\\beta\n\\vobs\\Alpha\n\\vobs\\alpha2\n"}},
                   "\\vobs\\Alpha\r\n\\vobs\\alpha2\r\n\\vobs\\beta\r\n"},
-        QueryCase{"NonZeroExitGivesNothing", [](const std::string&) { return CCGetVOBNames(); },
-                  {{"lsvob -short", "\\vobs\\beta\n", 1}}, ""},
         QueryCase{"LabelTypesUnsortedLockedStripped", [](const std::string&) { return CCGetLabelNames("\\vobs\\src"); },
                   {{"lstype -short -kind lbtype -invob \\vobs\\src", "REL2 (locked)\nREL1\nREL3 (locked)\n"}},
                   "REL2\r\nREL1\r\nREL3\r\n"},
@@ -129,21 +129,43 @@ TEST(QueryResultTest, UnknownKindAndMissingVobsLeaveTheResultAsPassed)
     EXPECT_EQ(cleartool.calls().size(), 2u);
 }
 
-TEST(QueryResultTest, NoCleartoolRunsNothing)
+/// A query that cannot run cleartool: what it gives (nothing) and what it says why.
+struct RefusalCase {
+    std::string name;
+    std::function<void(wftest::FakeCleartool&)> arrange;
+    std::string why;
+};
+
+WF_ROW_PRINTER(RefusalCase)
+
+class RefusalTest : public testing::TestWithParam<RefusalCase> {};
+
+TEST_P(RefusalTest, RunsNothingAndSaysWhy)
 {
     wftest::FakeCleartool cleartool;
-    const std::vector<std::function<std::string()>> queries = {
-        [] { return CCGetCleartoolOutput("lsvob", "", "", true); },
-        // Every query runs through the one above; one that runs several checks the chain.
-        [] { return CCGetAllTypeNames("lbtype"); },
-    };
-    for (const std::string& missing : {cleartool.temp().file("nowhere/cleartool"), cleartool.temp().path() + "/"}) {
-        cleartool.options().SetClearToolPath(missing);
-        for (const auto& query : queries)
-            EXPECT_EQ(query(), "") << missing;
-    }
+    GetParam().arrange(cleartool);
+    // Every query runs through the first; one that runs several checks the chain.
+    EXPECT_EQ(CCGetCleartoolOutput("lsvob", "", "", true), "");
+    EXPECT_EQ(CCWhyLastQueryGaveNothing(), GetParam().why);
+    EXPECT_EQ(CCGetAllTypeNames("lbtype"), "");
+    SetWFProcessFactory(nullptr);
     EXPECT_TRUE(cleartool.calls().empty());
 }
+
+const std::string kNotFound = "Cleartool.exe cannot be found at the path specified. Please check under Tools -> Options.";
+
+INSTANTIATE_TEST_SUITE_P(
+    Refusals, RefusalTest,
+    testing::Values(
+        RefusalCase{"NoCleartoolAtThePath",
+                    [](wftest::FakeCleartool& c) { c.options().SetClearToolPath(c.temp().file("nowhere/cleartool")); }, kNotFound},
+        RefusalCase{"NoCleartoolInTheFolder", [](wftest::FakeCleartool& c) { c.options().SetClearToolPath(c.temp().path() + "/"); },
+                    kNotFound},
+        RefusalCase{"NoOptions", [](wftest::FakeCleartool&) { WFOptionsServices().Clear(); },
+                    "The ClearCase options are not available."},
+        RefusalCase{"NoProcessRunner", [](wftest::FakeCleartool&) { SetWFProcessFactory([] { return nullptr; }); },
+                    "cleartool could not be asked: no process runner."}),
+    wftest::byName);
 
 TEST(QueryResultTest, ACleartoolThatFallsSilentIsGivenUp)
 {

@@ -1,8 +1,13 @@
 #include "WFBasicActions.h"
 
+#include "RowName.h"
 #include "WFTestSupport.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
 
 namespace {
 
@@ -15,8 +20,7 @@ protected:
         host.defaultStartingDir = dir.path();
         variables.Set("WHO", TWFVariant("world"));
     }
-    template <typename T>
-    bool run(T& action, const std::vector<std::pair<std::string, std::string>>& properties)
+    bool run(TCustomWFAction& action, const std::vector<std::pair<std::string, std::string>>& properties)
     {
         for (const auto& [name, value] : properties)
             EXPECT_TRUE(action.SetPropertyText(name, value)) << name;
@@ -40,8 +44,6 @@ TEST_F(BasicActions, LogMessageWritesOneLinePerLine)
     TWFLogMessageAction action;
     ASSERT_TRUE(run(action, {{"Text", "hello %WHO%\r\nsecond line\n"}}));
     EXPECT_EQ(log.messages(), (std::vector<std::string>{"hello world", "second line"}));
-    TWFLogMessageAction broken;
-    EXPECT_FALSE(run(broken, {{"Text", "%UNDEFINED_X%"}}));
 }
 
 TEST_F(BasicActions, SetVariableExpandsIntoTheVariable)
@@ -49,9 +51,6 @@ TEST_F(BasicActions, SetVariableExpandsIntoTheVariable)
     TWFSetVariableAction action;
     ASSERT_TRUE(run(action, {{"VariableName", "GREETING"}, {"Value", "hi %WHO%"}}));
     EXPECT_EQ(variables.Get("GREETING").toString(), "hi world");
-    TWFSetVariableAction nameless;
-    EXPECT_FALSE(run(nameless, {{"Value", "x"}}));
-    EXPECT_EQ(validation, (std::vector<std::string>{"Variable: No variable name has been given."}));
 }
 
 TEST_F(BasicActions, WriteTextFileReplacesOrAppendsAndNamesAFolderItCannotMake)
@@ -83,12 +82,6 @@ TEST_F(BasicActions, RunProgramPassesArgumentsAndJudgesTheExitCode)
     EXPECT_EQ(runs[0].cwd, dir.file("work"));
     EXPECT_EQ(runs[0].args, (std::vector<std::string>{"-x", "world wide"}));
 
-    // A working directory that fails to expand starts nothing.
-    TWFRunProgramAction unexpanded;
-    EXPECT_FALSE(run(unexpanded, {{"Program", wftest::testAppPath()}, {"WorkingDirectory", "%NO_SUCH_FOLDER_VARIABLE%"}}));
-    EXPECT_EQ(wftest::readInvocations(dir.file("record.txt")).size(), 1u);
-    EXPECT_NE(log.messages().back().find("Working Directory"), std::string::npos) << log.messages().back();
-
     wftest::ScopedEnv failing("WF_FAKE_EXIT", "2");
     TWFRunProgramAction failed;
     EXPECT_FALSE(run(failed, {{"Program", wftest::testAppPath()}}));
@@ -106,5 +99,63 @@ TEST_F(BasicActions, RunProgramCutsALineWithoutBreaksAtTheBound)
             sizes.push_back(entry.text.size());
     EXPECT_EQ(sizes, (std::vector<std::size_t>{TWFLineSplitter::kMaxPendingLine, TWFLineSplitter::kMaxPendingLine, 10, 3}));
 }
+
+/// An action that stops before it does anything, and the validation error or log line that says why.
+struct RefusalCase {
+    std::string name;
+    std::function<std::unique_ptr<TCustomWFAction>()> make;
+    std::vector<std::pair<std::string, std::string>> properties;
+    std::string why;
+};
+
+WF_ROW_PRINTER(RefusalCase)
+
+class BasicActionRefusals : public BasicActions, public testing::WithParamInterface<RefusalCase> {};
+
+TEST_P(BasicActionRefusals, StopBeforeAnyEffectAndSayWhy)
+{
+    const RefusalCase& row = GetParam();
+    const wftest::TempDir records;
+    wftest::ScopedEnv record("WF_FAKE_RECORD", records.file("record.txt"));
+    const auto action = row.make();
+    EXPECT_FALSE(run(*action, row.properties));
+    EXPECT_EQ(validation.empty() ? log.messages().back() : validation.front(), row.why);
+    EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
+    EXPECT_FALSE(std::filesystem::exists(records.file("record.txt")));
+    EXPECT_FALSE(variables.IsDefined("X"));
+}
+
+template <typename T>
+std::function<std::unique_ptr<TCustomWFAction>()> make()
+{
+    return [] { return std::make_unique<T>(); };
+}
+
+std::string undefined(const std::string& label, const std::string& text)
+{
+    return "Error: Could not expand " + label + " \"" + text + "\": \"NO_X\" is neither a build variable nor an environment variable.";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Refusals, BasicActionRefusals,
+    testing::Values(
+        RefusalCase{"LogMessageOfAnUndefinedVariable", make<TWFLogMessageAction>(), {{"Text", "%NO_X%"}}, undefined("Text", "%NO_X%")},
+        RefusalCase{"SetVariableWithoutAName", make<TWFSetVariableAction>(), {{"Value", "x"}},
+                    "Variable: No variable name has been given."},
+        RefusalCase{"SetVariableToAnUndefinedVariable", make<TWFSetVariableAction>(), {{"VariableName", "X"}, {"Value", "%NO_X%"}},
+                    undefined("Value", "%NO_X%")},
+        RefusalCase{"WriteTextFileWithoutAName", make<TWFWriteTextFileAction>(), {{"Text", "x"}},
+                    "File: No file name has been given."},
+        RefusalCase{"WriteTextFileToAnUndefinedName", make<TWFWriteTextFileAction>(), {{"FileName", "%NO_X%.txt"}},
+                    undefined("File Name", "%NO_X%.txt")},
+        RefusalCase{"WriteTextFileOfUndefinedText", make<TWFWriteTextFileAction>(), {{"FileName", "a.txt"}, {"Text", "%NO_X%"}},
+                    undefined("Text", "%NO_X%")},
+        RefusalCase{"RunProgramWithoutAProgram", make<TWFRunProgramAction>(), {{"Arguments", "-x"}},
+                    "Program: No program has been given."},
+        RefusalCase{"RunProgramWithUndefinedArguments", make<TWFRunProgramAction>(),
+                    {{"Program", wftest::testAppPath()}, {"Arguments", "%NO_X%"}}, undefined("Arguments", "%NO_X%")},
+        RefusalCase{"RunProgramInAnUndefinedFolder", make<TWFRunProgramAction>(),
+                    {{"Program", wftest::testAppPath()}, {"WorkingDirectory", "%NO_X%"}}, undefined("Working Directory", "%NO_X%")}),
+    wftest::byName);
 
 } // namespace
