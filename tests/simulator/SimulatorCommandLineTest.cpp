@@ -150,10 +150,8 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"mklbtype", "-c"}),
     [](const auto& info) { return wftest::rowName(info.param); });
 
-TEST_F(Scenario, DoubleDashEndsSwitchesAndOperandsFailAlone)
+TEST_F(World, DoubleDashEndsSwitchesAndOperandsFailAlone)
 {
-    fixture();
-    const std::string src = "base/vobs/main/src";
     write(src + "/-odd.c", "odd\n");
     write(src + "/b.c", "b\n");
     play({
@@ -168,10 +166,8 @@ TEST_F(Scenario, DoubleDashEndsSwitchesAndOperandsFailAlone)
     });
 }
 
-TEST_F(Scenario, SeveralOperandsOneFailing)
+TEST_F(World, SeveralOperandsOneFailing)
 {
-    fixture();
-    const std::string src = "base/vobs/main/src";
     write(src + "/b.c", "b\n");
     play({
         {src, {"checkout", "-nc", "."}},
@@ -196,11 +192,9 @@ TEST_F(Scenario, SeveralOperandsOneFailing)
     });
 }
 
-TEST_F(Scenario, LtEditionReportsItselfAndRefusesFullFeatures)
+TEST_F(World, LtEditionReportsItselfAndRefusesFullFeatures)
 {
-    fixture();
     edition = "lt";
-    const std::string src = "base/vobs/main/src";
     play({
         {"", {"-version"}, 0, "~Rational ClearCase LT"},
         {"", {"-ver"}, 0, "~Rational ClearCase LT"},
@@ -241,11 +235,10 @@ struct FailingCommand {
 
 WF_ROW_PRINTER_AS(FailingCommand, wftest::rowName(row.args))
 
-class FailureChangesNothing : public Scenario, public ::testing::WithParamInterface<FailingCommand> {};
+class FailureChangesNothing : public World, public ::testing::WithParamInterface<FailingCommand> {};
 
 TEST_P(FailureChangesNothing, StoreListsTheSameBeforeAndAfter)
 {
-    fixture();
     play({
         {"", {"mklbtype", "-nc", "lbtype:REL1@/vobs/main"}},
         {"", {"mkattype", "-nc", "-vtype", "integer", "-le", "10", "attype:Build@/vobs/main"}},
@@ -278,10 +271,8 @@ INSTANTIATE_TEST_SUITE_P(
         FailingCommand{"", {"mkstream", "-nc", "-in", "proj@/vobs/pvob", "dev@/vobs/pvob"}}),
     [](const auto& info) { return wftest::rowName(info.param.args); });
 
-TEST_F(Scenario, ParallelCheckoutsAllSucceed)
+TEST_F(World, ParallelCheckoutsAllSucceed)
 {
-    fixture();
-    const std::string src = "base/vobs/main/src";
     constexpr int kFiles = 8;
     std::vector<std::string> mkelem{"mkelem", "-nc", "-ci"};
     for (int i = 0; i < kFiles; ++i) {

@@ -33,14 +33,7 @@ std::string expand(std::string text, const std::string& root)
     return text;
 }
 
-class InteractiveSession : public Scenario, public ::testing::WithParamInterface<SessionCase> {
-protected:
-    void SetUp() override
-    {
-        Scenario::SetUp();
-        fixture();
-    }
-};
+class InteractiveSession : public World, public ::testing::WithParamInterface<SessionCase> {};
 
 TEST_P(InteractiveSession, AnswersEverySubCommand)
 {
