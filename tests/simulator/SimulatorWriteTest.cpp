@@ -42,9 +42,6 @@ TEST_F(World, CheckoutSwitches)
          "cleartool: Error: Branch \"/main/dev\" not found on element \"a.c\".\n"
          "cleartool: Error: Unable to check out \"a.c\".\n"},
         {src, {"checkout", "-nc", "-nda", "a.c"}, 0, "Checked out \"a.c\" from version \"/main/2\".\n"},
-        {src, {"checkout", "-nc", "a.c"}, 1, "",
-         "cleartool: Error: Element \"a.c\" is already checked out to view \"base_v\".\n"
-         "cleartool: Error: Unable to check out \"a.c\".\n"},
         {src, {"checkout", "-nc", "../src/view.c"}, 1, "", "~Unable to access \"../src/view.c\""},
     });
     write(src + "/private.c", "p\n");
@@ -248,7 +245,6 @@ TEST_F(World, LocksOnPathsAndSelectors)
         {"", {"mkattr", "-nc", "BuildNumber", "42", "lbtype:REL_42@/vobs/main"}, 1, "",
          "cleartool: Error: Lock on label type \"REL_42\" prevents operation \"make attribute\".\n"
          "cleartool: Error: Unable to create attribute \"BuildNumber\" on \"lbtype:REL_42@/vobs/main\".\n"},
-        {src, {"setactivity", "activity:nosuch@/vobs/pvob"}, 1, "", "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
         {"dev", {"setactivity", "activity:nosuch@/vobs/pvob"}, 1, "",
          "cleartool: Error: activity not found: \"nosuch@/vobs/pvob\".\n"},
         {"dev", {"checkin", "-nc", "activity:nosuch"}, 1, "", "cleartool: Error: activity not found: \"nosuch\".\n"},
