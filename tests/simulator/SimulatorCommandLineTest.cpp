@@ -177,9 +177,6 @@ TEST_F(World, LtEditionReportsItselfAndRefusesFullFeatures)
         {src, {"describe", "a.c@@/main/1"}, 1, "", "~not supported by ClearCase LT"},
         {src, {"describe", "a.c"}, 0, "~version \"a.c@@/main/1\""},
     });
-    edition = "";
-    Result full = run("", {"-version"});
-    EXPECT_EQ(full.out.find("LT"), std::string::npos);
 }
 
 TEST_F(Scenario, BadClockIsRefused)
