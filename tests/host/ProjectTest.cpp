@@ -139,23 +139,6 @@ TEST_F(Project, CleanupActionsAndContinueOnFailureRoundTripAsVersion2)
     }
 }
 
-TEST_F(Project, WritesPropertiesInPersistenceOrder)
-{
-    TWFProject project;
-    ASSERT_TRUE(read(R"(<wfproject version="1"><actions><action type="T_PROPS">
-        <property name="Colour">clGreen</property><property name="Text">x</property></action></actions></wfproject>)",
-                     project));
-    const std::string text = WriteProjectText(project);
-    const auto order = {"name=\"Text\"", "name=\"Flag\"", "name=\"Count\"", "name=\"Colour\""};
-    std::size_t last = 0;
-    for (const char* name : order) {
-        const auto at = text.find(name);
-        ASSERT_NE(at, std::string::npos) << name;
-        EXPECT_GT(at, last) << name;
-        last = at;
-    }
-}
-
 struct BadCase {
     const char* name;
     std::string text;

@@ -39,6 +39,12 @@ void Scenario::TearDown()
     fs::remove_all(root, ec);
 }
 
+void World::SetUp()
+{
+    Scenario::SetUp();
+    fixture();
+}
+
 Result Scenario::run(const std::string& dir, const std::vector<std::string>& args, const std::string& user,
                      const std::string& input)
 {

@@ -64,4 +64,13 @@ protected:
     std::string now = "2013-03-12T10:22:31";
 };
 
+/// A Scenario that starts from the shared world (fixture()); `src` and `devSrc` hold a.c in each view.
+class World : public Scenario {
+protected:
+    void SetUp() override;
+
+    const std::string src = "base/vobs/main/src";
+    const std::string devSrc = "dev/vobs/main/src";
+};
+
 } // namespace ccsim::test

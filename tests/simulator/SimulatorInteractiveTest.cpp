@@ -33,14 +33,7 @@ std::string expand(std::string text, const std::string& root)
     return text;
 }
 
-class InteractiveSession : public Scenario, public ::testing::WithParamInterface<SessionCase> {
-protected:
-    void SetUp() override
-    {
-        Scenario::SetUp();
-        fixture();
-    }
-};
+class InteractiveSession : public World, public ::testing::WithParamInterface<SessionCase> {};
 
 TEST_P(InteractiveSession, AnswersEverySubCommand)
 {
@@ -70,11 +63,6 @@ INSTANTIATE_TEST_SUITE_P(
                     "cleartool: Error: Unable to change directory to \"nowhere\": No such file or directory.\n"},
         SessionCase{"EmptyLinesAreNoCommands", {"-status"}, "\n  \npwd\n", 0,
                     kP + kP + kP + "{ROOT}\nCommand 1 returned status 0\n" + kP},
-        SessionCase{"QuotesGroupWords", {"-status"},
-                    "cd \"base/vobs/main\"\nlshistory -short 'src/a.c'\nlstype -sh\"ort\" -kind 'lb'type -invob \"/vobs/\"main\n", 0,
-                    kP + "Command 1 returned status 0\n" + kP
-                        + "src/a.c@@/main/1\nsrc/a.c@@/main/0\nsrc/a.c@@/main\nsrc/a.c@@\nCommand 2 returned status 0\n" + kP
-                        + "BACKSTOP\nCHECKEDOUT\nLATEST\ncomp_INITIAL\nCommand 3 returned status 0\n" + kP},
         SessionCase{"BackslashContinuesTheLine", {"-status"}, "lsvob \\\n-short\n", 0,
                     kP + "/vobs/main\n/vobs/pvob\nCommand 1 returned status 0\n" + kP},
         SessionCase{"UnmatchedQuoteFailsThatLineOnly", {"-status"}, "lsvob \"-short\npwd\n", 0,

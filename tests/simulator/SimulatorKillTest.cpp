@@ -25,42 +25,39 @@ struct KillRow {
 
 WF_ROW_PRINTER(KillRow)
 
-class KilledCommand : public Scenario, public ::testing::WithParamInterface<KillRow> {};
-
-const std::string kSrc = "dev/vobs/main/src";
+class KilledCommand : public World, public ::testing::WithParamInterface<KillRow> {};
 
 TEST_P(KilledCommand, LeavesViewAndStoreAgreeing)
 {
     const KillRow& row = GetParam();
-    fixture();
     play({{"dev/vobs/main", {"mkactivity", "-nc", "work"}}});
     for (const std::string& line : row.before)
-        play({{kSrc, *ccsim::splitInteractiveLine(line)}});
+        play({{devSrc, *ccsim::splitInteractiveLine(line)}});
     if (!row.edit.empty())
-        write(kSrc + "/a.c", row.edit);
+        write(devSrc + "/a.c", row.edit);
 
     environment = {{"CCSIM_KILL_AT", row.killAt}};
-    const Result killed = run(kSrc, row.command);
+    const Result killed = run(devSrc, row.command);
     EXPECT_EQ(killed.status, 128 + SIGKILL) << "the command was not killed:\n" << killed.out << killed.err;
     environment.clear();
 
     // Any command that follows finds the state whole; lscheckout also tells what the store holds.
-    const Result listing = run(kSrc, {"lscheckout", "-short", "a.c"});
+    const Result listing = run(devSrc, {"lscheckout", "-short", "a.c"});
     EXPECT_EQ(listing.status, 0) << listing.err;
     const bool checkedOut = listing.out == "a.c\n";
-    const fs::path file = root / kSrc / "a.c";
+    const fs::path file = root / devSrc / "a.c";
     const bool writable = (fs::status(file).permissions() & fs::perms::owner_write) != fs::perms::none;
     EXPECT_EQ(checkedOut, row.checkedOut) << listing.out;
     EXPECT_EQ(writable, checkedOut) << "a.c is " << (writable ? "writable" : "read-only") << " but "
                                     << (checkedOut ? "checked out" : "not checked out");
-    EXPECT_EQ(read(kSrc + "/a.c"), row.data);
+    EXPECT_EQ(read(devSrc + "/a.c"), row.data);
     EXPECT_EQ(fs::exists(file.string() + ".keep"), !row.keep.empty());
     if (!row.keep.empty()) {
-        EXPECT_EQ(read(kSrc + "/a.c.keep"), row.keep);
+        EXPECT_EQ(read(devSrc + "/a.c.keep"), row.keep);
     }
     EXPECT_FALSE(fs::exists(file.string() + ".ccsim-new"));
     if (!checkedOut) {
-        const Result ls = run(kSrc, {"ls", "-short", "a.c"});
+        const Result ls = run(devSrc, {"ls", "-short", "a.c"});
         EXPECT_EQ(ls.out, row.data == "int a;\n" ? "a.c@@/main/1\n" : "a.c@@/main/2\n");
     }
 }

@@ -1,7 +1,6 @@
 #include "Dates.h"
 #include "Messages.h"
 #include "RowName.h"
-#include "Options.h"
 
 #include <gtest/gtest.h>
 
@@ -54,55 +53,6 @@ TEST(Clock, RefusesUnreadableFixedTime)
     EXPECT_EQ(formatShort(*clockNow("2013-12-16T15:47:00"), *clockNow("2013-03-01T00:00:00")), "16-Dec.15:47");
     EXPECT_EQ(formatShort(*clockNow("2012-12-16T15:47:00"), *clockNow("2013-03-01T00:00:00")), "16-Dec-12");
 }
-
-constexpr OptionRule kRules[] = {{"reserved", 3}, {"comment", 1, true}, {"cact", 4}, {"ncomment", 2},
-                                 {"default", 3, true}};
-
-struct OptionCase {
-    std::vector<std::string> words;
-    ParseResult::Status status;
-    std::string summary; ///< switches as name=value, then "|" and the operands
-};
-
-std::string summarize(const ParseResult& r)
-{
-    std::string out;
-    for (const std::string& name : r.args.order())
-        out += name + "=" + r.args.value(name).value_or("") + " ";
-    out += "|";
-    for (const std::string& op : r.args.operands())
-        out += " " + op;
-    return out;
-}
-
-WF_ROW_PRINTER_AS(OptionCase, wftest::rowName(row.words))
-
-class OptionParse : public ::testing::TestWithParam<OptionCase> {};
-
-TEST_P(OptionParse, MatchesAbbreviationsAndValues)
-{
-    ParseResult r = parseOptions(GetParam().words, kRules);
-    EXPECT_EQ(r.status, GetParam().status);
-    if (r.status == ParseResult::Status::Ok)
-        EXPECT_EQ(summarize(r), GetParam().summary);
-    else
-        EXPECT_EQ(r.offending, GetParam().summary);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, OptionParse,
-    ::testing::Values(OptionCase{{"-res", "-c", "two words", "a.c"}, ParseResult::Status::Ok, "reserved= comment=two words | a.c"},
-                      OptionCase{{"-reserved", "-nc", "--", "-cact"}, ParseResult::Status::Ok, "reserved= ncomment= | -cact"},
-                      OptionCase{{"-re", "a.c"}, ParseResult::Status::UnknownOption, "-re"},
-                      OptionCase{{"-reservedx"}, ParseResult::Status::UnknownOption, "-reservedx"},
-                      OptionCase{{"-cac"}, ParseResult::Status::UnknownOption, "-cac"},
-                      OptionCase{{"a.c", "-res"}, ParseResult::Status::Ok, "| a.c -res"},
-                      OptionCase{{"-default 1", "x"}, ParseResult::Status::Ok, "default=1 | x"},
-                      OptionCase{{"-def", "1", "x"}, ParseResult::Status::Ok, "default=1 | x"},
-                      OptionCase{{"-c"}, ParseResult::Status::MissingValue, "-c"},
-                      OptionCase{{"-res 1"}, ParseResult::Status::UnknownOption, "-res 1"},
-                      OptionCase{{"-help", "-zz"}, ParseResult::Status::Help, ""}),
-    [](const auto& info) { return wftest::rowName(info.param.words); });
 
 TEST(Messages, SubstitutesArgumentsInOrder)
 {

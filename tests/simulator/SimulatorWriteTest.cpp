@@ -13,10 +13,8 @@ bool writable(const fs::path& p)
     return (fs::status(p).permissions() & fs::perms::owner_write) != fs::perms::none;
 }
 
-TEST_F(Scenario, CheckoutSwitches)
+TEST_F(World, CheckoutSwitches)
 {
-    fixture();
-    const std::string src = "base/vobs/main/src";
     play({
         {src, {"checkout", "-nc", "-out", "../copy.c", "a.c"}, 0, "Checked out \"a.c\" from version \"/main/1\".\n"},
         {src, {"lscheckout", "-short"}, 0, "a.c\n"},
@@ -44,9 +42,6 @@ TEST_F(Scenario, CheckoutSwitches)
          "cleartool: Error: Branch \"/main/dev\" not found on element \"a.c\".\n"
          "cleartool: Error: Unable to check out \"a.c\".\n"},
         {src, {"checkout", "-nc", "-nda", "a.c"}, 0, "Checked out \"a.c\" from version \"/main/2\".\n"},
-        {src, {"checkout", "-nc", "a.c"}, 1, "",
-         "cleartool: Error: Element \"a.c\" is already checked out to view \"base_v\".\n"
-         "cleartool: Error: Unable to check out \"a.c\".\n"},
         {src, {"checkout", "-nc", "../src/view.c"}, 1, "", "~Unable to access \"../src/view.c\""},
     });
     write(src + "/private.c", "p\n");
@@ -54,55 +49,51 @@ TEST_F(Scenario, CheckoutSwitches)
            "cleartool: Error: Not a vob object: \"private.c\".\ncleartool: Error: Unable to check out \"private.c\".\n"}});
 }
 
-TEST_F(Scenario, CheckinAndUncheckoutSwitches)
+TEST_F(World, CheckinAndUncheckoutSwitches)
 {
-    fixture();
-    const std::string src = "dev/vobs/main/src";
     play({
-        {src, {"mkactivity", "-nc", "-headline", "first", "act_a"}},
-        {src, {"checkout", "-nc", "a.c"}},
-        {src, {"checkout", "-nc", "."}},
-        {src, {"mkelem", "-nc", "b.c"}},
-        {src, {"mkactivity", "-nc", "act_b"}},
+        {devSrc, {"mkactivity", "-nc", "-headline", "first", "act_a"}},
+        {devSrc, {"checkout", "-nc", "a.c"}},
+        {devSrc, {"checkout", "-nc", "."}},
+        {devSrc, {"mkelem", "-nc", "b.c"}},
+        {devSrc, {"mkactivity", "-nc", "act_b"}},
     });
-    write(src + "/a.c", "a2\n");
-    write(src + "/b.c", "b1\n");
+    write(devSrc + "/a.c", "a2\n");
+    write(devSrc + "/b.c", "b1\n");
     play({
-        {src, {"checkin", "-nc", "-cact"}, 0, "", ""},
-        {src, {"checkin", "-nc", "-keep", "activity:act_a@/vobs/pvob"}, 0,
+        {devSrc, {"checkin", "-nc", "-cact"}, 0, "", ""},
+        {devSrc, {"checkin", "-nc", "-keep", "activity:act_a@/vobs/pvob"}, 0,
          "Private version of \"a.c\" saved in \"a.c.keep\".\nChecked in \"a.c\" version \"/main/2\".\n"
          "Checked in \".\" version \"/main/2\".\n"
          "Private version of \"b.c\" saved in \"b.c.keep\".\nChecked in \"b.c\" version \"/main/1\".\n"},
-        {src, {"describe", "activity:act_a@/vobs/pvob"}, 0,
+        {devSrc, {"describe", "activity:act_a@/vobs/pvob"}, 0,
          "~  change set versions:\n    /vobs/main/src/a.c@@/main/2\n    /vobs/main/src@@/main/2\n"
          "    /vobs/main/src/b.c@@/main/1\n"},
-        {src, {"checkin", "-nc", "activity:nope@/vobs/pvob"}, 1, "",
+        {devSrc, {"checkin", "-nc", "activity:nope@/vobs/pvob"}, 1, "",
          "cleartool: Error: activity not found: \"nope@/vobs/pvob\".\n"},
-        {src, {"checkout", "-nc", "a.c"}},
+        {devSrc, {"checkout", "-nc", "a.c"}},
     });
-    EXPECT_EQ(read(src + "/b.c.keep"), "b1\n");
-    write(src + "/a.c", "a3\n");
+    EXPECT_EQ(read(devSrc + "/b.c.keep"), "b1\n");
+    write(devSrc + "/a.c", "a3\n");
     play({
-        {src, {"uncheckout", "-keep", "-cact"}, 0,
+        {devSrc, {"uncheckout", "-keep", "-cact"}, 0,
          "Private version of \"a.c\" saved in \"a.c.keep.1\".\nCheckout cancelled for \"a.c\".\n"},
-        {src, {"checkout", "-nc", "a.c"}},
-        {src, {"uncheckout", "-rm", "activity:act_b@/vobs/pvob"}, 0, "Checkout cancelled for \"a.c\".\n"},
-        {src, {"lscheckout", "-short"}, 0, ""},
+        {devSrc, {"checkout", "-nc", "a.c"}},
+        {devSrc, {"uncheckout", "-rm", "activity:act_b@/vobs/pvob"}, 0, "Checkout cancelled for \"a.c\".\n"},
+        {devSrc, {"lscheckout", "-short"}, 0, ""},
     });
-    EXPECT_EQ(read(src + "/a.c.keep"), "a2\n");
-    EXPECT_EQ(read(src + "/a.c.keep.1"), "a3\n");
-    EXPECT_EQ(read(src + "/a.c"), "a2\n");
+    EXPECT_EQ(read(devSrc + "/a.c.keep"), "a2\n");
+    EXPECT_EQ(read(devSrc + "/a.c.keep.1"), "a3\n");
+    EXPECT_EQ(read(devSrc + "/a.c"), "a2\n");
     play({
-        {src, {"checkout", "-nc", "a.c"}},
-        {src, {"checkin", "-nc", "-ide", "-nwa", "-pti", "a.c"}, 0, "Checked in \"a.c\" version \"/main/3\".\n"},
-        {src, {"uncheckout", "-rm", "-cact"}, 0, ""},
+        {devSrc, {"checkout", "-nc", "a.c"}},
+        {devSrc, {"checkin", "-nc", "-ide", "-nwa", "-pti", "a.c"}, 0, "Checked in \"a.c\" version \"/main/3\".\n"},
+        {devSrc, {"uncheckout", "-rm", "-cact"}, 0, ""},
     });
 }
 
-TEST_F(Scenario, MakeElementSwitches)
+TEST_F(World, MakeElementSwitches)
 {
-    fixture();
-    const std::string src = "base/vobs/main/src";
     write(src + "/kept.c", "old data\n");
     write(src + "/img.bin", std::string("bin\0ary", 7));
     play({
@@ -128,10 +119,8 @@ TEST_F(Scenario, MakeElementSwitches)
     EXPECT_TRUE(fs::is_directory(root / src / "empty"));
 }
 
-TEST_F(Scenario, UpdateHandlesHijacksAndWritesItsLog)
+TEST_F(World, UpdateHandlesHijacksAndWritesItsLog)
 {
-    fixture();
-    const std::string src = "base/vobs/main/src";
     write(src + "/b.c", "b\n");
     write(src + "/c.c", "c\n");
     play({
@@ -190,9 +179,8 @@ TEST_F(Scenario, UpdateHandlesHijacksAndWritesItsLog)
     });
 }
 
-TEST_F(Scenario, LabelTypesAndLabels)
+TEST_F(World, LabelTypesAndLabels)
 {
-    fixture();
     const std::string main = "base/vobs/main";
     play({
         {main, {"mklbtype", "-glo", "-acq", "-nc", "GLOB"}, 0, "Created label type \"GLOB\".\n"},
@@ -220,10 +208,8 @@ TEST_F(Scenario, LabelTypesAndLabels)
     });
 }
 
-TEST_F(Scenario, LocksOnPathsAndSelectors)
+TEST_F(World, LocksOnPathsAndSelectors)
 {
-    fixture();
-    const std::string src = "base/vobs/main/src";
     play({
         {src, {"lock", "-nc", "brtype:main"}, 0, "Locked branch type \"main\".\n"},
         {src, {"lock", "-nc", "brtype:main"}, 1, "", "~Object is already locked."},
@@ -259,7 +245,6 @@ TEST_F(Scenario, LocksOnPathsAndSelectors)
         {"", {"mkattr", "-nc", "BuildNumber", "42", "lbtype:REL_42@/vobs/main"}, 1, "",
          "cleartool: Error: Lock on label type \"REL_42\" prevents operation \"make attribute\".\n"
          "cleartool: Error: Unable to create attribute \"BuildNumber\" on \"lbtype:REL_42@/vobs/main\".\n"},
-        {src, {"setactivity", "activity:nosuch@/vobs/pvob"}, 1, "", "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
         {"dev", {"setactivity", "activity:nosuch@/vobs/pvob"}, 1, "",
          "cleartool: Error: activity not found: \"nosuch@/vobs/pvob\".\n"},
         {"dev", {"checkin", "-nc", "activity:nosuch"}, 1, "", "cleartool: Error: activity not found: \"nosuch\".\n"},
@@ -271,10 +256,8 @@ TEST_F(Scenario, LocksOnPathsAndSelectors)
     });
 }
 
-TEST_F(Scenario, AttributeValuesPerType)
+TEST_F(World, AttributeValuesPerType)
 {
-    fixture();
-    const std::string src = "base/vobs/main/src";
     play({
         {src, {"mkattype", "-nc", "-vtype", "real", "-ge", "1.5", "-lt", "2.5", "Ratio"}},
         {src, {"mkattype", "-nc", "-vty", "opaque", "Blob"}},
@@ -318,49 +301,47 @@ TEST_F(Scenario, AttributeValuesPerType)
     });
 }
 
-TEST_F(Scenario, ActivitiesAndBaselines)
+TEST_F(World, ActivitiesAndBaselines)
 {
-    fixture();
-    const std::string src = "dev/vobs/main/src";
     play({
         {"", {"mkactivity", "-nc", "-in", "dev@/vobs/pvob", "-hea", "Outside", "ext@/vobs/pvob"}, 0,
          "Created activity \"ext\".\n"},
         {"", {"mkactivity", "-nc", "-in", "dev@/vobs/pvob"}, 0, "Created activity \"activity130312.102231\".\n"},
-        {src, {"mkactivity", "-nc", "-nse"}, 0, "Created activity \"activity130312.102231.1\".\n"},
-        {src, {"mkactivity", "-nc", "ext"}, 1, "",
+        {devSrc, {"mkactivity", "-nc", "-nse"}, 0, "Created activity \"activity130312.102231.1\".\n"},
+        {devSrc, {"mkactivity", "-nc", "ext"}, 1, "",
          "cleartool: Error: Name \"ext\" already exists.\ncleartool: Error: Unable to create activity \"ext\".\n"},
         {"base", {"mkactivity", "-nc", "x"}, 1, "", "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
         {"", {"setactivity", "-view", "dev_v", "ext@/vobs/pvob"}, 0, "Set activity \"ext\" in view \"dev_v\".\n"},
         {"", {"setactivity", "-view", "base_v", "ext@/vobs/pvob"}, 1, "",
          "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
         {"", {"setactivity", "-view", "dev_v", "-none"}, 0, "Cleared current activity from view \"dev_v\".\n"},
-        {src, {"setactivity", "-none", "ext"}, 1, "", "~Usage: setactivity"},
-        {src, {"setactivity"}, 1, "", "~Usage: setactivity"},
-        {src, {"setactivity", "ext"}},
-        {src, {"checkout", "-nc", "a.c"}},
+        {devSrc, {"setactivity", "-none", "ext"}, 1, "", "~Usage: setactivity"},
+        {devSrc, {"setactivity"}, 1, "", "~Usage: setactivity"},
+        {devSrc, {"setactivity", "ext"}},
+        {devSrc, {"checkout", "-nc", "a.c"}},
     });
-    write(src + "/a.c", "changed\n");
+    write(devSrc + "/a.c", "changed\n");
     play({
-        {src, {"checkin", "-nc", "a.c"}},
+        {devSrc, {"checkin", "-nc", "a.c"}},
         {"", {"mkbl", "-nc", "-view", "dev_v", "-act", "ext@/vobs/pvob", "-fu", "ACT"}, 0,
          "Created baseline \"ACT\" in component \"comp\".\nBegin fully labeling baseline \"ACT\".\n"
          "Done fully labeling baseline \"ACT\".\n"},
-        {src, {"mkbl", "-nc", "-all", "NL2"}, 0,
+        {devSrc, {"mkbl", "-nc", "-all", "NL2"}, 0,
          "Component \"comp\" is unchanged since its last baseline; no baseline created.\n"},
-        {src, {"mkbl", "-nc", "-all", "-ide", "-nla", "NL"}, 0, "Created baseline \"NL\" in component \"comp\".\n"},
-        {src, {"mkbl", "-nc", "-component", "comp@/vobs/pvob", "-ide", "-fu", "NL"}, 0,
+        {devSrc, {"mkbl", "-nc", "-all", "-ide", "-nla", "NL"}, 0, "Created baseline \"NL\" in component \"comp\".\n"},
+        {devSrc, {"mkbl", "-nc", "-component", "comp@/vobs/pvob", "-ide", "-fu", "NL"}, 0,
          "Created baseline \"NL.1\" in component \"comp\".\nBegin fully labeling baseline \"NL.1\".\n"
          "Done fully labeling baseline \"NL.1\".\n"},
-        {src, {"mkbl", "-nc", "-act", "-cact", "-nla", "BL3"}, 0, "~no baseline created"},
-        {src, {"mkbl", "-nc", "-all", "-identical"}, 0,
+        {devSrc, {"mkbl", "-nc", "-act", "-cact", "-nla", "BL3"}, 0, "~no baseline created"},
+        {devSrc, {"mkbl", "-nc", "-all", "-identical"}, 0,
          "Created baseline \"dev_130312.102231\" in component \"comp\".\n"
          "Begin incrementally labeling baseline \"dev_130312.102231\".\n"
          "Done incrementally labeling baseline \"dev_130312.102231\".\n"},
-        {src, {"mkbl", "-nc", "-fu", "-inc", "X"}, 1, "",
+        {devSrc, {"mkbl", "-nc", "-fu", "-inc", "X"}, 1, "",
          "~Options \"-incremental\" and \"-full\" are mutually exclusive."},
-        {src, {"mkbl", "-nc", "-component", "nope@/vobs/pvob", "X"}, 1, "",
+        {devSrc, {"mkbl", "-nc", "-component", "nope@/vobs/pvob", "X"}, 1, "",
          "cleartool: Error: component not found: \"nope@/vobs/pvob\".\n"},
-        {src, {"mkbl", "-nc", "A", "B"}, 1, "", "~Usage: mkbl"},
+        {devSrc, {"mkbl", "-nc", "A", "B"}, 1, "", "~Usage: mkbl"},
         {"", {"mkbl", "-nc", "-view", "base_v", "-all", "X"}, 1, "", "cleartool: Error: View \"base_v\" is not a UCM view.\n"},
         {"", {"mklbtype", "-nc", "lbtype:IMP@/vobs/main"}},
         {"", {"mkbl", "-nc", "-view", "dev_v", "-import", "lbtype:IMP@/vobs/main"}, 0,
@@ -368,11 +349,11 @@ TEST_F(Scenario, ActivitiesAndBaselines)
         {"", {"mkbl", "-nc", "-view", "dev_v", "-import", "lbtype:NONE@/vobs/main"}, 1, "",
          "cleartool: Error: Label type not found: \"NONE\".\n"},
         {"", {"mklbtype", "-nc", "lbtype:IMP2@/vobs/main"}},
-        {src, {"mkbl", "-nc", "-import", "comp@/vobs/pvob", "lbtype:IMP2@/vobs/main"}, 0,
+        {devSrc, {"mkbl", "-nc", "-import", "comp@/vobs/pvob", "lbtype:IMP2@/vobs/main"}, 0,
          "Created baseline \"IMP2\" in component \"comp\".\n"},
         {"", {"lsbl", "-short", "-stream", "dev@/vobs/pvob"}, 0, "ACT\nNL\nNL.1\ndev_130312.102231\nIMP\nIMP2\n"},
         {"", {"describe", "baseline:NL@/vobs/pvob"}, 0, "~  label status: Not Labeled\n"},
-        {src, {"describe", "a.c"}, 0,
+        {devSrc, {"describe", "a.c"}, 0,
          "version \"a.c@@/main/2\"\n  created 12-Mar-13.10:22:31 by " + creator() +
              "\n  element type: text_file\n  predecessor version: /main/1\n  Labels:\n    ACT\n    NL.1\n"},
     });
