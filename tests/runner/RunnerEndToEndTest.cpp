@@ -152,11 +152,6 @@ INSTANTIATE_TEST_SUITE_P(
                 variable("GREETING", "hello") + variable("TARGET", "all")},
         RunCase{"StoredOptionsApply", testRun("a", {{"Arguments", "%TestOptions().Greeting%"}}), {"--config-dir", "@DIR@/cfg"}, 0,
                 "Command Line: from the store\n", 1, "", "", "", {{"cfg/options.ini", "[Testing]\nGreeting=from the store\n"}}},
-        RunCase{"TimeoutHoldsAfterTheProgramClosesItsOutput",
-                testRun("slow", {{"Environment", "WF_FAKE_CLOSE_OUTPUT=1&#10;WF_FAKE_SLEEP_MS=5000"}}), {"--timeout", "1"}, 1,
-                "Command Line: \nAction Failed: the program was still running after 1 second and was stopped with "
-                "everything it started.\n",
-                1, "Action 1 (Test Run: slow) failed: timed out after 1 s"},
         RunCase{"ProjectTimeoutApplies", testRun("slow", {{"Environment", "WF_FAKE_SLEEP_MS=5000"}}), {}, 1,
                 "Command Line: \nAction Failed: the program was still running after 1 second and was stopped with "
                 "everything it started.\n",
