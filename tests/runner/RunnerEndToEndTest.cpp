@@ -141,9 +141,6 @@ INSTANTIATE_TEST_SUITE_P(
         RunCase{"CommandLineFailureStartsNothing", testRun("broken", {{"Mode", "tmFailCommandLine"}}), {}, 1,
                 "Error: The action was set to fail its command line.\n", 0,
                 "Action 1 (Test Run: broken) failed: the command line could not be built"},
-        RunCase{"DisabledActionsAreSkipped",
-                testRun("off", {{"Environment", "WF_FAKE_EXIT=3"}}, false) + testRun("on", {{"Arguments", "x"}}), {}, 0,
-                "Command Line: x\n", 1, ""},
         RunCase{"DryRunStartsNothing",
                 testRun("a", {{"Arguments", "x"}}) + testRun("b", {{"Environment", "WF_FAKE_EXIT=3"}}), {"--dry-run"}, 0,
                 "Command Line: x\nCommand Line: \n", 0, ""},
@@ -173,7 +170,6 @@ INSTANTIATE_TEST_SUITE_P(
                 4, "Clean-up: 2 actions run, 1 failed.", "", "", {},
                 testRun("undo", {{"Environment", "WF_FAKE_EXIT=5"}}) + testRun("off", {}, false)
                     + testRun("tell", {{"Arguments", "%FAILED_ACTION%|%FAILED_ACTION_NAME%|%FAILED_ACTION_DESCRIPTION%|%FAILURE%"}})},
-        RunCase{"NoCleanupAfterSuccess", testRun("fine"), {}, 0, "Command Line: \n", 1, "", "", "", {}, testRun("undo")},
         RunCase{"ContinueOnFailureLetsTheBuildGoOnAndStartsNoCleanup",
                 goingOn(testRun("lint", {{"Environment", "WF_FAKE_EXIT=3"}})) + testRun("build"), {}, 0,
                 "Command Line: \nAction Failed: the program ended with exit code 3.\nCommand Line: \n", 2,
