@@ -100,35 +100,9 @@ TEST_P(ActionRun, LeavesTheSimulatorInTheExpectedState)
 const std::string kMain = "vobs/main";
 const std::string kSrc = "vobs/main/src";
 
-// ---- Elements and views ----
+// ---- Elements and views; the labels, locks, baselines and activities are the examples' own ----
 
-INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
-    ActionCase{"UpdateLoadsNewVersions", "CC_UPDATE",
-        {{"ViewContextPath", "%VIEW%"}, {"HijackMode", "hmOverwrite"}},
-        {{"setup:" + kSrc, {"checkout", "-nc", "greet.c"}}, write("setup:" + kSrc + "/greet.c", "void greet(int) {}\n"),
-         {"setup:" + kSrc, {"checkin", "-c", "takes a number", "greet.c"}},
-         write(kSrc + "/main.c", "hijacked\n")},
-        {{kSrc, {"ls", "-short", "greet.c", "main.c"}, {"greet.c@@/main/2", "main.c@@/main/1"}, {"hijacked"}},
-         {kSrc + "/greet.c", {}, {"void greet(int) {}\n"}},
-         {kSrc + "/main.c", {}, {"int main(void)"}, {"hijacked"}}},
-        0, {"Command Line: update -force -overwrite", "Loading \"vobs/main/src/greet.c\" (19 bytes)."}},
-    ActionCase{"CheckOutReservedWithComment", "CC_CHECKOUT",
-        {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "src/main.c\r\n"}, {"Comment", "work on main"},
-         {"NoComment", "False"}},
-        {},
-        {{kSrc, {"lscheckout"}, {"checkout version \"main.c\" from /main/1 (reserved)", "\"work on main\""}}}},
-    ActionCase{"UndoCheckOutKeepsAPrivateCopy", "CC_UNCHECKOUT",
-        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\n"}, {"Keep", "True"}},
-        {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "half done\n")},
-        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
-         {kSrc + "/main.c.keep", {}, {"half done\n"}},
-         {kSrc + "/main.c", {}, {"int main(void)"}}}},
-    ActionCase{"FindCheckoutsFillsTheVariable", "CC_FINDCHECKOUTS",
-        {{"ViewContextPath", "%VIEW%/vobs/main/src"}, {"WriteToVariable", "True"}, {"VariableName", "CHECKOUTS"}},
-        {{kSrc, {"checkout", "-nc", "main.c"}}, {"setup:" + kSrc, {"checkout", "-nc", "greet.c"}}},
-        {},
-        0, {"Command Line: lscheckout -short"},
-        {{"CHECKOUTS", "", kSrc, {"lscheckout", "-short"}}}},
+INSTANTIATE_TEST_SUITE_P(Actions, ActionRun, ::testing::Values(
     ActionCase{"MakeElementCheckedIn", "CC_MKELEM",
         {{"PathNameStorageString", "util.c\r\n"}, {"Checkout", "ccCheckedIn"}, {"UseElementType", "True"},
          {"ElementType", "text_file"}, {"Comment", "Helpers"}, {"NoComment", "False"}},
@@ -151,36 +125,9 @@ INSTANTIATE_TEST_SUITE_P(Elements, ActionRun, ::testing::Values(
          {"setup:" + kSrc + "/main.c", {}, {}, {"int main"}}},
         0, {},
         {{"", "rel0.cs", "setup:", {"catcs"}}}},
-    ActionCase{"SetConfigSpecFromTheStream", "CC_SETCONFIGSPEC",
-        {{"ViewContextPath", "%VIEW%"}, {"CSpecChoice", "csStream"}},
-        {},
-        {{"", {"catcs"}, {"identity UCM.Stream oid:release_dev@/vobs/pvob", "load /vobs/main"}}},
-        0, {"Command Line: setcs -stream"}},
-    ActionCase{"GenericCommandPassesItsArgumentsAsTyped", "CC_GENERIC",
-        {{"ViewContextPath", "%VIEW%/vobs/main"}, {"Command", "mkbrtype"}, {"Arguments", "-c \"Maintenance of main\" maint"}},
-        {},
-        {{kMain, {"describe", "brtype:maint@/vobs/main"}, {"branch type \"maint\"", "\"Maintenance of main\""}}},
-        0, {"Command Line: mkbrtype -c \"Maintenance of main\" maint"}}
-), wftest::byName);
 
-// ---- Labels, attributes and locks ----
+    // ---- Attribute types and values ----
 
-const Before kMakeRel1{kMain, {"mklbtype", "-nc", "REL_1"}};
-const Before kMakeBuildNumber{kMain, {"mkattype", "-nc", "-vtype", "integer", "BuildNumber"}};
-
-INSTANTIATE_TEST_SUITE_P(Labels, ActionRun, ::testing::Values(
-    ActionCase{"MakeLabelType", "CC_MKLBTYPE",
-        {{"LabelTypeName", "REL_%BUILD%"}, {"VOBSelector", "/vobs/main"}, {"Comment", "First release"}, {"NoComment", "False"}},
-        {},
-        {{kMain, {"lstype", "-short", "-kind", "lbtype", "-invob", "/vobs/main"}, {"REL_7\n"}},
-         {kMain, {"describe", "lbtype:REL_7@/vobs/main"}, {"\"First release\"", "scope: this VOB (ordinary type)"}}},
-        0, {"Command Line: mklbtype -ordinary -c \"First release\" lbtype:REL_7@/vobs/main"}},
-    ActionCase{"ApplyLabelToOneFile", "CC_LABEL",
-        {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "src/main.c\r\n"}, {"LabelTypeName", "REL_1"}},
-        {kMakeRel1},
-        {{kSrc, {"describe", "main.c"}, {"  Labels:\n    REL_1\n"}},
-         {kSrc, {"describe", "greet.c"}, {}, {"REL_1"}}},
-        0, {"Command Line: mklabel -nc lbtype:REL_1 \"src/main.c\"", "Created label \"REL_1\" on \"src/main.c\" version \"/main/1\"."}},
     ActionCase{"MakeIntegerAttributeTypeWithBounds", "CC_MKATTRTYPE",
         {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"NewAttributeType", "atInteger"},
          {"UseMax", "True"}, {"MaxValue", "0"}, {"UseMin", "True"}, {"MinValue", "1000"}, {"MinInclusive", "True"},
@@ -200,83 +147,24 @@ INSTANTIATE_TEST_SUITE_P(Labels, ActionRun, ::testing::Values(
          {kSrc, {"mkattr", "-nc", "-default", "Status", "greet.c"}, {"can only be applied to elements"}, {}, 1},
          {kSrc, {"describe", "main.c@@"}, {"Status = \"untested\""}}},
         0, {}, {}, kMain},
-    ActionCase{"ApplyIntegerAttributeToPaths", "CC_APPLYATTR",
-        {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"AttributeValue", "%BUILD%"},
-         {"PathNameStorageString", "/vobs/main/src/main.c\r\n/vobs/main/Makefile\r\n"}},
-        {kMakeBuildNumber},
-        {{kSrc, {"describe", "main.c"}, {"  Attributes:\n    BuildNumber = 7\n"}},
-         {kMain, {"describe", "Makefile"}, {"BuildNumber = 7\n"}},
-         {kSrc, {"describe", "greet.c"}, {}, {"BuildNumber"}}},
-        0, {"Command Line: mkattr -pname -nc BuildNumber@/vobs/main 7 \"/vobs/main/src/main.c\" \"/vobs/main/Makefile\""}},
     ActionCase{"ApplyStringAttributeReplacingOne", "CC_APPLYATTR",
         {{"AttributeName", "Status"}, {"AttributeValue", "\"\\\"tested on %BUILD%\\\"\""}, {"Replace", "True"},
          {"PathNameStorageString", "main.c\r\n"}},
         {{kMain, {"mkattype", "-nc", "Status"}}, {kSrc, {"mkattr", "-nc", "Status", "\"untested\"", "main.c"}}},
         {{kSrc, {"describe", "main.c"}, {"Status = \"tested on 7\"\n"}, {"untested"}}},
         0, {}, {}, kSrc},
-    ActionCase{"ApplyAttributeToObjects", "CC_APPLYATTR_OBJ",
-        {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"AttributeValue", "12"},
-         {"ObjectsStorageString", "lbtype:REL_1@/vobs/main\r\n/vobs/main/src/greet.c@@/main/1\r\n"}},
-        {kMakeRel1, kMakeBuildNumber},
-        {{kMain, {"describe", "lbtype:REL_1@/vobs/main"}, {"BuildNumber = 12"}},
-         {kSrc, {"describe", "greet.c"}, {"BuildNumber = 12"}}},
-        0, {"Command Line: mkattr -nc BuildNumber@/vobs/main 12 lbtype:REL_1@/vobs/main /vobs/main/src/greet.c@@/main/1"}},
-    ActionCase{"LockPathExemptingOneUser", "CC_LOCK",
-        {{"ViewContextPath", "%VIEW%"}, {"PathNameStorageString", "vobs/main/src/main.c\r\n"}, {"UseNUsers", "True"},
-         {"NUsersList", "alice"}, {"Comment", "Release freeze"}, {"NoComment", "False"}},
-        {},
-        {{kSrc, {"describe", "main.c@@"}, {"file element \"main.c@@\" (locked)"}},
-         {kSrc, {"checkout", "-nc", "main.c"}, {"cleartool: Error: Lock on"}, {}, 1, "carol"},
-         {kSrc, {"checkout", "-nc", "main.c"}, {"Checked out \"main.c\""}, {}, 0, "alice"}},
-        0, {"Command Line: lock -nusers alice -c \"Release freeze\" -pname \"vobs/main/src/main.c\""}}
-), wftest::byName);
 
-// ---- UCM ----
+    // ---- What a user meets when things go wrong: cleartool's own words in the log, exit status 1.
+    // Every refusal takes the same way through the action; the simulator's tables hold its words. ----
 
-INSTANTIATE_TEST_SUITE_P(Ucm, ActionRun, ::testing::Values(
-    ActionCase{"SetCurrentActivity", "UCM_SETACTIVITY",
-        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "other"}, {"VOBSelector", "/vobs/pvob"}},
-        {{"", {"mkactivity", "-nc", "-nset", "-headline", "Other work", "other"}}},
-        {{kSrc, {"checkout", "-nc", "main.c"}, {"activity:other@/vobs/pvob  \"Other work\""}}},
-        0, {"Set activity \"other\" in view \"release_dev\"."}},
-    ActionCase{"UndoTheActivitysCheckouts", "UCM_UNCHECKOUT",
-        {{"ViewContextPath", "%VIEW%"}, {"Keep", "True"}},
-        {{kSrc, {"checkout", "-nc", "main.c"}}, write(kSrc + "/main.c", "abandoned\n")},
-        {{kSrc, {"lscheckout", "-short"}, {}, {"main.c"}},
-         {kSrc + "/main.c.keep", {}, {"abandoned"}}},
-        0, {"Command Line: uncheckout -keep -cact"}},
-    ActionCase{"MakeFullBaselineOfAComponent", "UCM_MAKEBL",
-        {{"ViewContextPath", "%VIEW%"}, {"BaselineRootName", "BL_FULL"}, {"SelectionType", "slComponents"},
-         {"ComponentSelectorStorageString", "main_comp@/vobs/pvob\r\n"}, {"SelectIdenticalComponents", "True"},
-         {"Labelling", "lbAll"}},
-        {},
-        {{"", {"lsbl", "-short", "-component", "main_comp@/vobs/pvob"}, {"BL_FULL\n"}},
-         {kSrc, {"describe", "greet.c"}, {"    BL_FULL\n"}}},
-        0, {"Command Line: mkbl -nc -component main_comp@/vobs/pvob -identical -full BL_FULL"}}
-), wftest::byName);
-
-// ---- What a user meets when things go wrong: cleartool's own words in the log, exit status 1.
-// Every refusal takes the same way through the action; the simulator's tables hold its words. ----
-
-INSTANTIATE_TEST_SUITE_P(Failures, ActionRun, ::testing::Values(
     ActionCase{"CheckOutAViewPrivateFile", "CC_CHECKOUT",
         {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "notes.txt\r\n"}},
         {write(kMain + "/notes.txt", "mine\n")},
         {{kMain, {"lscheckout", "-short"}, {}, {"notes.txt"}}},
         1, {"cleartool: Error: Not a vob object: \"notes.txt\".", "cleartool: Error: Unable to check out \"notes.txt\"."}},
-    ActionCase{"UpdateAFolderThatIsNotAView", "CC_UPDATE",
-        {{"ViewContextPath", "%DIR%/config"}},
-        {},
-        {},
-        1, {"cleartool: Error: Unable to find a valid snapshot view path in \"%DIR%/config\"."}},
-    ActionCase{"SetAnActivityThatDoesNotExist", "UCM_SETACTIVITY",
-        {{"ViewContextPath", "%VIEW%"}, {"ActivityName", "nosuch"}, {"VOBSelector", "/vobs/pvob"}},
-        {},
-        {{kSrc, {"checkout", "-nc", "main.c"}, {"activity:prepare_release@/vobs/pvob"}}},
-        1, {"cleartool: Error: activity not found: \"nosuch@/vobs/pvob\"."}},
     ActionCase{"LabelNothing", "CC_LABEL",
         {{"ViewContextPath", "%VIEW%"}, {"LabelTypeName", "REL_1"}},
-        {kMakeRel1},
+        {{kMain, {"mklbtype", "-nc", "REL_1"}}},
         {},
         1, {"Action Failed: No pathnames specified to act on."}}
 ), wftest::byName);

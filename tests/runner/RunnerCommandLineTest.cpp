@@ -15,26 +15,18 @@ std::string describe(const TRunnerArguments& a)
     if (a.command == TRunnerCommand::Version)
         text = "version";
     const auto add = [&](const std::string& field) { text += " " + field; };
-    if (!a.project.empty())
-        add("project=" + a.project);
-    if (!a.configDir.empty())
-        add("config=" + a.configDir);
+    for (const auto& [field, value] : {std::pair<std::string, std::string>{"project=", a.project}, {"config=", a.configDir},
+                                       {"log=", a.logFile}, {"junit=", a.junitFile}, {"output=", a.outputFile}}) {
+        if (!value.empty())
+            add(field + value);
+    }
     for (const auto& [name, value] : a.variables)
         add("set:" + name + "=" + value);
-    if (!a.logFile.empty())
-        add("log=" + a.logFile);
-    if (!a.junitFile.empty())
-        add("junit=" + a.junitFile);
-    if (!a.outputFile.empty())
-        add("output=" + a.outputFile);
-    if (a.dryRun)
-        add("dry-run");
-    if (a.printVariables)
-        add("print-variables");
-    if (a.noDefaultPlugins)
-        add("no-default-plugins");
-    if (a.dropUnknown)
-        add("drop-unknown");
+    for (const auto& [flag, on] : {std::pair{"dry-run", a.dryRun}, {"print-variables", a.printVariables},
+                                   {"no-default-plugins", a.noDefaultPlugins}, {"drop-unknown", a.dropUnknown}}) {
+        if (on)
+            add(flag);
+    }
     if (a.timeoutSeconds)
         add("timeout=" + std::to_string(*a.timeoutSeconds));
     if (a.cleanupTimeoutSeconds)
@@ -69,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{{"run", "p.wfp"}, "run project=p.wfp"},
         ParseCase{{"run", "--dry-run", "p.wfp", "--set", "A=1", "--set=B=x=y", "--log", "l", "--junit=j.xml",
                    "--print-variables", "--timeout", "0", "--plugin", "a.so", "--plugin=b.so", "--config-dir", "c"},
-                  "run project=p.wfp config=c set:A=1 set:B=x=y log=l junit=j.xml dry-run print-variables timeout=0 "
+                  "run project=p.wfp config=c log=l junit=j.xml set:A=1 set:B=x=y dry-run print-variables timeout=0 "
                   "plugin=a.so plugin=b.so"},
         ParseCase{{"run", "--", "-odd.wfp"}, "run project=-odd.wfp"},
         ParseCase{{"run", "p.wfp", "-"}, "error: unexpected argument \"-\""},

@@ -9,8 +9,8 @@
 #include <csignal>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <regex>
-#include <tuple>
 
 namespace {
 
@@ -141,9 +141,6 @@ INSTANTIATE_TEST_SUITE_P(
         RunCase{"CommandLineFailureStartsNothing", testRun("broken", {{"Mode", "tmFailCommandLine"}}), {}, 1,
                 "Error: The action was set to fail its command line.\n", 0,
                 "Action 1 (Test Run: broken) failed: the command line could not be built"},
-        RunCase{"DisabledActionsAreSkipped",
-                testRun("off", {{"Environment", "WF_FAKE_EXIT=3"}}, false) + testRun("on", {{"Arguments", "x"}}), {}, 0,
-                "Command Line: x\n", 1, ""},
         RunCase{"DryRunStartsNothing",
                 testRun("a", {{"Arguments", "x"}}) + testRun("b", {{"Environment", "WF_FAKE_EXIT=3"}}), {"--dry-run"}, 0,
                 "Command Line: x\nCommand Line: \n", 0, ""},
@@ -152,14 +149,6 @@ INSTANTIATE_TEST_SUITE_P(
                 variable("GREETING", "hello") + variable("TARGET", "all")},
         RunCase{"StoredOptionsApply", testRun("a", {{"Arguments", "%TestOptions().Greeting%"}}), {"--config-dir", "@DIR@/cfg"}, 0,
                 "Command Line: from the store\n", 1, "", "", "", {{"cfg/options.ini", "[Testing]\nGreeting=from the store\n"}}},
-        RunCase{"UndefinedVariableFailsTheAction", testRun("a", {{"Arguments", "%NOPE%"}}), {}, 1,
-                "Error: Could not expand Arguments \"%NOPE%\": \"NOPE\" is neither a build variable nor an environment variable.\n", 0,
-                "Action 1 (Test Run: a) failed: the command line could not be built"},
-        RunCase{"TimeoutHoldsAfterTheProgramClosesItsOutput",
-                testRun("slow", {{"Environment", "WF_FAKE_CLOSE_OUTPUT=1&#10;WF_FAKE_SLEEP_MS=5000"}}), {"--timeout", "1"}, 1,
-                "Command Line: \nAction Failed: the program was still running after 1 second and was stopped with "
-                "everything it started.\n",
-                1, "Action 1 (Test Run: slow) failed: timed out after 1 s"},
         RunCase{"ProjectTimeoutApplies", testRun("slow", {{"Environment", "WF_FAKE_SLEEP_MS=5000"}}), {}, 1,
                 "Command Line: \nAction Failed: the program was still running after 1 second and was stopped with "
                 "everything it started.\n",
@@ -168,11 +157,6 @@ INSTANTIATE_TEST_SUITE_P(
                 "Command Line: \nError: The program \"@DIR@/missing\" could not be started.\nError: Could not start "
                 "\"@DIR@/missing\": No such file or directory.\n",
                 0, "Action 1 (Test Run: gone) failed: Could not start \"@DIR@/missing\": No such file or directory"},
-        RunCase{"OutputInChunksKeepsWholeLines",
-                testRun("chunks", {{"Environment", "WF_FAKE_OUTPUT=@DIR@/out.txt&#10;WF_FAKE_CHUNKS=5&#10;"
-                                                   "WF_FAKE_CHUNK_DELAY_MS=20"}}),
-                {}, 0, "Command Line: \nfirst line\nsecond line is longer\nthird\n", 1, "", "", "",
-                {{"out.txt", "first line\nsecond line is longer\nthird"}}},
         RunCase{"SetVariableFeedsLaterActions",
                 action("TEST_SETVAR", "v", {{"Name", "WHO"}, {"Value", "%TestOptions().Greeting%, %USER_NAME%"}})
                     + testRun("use", {{"Arguments", "%WHO%"}}),
@@ -186,7 +170,6 @@ INSTANTIATE_TEST_SUITE_P(
                 4, "Clean-up: 2 actions run, 1 failed.", "", "", {},
                 testRun("undo", {{"Environment", "WF_FAKE_EXIT=5"}}) + testRun("off", {}, false)
                     + testRun("tell", {{"Arguments", "%FAILED_ACTION%|%FAILED_ACTION_NAME%|%FAILED_ACTION_DESCRIPTION%|%FAILURE%"}})},
-        RunCase{"NoCleanupAfterSuccess", testRun("fine"), {}, 0, "Command Line: \n", 1, "", "", "", {}, testRun("undo")},
         RunCase{"ContinueOnFailureLetsTheBuildGoOnAndStartsNoCleanup",
                 goingOn(testRun("lint", {{"Environment", "WF_FAKE_EXIT=3"}})) + testRun("build"), {}, 0,
                 "Command Line: \nAction Failed: the program ended with exit code 3.\nCommand Line: \n", 2,
@@ -475,52 +458,11 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(LostOutputCase{"SIGPIPE", true, 0, "wfbuild: standard output could not be written"},
                       LostOutputCase{"SIGXFSZ", false, 16 * 1024, ""}), wftest::byName);
 
-// ---- A project with errors: each named with line and column, nothing runs, the file stays.
-// The reader's other refusals are in the project tests and the reliability tables. ----
+// ---- Commands as a user types them: status, what they print and the files they leave. A project
+// with errors is named with line and column and stays as it was; the reader's other refusals
+// are in the project tests and the reliability tables ----
 
-TEST_F(Wfbuild, UnresolvedEntitiesAreRefusedWithTheirPlacesAndTheFileStays)
-{
-    const std::string text = wftest::replaceAll(projectXml(testRun("&desc;", {{"Arguments", "a &arg; b"}})), "<wfproject",
-                                                "<!DOCTYPE wfproject SYSTEM \"wf.dtd\">\n<wfproject");
-    const std::string project = writeProject(text);
-    const std::string unresolved = " is not resolved (it would read as empty text); write its text instead\n";
-    const std::string expectedErr = project + ":7:42: error: the entity reference &desc;" + unresolved + project
-        + ":8:36: error: the entity reference &arg;" + unresolved + "wfbuild: the project \"" + project
-        + "\" could not be read; nothing was done.\n";
-    for (const std::string command : {"run", "validate"}) {
-        const ProgramRun run = wfbuild({command, project});
-        EXPECT_EQ(run.status, 2) << command;
-        EXPECT_EQ(run.err, expectedErr) << command;
-    }
-    EXPECT_EQ(wfbuild({"resave", project}).status, 2);
-    EXPECT_EQ(programStarts(), 0u);
-    EXPECT_EQ(wftest::readFile(project), text);
-}
-
-TEST_F(Wfbuild, WhatResaveWouldDropIsAWarningForRunAndResaveKeepsTheFileUnlessTold)
-{
-    const std::string text = projectXml("    <!-- keep the nightly settings -->\n" + testRun("x", {{"Colour", "blue"}}));
-    const std::string project = writeProject(text);
-    const std::string warning = project + ":8:30: warning: action TEST_RUN does not persist a property \"Colour\"; ignored\n";
-
-    const ProgramRun run = wfbuild({"run", project});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.err, warning) << "a comment is no loss to a run";
-
-    const ProgramRun refused = wfbuild({"resave", project});
-    EXPECT_EQ(refused.status, 2);
-    EXPECT_EQ(refused.err, warning + project + ":6:38: warning: the XML comment <!-- keep the nightly settings --> is "
-                                               "not kept on saving\nwfbuild: resaving would lose what the warnings above "
-                                               "name; nothing was written (--drop-unknown accepts the loss).\n");
-    EXPECT_EQ(wftest::readFile(project), text);
-
-    const ProgramRun accepted = wfbuild({"resave", project, "--drop-unknown"});
-    EXPECT_EQ(accepted.status, 0);
-    EXPECT_EQ(wftest::readFile(project).find("Colour"), std::string::npos);
-    EXPECT_EQ(wftest::readFile(project).find("<!--"), std::string::npos);
-}
-
-// ---- resave ----
+const std::string kProject = "@DIR@/project.wfp";
 
 const std::string kCanonical =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
@@ -545,64 +487,222 @@ const std::string kCanonical =
     "  </actions>\n"
     "</wfproject>\n";
 
-TEST_F(Wfbuild, ResaveWritesCanonicalFormToOutputAndLeavesTheSourceAndCanonicalIsAFixedPoint)
+/// kCanonical with properties out of order, Booleans in any case and defaults omitted.
+const std::string kLoose =
+    "<wfproject version=\"1\" timeout=\"30\"><variables>"
+    "<variable name=\"NAME\" value=\"Zo\xC3\xAB &amp; &lt;co>\"/><variable name=\"COUNT\" type=\"integer\" value=\"7\"/>"
+    "</variables><actions>"
+    "<action type=\"TEST_RUN\" description=\"\xE6\x97\xA5\xE6\x9C\xAC \xE2\x80\x94 nightly\">"
+    "<property name=\"OutputVariable\">&lt;&amp;>\"'</property><property name=\"LogCommandLine\">fALSE</property>"
+    "<property name=\"Mode\">tmFailCommandLine</property><property name=\"Program\">/bin/true</property>"
+    "<property name=\"Arguments\">a&#13;&#10;b&#13;c&#10;  d</property></action>"
+    "<action type=\"TEST_SETVAR\" enabled=\"false\"><property name=\"Value\">tab\there</property>"
+    "<property name=\"Name\">X</property></action></actions></wfproject>";
+
+/// Entity references the reader cannot resolve, and what every command that reads it says.
+const std::string kEntities = wftest::replaceAll(projectXml(testRun("&desc;", {{"Arguments", "a &arg; b"}})), "<wfproject",
+                                                 "<!DOCTYPE wfproject SYSTEM \"wf.dtd\">\n<wfproject");
+const std::string kEntitiesRefused =
+    kProject + ":7:42: error: the entity reference &desc; is not resolved (it would read as empty text); write its text "
+    "instead\n" + kProject + ":8:36: error: the entity reference &arg; is not resolved (it would read as empty text); write "
+    "its text instead\nwfbuild: the project \"" + kProject + "\" could not be read; nothing was done.\n";
+
+/// What resaving would drop, and the warnings naming it.
+const std::string kLossy =
+    projectXml("    <!-- keep the nightly settings -->\n" + testRun("x", {{"Colour", "blue"}, {"Program", "/bin/true"}}));
+const std::string kColourWarning =
+    kProject + ":8:30: warning: action TEST_RUN does not persist a property \"Colour\"; ignored\n";
+
+const std::string kDefaults = "Testing.Greeting=hello\nTesting.Verbose=False\nTesting.Level=lvLow\n";
+
+struct CommandCase {
+    std::string name;
+    /// Run without the test package, as a user's first try is.
+    bool bare = false;
+    /// Files written first, then links (name, target) made, then files made read-only; @DIR@ is
+    /// the test's folder, here and in every text below.
+    std::map<std::string, std::string> files = {};
+    std::map<std::string, std::string> links = {};
+    std::vector<std::string> readOnly = {};
+    std::vector<std::string> arguments = {};
+    int status = 0;
+    /// Standard output whole, or with a leading '*' how it starts.
+    std::string out = {};
+    std::string err = {};
+    /// Files afterwards (nullopt: absent); every other file written first is as it was, and no program started.
+    std::map<std::string, std::optional<std::string>> after = {};
+};
+WF_ROW_PRINTER(CommandCase)
+
+class WfbuildCommand : public Wfbuild, public ::testing::WithParamInterface<CommandCase> {};
+
+TEST_P(WfbuildCommand, StatusOutputAndFiles)
 {
-    // Properties out of order, Booleans in any case, defaults omitted.
-    const std::string loose =
-        "<wfproject version=\"1\" timeout=\"30\"><variables>"
-        "<variable name=\"NAME\" value=\"Zo\xC3\xAB &amp; &lt;co>\"/><variable name=\"COUNT\" type=\"integer\" value=\"7\"/>"
-        "</variables><actions>"
-        "<action type=\"TEST_RUN\" description=\"\xE6\x97\xA5\xE6\x9C\xAC \xE2\x80\x94 nightly\">"
-        "<property name=\"OutputVariable\">&lt;&amp;>\"'</property><property name=\"LogCommandLine\">fALSE</property>"
-        "<property name=\"Mode\">tmFailCommandLine</property><property name=\"Program\">/bin/true</property>"
-        "<property name=\"Arguments\">a&#13;&#10;b&#13;c&#10;  d</property></action>"
-        "<action type=\"TEST_SETVAR\" enabled=\"false\"><property name=\"Value\">tab\there</property>"
-        "<property name=\"Name\">X</property></action></actions></wfproject>";
-    const std::string source = dir.write("loose.wfp", loose);
-    const std::string target = dir.file("out.wfp");
-    const ProgramRun run = wfbuild({"resave", source, "--output", target});
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(wftest::readFile(target), kCanonical);
-    EXPECT_EQ(wftest::readFile(source), loose);
+    const CommandCase& c = GetParam();
+    namespace fs = std::filesystem;
+    for (const auto& [name, bytes] : c.files)
+        writeProject(bytes, name);
+    for (const auto& [link, target] : c.links) {
+        fs::create_directories(fs::path(dir.file(link)).parent_path());
+        fs::create_symlink(expand(target), dir.file(link));
+    }
+    for (const auto& name : c.readOnly)
+        fs::permissions(dir.file(name), fs::perms::owner_write | fs::perms::group_write, fs::perm_options::remove);
+    ProgramRequest request;
+    request.program = WFBUILD_PATH;
+    for (const auto& argument : c.arguments)
+        request.arguments.push_back(expand(argument));
+    const ProgramRun run = c.bare ? wftest::runProgram(request) : wfbuild(request.arguments);
 
-    const ProgramRun again = wfbuild({"resave", target});
-    EXPECT_EQ(again.status, 0) << again.err;
-    EXPECT_EQ(again.out, "Wrote " + target + "\n");
-    EXPECT_EQ(wftest::readFile(target), kCanonical);
-}
-
-TEST_F(Wfbuild, ResaveThatCannotWriteLeavesNoTrace)
-{
-    const std::string project = dir.write("canonical.wfp", kCanonical);
-    const ProgramRun run = wfbuild({"resave", project, "--output", dir.file("missing/folder/out.wfp")});
-    EXPECT_EQ(run.status, 2);
-    EXPECT_NE(run.err.find("missing/folder/out.wfp"), std::string::npos) << run.err;
-    EXPECT_FALSE(std::filesystem::exists(dir.file("missing")));
-}
-
-// ---- validate, actions, options ----
-
-TEST_F(Wfbuild, ValidateReportsEveryInvalidEnabledAction)
-{
-    const std::string project = writeProject(projectXml(
-        testRun("good") + testRun("bad", {{"Mode", "tmFailValidation"}, {"Program", ""}})
-        + testRun("off", {{"Mode", "tmFailValidation"}}, false) + action("TEST_SETVAR", "")
-        + testRun("unprepared", {{"Mode", "tmFailCommandLine"}})));
-    const ProgramRun run = wfbuild({"validate", project});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.out, "Action 2 (Test Run: bad): Program: No program has been given.\n"
-                       "Action 2 (Test Run: bad): Test Options: The action was set to fail validation.\n"
-                       "Action 4 (Test Set Variable): Variable: No variable name has been given.\n"
-                       "Action 5 (Test Run: unprepared): Command line: the command line could not be built\n"
-                       "Action 5 (Test Run: unprepared): Command line: Error: The action was set to fail its command line.\n"
-                       + project + ": 3 of 4 enabled actions are not valid.\n");
+    EXPECT_EQ(run.status, c.status) << run.err;
+    if (c.out.rfind('*', 0) == 0) {
+        EXPECT_EQ(run.out.rfind(c.out.substr(1), 0), 0u) << run.out;
+    } else {
+        EXPECT_EQ(run.out, expand(c.out));
+    }
+    EXPECT_EQ(run.err, expand(c.err));
+    std::map<std::string, std::optional<std::string>> files(c.files.begin(), c.files.end());
+    for (const auto& [name, bytes] : c.after)
+        files[name] = bytes;
+    for (const auto& [name, bytes] : files) {
+        EXPECT_EQ(fs::exists(dir.file(name)), bytes.has_value()) << name;
+        if (bytes) {
+            EXPECT_EQ(wftest::readFile(dir.file(name)), expand(*bytes)) << name;
+        }
+    }
+    for (const auto& [link, target] : c.links)
+        EXPECT_TRUE(fs::is_symlink(dir.file(link))) << link << " was replaced by a file";
     EXPECT_EQ(programStarts(), 0u);
-
-    const std::string fine = writeProject(projectXml(testRun("good")), "fine.wfp");
-    const ProgramRun ok = wfbuild({"validate", fine});
-    EXPECT_EQ(ok.status, 0);
-    EXPECT_EQ(ok.out, fine + ": all 1 enabled actions are valid.\n");
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, WfbuildCommand,
+    ::testing::Values(
+        CommandCase{.name = "NoCommand", .bare = true, .status = 2, .err = "wfbuild: no command given\nTry 'wfbuild --help'.\n"},
+        CommandCase{.name = "UnknownCommand", .bare = true, .arguments = {"build"}, .status = 2,
+                    .err = "wfbuild: unknown command \"build\"\nTry 'wfbuild --help'.\n"},
+        CommandCase{.name = "UnknownOption", .bare = true, .arguments = {"run", "p.wfp", "--fast"}, .status = 2,
+                    .err = "wfbuild: unknown option \"--fast\" for \"run\"\nTry 'wfbuild help run'.\n"},
+        CommandCase{.name = "PluginWithAMissingSymbol", .bare = true, .arguments = {"actions", "--plugin", WF_RUNNER_BROKEN_PLUGIN},
+                    .status = 2,
+                    .err = "wfbuild: cannot load " WF_RUNNER_BROKEN_PLUGIN ": Cannot load library " WF_RUNNER_BROKEN_PLUGIN
+                           ": (" WF_RUNNER_BROKEN_PLUGIN ": undefined symbol: _Z25functionNoRuntimeProvidesv)\n"},
+        CommandCase{.name = "MissingPlugin", .bare = true, .arguments = {"actions", "--plugin", "@DIR@/none.so"}, .status = 2,
+                    .err = "wfbuild: cannot load @DIR@/none.so: no such file\n"},
+        CommandCase{.name = "PluginDescriptionWithControlCharacters", .bare = true,
+                    .arguments = {"plugins", "--no-default-plugins", "--plugin", WF_FAULTY_PLUGIN_PATH},
+                    .out = WF_FAULTY_PLUGIN_PATH "\tFaulty\\tpackage\\nsecond line \\x1b[31mred\\\\\n"},
+        CommandCase{.name = "Help", .bare = true, .arguments = {"--help"}, .out = "*Usage: wfbuild COMMAND [OPTIONS]\n"},
+        CommandCase{.name = "HelpOfCommand", .bare = true, .arguments = {"help", "run"}, .out = "*Usage: wfbuild run PROJECT.wfp"},
+        CommandCase{.name = "HelpOfNothing", .bare = true, .arguments = {"help", "fly"}, .status = 2,
+                    .err = "wfbuild: no help on \"fly\": it is not a command\nTry 'wfbuild --help'.\n"},
+        CommandCase{.name = "Version", .bare = true, .arguments = {"--version"}, .out = "wfbuild " WF_VERSION "\n"},
+        CommandCase{.name = "ValidateReportsEveryInvalidEnabledAction",
+                    .files = {{"project.wfp", projectXml(testRun("good") + testRun("bad", {{"Mode", "tmFailValidation"}, {"Program", ""}})
+                                                         + testRun("off", {{"Mode", "tmFailValidation"}}, false)
+                                                         + action("TEST_SETVAR", "") + testRun("unprepared", {{"Mode", "tmFailCommandLine"}}))}},
+                    .arguments = {"validate", kProject}, .status = 1,
+                    .out = "Action 2 (Test Run: bad): Program: No program has been given.\n"
+                           "Action 2 (Test Run: bad): Test Options: The action was set to fail validation.\n"
+                           "Action 4 (Test Set Variable): Variable: No variable name has been given.\n"
+                           "Action 5 (Test Run: unprepared): Command line: the command line could not be built\n"
+                           "Action 5 (Test Run: unprepared): Command line: Error: The action was set to fail its command line.\n"
+                           + kProject + ": 3 of 4 enabled actions are not valid.\n"},
+        CommandCase{.name = "ValidateOfAValidProject", .files = {{"project.wfp", projectXml(testRun("good"))}},
+                    .arguments = {"validate", kProject}, .out = kProject + ": all 1 enabled actions are valid.\n"},
+        CommandCase{.name = "RunRefusesUnresolvedEntities", .files = {{"project.wfp", kEntities}}, .arguments = {"run", kProject},
+                    .status = 2, .err = kEntitiesRefused},
+        CommandCase{.name = "ValidateRefusesUnresolvedEntities", .files = {{"project.wfp", kEntities}},
+                    .arguments = {"validate", kProject}, .status = 2, .err = kEntitiesRefused},
+        CommandCase{.name = "ResaveRefusesUnresolvedEntities", .files = {{"project.wfp", kEntities}},
+                    .arguments = {"resave", kProject}, .status = 2, .err = kEntitiesRefused},
+        CommandCase{.name = "WhatResaveWouldDropIsAWarningForRun", .files = {{"project.wfp", kLossy}},
+                    .arguments = {"run", kProject}, .out = "[1/1] Test Run: x\nCommand Line: \nBuild succeeded: 1 action run.\n",
+                    .err = kColourWarning},
+        CommandCase{.name = "ResaveKeepsAFileItWouldLoseSomethingOf", .files = {{"project.wfp", kLossy}},
+                    .arguments = {"resave", kProject}, .status = 2,
+                    .err = kColourWarning + kProject + ":6:38: warning: the XML comment <!-- keep the nightly settings --> is "
+                           "not kept on saving\nwfbuild: resaving would lose what the warnings above name; nothing was "
+                           "written (--drop-unknown accepts the loss).\n"},
+        CommandCase{.name = "ResaveDropsWhatItIsToldItMay", .files = {{"project.wfp", kLossy}},
+                    .arguments = {"resave", kProject, "--drop-unknown"}, .out = "Wrote " + kProject + "\n",
+                    .err = kColourWarning + kProject + ":6:38: warning: the XML comment <!-- keep the nightly settings --> is "
+                           "not kept on saving\n",
+                    .after = {{"project.wfp", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<wfproject version=\"1\">\n"
+                                              "  <variables/>\n  <actions>\n    <action type=\"TEST_RUN\" description=\"x\" "
+                                              "enabled=\"True\">\n      <property name=\"Program\">/bin/true</property>\n"
+                                              "      <property name=\"Arguments\"/>\n      <property name=\"Environment\"/>\n"
+                                              "      <property name=\"Mode\">tmRun</property>\n"
+                                              "      <property name=\"LogCommandLine\">True</property>\n"
+                                              "      <property name=\"OutputVariable\"/>\n    </action>\n  </actions>\n"
+                                              "</wfproject>\n"}}},
+        CommandCase{.name = "ResaveToOutputWritesTheCanonicalFormAndLeavesTheSource", .files = {{"loose.wfp", kLoose}},
+                    .arguments = {"resave", "@DIR@/loose.wfp", "--output", "@DIR@/out.wfp"}, .out = "Wrote @DIR@/out.wfp\n",
+                    .after = {{"out.wfp", kCanonical}}},
+        CommandCase{.name = "ResaveOfTheCanonicalFormChangesNothing", .files = {{"project.wfp", kCanonical}},
+                    .arguments = {"resave", kProject}, .out = "Wrote " + kProject + "\n", .after = {{"project.wfp", kCanonical}}},
+        CommandCase{.name = "ResaveThatCannotWriteLeavesNoTrace", .files = {{"project.wfp", kCanonical}},
+                    .arguments = {"resave", kProject, "--output", "@DIR@/missing/folder/out.wfp"}, .status = 2,
+                    .err = "wfbuild: cannot write \"@DIR@/missing/folder/out.wfp\": cannot create a temporary file beside it: No "
+                           "such file or directory\n",
+                    .after = {{"missing", std::nullopt}}},
+        CommandCase{.name = "ResaveWritesThroughALink", .files = {{"real.wfp", kLoose}}, .links = {{"link.wfp", "real.wfp"}},
+                    .arguments = {"resave", "@DIR@/link.wfp"}, .out = "Wrote @DIR@/link.wfp\n", .after = {{"real.wfp", kCanonical}}},
+        CommandCase{.name = "ResaveRefusesAReadOnlyFile", .files = {{"project.wfp", kLoose}}, .readOnly = {"project.wfp"},
+                    .arguments = {"resave", kProject}, .status = 2,
+                    .err = "wfbuild: cannot write \"" + kProject + "\": the file is read-only: Permission denied\n"},
+        CommandCase{.name = "LogThatIsTheProject", .files = {{"project.wfp", projectXml(testRun("a"))}},
+                    .arguments = {"run", kProject, "--log", kProject}, .status = 2,
+                    .err = "wfbuild: --log " + kProject + " names the project itself; nothing was run.\n"},
+        CommandCase{.name = "LogThatLinksToTheProject", .files = {{"project.wfp", projectXml(testRun("a"))}},
+                    .links = {{"alias.wfp", kProject}}, .arguments = {"run", kProject, "--log", "@DIR@/alias.wfp"}, .status = 2,
+                    .err = "wfbuild: --log @DIR@/alias.wfp names the project itself; nothing was run.\n"},
+        CommandCase{.name = "JUnitThatIsTheProject", .files = {{"project.wfp", projectXml(testRun("a"))}},
+                    .arguments = {"run", kProject, "--junit", kProject}, .status = 2,
+                    .err = "wfbuild: --junit " + kProject + " names the project itself; nothing was run.\n"},
+        CommandCase{.name = "JUnitThatLinksToTheProject", .files = {{"project.wfp", projectXml(testRun("a"))}},
+                    .links = {{"alias.wfp", kProject}}, .arguments = {"run", kProject, "--junit", "@DIR@/alias.wfp"}, .status = 2,
+                    .err = "wfbuild: --junit @DIR@/alias.wfp names the project itself; nothing was run.\n"},
+        CommandCase{.name = "OptionsShowsEveryOptionWithItsDefault", .arguments = {"options"}, .out = kDefaults},
+        CommandCase{.name = "OptionsShowReadsTheStoreThroughTheOptions",
+                    .files = {{"config/options.ini", "[Testing]\nGreeting=good day = fine\nVerbose=true\nLevel=lvHigh\n"}},
+                    .arguments = {"options", "show"},
+                    .out = "Testing.Greeting=good day = fine\nTesting.Verbose=True\nTesting.Level=lvHigh\n"},
+        CommandCase{.name = "ConfigDirWinsOverTheEnvironment", .files = {{"config/options.ini", "[Testing]\nLevel=lvHigh\n"}},
+                    .arguments = {"options", "--config-dir", "@DIR@/other"}, .out = kDefaults},
+        // Written by the options themselves: every key they keep, in their own form.
+        CommandCase{.name = "OptionsSetWritesEveryKeyInTheOptionsOwnForm",
+                    .files = {{"config/options.ini", "[Testing]\nGreeting=good day = fine\n"}},
+                    .arguments = {"options", "set", "Testing.Verbose", "true"},
+                    .out = "Set Testing.Verbose in @DIR@/config/options.ini\n",
+                    .after = {{"config/options.ini", "[Testing]\nGreeting=good day = fine\nVerbose=True\nLevel=lvLow\n"}}},
+        CommandCase{.name = "OptionsSetWritesThroughALinkKeepingWhatElseItHolds",
+                    .files = {{"store/options.ini", "; mine\n[Testing]\nLevel=lvLow\n"}},
+                    .links = {{"config/options.ini", "@DIR@/store/options.ini"}},
+                    .arguments = {"options", "set", "Testing.Level", "lvHigh"},
+                    .out = "Set Testing.Level in @DIR@/config/options.ini\n",
+                    .after = {{"store/options.ini", "; mine\n[Testing]\nLevel=lvHigh\nGreeting=hello\nVerbose=False\n"}}},
+        CommandCase{.name = "OptionsSetRefusesAKeyNoOptionHas", .arguments = {"options", "set", "Testing.Colour", "blue"},
+                    .status = 2,
+                    .err = "wfbuild: there is no option Testing.Colour (the options are Testing.Greeting, Testing.Verbose, "
+                           "Testing.Level, as `wfbuild options show` prints them); nothing was written.\n",
+                    .after = {{"config/options.ini", std::nullopt}}},
+        CommandCase{.name = "OptionsSetRefusesAKeyHoldingAnEqualsSign", .arguments = {"options", "set", "Testing.Le=vel", "v"},
+                    .status = 2,
+                    .err = "wfbuild: there is no option Testing.Le=vel (the options are Testing.Greeting, Testing.Verbose, "
+                           "Testing.Level, as `wfbuild options show` prints them); nothing was written.\n",
+                    .after = {{"config/options.ini", std::nullopt}}},
+        CommandCase{.name = "OptionsSetRefusesASectionNoPluginHas", .arguments = {"options", "set", "Nobody.Colour", "blue"},
+                    .status = 2,
+                    .err = "wfbuild: there is no option Nobody.Colour: no loaded plug-in has options named Nobody (options of: "
+                           "Testing); nothing was written.\n",
+                    .after = {{"config/options.ini", std::nullopt}}},
+        CommandCase{.name = "OptionsSetRefusesAValueTheOptionDoesNotTake", .arguments = {"options", "set", "Testing.Level", "lvNone"},
+                    .status = 2,
+                    .err = "wfbuild: Testing.Level: \"lvNone\" is not a member of property \"Level\" (expected one of lvLow, "
+                           "lvMedium, lvHigh); nothing was written.\n",
+                    .after = {{"config/options.ini", std::nullopt}}}),
+    wftest::byName);
 
 TEST_F(Wfbuild, PluginsInTheInstalledFolderAreLoadedWithoutBeingNamed)
 {
@@ -612,49 +712,6 @@ TEST_F(Wfbuild, PluginsInTheInstalledFolderAreLoadedWithoutBeingNamed)
     const ProgramRun run = wftest::runProgram(request);
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out, "TEST_RUN\tTest Run\tTesting\nTEST_SETVAR\tTest Set Variable\tTesting\n");
-}
-
-TEST_F(Wfbuild, OptionsSetWritesTheStoreAndShowReadsItThroughTheOptions)
-{
-    const ProgramRun before = wfbuild({"options"});
-    EXPECT_EQ(before.status, 0);
-    EXPECT_EQ(before.out, "Testing.Greeting=hello\nTesting.Verbose=False\nTesting.Level=lvLow\n");
-
-    const std::string ini = dir.file("config/options.ini");
-    for (const auto& [key, value] : std::vector<std::pair<std::string, std::string>>{
-             {"Testing.Level", "lvHigh"}, {"Testing.Verbose", "true"}, {"Testing.Greeting", "good day = fine"}}) {
-        const ProgramRun set = wfbuild({"options", "set", key, value});
-        EXPECT_EQ(set.status, 0) << set.err;
-        EXPECT_EQ(set.out, "Set " + key + " in " + ini + "\n");
-        EXPECT_EQ(set.err, "");
-    }
-    // Written by the options themselves: every key they keep, in their own form.
-    EXPECT_EQ(wftest::readFile(ini), "[Testing]\nGreeting=good day = fine\nVerbose=True\nLevel=lvHigh\n");
-    const ProgramRun after = wfbuild({"options", "show"});
-    EXPECT_EQ(after.out, "Testing.Greeting=good day = fine\nTesting.Verbose=True\nTesting.Level=lvHigh\n");
-
-    // --config-dir wins over the environment.
-    const ProgramRun elsewhere = wfbuild({"options", "--config-dir", dir.file("other")});
-    EXPECT_EQ(elsewhere.out, before.out);
-}
-
-TEST_F(Wfbuild, OptionsSetRefusesWhatNoOptionTakesWithExit2)
-{
-    for (const auto& [option, value, err] : std::vector<std::tuple<std::string, std::string, std::string>>{
-             {"Testing.Colour", "blue",
-              "there is no option Testing.Colour (the options are Testing.Greeting, Testing.Verbose, Testing.Level, as "
-              "`wfbuild options show` prints them)"},
-             {"Testing.Le=vel", "v", "there is no option Testing.Le=vel"},
-             {"Nobody.Colour", "blue",
-              "there is no option Nobody.Colour: no loaded plug-in has options named Nobody (options of: Testing)"},
-             {"Testing.Level", "lvNone", "Testing.Level: \"lvNone\" is not a member"}}) {
-        SCOPED_TRACE(option);
-        const ProgramRun run = wfbuild({"options", "set", option, value});
-        EXPECT_EQ(run.status, 2);
-        EXPECT_EQ(run.err.rfind("wfbuild: " + err, 0), 0u) << run.err;
-        EXPECT_NE(run.err.find("; nothing was written.\n"), std::string::npos) << run.err;
-        EXPECT_FALSE(std::filesystem::exists(dir.file("config/options.ini")));
-    }
 }
 
 TEST_F(Wfbuild, ActionsRunInTheProjectFolder)
@@ -668,57 +725,6 @@ TEST_F(Wfbuild, ActionsRunInTheProjectFolder)
     ASSERT_EQ(starts.size(), 1u);
     EXPECT_EQ(starts[0].cwd, dir.file("sub"));
 }
-
-// ---- usage ----
-
-struct UsageCase {
-    std::string name;
-    std::vector<std::string> arguments;
-    int status;
-    std::string out;
-    std::string err;
-};
-WF_ROW_PRINTER(UsageCase)
-
-class WfbuildUsage : public Wfbuild, public ::testing::WithParamInterface<UsageCase> {};
-
-TEST_P(WfbuildUsage, StatusAndOutput)
-{
-    const UsageCase& c = GetParam();
-    std::vector<std::string> arguments;
-    for (const auto& argument : c.arguments)
-        arguments.push_back(expand(argument));
-    ProgramRequest request;
-    request.program = WFBUILD_PATH;
-    request.arguments = arguments;
-    const ProgramRun run = wftest::runProgram(request);
-    EXPECT_EQ(run.status, c.status);
-    EXPECT_EQ(run.err, expand(c.err));
-    if (c.out.rfind('*', 0) == 0)
-        EXPECT_EQ(run.out.rfind(c.out.substr(1), 0), 0u) << run.out;
-    else
-        EXPECT_EQ(run.out, c.out);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Usage, WfbuildUsage,
-    ::testing::Values(
-        UsageCase{"NoCommand", {}, 2, "", "wfbuild: no command given\nTry 'wfbuild --help'.\n"},
-        UsageCase{"UnknownCommand", {"build"}, 2, "", "wfbuild: unknown command \"build\"\nTry 'wfbuild --help'.\n"},
-        UsageCase{"UnknownOption", {"run", "p.wfp", "--fast"}, 2, "",
-                  "wfbuild: unknown option \"--fast\" for \"run\"\nTry 'wfbuild help run'.\n"},
-        UsageCase{"PluginWithAMissingSymbol", {"actions", "--plugin", WF_RUNNER_BROKEN_PLUGIN}, 2, "",
-                  "wfbuild: cannot load " WF_RUNNER_BROKEN_PLUGIN ": Cannot load library " WF_RUNNER_BROKEN_PLUGIN
-                  ": (" WF_RUNNER_BROKEN_PLUGIN ": undefined symbol: _Z25functionNoRuntimeProvidesv)\n"},
-        UsageCase{"MissingPlugin", {"actions", "--plugin", "@DIR@/none.so"}, 2, "",
-                  "wfbuild: cannot load @DIR@/none.so: no such file\n"},
-        UsageCase{"PluginDescriptionWithControlCharacters", {"plugins", "--no-default-plugins", "--plugin", WF_FAULTY_PLUGIN_PATH},
-                  0, WF_FAULTY_PLUGIN_PATH "\tFaulty\\tpackage\\nsecond line \\x1b[31mred\\\\\n", ""},
-        UsageCase{"Help", {"--help"}, 0, "*Usage: wfbuild COMMAND [OPTIONS]\n", ""},
-        UsageCase{"HelpOfCommand", {"help", "run"}, 0, "*Usage: wfbuild run PROJECT.wfp", ""},
-        UsageCase{"HelpOfNothing", {"help", "fly"}, 2, "",
-                  "wfbuild: no help on \"fly\": it is not a command\nTry 'wfbuild --help'.\n"},
-        UsageCase{"Version", {"--version"}, 0, "wfbuild " WF_VERSION "\n", ""}), wftest::byName);
 
 TEST_F(Wfbuild, PluginsListsEachLoadedPackageWithItsFileAndDescription)
 {
@@ -791,50 +797,4 @@ TEST_F(Wfbuild, WithStandardOutputClosedTheLogIsWrittenOnceAndNoProgramInheritsI
     EXPECT_EQ(wftest::readFile(dir.file("build.log")), "Command Line: \nfrom the program\n");
     EXPECT_EQ(wftest::readFile(dir.file("fds.txt")), inheritedWithoutLog) << "descriptors a program inherited";
 }
-
-TEST_F(Wfbuild, OutputPathsThatAreTheProjectAreRefused)
-{
-    const std::string xml = projectXml(testRun("a"));
-    const std::string project = writeProject(xml);
-    std::filesystem::create_symlink(project, dir.file("alias.wfp"));
-    for (const std::string option : {"--log", "--junit"}) {
-        for (const std::string& path : {project, dir.file("alias.wfp")}) {
-            SCOPED_TRACE(option + " " + path);
-            const ProgramRun run = wfbuild({"run", project, option, path});
-            EXPECT_EQ(run.status, 2);
-            EXPECT_EQ(run.err, "wfbuild: " + option + " " + path + " names the project itself; nothing was run.\n");
-            EXPECT_EQ(programStarts(), 0u);
-            EXPECT_EQ(wftest::readFile(project), expand(xml));
-        }
-    }
-}
-
-TEST_F(Wfbuild, ResaveAndOptionsSetWriteThroughLinksAndRefuseReadOnlyFiles)
-{
-    const std::string xml = projectXml(testRun("a"));
-    const std::string real = writeProject(xml, "real.wfp");
-    std::filesystem::create_symlink("real.wfp", dir.file("link.wfp"));
-    const ProgramRun resave = wfbuild({"resave", dir.file("link.wfp")});
-    EXPECT_EQ(resave.status, 0) << resave.err;
-    EXPECT_TRUE(std::filesystem::is_symlink(dir.file("link.wfp")));
-    EXPECT_NE(wftest::readFile(real).find("<property name=\"Program\""), std::string::npos);
-
-    std::filesystem::create_directories(dir.file("store"));
-    dir.write("store/options.ini", "; mine\n[Testing]\nLevel=lvLow\n");
-    std::filesystem::create_directories(dir.file("config"));
-    std::filesystem::create_symlink(dir.file("store/options.ini"), dir.file("config/options.ini"));
-    const ProgramRun set = wfbuild({"options", "set", "Testing.Level", "lvHigh"});
-    EXPECT_EQ(set.status, 0) << set.err;
-    EXPECT_TRUE(std::filesystem::is_symlink(dir.file("config/options.ini")));
-    EXPECT_EQ(wftest::readFile(dir.file("store/options.ini")), "; mine\n[Testing]\nLevel=lvHigh\nGreeting=hello\nVerbose=False\n");
-
-    const std::string before = wftest::readFile(real);
-    std::filesystem::permissions(real, std::filesystem::perms::owner_read | std::filesystem::perms::group_read
-                                           | std::filesystem::perms::others_read);
-    const ProgramRun readOnly = wfbuild({"resave", real});
-    EXPECT_EQ(readOnly.status, 2);
-    EXPECT_EQ(readOnly.err, "wfbuild: cannot write \"" + real + "\": the file is read-only: Permission denied\n");
-    EXPECT_EQ(wftest::readFile(real), before);
-}
-
 } // namespace

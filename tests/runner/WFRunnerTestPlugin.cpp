@@ -7,51 +7,12 @@
 #include "WFServices.h"
 
 #include <cstdlib>
-#include <optional>
-#include <utility>
+#include <sstream>
 
 namespace {
 
 enum TTestMode { tmRun, tmFailValidation, tmFailCommandLine };
 enum TTestLevel { lvLow, lvMedium, lvHigh };
-
-/// Sets NAME=VALUE lines in the environment for a scope, so the program started inside it
-/// inherits them; the old values come back at the end.
-class TScopedEnvironment {
-public:
-    explicit TScopedEnvironment(const std::string& lines)
-    {
-        std::size_t start = 0;
-        while (start <= lines.size()) {
-            auto end = lines.find_first_of("\r\n", start);
-            if (end == std::string::npos)
-                end = lines.size();
-            const std::string line = lines.substr(start, end - start);
-            start = end + 1;
-            const auto eq = line.find('=');
-            if (eq == std::string::npos || eq == 0)
-                continue;
-            const std::string name = line.substr(0, eq);
-            const char* old = std::getenv(name.c_str());
-            m_saved.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
-            ::setenv(name.c_str(), line.c_str() + eq + 1, 1);
-        }
-    }
-    ~TScopedEnvironment()
-    {
-        for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it) {
-            if (it->second)
-                ::setenv(it->first.c_str(), it->second->c_str(), 1);
-            else
-                ::unsetenv(it->first.c_str());
-        }
-    }
-    TScopedEnvironment(const TScopedEnvironment&) = delete;
-    TScopedEnvironment& operator=(const TScopedEnvironment&) = delete;
-
-private:
-    std::vector<std::pair<std::string, std::optional<std::string>>> m_saved;
-};
 
 class TTestRunAction final : public TWFExecuteAbstractAction {
 public:
@@ -59,13 +20,12 @@ public:
     {
         LogOutput = true;
         UseExitCode = true;
-        PublishString("Program", [this] { return m_program; }, [this](const std::string& v) { m_program = v; });
-        PublishString("Arguments", [this] { return m_arguments; }, [this](const std::string& v) { m_arguments = v; });
-        PublishString("Environment", [this] { return m_environment; }, [this](const std::string& v) { m_environment = v; });
+        PublishString("Program", &m_program);
+        PublishString("Arguments", &m_arguments);
+        PublishString("Environment", &m_environment);
         PublishEnum("Mode", {"tmRun", "tmFailValidation", "tmFailCommandLine"}, &m_mode);
-        PublishBoolean("LogCommandLine", [this] { return m_logCommandLine; }, [this](bool v) { m_logCommandLine = v; });
-        PublishString("OutputVariable", [this] { return m_outputVariable; },
-                      [this](const std::string& v) { m_outputVariable = v; });
+        PublishBoolean("LogCommandLine", &m_logCommandLine);
+        PublishString("OutputVariable", &m_outputVariable);
     }
 
     std::string GetActionName() const override { return "Test Run"; }
@@ -106,11 +66,22 @@ public:
             SendMessage("Command Line: " + builder.GetCommandLineText());
     }
 
+    /// The NAME=VALUE lines of Environment hold for the program this action starts alone.
     bool Execute() override
     {
         KeepOutputLines = !m_outputVariable.empty();
-        TScopedEnvironment environment(m_environment);
-        return TWFExecuteAbstractAction::Execute();
+        std::vector<std::string> names;
+        std::istringstream lines(m_environment);
+        for (std::string line; std::getline(lines, line);) {
+            if (const auto eq = line.find('='); eq != std::string::npos && eq > 0) {
+                names.push_back(line.substr(0, eq));
+                ::setenv(names.back().c_str(), line.c_str() + eq + 1, 1);
+            }
+        }
+        const bool ok = TWFExecuteAbstractAction::Execute();
+        for (const auto& name : names)
+            ::unsetenv(name.c_str());
+        return ok;
     }
 
     void OnProcessOutput(const std::vector<std::string>& lines) override
@@ -135,8 +106,8 @@ class TTestSetVariableAction final : public TCustomWFAction {
 public:
     TTestSetVariableAction()
     {
-        PublishString("Name", [this] { return m_name; }, [this](const std::string& v) { m_name = v; });
-        PublishString("Value", [this] { return m_value; }, [this](const std::string& v) { m_value = v; });
+        PublishString("Name", &m_name);
+        PublishString("Value", &m_value);
     }
 
     std::string GetActionName() const override { return "Test Set Variable"; }
@@ -168,8 +139,8 @@ class TTestOptions final : public TWFOptionsObject {
 public:
     TTestOptions()
     {
-        PublishString("Greeting", [this] { return m_greeting; }, [this](const std::string& v) { m_greeting = v; });
-        PublishBoolean("Verbose", [this] { return m_verbose; }, [this](bool v) { m_verbose = v; });
+        PublishString("Greeting", &m_greeting);
+        PublishBoolean("Verbose", &m_verbose);
         PublishEnum("Level", {"lvLow", "lvMedium", "lvHigh"}, &m_level);
     }
 
