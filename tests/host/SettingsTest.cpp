@@ -95,6 +95,13 @@ TEST(OptionsServices, LoadSaveKeepsCommentsForeignSectionsAndUnwrittenKeysAndRef
     EXPECT_FALSE(WFOptionsServices().Save(ini, error));
     EXPECT_NE(error.find("line break"), std::string::npos) << error;
     EXPECT_EQ(wftest::readFile(ini), saved);
+    // A package registered after the load reads its section from the file at once, and keeps its own icon.
+    WFOptionsServices().RegisterOptionsClass({"TLateOptions", [] { return std::unique_ptr<TWFOptionsObject>(new TDemoOptions); }}, "LATE");
+    const auto all = WFOptionsServices().AllOptions();
+    ASSERT_EQ(all.size(), 2u);
+    EXPECT_EQ(dynamic_cast<TDemoOptions*>(all[1])->path, "/b");
+    EXPECT_EQ(WFOptionsServices().IconOf(*all[1]), "LATE");
+    EXPECT_TRUE(WFOptionsServices().PagesFor(*all[1]).empty());
     WFOptionsServices().Clear();
 }
 

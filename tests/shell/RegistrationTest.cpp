@@ -176,13 +176,18 @@ INSTANTIATE_TEST_SUITE_P(
                     PageLibraryCase{"MissingPageLibraryLeavesTheActionsWithAWarning", true, false, kAskedForPages, 0,
                                     {"the ClearCase property pages are unavailable"}}), wftest::byName);
 
-TEST(RegistrationTest, OptionsAreRegisteredWithTheirIcon)
+TEST(RegistrationTest, OptionsAreRegisteredWithIconAndScripts)
 {
     RegisteredPackage package(false);
     TWFOptionsObject* options = WFOptionsServices().FindOptions("Version Control Systems", "ClearCase");
     ASSERT_NE(options, nullptr);
     EXPECT_EQ(WFOptionsServices().IconOf(*options), "CC_LOGO");
     expectBitmap(WFOptionsServices().IconOf(*options));
+    // Scripts reach the options through a function and read the edition by its members.
+    EXPECT_TRUE(WFScriptingServices().HasFunction("ClearCaseOptions"));
+    const auto& enumerations = WFScriptingServices().Enumerations();
+    ASSERT_EQ(enumerations.size(), 1u);
+    EXPECT_EQ(enumerations[0].second, (std::vector<std::string>{"ccUnknown", "ccLT", "ccFull"}));
 }
 
 TEST(RegistrationTest, ResourcesAreTheActionBitmapsAndTheLogoEachItsOwn)

@@ -42,6 +42,7 @@ TEST_F(World, CheckoutSwitches)
          "cleartool: Error: Branch \"/main/dev\" not found on element \"a.c\".\n"
          "cleartool: Error: Unable to check out \"a.c\".\n"},
         {src, {"checkout", "-nc", "-nda", "a.c"}, 0, "Checked out \"a.c\" from version \"/main/2\".\n"},
+        {src, {"checkout", "-nc", "a.c"}, 1, "", "~Element \"a.c\" is already checked out to view \"base_v\".\n"},
         {src, {"checkout", "-nc", "../src/view.c"}, 1, "", "~Unable to access \"../src/view.c\""},
     });
     write(src + "/private.c", "p\n");
@@ -185,6 +186,12 @@ TEST_F(World, LabelTypesAndLabels)
     play({
         {main, {"mklbtype", "-glo", "-acq", "-nc", "GLOB"}, 0, "Created label type \"GLOB\".\n"},
         {main, {"mklbtype", "-sha", "-pbr", "-nc", "PB"}, 0, "Created label type \"PB\".\n"},
+        // A value may share the switch's word; a switch without a value may not.
+        {main, {"mklbtype", "-c First release", "lbtype:REL_7@/vobs/main"}, 0, "Created label type \"REL_7\".\n"},
+        {main, {"describe", "lbtype:REL_7@/vobs/main"}, 0, "~\"First release\""},
+        {main, {"mklbtype", "-nc x", "REL_8"}, 1, "", "~Unrecognized option \"-nc x\""},
+        {main, {"mklbtype", "-nc", "brtype:REL_9"}, 1, "", "~Not a vob object: \"brtype:REL_9\"."},
+        {main, {"mkbrtype", "-nc", "maint"}, 0, "Created branch type \"maint\".\n"},
         {main, {"describe", "lbtype:GLOB"}, 0, "~  scope: this VOB (global type)\n  constraint: one version per element\n"},
         {main, {"mklbtype", "-rep", "-ord", "-nc", "GLOB"}, 0, "Replaced definition of label type \"GLOB\".\n"},
         {main, {"describe", "-s", "lbtype:GLOB"}, 0, "~  scope: this VOB (ordinary type)\n"},
