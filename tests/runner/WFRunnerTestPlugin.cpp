@@ -1,7 +1,7 @@
-// A package for wfbuild's end-to-end tests. Its actions run the test program (or any program
+// A package for wfbuild's end-to-end tests. Its action runs the test program (or any program
 // named in Program) so that a project can make an action pass, fail, print in chunks, hang,
 // be refused by validation or fail to build its command line, and its options give
-// `wfbuild options` something to show.
+// `wfbuild options` something to show. Variables are set with the host's basic actions.
 #include "WFAction.h"
 #include "WFOptions.h"
 #include "WFServices.h"
@@ -24,8 +24,6 @@ public:
         PublishString("Arguments", &m_arguments);
         PublishString("Environment", &m_environment);
         PublishEnum("Mode", {"tmRun", "tmFailValidation", "tmFailCommandLine"}, &m_mode);
-        PublishBoolean("LogCommandLine", &m_logCommandLine);
-        PublishString("OutputVariable", &m_outputVariable);
     }
 
     std::string GetActionName() const override { return "Test Run"; }
@@ -62,14 +60,12 @@ public:
 
     void BeforeExecute(ICommandLineBuilder& builder) override
     {
-        if (m_logCommandLine)
-            SendMessage("Command Line: " + builder.GetCommandLineText());
+        SendMessage("Command Line: " + builder.GetCommandLineText());
     }
 
     /// The NAME=VALUE lines of Environment hold for the program this action starts alone.
     bool Execute() override
     {
-        KeepOutputLines = !m_outputVariable.empty();
         std::vector<std::string> names;
         std::istringstream lines(m_environment);
         for (std::string line; std::getline(lines, line);) {
@@ -84,55 +80,11 @@ public:
         return ok;
     }
 
-    void OnProcessOutput(const std::vector<std::string>& lines) override
-    {
-        std::string text;
-        for (const auto& line : lines)
-            text += (text.empty() ? "" : "\n") + line;
-        SetVariable(m_outputVariable, TWFVariant(text));
-    }
-
 private:
     std::string m_program = WF_TESTAPP_PATH;
     std::string m_arguments;
     std::string m_environment;
     TTestMode m_mode = tmRun;
-    bool m_logCommandLine = true;
-    std::string m_outputVariable;
-};
-
-/// Sets a build variable without running anything.
-class TTestSetVariableAction final : public TCustomWFAction {
-public:
-    TTestSetVariableAction()
-    {
-        PublishString("Name", &m_name);
-        PublishString("Value", &m_value);
-    }
-
-    std::string GetActionName() const override { return "Test Set Variable"; }
-
-    bool Validate(IWFActionValidationError& errors) override
-    {
-        if (!m_name.empty())
-            return true;
-        errors.AddError("Variable", "No variable name has been given.");
-        return false;
-    }
-
-    bool Execute() override
-    {
-        std::string value;
-        if (!TryExpandExpression("Value", m_value, value, false))
-            return false;
-        SetVariable(m_name, TWFVariant(value));
-        SendMessage("Set " + m_name + " to \"" + value + "\"");
-        return true;
-    }
-
-private:
-    std::string m_name;
-    std::string m_value;
 };
 
 class TTestOptions final : public TWFOptionsObject {
@@ -175,8 +127,6 @@ extern "C" __attribute__((visibility("default"))) void WFRegister(bool /*registe
         return WFScriptingServices().ObjectToVariant(WFOptionsServices().FindOptions("Tests", "Testing"));
     });
     WFActionServices().RegisterAction("Test Run", "Testing", WFActionClassOf<TTestRunAction>("TTestRunAction"), "TEST_RUN");
-    WFActionServices().RegisterAction("Test Set Variable", "Testing",
-                                      WFActionClassOf<TTestSetVariableAction>("TTestSetVariableAction"), "TEST_SETVAR");
 }
 
 extern "C" __attribute__((visibility("default"))) const char* WFPackageDescription()
