@@ -111,12 +111,6 @@ INSTANTIATE_TEST_SUITE_P(Actions, ActionRun, ::testing::Values(
          {kSrc, {"describe", "util.c"}, {"element type: text_file"}},
          {kSrc, {"lscheckout", "-short", "util.c"}, {}, {"util.c"}}},
         0, {}, {}, kSrc},
-    ActionCase{"MakeElementWithItsPathLeftCheckedOut", "CC_MKELEM",
-        {{"PathNameStorageString", "src/lib/extra.c\r\n"}, {"MakePath", "True"}},
-        {},
-        {{kSrc + "/lib", {"lscheckout"}, {"checkout version \"extra.c\" from /main/0"}},
-         {kSrc, {"describe", "lib@@"}, {"directory element \"lib@@\""}}},
-        0, {"Command Line: mkelem -mkpath -nc \"src/lib/extra.c\""}, {}, kMain},
     ActionCase{"SetConfigSpecFromAFile", "CC_SETCONFIGSPEC",
         {{"ViewContextPath", "%SETUP%"}, {"CSpecChoice", "csFile"}, {"CSFilePath", "%DIR%/rel0.cs"}},
         {{"setup:" + kMain, {"mklbtype", "-nc", "REL_0"}}, {"setup:" + kSrc, {"mklabel", "-nc", "-version", "/main/0", "REL_0", "main.c"}},
@@ -161,12 +155,7 @@ INSTANTIATE_TEST_SUITE_P(Actions, ActionRun, ::testing::Values(
         {{"ViewContextPath", "%VIEW%/vobs/main"}, {"PathNameStorageString", "notes.txt\r\n"}},
         {write(kMain + "/notes.txt", "mine\n")},
         {{kMain, {"lscheckout", "-short"}, {}, {"notes.txt"}}},
-        1, {"cleartool: Error: Not a vob object: \"notes.txt\".", "cleartool: Error: Unable to check out \"notes.txt\"."}},
-    ActionCase{"LabelNothing", "CC_LABEL",
-        {{"ViewContextPath", "%VIEW%"}, {"LabelTypeName", "REL_1"}},
-        {{kMain, {"mklbtype", "-nc", "REL_1"}}},
-        {},
-        1, {"Action Failed: No pathnames specified to act on."}}
+        1, {"cleartool: Error: Not a vob object: \"notes.txt\".", "cleartool: Error: Unable to check out \"notes.txt\"."}}
 ), wftest::byName);
 
 } // namespace
