@@ -122,17 +122,6 @@ INSTANTIATE_TEST_SUITE_P(Actions, ActionRun, ::testing::Values(
 
     // ---- Attribute types and values ----
 
-    ActionCase{"MakeIntegerAttributeTypeWithBounds", "CC_MKATTRTYPE",
-        {{"AttributeName", "BuildNumber"}, {"VOBSelector", "/vobs/main"}, {"NewAttributeType", "atInteger"},
-         {"UseMax", "True"}, {"MaxValue", "0"}, {"UseMin", "True"}, {"MinValue", "1000"}, {"MinInclusive", "True"},
-         {"UseDefaultValue", "True"}, {"DefaultValue", "1"}},
-        {},
-        {{kMain, {"describe", "attype:BuildNumber@/vobs/main"}, {"attribute type \"BuildNumber\"", "value type: integer"}},
-         {kSrc, {"mkattr", "-nc", "BuildNumber", "0", "main.c"}, {"cleartool: Error: "}, {}, 1},
-         {kSrc, {"mkattr", "-nc", "BuildNumber", "1001", "greet.c"}, {"cleartool: Error: "}, {}, 1},
-         {kSrc, {"mkattr", "-nc", "-default", "BuildNumber", "version.h"}, {"Created attribute \"BuildNumber\""}},
-         {kSrc, {"describe", "version.h"}, {"BuildNumber = 1\n"}}},
-        0, {"Command Line: mkattype -ordinary -vtype integer -gt 0 -le 1000 -default 1 -nc BuildNumber@/vobs/main"}},
     ActionCase{"MakeStringAttributeTypeWithQuotedDefault", "CC_MKATTRTYPE",
         {{"AttributeName", "Status"}, {"NewAttributeType", "atString"}, {"UseDefaultValue", "True"}, {"DefaultValue", "\\\"untested\\\""},
          {"Constraints", "lcVPelement"}},
@@ -141,12 +130,6 @@ INSTANTIATE_TEST_SUITE_P(Actions, ActionRun, ::testing::Values(
          {kSrc, {"mkattr", "-nc", "-default", "Status", "greet.c"}, {"can only be applied to elements"}, {}, 1},
          {kSrc, {"describe", "main.c@@"}, {"Status = \"untested\""}}},
         0, {}, {}, kMain},
-    ActionCase{"ApplyStringAttributeReplacingOne", "CC_APPLYATTR",
-        {{"AttributeName", "Status"}, {"AttributeValue", "\"\\\"tested on %BUILD%\\\"\""}, {"Replace", "True"},
-         {"PathNameStorageString", "main.c\r\n"}},
-        {{kMain, {"mkattype", "-nc", "Status"}}, {kSrc, {"mkattr", "-nc", "Status", "\"untested\"", "main.c"}}},
-        {{kSrc, {"describe", "main.c"}, {"Status = \"tested on 7\"\n"}, {"untested"}}},
-        0, {}, {}, kSrc},
 
     // ---- What a user meets when things go wrong: cleartool's own words in the log, exit status 1.
     // Every refusal takes the same way through the action; the simulator's tables hold its words. ----

@@ -68,7 +68,6 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{{"validate", ""}, "error: the project file name is empty"},
         ParseCase{{"run", "p.wfp", "--log"}, "error: option --log needs a value"},
         ParseCase{{"options", "set", "Testing.Level"}, "error: missing SECTION.KEY and VALUE after \"options set\""},
-        ParseCase{{"run", "a.wfp", "b.wfp"}, "error: unexpected argument \"b.wfp\""},
         ParseCase{{"run", "p.wfp", "--timeout", "-1"}, "error: --timeout expects a whole number of seconds, got \"-1\""},
         ParseCase{{"run", "p.wfp", "--timeout", "5s"}, "error: --timeout expects a whole number of seconds, got \"5s\""},
         ParseCase{{"run", "p.wfp", "--timeout", "2592000"}, "run project=p.wfp timeout=2592000"},
