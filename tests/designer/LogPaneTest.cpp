@@ -14,7 +14,6 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTextBlock>
@@ -200,10 +199,7 @@ TEST_F(LogPane, SaveAsReplacesTheFileWholeOrLeavesItAsItWas)
         });
         QString message;
         if (!writable)
-            designertest::whenModal([&](QWidget* box) {
-                message = static_cast<QMessageBox*>(box)->text();
-                box->close();
-            });
+            designertest::answerNextBox("OK", &message);
         pane.clear();
         add("one");
         add("two", K::Error);
