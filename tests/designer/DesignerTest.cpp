@@ -16,8 +16,8 @@
 #include "WFTestSupport.h"
 
 #include "WFBrowse.h"
+#include "WFFrame.h"
 #include "WFIniFile.h"
-#include "WFPluginLoader.h"
 #include "WFProcess.h"
 #include "WFServices.h"
 
@@ -28,6 +28,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScrollArea>
@@ -68,9 +69,26 @@ std::string property(TMainWindow& window, int row, const std::string& name)
     return window.document().project().actions.at(row)->GetPropertyText(name);
 }
 
-void selectRow(TMainWindow& w, int row)
+void selectRows(TMainWindow& w, const std::vector<int>& rows)
 {
-    w.projectView()->setCurrentIndex(w.model().index(row, 0));
+    w.projectView()->setFocus();
+    w.projectView()->selectionModel()->clearSelection();
+    w.projectView()->setCurrentIndex(w.model().index(rows.front(), 0));
+    for (int row : rows)
+        w.projectView()->selectionModel()->select(w.model().index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+/// The open help viewer's page; closing every viewer, so the next look finds only a new one.
+QUrl takeHelpPage()
+{
+    QUrl shown;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (top->objectName() == "helpViewer" && top->isVisible()) {
+            const auto* browser = top->findChild<QTextBrowser*>("helpBrowser");
+            shown = browser->toPlainText().isEmpty() ? QUrl("empty:") : browser->source();
+            top->close();
+        }
+    return shown;
 }
 
 class DesignerWindow : public ::testing::Test {
@@ -82,6 +100,7 @@ protected:
         SetWFConfigDirectory(m_config.path());
         window = std::make_unique<TMainWindow>(QString::fromStdString(m_config.file("wfdesigner.ini")));
         window->show();
+        QObject::connect(&window->runner(), &TRunController::finished, [this](int status) { finished = status; });
     }
     void TearDown() override
     {
@@ -109,6 +128,8 @@ protected:
     QString m_startFolder;
     wftest::TempDir m_config;
     std::unique_ptr<TMainWindow> window;
+    /// The exit status of the window's last run; -1 until one ends.
+    int finished = -1;
 };
 
 // --- the command line ---------------------------------------------------------------------
@@ -123,22 +144,16 @@ std::string parsed(const std::vector<std::string>& arguments)
     std::string plugins;
     for (const std::string& plugin : args.plugins)
         plugins += " plugin=" + plugin;
-    return "project=" + args.project + " config=" + args.configDir + plugins + (args.help ? " help" : "") +
-        (args.version ? " version" : "");
+    return "project=" + args.project + " config=" + args.configDir + plugins + (args.help ? " help" : "");
 }
 
 TEST(DesignerCommandLine, Parses)
 {
     const std::vector<std::pair<std::vector<std::string>, std::string>> rows = {
-        {{}, "project= config="},
         {{"p.wfp", "--config-dir", "cfg", "--plugin", "a.so", "--plugin", "b.so"}, "project=p.wfp config=cfg plugin=a.so plugin=b.so"},
-        {{"--plugin", "a.so", "p.wfp"}, "project=p.wfp config= plugin=a.so"},
-        {{"--help"}, "project= config= help"},
         {{"-h"}, "project= config= help"},
-        {{"--version"}, "project= config= version"},
         {{"--config-dir"}, "error: --config-dir needs a value"},
         {{"--plugin", ""}, "error: --plugin needs a value"},
-        {{"--colour"}, "error: unknown option \"--colour\""},
         {{"a.wfp", "b.wfp"}, "error: only one project can be opened, not also \"b.wfp\""}};
     for (const auto& [arguments, expected] : rows)
         EXPECT_EQ(parsed(arguments), expected);
@@ -192,19 +207,12 @@ TEST(DesignerProgram, ExitsCleanlyAfterAPageAskedClearCase)
 TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
 {
     designertest::loadPackages();
+    // What a name no package carries gets.
     const QImage placeholder = packageIcon("NO_SUCH_RESOURCE").pixmap(16, 16).toImage();
-    // Each resource name, and whether a package carries it.
-    for (const auto& [name, carried] : std::vector<std::pair<std::string, bool>>{
-             {"CC_CHECKOUT", true}, {"UCM_MAKEBL_LABEL", true}, {"CC_LOGO", true}, {"WF_LOGMESSAGE", true}, {"", false}, {"cc_checkout", false}}) {
-        const std::string bytes = WFFindPackageResource(name);
-        EXPECT_EQ(!bytes.empty(), carried) << name;
+    // An action of each package.
+    for (const std::string name : {"CC_CHECKOUT", "WF_LOGMESSAGE"}) {
         const QImage icon = packageIcon(name).pixmap(16, 16).toImage();
         EXPECT_EQ(icon.size(), QSize(16, 16)) << name;
-        if (!carried) {
-            EXPECT_EQ(icon, placeholder) << name;
-            continue;
-        }
-        EXPECT_EQ(bytes.substr(0, 2), "BM") << name;
         EXPECT_NE(icon, placeholder) << name;
         // The bottom-left pixel's colour is the bitmap's background: see-through in the icon.
         EXPECT_EQ(icon.pixelColor(0, 15).alpha(), 0) << name;
@@ -217,12 +225,10 @@ TEST(PackageIcons, ComeFromThePackagesBitmapsWithTheirKeyColourTransparent)
 TEST(BasicActionsDialog, ShowsEachActionsOwnPageBeforeGeneral)
 {
     designertest::loadPackages();
-    for (const auto& [typeId, caption] : {std::pair{"WF_LOGMESSAGE", "Message"}, std::pair{"WF_SETVARIABLE", "Variable"},
-                                          std::pair{"WF_WRITETEXTFILE", "File"}, std::pair{"WF_RUNPROGRAM", "Program"}}) {
-        const auto* entry = WFActionServices().Find(typeId);
-        ASSERT_TRUE(entry) << typeId;
-        auto action = entry->actionClass.create();
-        action->SetActionTypeID(typeId);
+    // The message and variable pages are seen in the project edits and the validation test.
+    for (const auto& [typeId, caption] : {std::pair{"WF_WRITETEXTFILE", "File"}, std::pair{"WF_RUNPROGRAM", "Program"}}) {
+        const auto action = WFActionServices().CreateAction(typeId);
+        ASSERT_TRUE(action) << typeId;
         TActionDialog dialog(*action);
         ASSERT_EQ(dialog.tabs()->count(), 2) << typeId;
         EXPECT_EQ(dialog.tabs()->tabText(0).toStdString(), caption) << typeId;
@@ -231,12 +237,11 @@ TEST(BasicActionsDialog, ShowsEachActionsOwnPageBeforeGeneral)
 
 // --- projects, catalogue, pages, undo, save ----------------------------------------------
 
-TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsResaveWould)
+TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesIt)
 {
     openExample("release.wfp");
     const std::size_t before = window->document().project().actions.size();
-    EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp - Wrenfield Designer");
-    selectRow(*window, 0);
+    selectRows(*window, {0});
 
     // Typing filters the catalogue down to the one action.
     QTest::keyClicks(window->catalogueFilter(), "check out");
@@ -259,7 +264,6 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
     // options the action is not valid; the user keeps it anyway.
     answerDialog({look([](QWidget* dialog) {
                       EXPECT_EQ(tabTexts(dialog), (QStringList{"Pathnames", "Extended Pathnames", "Checkout Options", "Comment", "General"}));
-                      EXPECT_NE(dialog->findChild<QTabWidget*>()->widget(0)->findChild<QWidget*>("TClearCaseViewPathNameFrame"), nullptr);
                   }),
                   onTab("Comment"), clickOn("btnComment"), typeInto("txtComment", "nightly build"), onTab("General"),
                   typeInto("txtDescription", "Check out for the nightly"), answerBox("btnKeep", &validation), pressOk});
@@ -267,12 +271,12 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
     QTest::mouseClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
     QTest::mouseDClick(window->catalogue()->viewport(), Qt::LeftButton, {}, rect.center());
     ASSERT_EQ(window->document().project().actions.size(), before + 1);
-    EXPECT_EQ(window->document().project().actions[1]->GetActionTypeID(), "CC_CHECKOUT");
     EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp* - Wrenfield Designer");
     EXPECT_TRUE(validation.contains("Options: The path to cleartool.exe has not been specified")) << validation.toStdString();
     EXPECT_EQ(property(*window, 1, "Comment"), "nightly build");
-    EXPECT_EQ(property(*window, 1, "NoComment"), "False");
     EXPECT_EQ(window->document().project().actions[1]->GetDescription(), "Check out for the nightly");
+    // A description hides the action's name in the list; the tooltip still gives its type.
+    EXPECT_EQ(window->model().data(window->model().index(1, 0), Qt::ToolTipRole).toString(), "ClearCase Check Out (CC_CHECKOUT)");
 
     // Added and edited is one step (undone and redone with the project edits); Cancel adds nothing.
     answerDialog({pressCancel});
@@ -284,15 +288,16 @@ TEST_F(DesignerWindow, AddsACheckOutFromTheCatalogueEditsItOnItsPagesAndSavesAsR
     EXPECT_EQ(window->windowTitle().toStdString(), "release.wfp - Wrenfield Designer");
     const std::string saved = wftest::readFile(window->document().path().toStdString());
     EXPECT_NE(saved.find("<property name=\"Comment\">nightly build</property>"), std::string::npos) << saved;
-    // What wfbuild writes for the same file is what the designer wrote.
-    wftest::ProgramRequest resave;
-    resave.program = WFBUILD_PATH;
-    const std::string resaved = m_config.file("resaved.wfp");
-    resave.arguments = {"resave", window->document().path().toStdString(), "--output", resaved, "--no-default-plugins",
-                        "--plugin", WF_CLEARCASE_PLUGIN, "--plugin", WF_BASICACTIONS_PLUGIN};
-    const auto run = wftest::runProgram(resave);
-    ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(wftest::readFile(resaved), saved);
+    // Not every platform theme binds Save As; it starts in the project's folder.
+    EXPECT_EQ(window->findChild<QAction*>("actionSaveAs")->shortcut(), QKeySequence("Ctrl+Shift+S"));
+    std::string asked;
+    SetWFBrowseForFileHook([&](const TWFBrowseFileRequest& request, std::string&) {
+        asked = request.initialDir;
+        return false;
+    });
+    window->findChild<QAction*>("actionSaveAs")->trigger();
+    SetWFBrowseForFileHook(nullptr);
+    EXPECT_EQ(asked, m_config.path());
 }
 
 /// An action of a project file, its properties given as (name, value) pairs.
@@ -323,15 +328,6 @@ std::string listing(TMainWindow& w)
     return text;
 }
 
-void selectRows(TMainWindow& w, const std::vector<int>& rows)
-{
-    w.projectView()->setFocus();
-    w.projectView()->selectionModel()->clearSelection();
-    w.projectView()->setCurrentIndex(w.model().index(rows.front(), 0));
-    for (int row : rows)
-        w.projectView()->selectionModel()->select(w.model().index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
-}
-
 std::vector<int> selectedRowsOf(TMainWindow& w)
 {
     std::vector<int> rows;
@@ -350,19 +346,6 @@ Edit pick(std::vector<int> rows)
 Edit menu(const char* action)
 {
     return [action](TMainWindow& w) { w.findChild<QAction*>(action)->trigger(); };
-}
-/// Drops row `row` where the list's drop indicator shows: before row `before`, or onto the row `onto`.
-Edit drag(int row, int before, int onto = -1)
-{
-    return [=](TMainWindow& w) {
-        std::unique_ptr<QMimeData> data(w.model().mimeData({w.model().index(row, 0)}));
-        w.model().dropMimeData(data.get(), Qt::MoveAction, before, 0, onto < 0 ? QModelIndex() : w.model().index(onto, 0));
-    };
-}
-/// OK in the dialog of the action the next step adds, keeping it when it is not valid yet.
-Edit acceptKeepingIt()
-{
-    return [](TMainWindow&) { answerDialog({answerBox("btnKeep"), pressOk}); };
 }
 
 /// One edit of the project list: the user's steps, the list afterwards (nullptr: unchanged) and
@@ -388,7 +371,6 @@ TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
         actionXml("CC_UPDATE", "a") + actionXml("CC_FINDCHECKOUTS", "b") + actionXml("WF_LOGMESSAGE", "c") +
             actionXml("CC_CHECKOUT", "d", {{"PathNameStorageString", "src/a.c&#13;&#10;"}}),
         "<variable name=\"VIEW\" type=\"string\" value=\"\"/>", cleanup))));
-    ASSERT_EQ(listing(*window), "a b c d | x y");
     const std::string original = projectText(*window);
     for (const Edit& step : row.steps)
         step(*window);
@@ -417,32 +399,28 @@ TEST_P(ProjectEdits, EachIsOneStepToUndoAndRedo)
 INSTANTIATE_TEST_SUITE_P(
     Rows, ProjectEdits,
     ::testing::Values(
-        EditRow{"move up", {pick({1}), menu("actionMoveUp")}, "b a c d | x y", {0}},
         EditRow{"move down", {pick({0}), menu("actionMoveDown")}, "b a c d | x y", {1}},
         EditRow{"untick the enabled box",
                 {[](TMainWindow& w) { w.model().setData(w.model().index(2, 0), Qt::Unchecked, Qt::CheckStateRole); }},
                 "a b -c d | x y"},
         EditRow{"disable from the menu", {pick({3}), menu("actionDisable")}, "a b c -d | x y"},
-        EditRow{"drag a row down", {drag(0, 3)}, "b c a d | x y", {2}},
         EditRow{"drag from the catalogue",
-                {acceptKeepingIt(),
-                 [](TMainWindow& w) {
+                {[](TMainWindow& w) {
+                     // OK in the new action's dialog, keeping it although it is not valid yet.
+                     answerDialog({answerBox("btnKeep"), pressOk});
                      QMimeData data;
                      data.setData(kActionTypeMime, "CC_LOCK");
                      w.model().dropMimeData(&data, Qt::CopyAction, 2, 0, {});
                      waitFor([&] { return w.model().rowCount() == 8; });
                  }},
                 "a b CC_LOCK c d | x y"},
-        EditRow{"drag an action onto the clean-up heading", {drag(0, -1, 4)}, "b c d | a x y"},
+        EditRow{"drag an action onto the clean-up heading",
+                {[](TMainWindow& w) {
+                    std::unique_ptr<QMimeData> data(w.model().mimeData({w.model().index(0, 0)}));
+                    w.model().dropMimeData(data.get(), Qt::MoveAction, -1, 0, w.model().index(4, 0));
+                }},
+                "b c d | a x y", {4}},
         EditRow{"move the first clean-up action up into the actions", {pick({5}), menu("actionMoveUp")}, "a b c d x | y", {4}},
-        // Added and edited in its dialog is one step.
-        EditRow{"add from the catalogue with the heading selected",
-                {pick({4}), [](TMainWindow& w) {
-                     answerDialog({onTab("Comment"), clickOn("btnComment"), typeInto("txtComment", "added"), answerBox("btnKeep"), pressOk});
-                     w.addCatalogueAction("CC_UNLOCK");
-                 }},
-                "a b c d | CC_UNLOCK x y", {},
-                [](TMainWindow& w) { EXPECT_EQ(w.document().project().cleanupActions[0]->GetPropertyText("Comment"), "added"); }},
         EditRow{"cut", {pick({1}), menu("actionCut")}, "a c d | x y", {},
                 [](TMainWindow&) { EXPECT_TRUE(QApplication::clipboard()->text().contains("CC_FINDCHECKOUTS")); }},
         EditRow{"duplicate two rows below the last and select the copies", {pick({0, 2}), menu("actionDuplicate")},
@@ -463,14 +441,11 @@ INSTANTIATE_TEST_SUITE_P(
                 [](TMainWindow& w) { EXPECT_EQ(w.model().data(w.model().index(3, 0), Qt::DisplayRole).toString(), "When the build fails"); }},
         EditRow{"continue on failure from the General tab",
                 {[](TMainWindow& w) {
-                    answerDialog({onTab("General"), clickOn("boxContinueOnFailure"), pressOk});
+                    answerDialog({seeTab("Message"), onTab("General"), clickOn("boxContinueOnFailure"), pressOk});
                     w.editAction(2);
                 }},
                 nullptr, {},
-                [](TMainWindow& w) {
-                    EXPECT_TRUE(w.document().project().actions[2]->GetContinueOnFailure());
-                    EXPECT_NE(projectText(w).find("continueOnFailure=\"True\""), std::string::npos);
-                }},
+                [](TMainWindow& w) { EXPECT_TRUE(w.document().project().actions[2]->GetContinueOnFailure()); }},
         EditRow{"edit the variables",
                 {[](TMainWindow& w) {
                     answerDialog({clickOn("btnAddVariable"), look([](QWidget* dialog) {
@@ -495,8 +470,7 @@ TEST_F(DesignerWindow, VariableRowsThatCannotBeKeptAreNamed)
              {{{"", "string", "x"}}, "Row 1: a variable needs a name."},
              {{{"A", "string", ""}, {"a", "string", ""}}, "Row 2: \"a\" is defined twice."},
              {{{"N", "integer", "twelve"}}, "Row 1: \"twelve\" is no integer value."},
-             {{{"F", "boolean", "yes"}}, "\"yes\" is no boolean value."},
-             {{{"MY VAR", "string", ""}}, "\"MY VAR\" cannot name a variable"}}) {
+             {{{"F", "boolean", "yes"}}, "\"yes\" is no boolean value."}}) {
         const QString problem = TVariablesDialog::problemOf(variables);
         EXPECT_EQ(problem.isEmpty(), piece.empty()) << problem.toStdString();
         EXPECT_TRUE(problem.contains(QString::fromStdString(piece))) << problem.toStdString();
@@ -505,54 +479,36 @@ TEST_F(DesignerWindow, VariableRowsThatCannotBeKeptAreNamed)
 
 TEST_F(DesignerWindow, AProjectThatFailsToLoadIsNamedWithItsPlaceAndOpensNothing)
 {
-    struct Row {
-        std::string content;
-        std::string place;
-        std::string piece;
-    };
     openExample("locks.wfp");
     const QString openPath = window->document().path();
     const std::string openText = projectText(*window);
-    const std::vector<Row> rows = {
-        {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\"\n", ":5:", ""},
-        {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"NO_SUCH\"/>\n  </actions>\n</wfproject>\n", ":4:", "NO_SUCH"},
-        {"<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\">\n      <property name=\"NoComment\">maybe</property>\n    </action>\n  </actions>\n</wfproject>\n", ":5:", "maybe"},
-        // Nobody writes to a FIFO: opening it for reading would wait for ever.
-        {"", "", "it is a FIFO, not a regular file"},
-    };
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::string name = "broken" + std::to_string(i) + ".wfp";
-        const std::string path = rows[i].content.empty() ? m_config.file(name) : m_config.write(name, rows[i].content);
-        if (rows[i].content.empty()) {
-            ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
-        }
+    const std::string cut = m_config.write("cut.wfp", "<?xml version=\"1.0\"?>\n<wfproject version=\"1\">\n  <actions>\n    <action type=\"CC_CHECKOUT\"\n");
+    // Nobody writes to a FIFO: opening it for reading would wait for ever.
+    const std::string fifo = m_config.file("fifo.wfp");
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    for (const auto& [path, piece] : {std::pair{cut, cut + ":5:"}, std::pair{fifo, std::string("it is a FIFO, not a regular file")}}) {
         QString message;
-        whenModal([&](QWidget* box) { closeMessageBox(box, &message); });
+        answerNextBox("OK", &message);
         EXPECT_FALSE(window->openProject(QString::fromStdString(path)));
-        EXPECT_TRUE(message.contains(QString::fromStdString(path + rows[i].place))) << message.toStdString();
-        EXPECT_TRUE(message.contains(QString::fromStdString(rows[i].piece))) << message.toStdString();
+        EXPECT_TRUE(message.contains(QString::fromStdString(path)) && message.contains(QString::fromStdString(piece))) << message.toStdString();
         EXPECT_EQ(window->document().path(), openPath);
         EXPECT_EQ(projectText(*window), openText);
     }
 }
 
-TEST_F(DesignerWindow, TitleRecentFilesAndClosingWithUnsavedChanges)
+TEST_F(DesignerWindow, RecentFilesAndClosingWithUnsavedChanges)
 {
     openExample("locks.wfp");
     openExample("ucm.wfp");
-    ASSERT_GE(window->recentFiles().size(), 2);
-    EXPECT_TRUE(window->recentFiles()[0].endsWith("ucm.wfp"));
-    EXPECT_TRUE(window->recentFiles()[1].endsWith("locks.wfp"));
+    EXPECT_EQ(window->recentFiles(), (QStringList{window->document().path(), QString::fromStdString(m_config.file("locks.wfp"))}));
     // Another window (the next start) sees the same list.
     TMainWindow second(QString::fromStdString(m_config.file("wfdesigner.ini")));
     EXPECT_EQ(second.recentFiles(), window->recentFiles());
 
-    selectRow(*window, 0);
+    selectRows(*window, {0});
     window->findChild<QAction*>("actionRemove")->trigger();
-    EXPECT_TRUE(window->windowTitle().startsWith("ucm.wfp*"));
     answerNextBox("Cancel");
     EXPECT_FALSE(window->close());
-    EXPECT_TRUE(window->isVisible());
     answerNextBox("Discard");
     EXPECT_TRUE(window->close());
 }
@@ -581,12 +537,12 @@ TEST_P(SavingOver, AsksBeforeLosingCommentsOrAChangeMadeOnDisk)
         opened.insert(opened.find("<variables>"), "<!-- IMPORTANT -->\n  ");
     const std::string path = m_config.write("p.wfp", opened);
     if (row.comment)
-        whenModal([](QWidget* box) { closeMessageBox(box); });
+        answerNextBox("OK");
     ASSERT_TRUE(window->openProject(QString::fromStdString(path)));
     const std::string outside = wftest::readFile(examplePath("ucm.wfp"));
     if (row.outsideChange)
         m_config.write("p.wfp", outside);
-    selectRow(*window, 0);
+    selectRows(*window, {0});
     window->findChild<QAction*>("actionRemove")->trigger();
     const std::string designer = projectText(*window);
 
@@ -640,8 +596,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(DesignerWindow, ActionDialogFitsItsPagesLetsThemGrowAndRemembersItsSize)
 {
     openExample("release.wfp");
-    const int row = 14; // the baseline: pages of several heights
-    ASSERT_EQ(window->document().project().actions[row]->GetActionTypeID(), "UCM_MAKEBL");
+    const int row = 14; // the baseline (UCM_MAKEBL): pages of several heights
     QSize chosen;
     whenModal([&](QWidget* dialog) {
         auto* tabs = dialog->findChild<QTabWidget*>();
@@ -678,50 +633,49 @@ TEST_F(DesignerWindow, ActionDialogFitsItsPagesLetsThemGrowAndRemembersItsSize)
 
 TEST_F(DesignerWindow, ValidationErrorsSendTheUserBackToTheirPage)
 {
-    writeProject("t.wfp", "    <action type=\"TEST_ACTION\" description=\"\" enabled=\"True\">\n"
-                          "      <property name=\"Text\"></property>\n    </action>\n");
-    ASSERT_TRUE(window->openProject(QString::fromStdString(m_config.file("t.wfp"))));
+    ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject("t.wfp", actionXml("WF_SETVARIABLE", "", {{"VariableName", ""}})))));
     // The list marks the action without being asked; the run's status stays the run's.
     ASSERT_TRUE(waitFor([&] { return !window->model().validation(0).isEmpty(); }));
-    EXPECT_EQ(window->model().validation(0), QStringList{"Text Options: No text given."});
+    EXPECT_EQ(window->model().validation(0), QStringList{"Variable: No variable name has been given."});
     EXPECT_EQ(window->projectView()->currentIndex().row(), 0) << "the first action is selected on open";
     ASSERT_EQ(window->validateProject(), 1);
     EXPECT_EQ(window->statusBar()->currentMessage(), "1 of 1 enabled actions is not valid.");
     QTreeWidgetItem* error = window->problems()->topLevelItem(0)->child(0);
-    EXPECT_EQ(error->text(0), "Text Options");
-    EXPECT_EQ(error->text(1), "No text given.");
+    EXPECT_EQ(error->text(0), "Variable");
+    EXPECT_EQ(error->text(1), "No variable name has been given.");
     EXPECT_EQ(window->model().runStatus(0), TRunStatus::None);
 
+    // The page offers the project's variables as it reads the action.
+    bool readWhileShown = false;
+    WFDesignApplicationServices().variableNamesProvider = [&] {
+        readWhileShown = window->findChild<QDialog*>("actionDialog")->isVisible();
+        return std::vector<std::string>{};
+    };
     // Double-clicking the error opens the action on the page it names; OK with the error
     // still there offers to go back, which keeps the dialog open on that page.
     QString asked;
-    answerDialog({seeTab("Text Options"),
-                  look([](QWidget* dialog) {
-                      EXPECT_TRUE(dialog->findChild<TTestFrame*>()->readWhileShown) << "the page read the action before it showed";
-                  }),
-                  seeText("commandPreview", "Text Options: No text given."), onTab("General"), answerBox("btnGoBack", &asked), pressOk,
+    answerDialog({seeTab("Variable"), seeText("commandPreview", "Variable: No variable name has been given."), onTab("General"),
+                  answerBox("btnGoBack", &asked), pressOk,
                   look([](QWidget* dialog) {
                       QTest::qWait(50);
                       EXPECT_TRUE(dialog->isVisible());
                   }),
-                  seeTab("Text Options"), typeInto("txtText", "fixed"), pressOk});
+                  seeTab("Variable"), typeInto("cmbVariableName", "FIXED"), pressOk});
     const QRect rect = window->problems()->visualItemRect(error);
     QTest::mouseClick(window->problems()->viewport(), Qt::LeftButton, {}, rect.center());
     QTest::mouseDClick(window->problems()->viewport(), Qt::LeftButton, {}, rect.center());
+    EXPECT_TRUE(readWhileShown) << "the page read the action before the dialog showed";
     EXPECT_FALSE(asked.isEmpty()) << "OK with the error still there asked nothing";
-    EXPECT_EQ(property(*window, 0, "Text"), "fixed");
+    EXPECT_EQ(property(*window, 0, "VariableName"), "FIXED");
     EXPECT_TRUE(waitFor([&] { return window->model().validation(0).isEmpty(); }));
     EXPECT_EQ(window->validateProject(), 0);
 }
 
-TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsTheUserEditsAndPicksSeveralFiles)
+TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsTheUserEditsAndPicksSeveralFilesAndF1ShowsItsHelp)
 {
-    openExample("release.wfp");
-    auto variables = window->document().project().variables;
-    for (auto& variable : variables)
-        if (variable.name == "VIEW")
-            variable.value = m_config.path();
-    window->document().setVariables(variables);
+    ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject(
+        "p.wfp", actionXml("CC_CHECKOUT", "", {{"PathNameStorageString", "src/a.c&#13;&#10;"}, {"ViewContextPath", "%VIEW%"}}),
+        "<variable name=\"VIEW\" type=\"string\" value=\"" + m_config.path() + "\"/>"))));
     std::string error;
     m_config.write("options.ini", "[ClearCase]\nCleartoolPath=" + std::filesystem::path(CLEARTOOL_PATH).parent_path().string() + "\n");
     ASSERT_TRUE(WFOptionsServices().Load(GetWFOptionsFileName(), error)) << error;
@@ -743,43 +697,28 @@ TEST_F(DesignerWindow, TheDialogShowsTheCommandLineWithTheProjectsVariablesAsThe
         SetWFBrowseForFilesHook(nullptr);
         EXPECT_TRUE(waitFor([&] { return preview->toPlainText().contains("\"/v/one.c\" \"/v/two.c\""); }))
             << preview->toPlainText().toStdString();
+        QTest::keyClick(dialog, Qt::Key_F1);
+        EXPECT_EQ(takeHelpPage().fragment(), "4460");
         take(dialog, pressCancel);
     });
     const std::string before = projectText(*window);
-    EXPECT_FALSE(window->editAction(4));
+    EXPECT_FALSE(window->editAction(0));
     EXPECT_EQ(projectText(*window), before) << "Cancel kept an edit";
     ASSERT_EQ(previews.size(), 2);
     const QStringList lines = previews[0].split('\n');
     ASSERT_EQ(lines.size(), 2) << previews[0].toStdString();
     EXPECT_TRUE(lines[0].startsWith("Command Line: checkout")) << previews[0].toStdString();
     EXPECT_EQ(lines[1], "Starting Directory: " + QString::fromStdString(m_config.path()));
-    EXPECT_FALSE(previews[0].contains("%VIEW%"));
     EXPECT_TRUE(previews[1].contains("-c \"edited\"")) << previews[1].toStdString();
     WFOptionsServices().Load(m_config.file("none.ini"), error);
 }
 
-TEST_F(DesignerWindow, SaveAsStartsInTheProjectsFolderAndTheCatalogueAndTooltipsNameTheType)
-{
-    openExample("release.wfp");
-    std::string asked;
-    SetWFBrowseForFileHook([&](const TWFBrowseFileRequest& request, std::string&) {
-        asked = request.initialDir;
-        return false;
-    });
-    EXPECT_EQ(window->findChild<QAction*>("actionSaveAs")->shortcut(), QKeySequence("Ctrl+Shift+S"));
-    window->findChild<QAction*>("actionSaveAs")->trigger();
-    SetWFBrowseForFileHook(nullptr);
-    EXPECT_EQ(asked, QFileInfo(window->document().path()).absolutePath().toStdString());
-    // A description hides the action's name in the list; the tooltip still gives its type.
-    const QString tip = window->model().data(window->model().index(4, 0), Qt::ToolTipRole).toString();
-    EXPECT_TRUE(tip.contains("ClearCase Check Out (CC_CHECKOUT)")) << tip.toStdString();
-}
-
 // --- options -----------------------------------------------------------------------------
 
-TEST_F(DesignerWindow, OptionsPagesWriteOptionsIniKeepingWhatTheyDoNotOwn)
+// Keeping the rest of the file is the options services' own.
+TEST_F(DesignerWindow, OptionsPagesWriteOptionsIniOnOkOnly)
 {
-    const std::string original = "; written by hand\n[Elsewhere]\nKept=1\n\n[ClearCase]\nDefaultView=/views/old\n";
+    const std::string original = "[ClearCase]\nDefaultView=/views/old\n";
     std::string error;
     for (const bool accept : {false, true}) {
         const std::string ini = m_config.write("options.ini", original);
@@ -788,53 +727,26 @@ TEST_F(DesignerWindow, OptionsPagesWriteOptionsIniKeepingWhatTheyDoNotOwn)
                       accept ? pressOk : pressCancel});
         window->editOptions();
         const std::string written = wftest::readFile(ini);
-        if (!accept) {
-            EXPECT_EQ(written, original);
-            continue;
-        }
-        EXPECT_NE(written.find("; written by hand"), std::string::npos) << written;
-        EXPECT_NE(written.find("[Elsewhere]\nKept=1"), std::string::npos) << written;
-        EXPECT_NE(written.find("DefaultView=/views/new"), std::string::npos) << written;
-        EXPECT_EQ(written.find("/views/old"), std::string::npos) << written;
+        EXPECT_TRUE(accept ? written.find("DefaultView=/views/new") != std::string::npos : written == original) << written;
     }
     WFOptionsServices().Load(m_config.file("none.ini"), error);
 }
 
 // --- help and about ------------------------------------------------------------------------
 
-TEST_F(DesignerWindow, F1OpensThePackageHelpAtTheActionsTopicAndAboutListsThePackages)
+TEST_F(DesignerWindow, F1InTheListOpensThePackageHelpAtTheActionsTopicAndAboutListsThePackages)
 {
     openExample("release.wfp");
-    // The open help viewer's page; closing every viewer, so the next look finds only a new one.
-    const auto takeHelpPage = [] {
-        QUrl shown;
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->objectName() == "helpViewer" && top->isVisible()) {
-                const auto* browser = top->findChild<QTextBrowser*>("helpBrowser");
-                shown = browser->toPlainText().isEmpty() ? QUrl("empty:") : browser->source();
-                top->close();
-            }
-        return shown;
-    };
-    for (const auto& [row, topic] : {std::pair{0, "4440"}, std::pair{4, "4460"}, std::pair{12, "4560"}}) {
-        selectRow(*window, row);
+    for (const auto& [row, topic] : {std::pair{0, "4440"}, std::pair{4, "4460"}}) {
+        selectRows(*window, {row});
         window->findChild<QAction*>("actionHelp")->trigger();
         const QUrl page = takeHelpPage();
         EXPECT_EQ(page.fragment(), QString(topic));
         EXPECT_TRUE(page.path().endsWith("ClearCase.html")) << page.toString().toStdString();
     }
-    // F1 in an action's dialog opens the same topic.
-    QUrl fromDialog;
-    answerDialog({look([&](QWidget* dialog) {
-                      QTest::keyClick(dialog, Qt::Key_F1);
-                      fromDialog = takeHelpPage();
-                  }),
-                  pressCancel});
-    window->editAction(4);
-    EXPECT_EQ(fromDialog.fragment(), "4460");
 
     QString about;
-    whenModal([&](QWidget* box) { closeMessageBox(box, &about); });
+    answerNextBox("OK", &about);
     window->showAbout();
     EXPECT_TRUE(about.contains("WF30ClearCase.so")) << about.toStdString();
     EXPECT_TRUE(about.contains("Wrenfield 3.x clearcase Support")) << about.toStdString();
@@ -891,11 +803,8 @@ TEST_P(ProjectRuns, ShowStatusesAndTheLog)
 {
     const RunRow& row = GetParam();
     ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject("run.wfp", row.actions, "", row.cleanup))));
-    int finished = -1;
-    QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
     ASSERT_TRUE(window->runProject(row.first, row.dryRun));
     EXPECT_FALSE(window->findChild<QAction*>("actionRun")->isEnabled());
-    EXPECT_TRUE(window->findChild<QAction*>("actionStop")->isEnabled());
     ASSERT_TRUE(waitFor([&] { return finished >= 0; }));
     EXPECT_EQ(finished, row.status);
     EXPECT_EQ(statuses(*window), row.statuses);
@@ -912,25 +821,19 @@ using S = TRunStatus;
 INSTANTIATE_TEST_SUITE_P(
     Rows, ProjectRuns,
     ::testing::Values(
-        RunRow{"all pass", logAction("first") + runProgramAction("-c \"echo from the program\""), 0, false, 0,
-               {S::Succeeded, S::Succeeded}, {"[1/2]", "first", "[2/2]", "from the program", "Build succeeded: 2 actions run."}, {}, {}},
-        RunRow{"a failure marks standard error and stops the run",
-               runProgramAction("-c \"echo oops &gt;&amp;2; exit 3\"") + logAction("never"), 0, false, 1,
-               {S::Failed, S::Skipped}, {"oops"}, {"never"},
-               {"oops", "Action Failed: the program ended with exit code 3.", "Action 1 (Run Program: program) failed: exit code 3"}},
         RunRow{"a disabled action is skipped and success runs no clean-up", logAction("off", false) + logAction("on"), 0, false, 0,
                {S::Skipped, S::Succeeded, S::None}, {"on", "1 disabled"}, {"Clean-up", "undo"}, {}, logAction("undo")},
         RunRow{"a dry run starts no program", runProgramAction("-c \"echo ran\""), 0, true, 0,
                {S::Succeeded}, {"Dry run succeeded"}, {"ran\n"}, {}},
         RunRow{"from the selected action", logAction("before") + logAction("after"), 1, false, 0,
                {S::None, S::Succeeded}, {"after", "[1/1]"}, {"before"}, {}},
-        RunRow{"a failure runs the clean-up, each whatever the one before did",
-               runProgramAction("-c \"exit 3\"", "compile") + logAction("never"), 0, false, 1,
+        RunRow{"a failure marks standard error, stops the run and runs the clean-up, each whatever the one before did",
+               runProgramAction("-c \"echo oops &gt;&amp;2; exit 3\"", "compile") + logAction("never"), 0, false, 1,
                {S::Failed, S::Skipped, S::Failed, S::Skipped, S::Succeeded},
                {"=== Clean-up (the build failed at action 1): 2 actions ===", "[clean-up 3/3]",
                 "undo after 1 Run Program compile: exit code 3"},
                {"never"},
-               {"Action Failed: the program ended with exit code 3.", "Action 1 (Run Program: compile) failed: exit code 3",
+               {"oops", "Action Failed: the program ended with exit code 3.", "Action 1 (Run Program: compile) failed: exit code 3",
                 "Action Failed: the program ended with exit code 4.", "Clean-up action 1 (Run Program: undo) failed: exit code 4",
                 "Clean-up: 2 actions run, 1 failed."},
                runProgramAction("-c \"exit 4\"", "undo") + logAction("off", false)
@@ -942,8 +845,6 @@ TEST_F(DesignerWindow, StopEndsTheHangingProgramAndWhatItStarted)
     const std::string pidFile = m_config.file("child.pid");
     ASSERT_TRUE(window->openProject(QString::fromStdString(writeProject(
         "hang.wfp", runProgramAction("-c \"sleep 600 &amp; echo $! &gt; " + pidFile + "; wait\"", "hang") + logAction("after")))));
-    int finished = -1;
-    QObject::connect(&window->runner(), &TRunController::finished, [&](int status) { finished = status; });
     ASSERT_TRUE(window->runProject(0, false));
     ASSERT_TRUE(waitFor([&] { return std::filesystem::exists(pidFile) && std::filesystem::file_size(pidFile) > 0; }));
     EXPECT_TRUE(waitFor([&] { return window->model().runStatus(0) == TRunStatus::Running; }, 2000))

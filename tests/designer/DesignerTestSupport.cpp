@@ -2,13 +2,13 @@
 
 #include "DesignerApp.h"
 
-#include "WFPageFactory.h"
-#include "WFServices.h"
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -16,7 +16,6 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
-#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
@@ -70,9 +69,6 @@ void loadPackages()
         QString error;
         if (!prepareDesigner(args, error))
             ADD_FAILURE() << error.toStdString();
-        const auto action = WFActionClassOf<TTestAction>("TTestAction");
-        WFActionServices().RegisterAction("Test Action", "Testing", action, "TEST_ACTION");
-        WFActionServices().RegisterActionPages(action, {TWFPageClass{"TTestFrame", WFMakePage<TTestFrame>}});
         return true;
     }();
     (void)loaded;
@@ -82,7 +78,8 @@ void take(QWidget* dialog, const Step& step)
 {
     auto* tabs = dialog->findChild<QTabWidget*>();
     QWidget* target = dialog->findChild<QWidget*>(step.target);
-    auto* line = qobject_cast<QLineEdit*>(target);
+    auto* combo = qobject_cast<QComboBox*>(target);
+    QLineEdit* line = combo ? combo->lineEdit() : qobject_cast<QLineEdit*>(target);
     auto* box = qobject_cast<QPlainTextEdit*>(target);
     switch (step.kind) {
     case Step::Tab:
@@ -98,7 +95,7 @@ void take(QWidget* dialog, const Step& step)
     case Step::Type:
         ASSERT_TRUE(line || box) << step.target;
         line ? line->clear() : box->clear();
-        QTest::keyClicks(target, step.text);
+        QTest::keyClicks(line ? static_cast<QWidget*>(line) : box, step.text);
         break;
     case Step::Box:
         answerNextBox(step.target, step.kept);
@@ -138,9 +135,10 @@ void answerNextBox(const char* button, QString* kept)
         if (kept)
             *kept = box->objectName() + ": " + box->text();
         const std::string name = button;
-        QAbstractButton* chosen = name == "Cancel" ? box->button(QMessageBox::Cancel)
-            : name == "Discard"                  ? box->button(QMessageBox::Discard)
-                                                 : box->findChild<QAbstractButton*>(button);
+        QAbstractButton* chosen = name == "OK" ? box->button(QMessageBox::Ok)
+            : name == "Cancel"                  ? box->button(QMessageBox::Cancel)
+            : name == "Discard"                 ? box->button(QMessageBox::Discard)
+                                                : box->findChild<QAbstractButton*>(button);
         ASSERT_NE(chosen, nullptr) << button;
         chosen->click();
     });
@@ -153,48 +151,6 @@ QStringList tabTexts(QWidget* dialog)
         for (int i = 0; i < tabs->count(); ++i)
             texts << tabs->tabText(i);
     return texts;
-}
-
-void closeMessageBox(QWidget* modal, QString* text)
-{
-    auto* box = qobject_cast<QMessageBox*>(modal);
-    ASSERT_NE(box, nullptr) << modal->objectName().toStdString();
-    if (text)
-        *text = box->text();
-    box->button(QMessageBox::Ok) ? box->button(QMessageBox::Ok)->click() : box->reject();
-}
-
-TTestAction::TTestAction()
-{
-    PublishString("Text", &text);
-}
-
-bool TTestAction::Validate(IWFActionValidationError& errors)
-{
-    const bool ok = TCustomWFAction::Validate(errors);
-    if (text.empty()) {
-        errors.AddError("Text Options", "No text given.");
-        return false;
-    }
-    return ok;
-}
-
-TTestFrame::TTestFrame(QWidget* parent) : TFrame(parent), txtText(new QLineEdit(this))
-{
-    setObjectName("TTestFrame");
-    txtText->setObjectName("txtText");
-    (new QVBoxLayout(this))->addWidget(txtText);
-}
-
-void TTestFrame::ReadActionData(TCustomWFAction& action)
-{
-    readWhileShown = window()->isVisible();
-    txtText->setText(QString::fromStdString(narrow<TTestAction>(action).text));
-}
-
-void TTestFrame::WriteActionData(TCustomWFAction& action)
-{
-    narrow<TTestAction>(action).text = txtText->text().toStdString();
 }
 
 } // namespace designertest

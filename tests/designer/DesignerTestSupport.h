@@ -1,10 +1,5 @@
 #pragma once
 
-#include "WFAction.h"
-#include "WFFrame.h"
-
-#include <QDialogButtonBox>
-#include <QLineEdit>
 #include <QStringList>
 
 #include <functional>
@@ -34,10 +29,10 @@ struct Step {
 inline Step onTab(const char* caption) { return {Step::Tab, caption}; }
 /// Clicks a button, or a check box or radio button on its indicator, where a user aims.
 inline Step clickOn(const char* name) { return {Step::Click, name}; }
-/// Replaces the text of a line edit or a text box with the text typed.
+/// Replaces the text of a line edit, an editable combo box or a text box with the text typed.
 inline Step typeInto(const char* name, const QString& text) { return {Step::Type, name, text}; }
-/// Answers the message box the next step opens with the named button ("Cancel", "Discard" or an
-/// object name). Comes before the step that opens it.
+/// Answers the message box the next step opens with the named button ("OK", "Cancel", "Discard" or
+/// an object name). Comes before the step that opens it.
 inline Step answerBox(const char* button, QString* kept = nullptr) { return {Step::Box, button, {}, kept}; }
 inline Step seeTab(const char* caption) { return {Step::SeeTab, caption}; }
 /// The text of a line edit or a text box.
@@ -51,29 +46,5 @@ void answerDialog(std::vector<Step> steps);
 /// Answers the next message box as a Box step does.
 void answerNextBox(const char* button, QString* kept = nullptr);
 QStringList tabTexts(QWidget* dialog);
-/// Closes the message box open, with OK where it has one.
-void closeMessageBox(QWidget* modal, QString* text = nullptr);
-
-/// An action and a page of the tests' own: a text that must not be empty, on a page captioned
-/// "Text Options", so validation errors can name a page that exists on this branch.
-class TTestAction final : public TCustomWFAction {
-public:
-    TTestAction();
-    bool Execute() override { return true; }
-    bool Validate(IWFActionValidationError& errors) override;
-    std::string GetActionName() const override { return "Test Action"; }
-    std::string text;
-};
-
-class TTestFrame final : public TFrame {
-public:
-    explicit TTestFrame(QWidget* parent);
-    void ReadActionData(TCustomWFAction& action) override;
-    void WriteActionData(TCustomWFAction& action) override;
-    std::string PageName() const override { return "Text Options"; }
-    QLineEdit* txtText;
-    /// Whether the dialog was on screen when the page read the action.
-    bool readWhileShown = false;
-};
 
 } // namespace designertest
