@@ -55,41 +55,23 @@ Refusal exclusive(std::vector<std::string> args, const std::string& first, const
 INSTANTIATE_TEST_SUITE_P(
     Lines, Refused,
     ::testing::Values(
-        tooShort("checkout", "-re"), tooShort("checkout", "-un"), tooShort("checkout", "-n"),
-        tooShort("checkin", "-id"), tooShort("checkin", "-ke"), tooShort("lstype", "-in"),
-        tooShort("lsstream", "-cv"), tooShort("mklbtype", "-re"), tooShort("mklbtype", "-gl"),
-        tooShort("lock", "-ob"), tooShort("lock", "-nu"), tooShort("lock", "-pn"), tooShort("mkattype", "-vt"),
-        tooShort("mkactivity", "-he"), tooShort("mkbl", "-f"), tooShort("mkbl", "-in"), tooShort("update", "-ov"),
-        tooShort("mkelem", "-mk"), tooShort("checkout", "-ver x"), tooShort("checkout", "-reservedx"),
+        // Below the shortest form, a value joined to a switch that takes none, a word past the name.
+        tooShort("checkout", "-re"), tooShort("checkout", "-ver x"), tooShort("checkout", "-reservedx"),
+        // The order of the table, not of the line; a later group of a command; a group of three.
         exclusive({"checkout", "-unreserved", "-reserved", "a.c"}, "-reserved", "-unreserved"),
-        exclusive({"checkout", "-ndata", "-out", "x", "a.c"}, "-out", "-ndata"),
-        exclusive({"checkin", "-rm", "-keep", "a.c"}, "-keep", "-rm"),
-        exclusive({"uncheckout", "-keep", "-rm", "a.c"}, "-keep", "-rm"),
-        exclusive({"mkelem", "-ci", "-nco", "a.c"}, "-nco", "-ci"),
-        exclusive({"mklbtype", "-ordinary", "-global", "REL"}, "-global", "-ordinary"),
-        exclusive({"mkbrtype", "-global", "-ordinary", "dev"}, "-global", "-ordinary"),
         exclusive({"mkattype", "-ge", "1", "-gt", "0", "A"}, "-gt", "-ge"),
-        exclusive({"mkattype", "-le", "1", "-lt", "0", "A"}, "-lt", "-le"),
-        exclusive({"mkattype", "-vpversion", "-vpbranch", "A"}, "-vpbranch", "-vpversion"),
-        exclusive({"lock", "-obsolete", "-nusers", "bob", "vob:/vobs/main"}, "-nusers", "-obsolete"),
-        exclusive({"update", "-rename", "-overwrite"}, "-overwrite", "-rename"),
-        exclusive({"update", "-ptime", "-ctime"}, "-ctime", "-ptime"),
         exclusive({"mkbl", "-all", "-component", "c", "BL"}, "-component", "-all"),
-        exclusive({"mkbl", "-full", "-nlabel", "BL"}, "-nlabel", "-full"),
-        // Without the operands the command needs.
-        Refusal{{"checkout", "-nc"}}, Refusal{{"checkin", "-nc"}}, Refusal{{"uncheckout", "-rm"}},
-        Refusal{{"mkelem", "-nc"}}, Refusal{{"mkdir", "-nc"}}, Refusal{{"mklabel", "-nc", "REL1"}},
-        Refusal{{"mkattr", "-nc", "Build", "1"}}, Refusal{{"mkattr", "-default", "Build"}}, Refusal{{"describe"}},
-        Refusal{{"lock", "-nc"}}, Refusal{{"unlock"}}, Refusal{{"mklbtype", "-nc"}}, Refusal{{"mkattype", "-nc"}},
-        Refusal{{"mkbrtype"}}, Refusal{{"mkcomp", "-nc", "-nroot"}}, Refusal{{"mkfolder", "-in", "RootFolder"}},
-        Refusal{{"mkproject", "-in", "RootFolder"}}, Refusal{{"mkstream", "-in", "proj"}},
-        Refusal{{"mkvob", "-tag", "/v"}}, Refusal{{"mkview", "-snapshot", "-tag", "v"}}, Refusal{{"mklbtype", "-c"}}),
+        // Without the operands the command needs: the shared check once, then the commands that check their own,
+        // and a switch without its value.
+        Refusal{{"checkin", "-nc"}}, Refusal{{"mklabel", "-nc", "REL1"}}, Refusal{{"mkattr", "-nc", "Build", "1"}},
+        Refusal{{"mklbtype", "-c"}}),
     [](const auto& info) { return wftest::rowName(info.param.args); });
 
-// Every command: an unknown switch names itself and prints the usage on stderr; -h prints it on stdout.
-class EveryCommand : public Scenario, public ::testing::WithParamInterface<const char*> {};
+// An unknown switch names itself and prints the usage on stderr; -h prints it on stdout. The
+// parser and the usage printing are shared, so a few commands stand for all.
+class AnyCommand : public Scenario, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(EveryCommand, RefusesUnknownSwitchAndHelpsOnRequest)
+TEST_P(AnyCommand, RefusesUnknownSwitchAndHelpsOnRequest)
 {
     const std::string usage = "Usage: " + std::string(GetParam());
     Result bad = run("", {GetParam(), "-bogus", "x"});
@@ -106,14 +88,8 @@ TEST_P(EveryCommand, RefusesUnknownSwitchAndHelpsOnRequest)
     EXPECT_EQ(viaHelp.out, help.out);
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, EveryCommand,
-                         ::testing::Values("catcs", "checkin", "checkout", "describe", "lock", "ls", "lsactivity",
-                                           "lsbl", "lscheckout", "lscomp", "lsfolder", "lshistory", "lspool",
-                                           "lsproject", "lsstream", "lstype", "lsview", "lsvob", "mkactivity",
-                                           "mkattr", "mkattype", "mkbl", "mkbrtype", "mkcomp", "mkdir", "mkelem",
-                                           "mkfolder", "mklabel", "mklbtype", "mkproject", "mkstream", "mkview",
-                                           "mkvob", "pwv", "rmview", "setactivity", "setcs", "uncheckout",
-                                           "unlock", "update"),
+INSTANTIATE_TEST_SUITE_P(Commands, AnyCommand,
+                         ::testing::Values("checkout", "describe", "lsvob", "mkattype", "setcs", "update"),
                          [](const auto& info) { return std::string(info.param); });
 
 TEST_F(World, DoubleDashEndsSwitchesAndOperandsFailAlone)
@@ -124,7 +100,6 @@ TEST_F(World, DoubleDashEndsSwitchesAndOperandsFailAlone)
         {src, {"checkout", "-nc", "."}},
         {src, {"mkelem", "-nc", "-ci", "--", "-odd.c", "b.c"}, 0, "~Checked in \"-odd.c\" version \"/main/1\".\n"},
         {src, {"checkin", "-nc", "."}},
-        {src, {"ls", "-short", "--", "-odd.c"}, 0, "-odd.c@@/main/1\n"},
         {src, {"checkout", "-nc", "-odd.c"}, 1, "", "~Unrecognized option \"-odd.c\"\n"},
         {src, {"checkout", "-nc", "--", "-odd.c"}, 0, "Checked out \"-odd.c\" from version \"/main/1\".\n"},
         {src, {"checkout", "-nc", "a.c", "--"}, 1, "Checked out \"a.c\" from version \"/main/1\".\n",
@@ -151,7 +126,6 @@ TEST_F(World, SeveralOperandsOneFailing)
         {src, {"uncheckout", "-rm", "b.c", "a.c", "b.c"}, 1,
          "Checkout cancelled for \"b.c\".\nCheckout cancelled for \"a.c\".\n",
          "cleartool: Error: Element \"b.c\" is not checked out.\ncleartool: Error: Unable to uncheckout \"b.c\".\n"},
-        {src, {"lscheckout", "-short", "-directory", "."}, 0, ".\n"},
         {"", {"mklbtype", "-nc", "lbtype:A@/vobs/main", "lbtype:B@/vobs/none", "lbtype:C@/vobs/main"}, 1,
          "Created label type \"A\".\nCreated label type \"C\".\n",
          "cleartool: Error: Unable to determine VOB for pathname \"/vobs/none\".\n"},
@@ -166,16 +140,10 @@ TEST_F(World, LtEditionReportsItselfAndRefusesFullFeatures)
         {"", {"-ver"}, 0, "~Rational ClearCase LT"},
         {src, {"checkout", "-nc", "a.c@@/main/1"}, 1, "",
          "cleartool: Error: Version-extended pathname \"a.c@@/main/1\" is not supported by ClearCase LT.\n"},
-        {src, {"lock", "-nc", "a.c@@/main"}, 1, "", "~is not supported by ClearCase LT.\n"},
-        {src, {"mkdir", "-nc", "-master", "d"}, 1, "",
-         "cleartool: Error: Mastership (-master) is not supported by ClearCase LT.\n"},
         {src, {"checkout", "-nc", "."}},
         {src, {"mkelem", "-nc", "-master", "b.c"}, 1, "",
          "cleartool: Error: Mastership (-master) is not supported by ClearCase LT.\n"},
         {src, {"mkelem", "-nc", "b.c"}, 0, "~Created element \"b.c\""},
-        {src, {"ls", "-short", "b.c"}, 0, "b.c@@/main/CHECKEDOUT\n"},
-        {src, {"describe", "a.c@@/main/1"}, 1, "", "~not supported by ClearCase LT"},
-        {src, {"describe", "a.c"}, 0, "~version \"a.c@@/main/1\""},
     });
 }
 
@@ -215,17 +183,12 @@ INSTANTIATE_TEST_SUITE_P(
     Commands, FailureChangesNothing,
     ::testing::Values(
         FailingCommand{"base/vobs/main/src", {"checkin", "-nc", "a.c"}},
-        FailingCommand{"base/vobs/main/src", {"uncheckout", "-rm", "a.c"}},
         FailingCommand{"base/vobs/main/src", {"mkelem", "-nc", "new.c"}},
         FailingCommand{"base/vobs/main/src", {"mkelem", "-nc", "-mkpath", "-eltype", "nosuch", "deep/x.c"}},
         FailingCommand{"base/vobs/main/src", {"mklabel", "-nc", "NOPE", "a.c"}},
         FailingCommand{"base/vobs/main/src", {"mkattr", "-nc", "Build", "11", "a.c"}},
         FailingCommand{"base/vobs/main/src", {"mklbtype", "-nc", "REL1"}},
-        FailingCommand{"base/vobs/main/src", {"mkattype", "-nc", "-vtype", "integer", "-le", "1", "-default", "5", "Big"}},
-        FailingCommand{"", {"unlock", "-nc", "lbtype:REL1@/vobs/main"}},
         FailingCommand{"dev/vobs/main/src", {"checkout", "-nc", "a.c"}},
-        FailingCommand{"dev/vobs/main", {"mkactivity", "-nc", "fix_1"}},
-        FailingCommand{"dev/vobs/main", {"mkbl", "-nc", "-component", "nope", "X"}},
         FailingCommand{"base", {"setcs", "missing.cs"}},
         FailingCommand{"", {"mkview", "-snapshot", "-tag", "base_v", "other"}},
         FailingCommand{"", {"mkstream", "-nc", "-in", "proj@/vobs/pvob", "dev@/vobs/pvob"}}),
