@@ -189,6 +189,10 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         EndCase{"TimeLimitHoldsAfterTheOutputIsClosed", {{"WF_FAKE_CLOSE_OUTPUT", "1"}, {"WF_FAKE_SLEEP_MS", "60000"}},
                 Stopper::TimeLimit, false},
+        EndCase{"TerminateHoldsAfterTheOutputIsClosed", {{"WF_FAKE_CLOSE_OUTPUT", "1"}, {"WF_FAKE_SLEEP_MS", "60000"}},
+                Stopper::Terminate, false},
+        EndCase{"ExitSoonAfterTheOutputIsClosed", {{"WF_FAKE_CLOSE_OUTPUT", "1"}, {"WF_FAKE_SLEEP_MS", "300"}},
+                Stopper::None, false},
         EndCase{"ExitWhileAChildKeepsWriting", {{"WF_FAKE_CHILD", "writer"}}, Stopper::None, true},
         EndCase{"TerminateStopsADetachedChild", {{"WF_FAKE_CHILD", "detached"}, {"WF_FAKE_SLEEP_MS", "60000"}},
                 Stopper::Terminate, true},
