@@ -69,12 +69,6 @@ const PageCase kApplyCases[] = {
      .shown = typeShown("(Type: String)", false, false),
      .stored = {{"UseDefaultAttributeValue", "True"}, {"AttributeName", "BuildNo"}},
      .responses = {{kDescribe, kStringType}}, .calls = {kDescribe}},
-    {.name = "TypeShownWithCapital",
-     .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}, {"AttributeValue", "42"}},
-     .shown = typeShown("(Type: Integer)", false, true),
-     .stored = {{"AttributeValue", "42"}, {"UseDefaultAttributeValue", "False"}, {"VOBSelector", "/vobs/main"}},
-     .responses = {{kDescribe, kIntegerType}}, .calls = {kDescribe},
-     .makeAction = newAction<TClearCaseApplyAttributeObjectsAction>},
     {.name = "EmptyVOBAsksNothing", .given = {{"AttributeName", "BuildNo"}}, .shown = typeShown("", true, true),
      .stored = {{"AttributeName", "BuildNo"}, {"VOBSelector", ""}}, .responses = {{kDescribe, kStringType}}},
     {.name = "EmptyNameAsksNothing", .given = {{"VOBSelector", "/vobs/main"}}, .shown = typeShown("", true, true),
@@ -83,9 +77,6 @@ const PageCase kApplyCases[] = {
     {.name = "FailedLookupLeavesDefaultEnabled", .given = {{"VOBSelector", "/vobs/main"}, {"AttributeName", "BuildNo"}},
      .shown = typeShown("", true, true), .stored = {{"UseDefaultAttributeValue", "False"}},
      .responses = {{kDescribe, kStringType, 1}}, .calls = {kDescribe}},
-    {.name = "TickingDefaultDisablesValueAndKeepsIt", .given = {{"AttributeName", "BuildNo"}, {"AttributeValue", "42"}},
-     .steps = {clickOn("boxUseDefault")}, .shown = typeShown("", true, false),
-     .stored = {{"UseDefaultAttributeValue", "True"}, {"AttributeValue", "42"}}},
     {.name = "UntickingDefaultTakesTypedValueAsItStands", .given = {{"UseDefaultAttributeValue", "True"}},
      .steps = {clickOn("boxUseDefault"), typeInto("txtValue", "\"release 2\"")}, .shown = typeShown("", true, true),
      .stored = {{"UseDefaultAttributeValue", "False"}, {"AttributeValue", "\"release 2\""}},
@@ -127,8 +118,6 @@ TEST_F(ApplyAttributeLookup, OneLookupAfterTheLastKeystrokeInEitherBox)
 // ---- Path and object options ----------------------------------------------------------------
 
 const PageCase kPathOptionsCases[] = {
-    {.name = "KeptAsStored",
-     .kept = {{"Replace", "True"}, {"Recurse", "False"}, {"UseVersionSelector", "True"}, {"VersionSelector", "/main/LATEST"}}},
     {.name = "AllCleared", .given = {{"Replace", "True"}, {"Recurse", "True"}, {"UseVersionSelector", "True"}},
      .steps = clicks({"boxReplace", "boxRecurse", "boxUseVersion"}),
      .stored = {{"Replace", "False"}, {"Recurse", "False"}, {"UseVersionSelector", "False"}}},
@@ -139,7 +128,6 @@ WF_PAGE_TABLE(ApplyAttributeOptions, TClearCaseApplyAttributePathNamesAction,
               "TClearCaseApplyAttributePathNamesFrame", "Options", kPathOptionsCases);
 
 const PageCase kObjectOptionsCases[] = {
-    {.name = "ReplaceTicked", .steps = clicks({"boxReplace"}), .stored = {{"Replace", "True"}}},
     {.name = "ReplaceCleared", .given = {{"Replace", "True"}}, .steps = clicks({"boxReplace"}),
      .stored = {{"Replace", "False"}}},
 };
@@ -156,9 +144,6 @@ std::vector<Shown> constraintShown(const char* checked)
 }
 
 const PageCase kTypeOptionsCases[] = {
-    {.name = "NewActionOrdinaryUnconstrained",
-     .shown = {{"btnOrdinary", true}, {"btnGlobal", false}, {"btnDefaultUse", true}},
-     .stored = {{"Constraints", "lcDefault"}, {"Global", "False"}, {"Acquire", "False"}, {"Replace", "False"}, {"Shared", "False"}}},
     {.name = "VersionConstraintKept", .kept = {{"Constraints", "lcVPversion"}},
      .shown = constraintShown("btnVPVersion")},
     {.name = "ElementConstraintKept", .kept = {{"Constraints", "lcVPelement"}},
@@ -167,10 +152,9 @@ const PageCase kTypeOptionsCases[] = {
     {.name = "OrdinaryKeepsAcquire", .given = {{"Global", "True"}, {"Acquire", "True"}},
      .steps = clicks({"btnOrdinary"}), .shown = {{"btnGlobal", false}, {"boxAcquire", true, true}},
      .stored = {{"Global", "False"}, {"Acquire", "True"}}},
-    {.name = "GlobalChosen", .steps = clicks({"btnGlobal"}), .shown = {{"btnOrdinary", false}},
-     .stored = {{"Global", "True"}, {"Acquire", "False"}}},
-    {.name = "ReplaceAndShared", .steps = clicks({"boxReplace", "boxShared"}),
-     .stored = {{"Replace", "True"}, {"Shared", "True"}}},
+    {.name = "GlobalReplaceAndSharedChosen", .steps = clicks({"btnGlobal", "boxReplace", "boxShared"}),
+     .shown = {{"btnOrdinary", false}},
+     .stored = {{"Global", "True"}, {"Acquire", "False"}, {"Replace", "True"}, {"Shared", "True"}}},
 };
 WF_PAGE_TABLE(AttributeTypeOptions, TClearCaseMakeAttributeTypeAction,
               "TClearCaseMakeAttributeTypeOptionsFrame", "Options", kTypeOptionsCases);
@@ -198,15 +182,6 @@ void expectBoundEdits(const OpenPage& page, bool date)
 }
 
 const PageCase kNewTypeCases[] = {
-    {.name = "NewActionIsAStringTypeWithoutRange",
-     .shown = {{"cmbValueType", {}, {}, "String"}, {"boxUseMin", {}, false}, {"boxUseMax", {}, false}},
-     .stored = {{"NewAttributeType", "atString"}, {"UseMin", "False"}, {"UseMax", "False"}, {"UseDefaultValue", "False"}},
-     .check = [](const OpenPage& page) {
-         expectBoundEdits(page, false);
-         EXPECT_FALSE(dateText(page, "txtDefaultValue")->isEnabled());
-     }},
-    {.name = "NameAndVOBTyped", .steps = {typeInto("txtAttrName", "BuildNo"), typeInto("txtVOBSelector", "/vobs/main")},
-     .stored = {{"AttributeName", "BuildNo"}, {"VOBSelector", "/vobs/main"}}},
     {.name = "TimeTypeEditsWithDateEdits",
      .given = {{"NewAttributeType", "atDate"}, {"MinValue", "01-Jan-06"}, {"UseMin", "True"}},
      .shown = {{"cmbValueType", {}, {}, "Time"}},
@@ -225,20 +200,16 @@ const PageCase kNewTypeCases[] = {
      .given = {{"NewAttributeType", "atInteger"}, {"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}},
      .steps = {typeInto("txtMinValue", "7"), typeInto("txtMaxValue", "70")},
      .stored = {{"MinValue", "5"}, {"MaxValue", "10"}, {"UseMin", "True"}, {"UseMax", "True"}}},
-    {.name = "RangeFlagsStored", .given = {{"NewAttributeType", "atReal"}},
-     .steps = clicks({"boxUseMin", "boxMinInclusive", "boxUseMax", "boxMaxInclusive"}),
-     .stored = {{"UseMin", "True"}, {"MinInclusive", "True"}, {"UseMax", "True"}, {"MaxInclusive", "True"}}},
     {.name = "UntickingABoundDisablesIt",
-     .given = {{"NewAttributeType", "atInteger"}, {"UseMax", "True"}, {"MaxInclusive", "True"}},
+     .given = {{"NewAttributeType", "atReal"}, {"UseMax", "True"}, {"MaxInclusive", "True"}},
      .steps = clicks({"boxUseMax"}), .shown = {{"txtMaxValue", {}, false}, {"boxMaxInclusive", {}, false}},
      .stored = {{"UseMax", "False"}, {"MaxInclusive", "True"}}},
     {.name = "StringTypeKeepsStoredRangeFlags", .kept = {{"UseMin", "True"}, {"MinInclusive", "True"}},
      .shown = {{"boxUseMin", true, false}}},
-    {.name = "DefaultValueTypedAsItStands",
-     .steps = {clickOn("boxUseDefaultValue"), typeInto("txtDefaultValue", "\"n/a\"")},
-     .stored = {{"UseDefaultValue", "True"}, {"DefaultValue", "\"n/a\""}}},
-    {.name = "DefaultValueKeptWhenUnticked", .given = {{"UseDefaultValue", "True"}, {"DefaultValue", "1"}},
-     .steps = clicks({"boxUseDefaultValue"}), .stored = {{"UseDefaultValue", "False"}, {"DefaultValue", "1"}}},
+    {.name = "NameVOBAndDefaultValueTypedAsTheyStand",
+     .steps = {typeInto("txtAttrName", "BuildNo"), typeInto("txtVOBSelector", "/vobs/main"), clickOn("boxUseDefaultValue"),
+               typeInto("txtDefaultValue", "\"n/a\"")},
+     .stored = {{"AttributeName", "BuildNo"}, {"VOBSelector", "/vobs/main"}, {"UseDefaultValue", "True"}, {"DefaultValue", "\"n/a\""}}},
     // As a user picks from the list: the bounds go along to the date edits and back.
     {.name = "SwitchingToTimeCarriesTheBounds", .given = {{"NewAttributeType", "atInteger"}, {"UseMin", "True"}},
      .steps = {typeInto("txtMinValue", "15-Nov-06"), chooseIn("cmbValueType", "Time")},

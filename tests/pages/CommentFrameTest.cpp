@@ -1,9 +1,7 @@
-// The comment page and its tab order, and the caption of the view-context part that many pages share (its
-// choices are driven on the update page).
+// The comment page and its tab order.
 #include "PageCase.h"
 
 #include "actions/WFClearCaseCheckOutAction.h"
-#include "pages/WFClearCaseViewContextSubFrame.h"
 
 using namespace wfpage;
 
@@ -21,14 +19,10 @@ Properties comment(const char* noComment, const char* text)
 }
 
 const PageCase kCommentCases[] = {
-    {.name = "EmptyOpensOnNoComment", .given = comment("False", ""), .shown = commentShown(true, ""),
-     .stored = comment("True", "")},
     {.name = "TypingChecksRecordComment", .given = comment("False", ""), .steps = {typeInto("txtComment", "fix build")},
      .shown = commentShown(false, "fix build"), .stored = comment("False", "fix build")},
     {.name = "ClearingKeepsRecordComment", .given = comment("False", "old"), .steps = {typeInto("txtComment", "")},
      .shown = commentShown(false, ""), .stored = comment("True", "")},
-    {.name = "NoCommentWithTextShowsBoth", .kept = comment("True", "kept text"),
-     .shown = commentShown(true, "kept text")},
     {.name = "TextKeptWhenNoCommentChosen", .given = comment("False", ""),
      .steps = {typeInto("txtComment", "draft"), clickOn("btnNoComment")}, .shown = commentShown(true, "draft"),
      .stored = comment("True", "draft")},
@@ -43,19 +37,5 @@ const PageCase kCommentCases[] = {
      }},
 };
 WF_PAGE_TABLE(CommentPage, TClearCaseCheckoutAction, "TClearCaseCommentFrame", "Comment", kCommentCases);
-
-TEST(ViewContext, LongerCaptionStillEndsBevelAtRightEdge)
-{
-    TClearCaseViewContextSubFrame frame;
-    frame.show();
-    for (const char* caption : {"View Context", "View Context (Starting Directory)", "Snapshot View to update"}) {
-        frame.SetCaption(caption);
-        const QWidget* bevel = frame.findChild<QWidget*>("Bevel2");
-        const QWidget* label = frame.findChild<QWidget*>("Label5");
-        EXPECT_EQ(frame.GetCaption(), caption);
-        EXPECT_EQ(bevel->geometry().right() + 1, 497) << caption;
-        EXPECT_EQ(bevel->x(), label->x() + label->width() + 8) << caption;
-    }
-}
 
 } // namespace

@@ -46,9 +46,6 @@ const PageCase kGetConfigSpecCases[] = {
     {.name = "TickingEnablesTheFile", .steps = {clickOn("boxUseFile"), typeInto("txtFilePath", "/out/cs.txt")},
      .shown = {{"txtFilePathButton", {}, true}},
      .stored = {{"OutputToFile", "True"}, {"OutputFilePath", "/out/cs.txt"}}},
-    {.name = "UntickingKeepsThePath", .given = {{"OutputToFile", "True"}, {"OutputFilePath", "/out/cs.txt"}},
-     .steps = clicks({"boxUseFile"}), .shown = {{"txtFilePath", {}, false}},
-     .stored = {{"OutputToFile", "False"}, {"OutputFilePath", "/out/cs.txt"}}},
     {.name = "BrowseWithEmptyPathProposesConfigSpecTxt", .given = {{"OutputToFile", "True"}},
      .steps = clicks({"txtFilePathButton"}), .shown = {{"txtFilePath", {}, {}, "/out/chosen.txt"}},
      .stored = {{"OutputFilePath", "/out/chosen.txt"}}, .answers = {"/out/chosen.txt"},
@@ -74,16 +71,10 @@ const PageCase kFindCheckoutsCases[] = {
     {.name = "DeletedVariableSelectsNoneAndStoresEmpty",
      .given = {{"WriteToVariable", "True"}, {"VariableName", "CHECKOUT"}}, .shown = {{"cmbVariable", {}, {}, ""}},
      .stored = {{"WriteToVariable", "True"}, {"VariableName", ""}}, .variables = kVariables},
-    {.name = "ChosenVariableAndLongFormat",
-     .steps = {clickOn("boxVariable"), chooseIn("cmbVariable", "LIST"), clickOn("boxShort")},
-     .stored = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}, {"UseShort", "False"}},
+    {.name = "ChosenVariableLongFormatAndView", .kept = {{"ViewContextPath", "/views/a"}},
+     .steps = {clickOn("boxVariable"), chooseIn("cmbVariable", "LIST"), clickOn("boxShort"), clickOn("btnCustomView")},
+     .stored = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}, {"UseShort", "False"}, {"UseDefaultViewContext", "False"}},
      .variables = kVariables},
-    {.name = "VariableKeptWhenNotWritten", .given = {{"WriteToVariable", "True"}, {"VariableName", "LIST"}},
-     .steps = clicks({"boxVariable"}), .stored = {{"WriteToVariable", "False"}, {"VariableName", "LIST"}},
-     .variables = kVariables},
-    {.name = "ViewContextWrittenToo", .given = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}},
-     .steps = clicks({"btnDefaultView"}),
-     .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}}},
 };
 WF_PAGE_TABLE(FindCheckoutsPage, TClearCaseFindCheckoutsAction, "TClearCaseFindCheckoutsFrame", "Options",
               kFindCheckoutsCases);
@@ -91,12 +82,10 @@ WF_PAGE_TABLE(FindCheckoutsPage, TClearCaseFindCheckoutsAction, "TClearCaseFindC
 // ---------------------------------------------------------------------------------------------
 
 const PageCase kCleartoolCases[] = {
-    {.name = "CommandWithoutArgumentsPreviewsTheTrailingBlank", .steps = {typeInto("txtCommand", "lsco")},
+    {.name = "CommandWithoutArgumentsPreviewsTheTrailingBlank", .kept = {{"ViewContextPath", "/views/a"}},
+     .steps = {typeInto("txtCommand", "lsco"), clickOn("btnCustomView")},
      .shown = {{"lblPath", {}, {}, "Full Command Will Be: 'cleartool lsco '"}},
-     .stored = {{"Command", "lsco"}, {"Arguments", ""}}},
-    {.name = "ArgumentsWithoutCommandPreviewTwoBlanks", .steps = {typeInto("txtArgs", "-short")},
-     .shown = {{"lblPath", {}, {}, "Full Command Will Be: 'cleartool  -short'"}},
-     .stored = {{"Command", ""}, {"Arguments", "-short"}}},
+     .stored = {{"Command", "lsco"}, {"Arguments", ""}, {"UseDefaultViewContext", "False"}}},
     {.name = "StoredCommandPreviewedOnOpening", .kept = {{"Command", "lsview"}, {"Arguments", "-short -cview"}},
      .shown = {{"txtCommand", {}, {}, "lsview"}, {"lblPath", {}, {}, "Full Command Will Be: 'cleartool lsview -short -cview'"}}},
     {.name = "LinesOfTheArgumentsJoinedByCrLf", .given = {{"Command", "mkattr"}},
@@ -107,9 +96,6 @@ const PageCase kCleartoolCases[] = {
     {.name = "StoredLineFeedsKeptWhenUnedited", .given = {{"Command", "mkattr"}, {"Arguments", "-rep\nBuildNo"}},
      .steps = {typeInto("txtCommand", "mkattr")}, .shown = {{"txtArgs", {}, {}, "-rep\nBuildNo"}},
      .stored = {{"Arguments", "-rep\nBuildNo"}}},
-    {.name = "ViewContextWrittenToo", .given = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "False"}},
-     .steps = clicks({"btnDefaultView"}),
-     .stored = {{"ViewContextPath", "/views/a"}, {"UseDefaultViewContext", "True"}}},
 };
 WF_PAGE_TABLE(CleartoolPage, TClearCaseCleartoolAction,
               "TClearCaseCleartoolFrame", "Cleartool Parameters", kCleartoolCases);

@@ -7,6 +7,7 @@
 #include "actions/WFClearCaseUnCheckOutAction.h"
 #include "actions/WFClearCaseUpdateAction.h"
 #include "environment/WFClearCaseIniFile.h"
+#include "pages/WFClearCaseViewContextSubFrame.h"
 
 #include <QLineEdit>
 
@@ -21,17 +22,11 @@ const auto isChecked = [](const char* control) { return Shown{control, true}; };
 const PageCase kCheckOutCases[] = {
     {.name = "LazyReservedStoresBothFlags", .given = {{"Reserved", "True"}}, .steps = clicks({"boxLazyReserved"}),
      .stored = {{"Reserved", "True"}, {"Unreserved", "True"}}},
-    {.name = "BothFlagsReopenReservedWithBoxTickedAndEnabled", .kept = {{"Reserved", "True"}, {"Unreserved", "True"}},
-     .shown = {isChecked("btnReserved"), {"btnUnreserved", false}, {"boxLazyReserved", true, true}}},
     {.name = "UnreservedGreysOutTheBoxButKeepsItsMark", .given = {{"Reserved", "True"}, {"Unreserved", "True"}},
      .steps = clicks({"btnUnreserved"}), .shown = {{"boxLazyReserved", true, false}},
      .stored = {{"Reserved", "False"}, {"Unreserved", "True"}}},
     {.name = "ReservedAgainEnablesTheBox", .given = {{"Unreserved", "True"}}, .steps = clicks({"btnReserved"}),
      .shown = {{"boxLazyReserved", false, true}}, .stored = {{"Reserved", "True"}, {"Unreserved", "False"}}},
-    {.name = "NewActionOpensUnreserved",
-     .shown = {isChecked("btnUnreserved"), {"boxLazyReserved", false, false}, isChecked("btnViewDefault"),
-               isChecked("btnSelModeDefault")},
-     .stored = {{"Reserved", "False"}, {"Unreserved", "True"}, {"DataLocation", "coView"}, {"SelectionMode", "coDefault"}}},
     {.name = "TypingAnExternalPathChoosesOut", .steps = {typeInto("txtExternalPath", "/tmp/out")},
      .shown = {isChecked("btnOut")}, .stored = {{"DataLocation", "coOut"}, {"OutExternalPath", "/tmp/out"}}},
     {.name = "StoredPathUnderViewLocationStaysView",
@@ -78,9 +73,6 @@ const PageCase kCheckInCases[] = {
      .shown = {{"boxKeep", true}, {"boxRemove", false}}, .stored = {{"Keep", "True"}, {"Remove", "False"}}},
     {.name = "BothStoredAreShownAsStored", .kept = {{"Keep", "True"}, {"Remove", "True"}},
      .shown = {{"boxKeep", true}, {"boxRemove", true}}},
-    {.name = "OtherSwitchesEachToTheirOwnProperty", .given = {{"NoWarnings", "True"}},
-     .steps = clicks({"boxPTime", "boxIdentical"}), .shown = {{"boxNoWarn", true}},
-     .stored = {{"PreserveTime", "True"}, {"IdenticalCheckin", "True"}, {"NoWarnings", "True"}, {"Keep", "False"}}},
     {.name = "UntickingWarningsOnly",
      .given = {{"NoWarnings", "True"}, {"PreserveTime", "True"}, {"IdenticalCheckin", "True"}},
      .steps = clicks({"boxNoWarn"}),
@@ -91,7 +83,6 @@ WF_PAGE_TABLE(CheckInPage, TClearCaseCheckInPathAction, "TClearCaseCheckInFrame"
 // ---------------------------------------------------------------------------------------------
 
 const PageCase kUnCheckOutCases[] = {
-    {.name = "TickingKeepStoresIt", .steps = clicks({"boxKeep"}), .stored = {{"Keep", "True"}}},
     {.name = "StoredKeepShownAndUnticked", .given = {{"Keep", "True"}}, .steps = clicks({"boxKeep"}),
      .shown = {{"boxKeep", false}}, .stored = {{"Keep", "False"}}},
 };
@@ -131,25 +122,19 @@ const PageCase kUpdateCases[] = {
     {.name = "StoredPretendOpensGreyedAndUntickingEnables", .given = {{"PretendOnly", "True"}},
      .steps = clicks({"checkPretend", "noOverwriteButton", "TSctimeButton"}), .shown = radiosEnabled(true),
      .stored = {{"PretendOnly", "False"}, {"HijackMode", "hmNooverwrite"}, {"UpdateTimestamp", "tbCurrent"}}},
-    {.name = "StoredPretendOpensGreyed", .kept = {{"PretendOnly", "True"}},
-     .shown = radiosEnabled(false, {{"checkPretend", true}})},
     {.name = "EachChoiceToItsValue", .given = {{"HijackMode", "hmRename"}, {"UpdateTimestamp", "tbCurrent"}},
      .steps = clicks({"overwriteButton", "TSdefaultButton"}),
      .stored = {{"HijackMode", "hmOverwrite"}, {"UpdateTimestamp", "tbDefault"}}},
-    {.name = "ViewToUpdateWritten", .given = {{"UseDefaultViewContext", "True"}, {"ViewContextPath", "/views/snap"}},
-     .steps = clicks({"btnCustomView", "renameButton", "TSptimeButton"}),
-     .stored = {{"UseDefaultViewContext", "False"},
-                {"ViewContextPath", "/views/snap"},
-                {"HijackMode", "hmRename"},
-                {"UpdateTimestamp", "tbCheckin"}}},
     // The view-context part every view page shares.
-    {.name = "CustomPathShownWithHintAndKeptWhenDefaultChosen",
+    {.name = "CustomPathShownWithHintUnderItsCaptionAndKeptWhenDefaultChosen",
      .given = {{"UseDefaultViewContext", "False"}, {"ViewContextPath", "/views/rel"}},
      .steps = clicks({"btnDefaultView"}), .shown = {{"txtViewPath", {}, {}, "/views/rel"}},
      .stored = {{"UseDefaultViewContext", "True"}, {"ViewContextPath", "/views/rel"}},
      .check = [](const OpenPage& page) {
          EXPECT_EQ(page.control<QLineEdit>("txtViewPath")->toolTip(), "/views/rel");
          EXPECT_EQ(page.control<QLineEdit>("txtViewPath")->cursorPosition(), 10);
+         EXPECT_EQ(page.control<TClearCaseViewContextSubFrame>("ClearCaseViewContextSubFrame1")->GetCaption(),
+                   "Snapshot View to update");
      }},
     {.name = "BrowseStartsAtLastViewThenAtThePathAndChoosesCustomView", .given = {{"UseDefaultViewContext", "True"}},
      .steps = clicks({"txtViewPathButton", "txtViewPathButton"}),

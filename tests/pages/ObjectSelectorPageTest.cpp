@@ -2,12 +2,9 @@
 #include "PageCase.h"
 
 #include "actions/WFClearCaseLockObjectsAction.h"
-#include "pages/WFClearCaseObjectSelectorEditForm.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTest>
 
 using namespace wfpage;
 
@@ -34,8 +31,6 @@ const PageCase kPageCases[] = {
     {.name = "AddAppendsComposed", .given = objects("brtype:rel2\r\n"),
      .steps = {selectorEditor("", {{"cmbObjectTypeName", nullptr, "Label"}, {"txtObjectName", nullptr, "REL3"}}), clickOn("btnAdd")},
      .stored = objects("brtype:rel2\r\nlbtype:REL3\r\n")},
-    {.name = "AddEmptyAppendsEmptyLine", .given = objects("brtype:rel2\r\n"),
-     .steps = {selectorEditor("", {}), clickOn("btnAdd")}, .stored = objects("brtype:rel2\r\n\r\n")},
     {.name = "AddCancelledChangesNothing", .kept = objects("brtype:rel2\r\n"),
      .steps = {selectorEditor("", {{"txtObjectSelector", nullptr, "lbtype:X"}}, false), clickOn("btnAdd")}},
     {.name = "EditReplacesSelectedLine", .given = objects("lbtype:REL1@/vobs/a\r\nbrtype:rel2@/vobs/a\r\n"),
@@ -48,12 +43,9 @@ const PageCase kPageCases[] = {
     {.name = "DoubleClickEdits", .given = objects("lbtype:REL1\r\nbrtype:rel2\r\n"),
      .steps = {selectorEditor("lbtype:REL1", {{"txtObjectSelector", nullptr, "attype:Status@/vobs/a"}}), doubleClickRow(kList, 0)},
      .stored = objects("attype:Status@/vobs/a\r\nbrtype:rel2\r\n")},
-    {.name = "RemoveDeletesSelectedLine", .given = objects("a:1\r\nb:2\r\nc:3\r\n"),
-     .steps = {pickRow(kList, 1), clickOn("btnRemove")}, .stored = objects("a:1\r\nc:3\r\n")},
-    {.name = "DeleteKeyRemoves", .given = objects("a:1\r\nb:2\r\n"),
-     .steps = {pickRow(kList, 0), pressKey(kList, Qt::Key_Delete)}, .stored = objects("b:2\r\n")},
-    {.name = "BackspaceRemoves", .given = objects("a:1\r\nb:2\r\n"),
-     .steps = {pickRow(kList, 1), pressKey(kList, Qt::Key_Backspace)}, .stored = objects("a:1\r\n")},
+    {.name = "DeleteAndBackspaceKeysRemove", .given = objects("a:1\r\nb:2\r\nc:3\r\n"),
+     .steps = {pickRow(kList, 0), pressKey(kList, Qt::Key_Delete), pickRow(kList, 1), pressKey(kList, Qt::Key_Backspace)},
+     .stored = objects("b:2\r\n")},
     {.name = "DeleteKeyWithoutSelectionKeepsAll", .kept = objects("a:1\r\nb:2\r\n"),
      .steps = {pressKey(kList, Qt::Key_Delete)}, .shown = {{"btnEdit", {}, false}, {"btnRemove", {}, false}}},
     // Removing leaves no line selected, yet the buttons stay; with nothing selected they do nothing.
@@ -88,8 +80,6 @@ const char* const kNoType = "(Click to select a type)";
 const char* const kSelectorName = "Selector Object Name:";
 
 const PageCase kEditorCases[] = {
-    editorRow("OpensOnLabelSelectorUnchanged", R"(lbtype:REL1@\vobs\main)", {}, R"(lbtype:REL1@\vobs\main)", "Label", "REL1",
-              R"(\vobs\main)", true, kSelectorName),
     editorRow("VOBTypeTakesTypedVOBAsName", nullptr, {typeInto("txtVOB", R"(\vobs\main)"), typeInto("cmbObjectTypeName", "VOB")},
               R"(vob:\vobs\main)", "VOB", R"(\vobs\main)", "", false, "VOB Name:"),
     editorRow("StringWithoutColonChoosesNoType", nullptr,
@@ -97,9 +87,6 @@ const PageCase kEditorCases[] = {
               R"(REL1@\vobs\main)", kNoType, "REL1", R"(\vobs\main)", true, "Label Name:"),
     editorRow("UnknownPrefixLosesItsColon", "foo:bar@/vobs/a", {}, "foobar@/vobs/a", kNoType, "foobar", "/vobs/a", true,
               kSelectorName),
-    editorRow("PartsCompose", nullptr,
-              {typeInto("cmbObjectTypeName", "Label"), typeInto("txtObjectName", "REL2"), typeInto("txtVOB", "/vobs/a")},
-              "lbtype:REL2@/vobs/a", "Label", "REL2", "/vobs/a", true, "Label Name:"),
     editorRow("ClearingVOBDropsAt", "lbtype:REL2@/vobs/a", {typeInto("txtVOB", "")}, "lbtype:REL2", "Label", "REL2", "", true,
               kSelectorName),
     editorRow("ChoosingTypeEmptiesName", "lbtype:REL1@/vobs/a", {typeInto("cmbObjectTypeName", "Branch")}, "brtype:@/vobs/a",
@@ -108,9 +95,6 @@ const PageCase kEditorCases[] = {
               "oid:1234.56", "Object ID", "1234.56", "", true, "Object ID:"),
     editorRow("NoTypeAgainKeepsPrefixWithoutColon", "lbtype:REL1@/vobs/a", {typeInto("cmbObjectTypeName", kNoType)},
               "lbtype@/vobs/a", kNoType, "lbtype", "/vobs/a", true, kSelectorName),
-    editorRow("VOBSelectorDisablesVOBField", "vob:/vobs/a", {}, "vob:/vobs/a", "VOB", "/vobs/a", "", false, kSelectorName),
-    editorRow("NameEndsAtFirstAt", "lbtype:A@/vobs/a@x", {}, "lbtype:A@/vobs/a@x", "Label", "A", "/vobs/a@x", true,
-              kSelectorName),
     editorRow("ColonAfterAtLeavesNoName", "REL1@C:/vobs", {}, "REL1@C@C:/vobs", kNoType, "", "C@C:/vobs", true, kSelectorName),
 };
 WF_PAGE_TABLE(SelectorEditor, TClearCaseLockObjectsAction, "TClearCaseObjectSelectorFrame", "Objects", kEditorCases);
@@ -134,9 +118,7 @@ PageCase nameListRow(const char* name, const char* vob, const char* type, const 
 
 const PageCase kNameListCases[] = {
     nameListRow("LabelTypes", "/vobs/a", "Label", "lstype -short -kind lbtype -invob /vobs/a", "REL1\nREL2\n", "REL1|REL2"),
-    nameListRow("Streams", "/vobs/pvob", "UCM Stream", "lsstream -short -invob /vobs/pvob", "int\ndev\n", "dev|int"),
     nameListRow("NoTypeAsksNothing", "/vobs/a", kNoType, nullptr, "", ""),
-    nameListRow("ObjectIDAsksNothing", "/vobs/a", "Object ID", nullptr, "", ""),
     {.name = "PickedNameComposesTheString", .given = objects("lbtype:@/vobs/a\r\n"),
      .steps = {pickRow(kList, 0), selectorEditor("lbtype:@/vobs/a", {}, true, {chooseIn("txtObjectName", "REL2")}),
                clickOn("btnEdit")},
@@ -161,23 +143,6 @@ const PageCase kNameListCases[] = {
      .stored = objects("REL1\r\n")},
 };
 WF_PAGE_TABLE(SelectorNameList, TClearCaseLockObjectsAction, "TClearCaseObjectSelectorFrame", "Objects", kNameListCases);
-
-TEST(SelectorEditorString, UnknownPrefixTypedKeepsTheChosenType)
-{
-    wftest::FakeCleartool cleartool;
-    TClearCaseObjectSelectorEditForm editor;
-    editor.show();
-    editor.SetObjectSelector("lbtype:REL1");
-    auto* string = editor.findChild<QLineEdit*>("txtObjectSelector");
-    string->setFocus();
-    string->setCursorPosition(6);
-    QTest::keyClicks(string, "x");
-    EXPECT_EQ(editor.GetObjectSelector(), "lbtypex:REL1");
-    EXPECT_EQ(editor.findChild<QComboBox*>("cmbObjectTypeName")->currentIndex(), 6);
-    // Composing again puts the chosen type's prefix in place of the unknown one.
-    type(editor.findChild<QComboBox*>("txtObjectName"), "REL2");
-    EXPECT_EQ(editor.GetObjectSelector(), "lbtype:REL2");
-}
 
 TEST(SelectorPageEditor, PastedLineBreakMakesTwoLines)
 {

@@ -35,10 +35,8 @@ const PageCase kPathCases[] = {
      .steps = {typeInto("editCleartoolPath", "/opt/cc/bin"), typeInto("editDefaultView", "/views/nightly")},
      .stored = {{"CleartoolPath", "/opt/cc/bin"}, {"DefaultView", "/views/nightly"}}},
     pathRow("ExecutableShownAsItsFolder", "$T/bin/cleartool", "$T/bin"),
-    pathRow("FolderOfExecutableShownAsFolder", "$T/bin", "$T/bin"),
     pathRow("OtherNameShownInFull", "$T/tools/cleartool.sh", "$T/tools/cleartool.sh", "tools/cleartool.sh"),
     pathRow("MissingShownAsStored", "$T/missing/cleartool", "$T/missing/cleartool"),
-    pathRow("FolderWithoutExecutableShownWithItsName", "$T/tools", "$T/tools/cleartool", "tools/readme"),
 };
 INSTANTIATE_TEST_SUITE_P(Paths, OptionsPage, ::testing::ValuesIn(kPathCases), wftest::byName);
 
@@ -65,15 +63,11 @@ PageCase editionRow(const char* name, TClearCaseType edition, bool detect, const
 }
 
 const Step kBox = clickOn("boxCheckClearCaseType");
-constexpr const char* kNone = "(not written)";
 
 const PageCase kEditionCases[] = {
-    editionRow("LTShown", ccLT, false, nullptr, {}, false, true, true, false, "ClearCaseLT"),
     editionRow("FullShown", ccFull, false, nullptr, {}, true, false, true, false, "ClearCase"),
-    editionRow("UnknownShowsNeither", ccUnknown, false, nullptr, {}, false, false, true, false, kNone),
     editionRow("OpenTickedDisablesWithoutDetecting", ccLT, true, kFullVersion, {}, false, true, false, false, "Auto"),
     editionRow("TickingDetectsLT", ccFull, false, kLTVersion, {kBox}, false, true, false, true, "Auto"),
-    editionRow("TickingDetectsFull", ccLT, false, kFullVersion, {kBox}, true, false, false, true, "Auto"),
     editionRow("TickingUndetectedKeepsChoice", ccLT, false, "cleartool: unknown\n", {kBox}, false, true, false, true, "Auto"),
     editionRow("UntickingEnablesWithoutDetecting", ccFull, true, kLTVersion, {kBox}, true, false, true, false, "ClearCase"),
     editionRow("TickAndUntickThenChoose", ccUnknown, false, kFullVersion, {kBox, kBox, clickOn("btnClearCaseLT")}, false, true,
@@ -113,8 +107,6 @@ const PageCase kBrowseCases[] = {
               "$T/bin", "", ""),
     browseRow("ViewStartsAtExistingFolderShown", "editDefaultViewButton", "$T", "/views/last", "/views/new",
               "Select Directory", "$T", "$T/bin", "/views/new", "/views/new"),
-    browseRow("ViewStartsAtLastWhenShownIsMissing", "editDefaultViewButton", "/no/such/view", "/views/last", "/views/new",
-              "Select Directory", "/views/last", "$T/bin", "/views/new", "/views/new"),
     browseRow("ViewStartsAtLastWhenNoneShown", "editDefaultViewButton", "", "/views/last", "/views/new", "Select Directory",
               "/views/last", "$T/bin", "/views/new", "/views/new"),
     browseRow("ViewCancelledRemembersNothing", "editDefaultViewButton", "/no/such/view", "/views/last", std::nullopt,
