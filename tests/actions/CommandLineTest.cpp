@@ -133,8 +133,6 @@ const std::vector<CommandLineCase> kCheckOutCases = rowsOf("TClearCaseCheckoutAc
      "checkout -nc -nquery \"src/a.c\" \"src/b.c\" \"src/x.c@@/main/2\" \"src/y.c@@/main/1\""},
     {"FailedPathNameStopsTheList", {{"PathNameStorageString", "a.c\r\n%NOPE%\r\nb.c\r\n"}, kView}, false,
      "checkout -nc -nquery \"a.c\"", {kInView, nope("Pathname")}},
-    {"MissingViewFailsButBuildsTheRest", {kAC, {"ViewContextPath", "{dir}/nowhere"}}, false,
-     "checkout -nc -nquery \"a.c\"", {kNoView}},
     {"ExtendedPathsWithoutViewFail", {{"PathNameStorageString", "a.c@@/main/1\r\n"}}, false,
      "checkout -nc -nquery \"a.c@@/main/1\"", {kNoView}},
     {"MixedPathsWithoutViewFail", {{"PathNameStorageString", "a.c\r\nb.c@@/main/1\r\n"}}, false,
@@ -145,8 +143,6 @@ const std::vector<CommandLineCase> kCheckOutCases = rowsOf("TClearCaseCheckoutAc
      "checkout -nc -nquery \"a.c\"", {kInProject}},
     {"EmptyDefaultViewWithExtendedPathsFails", {{"PathNameStorageString", "a.c@@/main/1\r\n"},
       {"UseDefaultViewContext", "True"}, kView}, false, "checkout -nc -nquery \"a.c@@/main/1\"", {kNoDefaultView}},
-    {"MissingDefaultViewFails", {kAC, {"UseDefaultViewContext", "True"}}, false, "checkout -nc -nquery \"a.c\"",
-     {kNoDefaultView}, "{dir}/nowhere"},
     {"CleartoolMissing", {kAC, kView}, false, "-nc -nquery \"a.c\"", {kCleartoolMissing}, {}, "{dir}/missing", {},
      {"Options: " + kCleartoolMissing}},
     {"NoCleartoolPath", {kAC, kView}, false, "-nc -nquery \"a.c\"", {kNoCleartool}, {}, "-", {},
@@ -156,8 +152,6 @@ INSTANTIATE_TEST_SUITE_P(CheckOut, CommandLineTest, testing::ValuesIn(kCheckOutC
 
 // Undo check-out.
 const std::vector<CommandLineCase> kUnCheckOutCases = rowsOf("TClearCaseUnCheckOutAction", kInView, {
-    {"RemovesByDefault", {{"PathNameStorageString", "src/a.c\r\nsrc/b.c\r\n"}, kView}, true,
-     "uncheckout -rm \"src/a.c\" \"src/b.c\""},
     {"Keep", {kAC, kView, {"Keep", "True"}}, true, "uncheckout -keep \"a.c\""},
     {"NoPathNames", {kView}, false, "uncheckout -rm", {kInView, kNoPaths}},
     {"MissingViewStillAddsTheRest", {kAC, {"ViewContextPath", "{dir}/nowhere"}, {"Keep", "True"}}, false,
@@ -167,8 +161,6 @@ INSTANTIATE_TEST_SUITE_P(UnCheckOut, CommandLineTest, testing::ValuesIn(kUnCheck
 
 // Check in.
 const std::vector<CommandLineCase> kCheckInCases = rowsOf("TClearCaseCheckInPathAction", kInView, {
-    {"NoCommentTwoPaths", {{"PathNameStorageString", "a.c\r\nb.c\r\n"}, kView, {"NoComment", "True"}}, true,
-     "checkin -nc \"a.c\" \"b.c\""},
     {"EverySwitchKeepWins", {kAC, kView, {"Comment", "fix"}, {"NoWarnings", "True"}, {"PreserveTime", "True"},
       {"Keep", "True"}, {"Remove", "True"}, {"IdenticalCheckin", "True"}}, true,
      "checkin -c \"fix\" -nwarn -ptime -keep -identical \"a.c\""},
@@ -263,8 +255,6 @@ INSTANTIATE_TEST_SUITE_P(MakeLabelType, CommandLineTest, testing::ValuesIn(kMake
 
 // Apply label.
 const std::vector<CommandLineCase> kApplyLabelCases = rowsOf("TClearCaseApplyLabelAction", kInView, {
-    {"Plain", {kView, {"LabelTypeName", "REL_1"}, kAC, {"VersionSelector", "/main/2"}}, true,
-     "mklabel -nc lbtype:REL_1 \"a.c\""},
     {"EverySwitch", {kView, {"Replace", "True"}, {"Recurse", "True"}, {"FollowLinks", "True"},
       {"UseVersionSelector", "True"}, {"VersionSelector", "/main/LATEST"}, {"Comment", "lbl"},
       {"LabelTypeName", "REL_1"}, {"VOBSelector", "/vobs/main"}, {"PathNameStorageString", "a.c\r\nsrc\r\n"}}, true,
@@ -311,8 +301,6 @@ INSTANTIATE_TEST_SUITE_P(Lock, CommandLineTest, testing::ValuesIn(kLockCases), w
 
 // Apply attribute. The path action uses no view context: it runs in the project folder.
 const std::vector<CommandLineCase> kApplyAttributeCases = rowsOf("TClearCaseApplyAttributePathNamesAction", kInProject, {
-    {"Paths", {{"AttributeName", "BuildNo"}, {"AttributeValue", "42"}, kAC}, true,
-     "mkattr -pname -nc BuildNo 42 \"a.c\""},
     {"PathsEverySwitch", {{"Replace", "True"}, {"Recurse", "True"}, {"UseVersionSelector", "True"},
       {"VersionSelector", "/main/3"}, {"Comment", "attr"}, {"AttributeName", "BuildNo"}, {"VOBSelector", "/vobs/main"},
       {"AttributeValue", "42"}, {"PathNameStorageString", "a.c\r\nb.c@@/main/1\r\n"}}, true,
@@ -346,8 +334,6 @@ const std::vector<CommandLineCase> kMakeAttributeTypeCases = rowsOf("TClearCaseM
     {"OtherInclusiveFlags", {{"UseMax", "True"}, {"MaxValue", "5"}, {"MaxInclusive", "True"}, {"UseMin", "True"},
       {"MinValue", "9"}, {"AttributeName", "Build"}, {"NewAttributeType", "atReal"}, {"Constraints", "lcVPelement"}},
      true, "mkattype -ordinary -vpelement -vtype real -ge 5 -lt 9 -nc Build"},
-    {"Defaults", {{"AttributeName", "Build"}, {"MinValue", "1"}, {"MaxValue", "2"}, {"DefaultValue", "3"}}, true,
-     "mkattype -ordinary -vtype string -nc Build"},
     {"GlobalEverySwitchDate", {{"Replace", "True"}, {"Global", "True"}, {"Acquire", "True"},
       {"Constraints", "lcVPbranch"}, {"Shared", "True"}, {"NewAttributeType", "atDate"}, {"Comment", "when"},
       {"AttributeName", "Stamp"}}, true,
@@ -363,7 +349,6 @@ INSTANTIATE_TEST_SUITE_P(MakeAttributeType, CommandLineTest, testing::ValuesIn(k
 const std::vector<CommandLineCase> kActivityCases = rowsOf("TClearCaseSetActivityAction", kInView, {
     {"SetQuotesNameWithBlank", {kView, {"ActivityName", "my act"}, {"VOBSelector", "/vobs/pvob"}}, true,
      "setactivity -nc \"activity:my act@/vobs/pvob\"", {}, {}, {}, {}, {}, {"setactivity", "-nc", "activity:my act@/vobs/pvob"}},
-    {"SetWithoutVob", {kView, {"ActivityName", "a%N%"}}, true, "setactivity -nc activity:a1", {}, {}, {}, {{"N", "1"}}},
     {"SetNoneIgnoresTheName", {kView, {"ActivityName", "a1"}, {"SetActivityToNone", "True"}}, true,
      "setactivity -nc -none"},
     {"SetNoNameIsCurrent", {kView}, true, "setactivity -nc -cact"},
@@ -406,8 +391,6 @@ INSTANTIATE_TEST_SUITE_P(MakeActivity, CommandLineTest, testing::ValuesIn(kMakeA
 const std::vector<CommandLineCase> kBaselineCases = rowsOf("TClearCaseMakeBaselineAction", kInView, {
     {"Defaults", {kView, {"BaselineRootName", "BL_%N%"}}, true, "mkbl -nc -all -incremental BL_1", {}, {}, {},
      {{"N", "1"}}},
-    {"AllIdentical", {kView, {"SelectIdenticalComponents", "True"}, {"Comment", "nightly"}, {"BaselineRootName", "BL"}},
-     true, "mkbl -c \"nightly\" -all -identical -incremental BL"},
     {"ActivitiesIgnoreIdentical", {kView, {"SelectionType", "slActivities"}, {"SelectIdenticalComponents", "True"},
       {"ActivitySelectorStorageString", "a1\r\nb 2@/vobs/pvob\r\n"}, {"Labelling", "lbAll"},
       {"BaselineRootName", "BL"}}, true, "mkbl -nc -activities \"activity:a1,activity:b 2@/vobs/pvob\" -full BL"},

@@ -111,7 +111,6 @@ const std::string kListing = "src/a.c\r\nsrc/b.c\r\nsrc/sub dir/c.c\r\ndoc/readm
 
 const std::vector<FindCheckoutsCase> kFindCheckouts = {
     {"ReplacesTheOldValueChunkByChunk", "old", true, kListing, 4, kListing},
-    {"NoCheckoutsEmptiesTheVariable", "old", true, "", 1, ""},
     {"UndefinedVariableIsLeftAlone", "-", true, kListing, 2, "-"},
     {"WithoutWriteToVariableNothingChanges", "old", false, kListing, 2, "old"},
 };

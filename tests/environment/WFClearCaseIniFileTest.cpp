@@ -94,8 +94,6 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         SelectCase{"CurrentConfirmed", "/views/a", "/views/last", "", "/views/b", "/views/a", "/views/b",
                    "[ClearCase]\nLastViewDirectory=/views/b\n"},
-        SelectCase{"CurrentCancelled", "/views/a", "/views/last", "", std::nullopt, "/views/a", "/views/a",
-                   "[ClearCase]\nLastViewDirectory=/views/last\n"},
         SelectCase{"EmptyCurrentStartsAtTheLast", "", "/views/last", "/views/default", "/views/c", "/views/last",
                    "/views/c", "[ClearCase]\nLastViewDirectory=/views/c\n"},
         SelectCase{"DefaultViewWhenNothingRemembered", "", std::nullopt, "/views/default", std::nullopt, "/views/default",

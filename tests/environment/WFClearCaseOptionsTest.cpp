@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "[ClearCase]\nInstallationType=Manual\nCleartoolPath=\nDefaultView=\n"}),
     wftest::byName);
 
-TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStoredSavedAsFound)
+TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStored)
 {
     // Discovery tries the standard install folder before PATH: such a machine cannot show what PATH alone finds.
     if (fileExists("/opt/rational/clearcase/bin/" + cleartoolExecutableName()))
@@ -118,15 +118,6 @@ TEST(CleartoolDiscoveryTest, FirstMatchOnPathWhenNothingIsStoredSavedAsFound)
         EXPECT_FALSE(options.IsModified());
         EXPECT_EQ(options.GetCleartoolPath(), first);
         EXPECT_TRUE(options.IsModified());
-
-        const std::string store = temp.write("options.ini", "[ClearCase]\nCleartoolPath=\nInstallationType=ClearCase\n");
-        WFOptionsServices().Clear();
-        RegisterOptions();
-        std::string error;
-        ASSERT_TRUE(WFOptionsServices().Load(store, error)) << error;
-        ASSERT_TRUE(WFOptionsServices().Save(store, error)) << error;
-        EXPECT_EQ(wftest::readFile(store), "[ClearCase]\nCleartoolPath=" + first + "\nInstallationType=ClearCase\nDefaultView=\n");
-        WFOptionsServices().Clear();
     }
     wftest::ScopedEnv path("PATH", temp.file("empty"));
     EXPECT_EQ(defaultClearToolPath(), "");

@@ -214,7 +214,6 @@ WF_ROW_PRINTER(StoreQuery)
 const std::vector<StoreQuery>& storeQueries()
 {
     static const std::vector<StoreQuery> rows = {
-        {"VOBNames", [](const std::string&) { return CCGetVOBNames(); }},
         {"LabelTypesLockedOneStripped", [](const std::string&) { return CCGetTypeNames("lbtype", "/vobs/main"); }},
         {"KindVob", [](const std::string&) { return CCGetTypeNames("vob", ""); }},
         {"KindActivity", [](const std::string&) { return CCGetTypeNames("activity", "/vobs/pvob"); }},

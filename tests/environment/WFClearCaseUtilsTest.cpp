@@ -71,9 +71,6 @@ const std::string kStream = "stream \"dev\"\n"
 INSTANTIATE_TEST_SUITE_P(
     Queries, QueryTest,
     testing::Values(
-        QueryCase{"VobNamesSortedIgnoringCase", [](const std::string&) { return CCGetVOBNames(); },
-                  {{"lsvob -short", "\\vobs\\beta\n\\vobs\\Alpha\n\\vobs\\alpha2\n"}},
-                  "\\vobs\\Alpha\r\n\\vobs\\alpha2\r\n\\vobs\\beta\r\n"},
         QueryCase{"LabelTypesUnsortedLockedStripped", [](const std::string&) { return CCGetLabelNames("\\vobs\\src"); },
                   {{"lstype -short -kind lbtype -invob \\vobs\\src", "REL2 (locked)\nREL1\nREL3 (locked)\n"}},
                   "REL2\r\nREL1\r\nREL3\r\n"},
