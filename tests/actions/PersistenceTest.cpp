@@ -35,7 +35,6 @@ const std::vector<StorageCase> kStorage = {
     // Splitting itself is the string list's; here plain paths, the empty one too, go first.
     {"EmptyLinesAreEntries", "TClearCaseUnCheckOutAction", "PathNameStorageString", "a@@x\r\n\r\nb.c\r\n",
      "\r\nb.c\r\na@@x\r\n"},
-    {"EmptyStaysEmpty", "TClearCaseCheckoutAction", "PathNameStorageString", "", ""},
     {"ObjectsKeepTheirOrder", "TClearCaseLockObjectsAction", "ObjectsStorageString", "vob:b@@x\r\nvob:a\nlast",
      "vob:b@@x\r\nvob:a\r\nlast\r\n"},
     {"ActivitiesList", "TClearCaseMakeBaselineAction", "ActivitySelectorStorageString", "a1\r\n\r\na2",

@@ -94,21 +94,15 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         SelectCase{"CurrentConfirmed", "/views/a", "/views/last", "", "/views/b", "/views/a", "/views/b",
                    "[ClearCase]\nLastViewDirectory=/views/b\n"},
-        SelectCase{"CurrentCancelled", "/views/a", "/views/last", "", std::nullopt, "/views/a", "/views/a",
-                   "[ClearCase]\nLastViewDirectory=/views/last\n"},
         SelectCase{"EmptyCurrentStartsAtTheLast", "", "/views/last", "/views/default", "/views/c", "/views/last",
                    "/views/c", "[ClearCase]\nLastViewDirectory=/views/c\n"},
-        SelectCase{"EmptyCurrentCancelledStaysEmpty", "", "/views/last", "", std::nullopt, "/views/last", "",
-                   "[ClearCase]\nLastViewDirectory=/views/last\n"},
         SelectCase{"DefaultViewWhenNothingRemembered", "", std::nullopt, "/views/default", std::nullopt, "/views/default",
                    "", ""},
-        SelectCase{"DefaultViewWhenTheRememberedIsEmpty", "", "", "/views/default", "/views/d", "/views/default",
-                   "/views/d", "[ClearCase]\nLastViewDirectory=/views/d\n"},
         SelectCase{"NothingAtAll", "", std::nullopt, "", std::nullopt, "", "", ""}), wftest::byName);
 
 struct FlagCase {
     std::string name;
-    std::string userIni; // empty: no user file
+    std::string userIni;
     bool expected;
 };
 
@@ -118,15 +112,13 @@ class CustomObjectSelectorTest : public UserSettingsTest, public testing::WithPa
 
 TEST_P(CustomObjectSelectorTest, ReadsTheStoredFlag)
 {
-    if (!GetParam().userIni.empty())
-        writeUserIni(GetParam().userIni);
+    writeUserIni(GetParam().userIni);
     EXPECT_EQ(CCGetUsingCustomObjectSelector(), GetParam().expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Flags, CustomObjectSelectorTest,
-    testing::Values(FlagCase{"Missing", "", false},
-                    FlagCase{"TrueWord", "[ClearCase]\nUsingCustomObjectSelector=True\n", true},
+    testing::Values(FlagCase{"TrueWord", "[ClearCase]\nUsingCustomObjectSelector=True\n", true},
                     FlagCase{"Garbage", "[ClearCase]\nUsingCustomObjectSelector=maybe\n", false}), wftest::byName);
 
 TEST_F(UserSettingsTest, CustomObjectSelectorSharesTheSectionWithTheViewDirectory)
