@@ -213,6 +213,9 @@ bool TWFExecuteAbstractAction::Execute()
         }
         m_running = process;
     }
+    // What the action logged so far is on the console before the program can print.
+    if (host && host->log)
+        host->log->Settle();
     const bool started = process->Execute();
     {
         std::lock_guard lock(m_runningMutex);

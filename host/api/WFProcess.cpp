@@ -21,7 +21,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -98,6 +97,8 @@ struct TStream {
     int fd = -1;
     bool isErr = false;
     bool open = true;
+    /// Seen empty after the program had ended: nothing more can come.
+    bool emptied = false;
 };
 
 class TPosixProcess final : public IWFProcess {
@@ -128,13 +129,16 @@ private:
     bool fail(std::string error);
     bool spawn(int outWrite, int errWrite);
     void pump(TStream (&streams)[2]);
-    bool watchEnd();
+    void watchEnd();
     void ended(TStream (&streams)[2]);
     bool reapAlone();
     TState checkState(Clock::time_point now, bool outputOpen);
     Clock::time_point nextDeadline(Clock::time_point now) const;
     void waitForOutput(TStream (&streams)[2], Clock::time_point deadline);
-    bool drain(TStream& stream);
+    /// What one read of a pipe found: a full buffer (more may wait), less (the pipe was
+    /// emptied), or the pipe's end.
+    enum class TDrain { Read, Emptied, Closed };
+    TDrain drain(TStream& stream);
     void deliver(const char* data, std::size_t size, bool isErr);
     int reap(bool ended);
 
@@ -182,10 +186,12 @@ bool TPosixProcess::spawn(int outWrite, int errWrite)
 {
     std::vector<std::string> arguments = splitCommandLine(m_parameters);
     arguments.insert(arguments.begin(), m_executable);
-    const pid_t pid = spawnProgram(m_executable, arguments, m_directory, -1, outWrite, errWrite, m_error);
+    int pidFd = -1;
+    const pid_t pid = spawnProgram(m_executable, arguments, m_directory, -1, outWrite, errWrite, m_error, &pidFd);
     if (pid < 0)
         return false;
     m_pid = pid;
+    m_pidFd.reset(pidFd);
     return true;
 }
 
@@ -230,18 +236,20 @@ Clock::time_point TPosixProcess::nextDeadline(Clock::time_point now) const
 
 void TPosixProcess::waitForOutput(TStream (&streams)[2], Clock::time_point deadline)
 {
+    // The pidfd comes first: poll looks at the pipes after it, so when it reports the program
+    // ended, a pipe it reports empty stays empty.
     pollfd fds[3];
-    TStream* polled[2];
+    TStream* polled[3] = {};
     nfds_t count = 0;
+    const bool watching = m_pidFd.get() >= 0 && !m_exitedAt;
+    if (watching)
+        fds[count++] = {m_pidFd.get(), POLLIN, 0};
     for (TStream& stream : streams) {
         if (!stream.open)
             continue;
         polled[count] = &stream;
         fds[count++] = {stream.fd, POLLIN, 0};
     }
-    const nfds_t pipes = count;
-    if (m_pidFd.get() >= 0 && !m_exitedAt)
-        fds[count++] = {m_pidFd.get(), POLLIN, 0};
     if (count == 0) {
         // Both pipes closed: only the program's end is awaited, often a few microseconds away.
         std::this_thread::sleep_until(deadline);
@@ -251,24 +259,26 @@ void TPosixProcess::waitForOutput(TStream (&streams)[2], Clock::time_point deadl
     const int timeout = static_cast<int>(std::max<Milliseconds::rep>(wait.count(), 0));
     if (::poll(fds, count, timeout) <= 0)
         return;
-    for (nfds_t i = 0; i < pipes; ++i)
-        if (fds[i].revents & (POLLIN | POLLHUP | POLLERR))
-            drain(*polled[i]);
-    if (count > pipes && fds[pipes].revents)
+    const bool programEnded = watching && fds[0].revents;
+    for (nfds_t i = watching ? 1 : 0; i < count; ++i) {
+        TStream& stream = *polled[i];
+        const bool ready = fds[i].revents & (POLLIN | POLLHUP | POLLERR);
+        const TDrain read = ready ? drain(stream) : TDrain::Emptied;
+        stream.emptied = programEnded && read == TDrain::Emptied;
+    }
+    if (programEnded)
         ended(streams);
 }
 
-bool TPosixProcess::watchEnd()
+void TPosixProcess::watchEnd()
 {
     // Each pipe wakes us as it closes and the program's end once more; on a busy machine every
     // wake-up waits for a core. A pidfd wakes us once, when the program has ended, while our
-    // write ends keep the pipes from closing before.
-    m_pidFd.reset(static_cast<int>(::syscall(SYS_pidfd_open, m_pid, 0)));
+    // write ends keep the pipes from closing before. Without one, the pipes' ends are watched.
     if (m_pidFd.get() < 0) {
         m_pipes.write[0].reset();
         m_pipes.write[1].reset();
     }
-    return m_pidFd.get() >= 0;
 }
 
 bool TPosixProcess::reapAlone()
@@ -288,7 +298,7 @@ void TPosixProcess::ended(TStream (&streams)[2])
     // is in them is the rest of its output.
     if (reapAlone()) {
         for (TStream& stream : streams) {
-            while (stream.open && drain(stream)) {
+            while (stream.open && !stream.emptied && drain(stream) == TDrain::Read) {
             }
             stream.open = false;
         }
@@ -300,19 +310,19 @@ void TPosixProcess::ended(TStream (&streams)[2])
     m_pipes.write[1].reset();
 }
 
-bool TPosixProcess::drain(TStream& stream)
+TPosixProcess::TDrain TPosixProcess::drain(TStream& stream)
 {
     // One read buffer per thread: programs are started one after another, and clearing a fresh
     // buffer for each would cost more than starting a short program.
     thread_local std::vector<char> buffer(256 * 1024);
     const ssize_t n = ::read(stream.fd, buffer.data(), buffer.size());
     if (n < 0 && (errno == EINTR || errno == EAGAIN))
-        return errno == EINTR;
+        return errno == EINTR ? TDrain::Read : TDrain::Emptied;
     if (n <= 0) {
         stream.open = false;
         m_nextExitCheck = Clock::now();
         m_exitCheckStep = kFirstExitStep / 2;
-        return false;
+        return TDrain::Closed;
     }
     m_lastOutput = Clock::now();
     // A program that fills the pipe prints a long listing: a larger pipe lets it run ahead of
@@ -322,7 +332,7 @@ bool TPosixProcess::drain(TStream& stream)
         m_pipeGrown = true;
     }
     deliver(buffer.data(), static_cast<std::size_t>(n), stream.isErr);
-    return true;
+    return static_cast<std::size_t>(n) < buffer.size() ? TDrain::Emptied : TDrain::Read;
 }
 
 void TPosixProcess::deliver(const char* data, std::size_t size, bool isErr)

@@ -120,7 +120,9 @@ struct TReader {
     /// silently and lost by a resave: it is an error at the element's place.
     void checkAttributes(std::initializer_list<const char*> known)
     {
-        for (const auto& attribute : xml.attributes()) {
+        // Held const: iterating the temporary would copy the whole list.
+        const QXmlStreamAttributes attributes = xml.attributes();
+        for (const auto& attribute : attributes) {
             const QStringView name = attribute.qualifiedName();
             if (std::none_of(known.begin(), known.end(), [&](const char* k) { return name == QLatin1String(k); }))
                 error("unknown attribute \"" + name.toString().toStdString() + "\" on <"

@@ -16,6 +16,7 @@
 
 #include <fcntl.h>
 #include <pthread.h>
+#include <sched.h>
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -39,7 +40,7 @@ constexpr int kDefaultedSignals[] = {SIGHUP,  SIGINT,  SIGQUIT, SIGPIPE, SIGALRM
                                      SIGUSR2, SIGCHLD, SIGTSTP, SIGTTIN, SIGTTOU, SIGXFSZ, SIGXCPU};
 
 /// Programs being run, by pid: stopping what a finished program left behind must not touch
-/// them. Held across vfork so that a new program is registered before anyone looks. Never
+/// them. Held across the start so that a new program is registered before anyone looks. Never
 /// destroyed: a program may be reaped by an object that outlives every static of this
 /// library (a plug-in's kept session at exit).
 struct TRegistry {
@@ -79,8 +80,8 @@ std::string resolveProgram(const std::string& program)
     return found.empty() ? program : found;
 }
 
-/// In the child between vfork and exec: only async-signal-safe calls.
-void closeAbove2()
+/// In the child between clone and exec: only async-signal-safe calls.
+[[gnu::no_sanitize_address]] void closeAbove2()
 {
     if (::syscall(SYS_close_range, 3u, ~0u, 0u) == 0)
         return;
@@ -170,47 +171,70 @@ std::vector<pid_t> killLeftovers()
 
 namespace {
 
-struct TChildOutcome {
-    int error = 0;
+/// What the child is to do, and why it could not.
+struct TChildStart {
+    const char* program;
+    char* const* argv;
+    const char* folder;
+    int input;
+    int output;
+    int error;
+    int failure = 0;
     bool inDirectory = true;
 };
 
-/// vfork and exec by hand: posix_spawn asks and resets every signal handler in the child and
-/// maps a stack for it, which doubled the cost of starting a short program. Everything the
-/// child does is async-signal-safe; all signals stay blocked (the caller blocks them) until
-/// their handling is back to the default.
-[[gnu::noinline]] pid_t forkAndExec(const char* program, char* const* argv, const char* folder, int input, int output,
-                                    int error, TChildOutcome* outcome)
+/// The child between clone and exec: only async-signal-safe calls. All signals stay blocked
+/// (the caller blocks them) until their handling is back to the default. Not instrumented:
+/// it runs on a borrowed stack in the parent's memory.
+[[gnu::no_sanitize_address]] int childMain(void* argument)
 {
-    const pid_t pid = ::vfork();
-    if (pid != 0)
-        return pid;
+    auto& start = *static_cast<TChildStart*>(argument);
     ::setpgid(0, 0);
     struct sigaction defaults {};
     defaults.sa_handler = SIG_DFL;
     for (int signal : kDefaultedSignals)
         ::sigaction(signal, &defaults, nullptr);
-    ::dup2(input, 0);
-    ::dup2(output, 1);
-    ::dup2(error, 2);
+    ::dup2(start.input, 0);
+    ::dup2(start.output, 1);
+    ::dup2(start.error, 2);
     closeAbove2();
-    if (folder && ::chdir(folder) != 0) {
-        outcome->error = errno;
-        outcome->inDirectory = false;
-        ::_exit(127);
+    if (start.folder && ::chdir(start.folder) != 0) {
+        start.failure = errno;
+        start.inDirectory = false;
+        return 127;
     }
     sigset_t none;
     sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
-    ::execve(program, argv, environ);
-    outcome->error = errno;
-    ::_exit(127);
+    ::execve(start.program, start.argv, environ);
+    start.failure = errno;
+    return 127;
+}
+
+/// clone as vfork does it (the memory shared, the caller suspended until exec), but the child
+/// on a stack of its own and, when asked, the pidfd made in the same call. posix_spawn would
+/// ask and reset every signal handler in the child and map a stack for it, which doubled the
+/// cost of starting a short program.
+pid_t cloneAndExec(TChildStart& start, int* pidFd)
+{
+    // The caller is suspended while the child runs, so its stack can lend the child room.
+    alignas(64) char stack[64 * 1024];
+    const int flags = CLONE_VM | CLONE_VFORK | SIGCHLD;
+    if (pidFd) {
+        *pidFd = -1;
+        const pid_t pid = ::clone(childMain, stack + sizeof stack, flags | CLONE_PIDFD, &start, pidFd);
+        // A kernel before 5.2 does not know CLONE_PIDFD.
+        if (pid >= 0 || errno != EINVAL)
+            return pid;
+        *pidFd = -1;
+    }
+    return ::clone(childMain, stack + sizeof stack, flags, &start);
 }
 
 } // namespace
 
 pid_t spawnProgram(const std::string& name, const std::vector<std::string>& arguments, const std::string& directory,
-                   int input, int output, int error, std::string& errorText)
+                   int input, int output, int error, std::string& errorText, int* pidFd)
 {
     std::vector<std::string> argvText = arguments;
     std::vector<char*> argv;
@@ -224,27 +248,31 @@ pid_t spawnProgram(const std::string& name, const std::vector<std::string>& argu
     sigset_t all;
     sigset_t previous;
     sigfillset(&all);
-    TChildOutcome outcome;
+    TChildStart start{program.c_str(), argv.data(), directory.empty() ? nullptr : directory.c_str(),
+                      input >= 0 ? input : devNull(), output, error};
     std::unique_lock lock(registry().mutex);
     pthread_sigmask(SIG_SETMASK, &all, &previous);
-    const pid_t pid = forkAndExec(program.c_str(), argv.data(), directory.empty() ? nullptr : directory.c_str(),
-                                  input >= 0 ? input : devNull(), output, error, &outcome);
+    const pid_t pid = cloneAndExec(start, pidFd);
     const int forkError = pid < 0 ? errno : 0;
-    if (pid > 0 && outcome.error == 0)
+    if (pid > 0 && start.failure == 0)
         registry().running.insert(pid);
     lock.unlock();
     pthread_sigmask(SIG_SETMASK, &previous, nullptr);
-    if (pid > 0 && outcome.error == 0)
+    if (pid > 0 && start.failure == 0)
         return pid;
+    if (pidFd && *pidFd >= 0) {
+        ::close(*pidFd);
+        *pidFd = -1;
+    }
     if (pid > 0) {
         int status = 0;
         while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
         }
     }
     errorText = "Could not start \"" + name + "\"";
-    if (!outcome.inDirectory)
+    if (!start.inDirectory)
         errorText += " in \"" + directory + "\"";
-    errorText += std::string(": ") + std::strerror(pid < 0 ? forkError : outcome.error);
+    errorText += std::string(": ") + std::strerror(pid < 0 ? forkError : start.failure);
     return -1;
 }
 

@@ -10,9 +10,11 @@
 /// empty, in a process group of its own, with default signal handling and no blocked signal,
 /// and with nothing open but standard input, output and error (`input` -1: /dev/null). A
 /// program name without a slash is looked up on PATH. The child counts as a running program
-/// until forgetProgram. The pid, or -1 with the reason in `error`.
+/// until forgetProgram. The pid, or -1 with the reason in `error`. With `pidFd`, a pidfd of
+/// the program made in the same call goes there (-1 where the kernel makes none).
 pid_t spawnProgram(const std::string& program, const std::vector<std::string>& arguments,
-                   const std::string& directory, int input, int output, int error, std::string& errorText);
+                   const std::string& directory, int input, int output, int error, std::string& errorText,
+                   int* pidFd = nullptr);
 /// After the program was reaped.
 void forgetProgram(pid_t pid);
 /// True when this process has no child at all, running or ended: then nothing a finished

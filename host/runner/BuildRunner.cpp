@@ -217,6 +217,10 @@ TBuildRunner::TActionRun TBuildRunner::runAction(TCustomWFAction& action, TWFAct
         std::lock_guard lock(m_currentMutex);
         m_current = &action;
     }
+    // An action that starts a program settles the log as the program starts, so its header
+    // and first messages go out in one write; any other action may take long from the start.
+    if (!dynamic_cast<TWFExecuteAbstractAction*>(&action))
+        m_log.Flush();
     TActionRun run;
     if (!cleanupStopped()) {
         const auto errors = validateAction(action, run.ok);

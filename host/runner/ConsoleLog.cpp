@@ -51,7 +51,7 @@ void TConsoleLog::BeginAction(std::size_t number, std::size_t total, const std::
     for (auto& line : m_lastLine)
         line.clear();
     m_out << consoleHeader(number, total, title, cleanup) << '\n';
-    Flush();
+    m_held = true;
 }
 
 void TConsoleLog::TTail::add(std::string_view line)
@@ -101,7 +101,7 @@ void TConsoleLog::Line(Stream stream, std::string_view text)
         if (m_pending.size() >= 64 * 1024)
             flushFile();
     }
-    if (stream != Stream::StdOut)
+    if (stream != Stream::StdOut && !m_held)
         Flush();
 }
 
@@ -112,6 +112,7 @@ void TConsoleLog::Settle()
 
 void TConsoleLog::Flush()
 {
+    m_held = false;
     m_out.flush();
     m_err.flush();
     checkConsole();

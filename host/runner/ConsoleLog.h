@@ -10,7 +10,8 @@
 /// log file gets every line exactly as sent and nothing else. Messages are flushed at once and
 /// program output as soon as the chunk that brought it has been handed over, so the last line
 /// before a hang is on the console and in the log; a large listing comes in large chunks, so
-/// that is no write per line. The last lines of the current action are kept for the report:
+/// that is no write per line. An action's header and the messages before its program starts
+/// go out together, in one write, as the program starts (Settle). The last lines of the current action are kept for the report:
 /// enough to explain a failure, never the whole of a large output.
 class TConsoleLog final : public IWFLogSink {
 public:
@@ -23,7 +24,8 @@ public:
     /// Opens (truncates) the plain log file, close-on-exec so that no program inherits it;
     /// false with a reason.
     bool OpenLogFile(const std::string& path, std::string& error);
-    /// Starts the console section of one action and forgets the previous action's lines.
+    /// Starts the console section of one action and forgets the previous action's lines. The
+    /// header waits for the next Settle or Flush, as do the messages until then.
     void BeginAction(std::size_t number, std::size_t total, const std::string& title, bool cleanup = false);
     void Line(Stream stream, std::string_view text) override;
     void Settle() override;
@@ -59,6 +61,7 @@ private:
     int m_fd = -1;
     std::string m_path;
     std::string m_pending;
+    bool m_held = false;
     std::string m_writeFailure;
 
     TTail m_actionText;
