@@ -292,6 +292,11 @@ bool findForbiddenByte(const std::string& text, const std::string& file, std::ve
 {
     for (std::size_t i = 0; i < text.size();) {
         const auto byte = static_cast<unsigned char>(text[i]);
+        // Nearly every byte of a project is plain ASCII: no call, no check beyond this.
+        if (byte != 0 && byte < 0x80) {
+            ++i;
+            continue;
+        }
         const std::size_t length = utf8SequenceLength(text, i);
         std::string problem;
         if (byte == 0)
@@ -334,14 +339,11 @@ bool findCrowdedElement(const std::string& text, const std::string& file, std::v
             // A start tag, an end tag or a declaration: each "=" outside quotes is one
             // attribute (an end tag or a declaration has none outside its quoted text).
             std::size_t attributes = 0;
-            char quote = 0;
             for (++i; i < text.size(); ++i) {
                 const char c = text[i];
-                if (quote) {
-                    if (c == quote)
-                        quote = 0;
-                } else if (c == '"' || c == '\'') {
-                    quote = c;
+                if (c == '"' || c == '\'') {
+                    // A quoted value is skipped in one search; the loop steps past its quote.
+                    i = std::min(text.find(c, i + 1), text.size() - 1);
                 } else if (c == '=') {
                     ++attributes;
                 } else if (c == '>' || c == '<') {
