@@ -11,8 +11,9 @@
 /// program output as soon as the chunk that brought it has been handed over, so the last line
 /// before a hang is on the console and in the log; a large listing comes in large chunks, so
 /// that is no write per line. An action's header and the messages before its program starts
-/// go out together, in one write, as the program starts (Settle). The last lines of the current action are kept for the report:
-/// enough to explain a failure, never the whole of a large output.
+/// go out together, in one write, as the program starts (Settle). The last lines of the
+/// current action are kept for the report: enough to explain a failure, never the whole of a
+/// large output.
 class TConsoleLog final : public IWFLogSink {
 public:
     TConsoleLog(std::ostream& out, std::ostream& err);
