@@ -96,9 +96,8 @@ int main(int argc, char** argv)
     QDir().mkpath(folder);
 
     e2e::ClearCaseWorld world;
-    qputenv("CCSIM_HOME", QByteArray::fromStdString(world.dir() + "/store"));
-    qputenv("CCSIM_NOW", "2013-03-12T10:22:31");
-    qputenv("USER", "builder");
+    for (const auto& [name, value] : world.environment(""))
+        qputenv(name.c_str(), QByteArray::fromStdString(value));
     WFInstallDesignHooks();
     TDesignerArguments args;
     args.configDir = world.configDir();

@@ -17,7 +17,7 @@ struct Editor {
 /// Every editor the gallery shows beside the pages.
 const std::vector<Editor>& editors();
 
-/// Options and a fake ClearCase the pages' drop-downs can ask.
+/// Options pointing at a simulated ClearCase that the pages' lists and drop-downs can ask.
 void prepareSampleWorld();
 /// Gives a sample action the values a build engineer would have typed.
 void fillSample(TClearCaseBaseAction& action);

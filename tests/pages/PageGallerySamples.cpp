@@ -2,6 +2,9 @@
 
 #include "actions/WFClearCaseCleartoolAction.h"
 #include "actions/WFClearCaseMakeAttributeTypeAction.h"
+#include "actions/WFClearCaseMakeBaselineAction.h"
+#include "actions/WFClearCaseMakeBaselineFromLabelAction.h"
+#include "ClearCaseWorld.h"
 #include "environment/WFClearCaseOptions.h"
 #include "pages/WFClearCaseDateButtonEdit.h"
 #include "pages/WFClearCaseEditExtendedPathNameForm.h"
@@ -103,10 +106,15 @@ const std::vector<Editor>& editors()
 
 void prepareSampleWorld()
 {
+    // A fresh simulator store with a UCM view, made once: the pages that list the view's
+    // components and activities show them, not "cannot be found".
+    static const e2e::ClearCaseWorld world;
+    for (const auto& [name, value] : world.environment(""))
+        qputenv(name.c_str(), QByteArray::fromStdString(value));
     RegisterOptions();
     if (IWFClearCaseOptions* options = ClearCaseOptions()) {
-        options->SetDefaultViewPath("/views/build_main");
-        options->SetClearToolPath("/opt/rational/clearcase/bin/cleartool");
+        options->SetDefaultViewPath(world.view());
+        options->SetClearToolPath(e2e::cleartoolPath());
     }
 }
 
@@ -129,6 +137,18 @@ void fillSample(TClearCaseBaseAction& action)
         attribute->SetAttributeName("BuildNo");
         attribute->SetAttributeValue("42");
     }
+    // The baseline pages ask the view for its components and activities: theirs is the
+    // default view, the sample world's, and they name its component.
+    auto* baseline = dynamic_cast<TClearCaseMakeBaselineAction*>(&action);
+    auto* fromLabel = dynamic_cast<TClearCaseMakeBaselineFromLabelAction*>(&action);
+    if (baseline || fromLabel) {
+        action.SetUseDefaultViewContext(true);
+        static_cast<TClearCaseUCMAction&>(action).SetComponentSelectorStorageString("main_comp@/vobs/pvob");
+    }
+    if (baseline)
+        baseline->SetSelectionType(slComponents);
+    if (fromLabel)
+        fromLabel->SetSpecifyComponents(true);
     if (auto* attributeType = dynamic_cast<TClearCaseMakeAttributeTypeAction*>(&action)) {
         attributeType->SetNewAttributeType(atDate);
         attributeType->SetUseDefaultValue(true);
@@ -138,8 +158,18 @@ void fillSample(TClearCaseBaseAction& action)
 
 void readSampleOptions(IWFOptionsPage& page)
 {
-    if (IWFClearCaseOptions* options = ClearCaseOptions())
-        page.ReadOptions(*options->GetImplementation());
+    // The options page shows an ordinary installation, not the sample world's folders. It
+    // takes the cleartool path from the live options, so they hold that one while it reads.
+    IWFClearCaseOptions* live = ClearCaseOptions();
+    if (!live)
+        return;
+    const std::string worldCleartool = live->GetCleartoolPath();
+    const std::string worldView = live->GetDefaultViewPath();
+    live->SetClearToolPath("/opt/rational/clearcase/bin/cleartool");
+    live->SetDefaultViewPath("/views/build_main");
+    page.ReadOptions(*live->GetImplementation());
+    live->SetClearToolPath(worldCleartool);
+    live->SetDefaultViewPath(worldView);
 }
 
 } // namespace wfgallery

@@ -43,9 +43,10 @@ public:
     wftest::ProgramRun wfbuild(const std::string& project, std::vector<std::string> extra = {},
                                wftest::ProgramRequest request = {}) const;
 
-private:
+    /// What the simulator needs to find the world's store, as a user (empty: the builder).
     std::vector<std::pair<std::string, std::string>> environment(const std::string& user) const;
 
+private:
     wftest::TempDir m_dir;
 };
 
