@@ -56,7 +56,10 @@ void TClearCaseGetConfigSpecAction::AfterGetCommandLine()
 {
     TClearCaseBaseAction::AfterGetCommandLine();
     m_outputFile.reset();
-    if (!m_outputToFile)
+    // A dry run (validation, a preview) starts no program, so it writes nothing: opening the
+    // file would create it, in whatever folder the relative path meant there.
+    const TWFActionHost* host = GetHost();
+    if (!m_outputToFile || (host && host->dryRun))
         return;
     // The path is used as stored, without expansion. An existing file is not truncated: old
     // bytes beyond the new text stay, as the system has always done.

@@ -70,6 +70,18 @@ const std::vector<ConfigSpecCase> kConfigSpecCases = {
 };
 INSTANTIATE_TEST_SUITE_P(Files, GetConfigSpec, testing::ValuesIn(kConfigSpecCases), wftest::byName);
 
+TEST(GetConfigSpecDryRun, ValidationNeitherStartsCatcsNorCreatesTheFile)
+{
+    ActionEnvironment env;
+    env.host.dryRun = true;
+    ScopedEnv record("WF_FAKE_RECORD", env.dir.file("record.txt"));
+    auto action = env.create("TClearCaseGetConfigSpecAction",
+                             {{"ViewContextPath", "{view}"}, {"OutputToFile", "True"}, {"OutputFilePath", env.dir.file("cs.txt")}});
+    EXPECT_TRUE(action->Execute());
+    EXPECT_FALSE(fileExists(env.dir.file("cs.txt")));
+    EXPECT_FALSE(fileExists(env.dir.file("record.txt")));
+}
+
 struct FindCheckoutsCase {
     std::string name;
     /// The variable's value before the run; "-" leaves it undefined.
