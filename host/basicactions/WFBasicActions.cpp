@@ -87,6 +87,12 @@ bool TWFWriteTextFileAction::Execute()
     const TWFActionHost* host = GetHost();
     if (!fileName.empty() && fileName.front() != '/' && host && !host->defaultStartingDir.empty())
         fileName = host->defaultStartingDir + "/" + fileName;
+    // A dry run shows what the build would do and changes nothing on disk.
+    if (host && host->dryRun) {
+        SendMessage(std::string(m_append ? "Would append " : "Would write ") + std::to_string(text.size()) + " bytes to \""
+                    + fileName + "\"");
+        return true;
+    }
     std::string bytes;
     std::string error;
     if (m_append && fileExists(fileName) && !readWholeFile(fileName, bytes, error)) {

@@ -53,7 +53,7 @@ TEST_F(BasicActions, SetVariableExpandsIntoTheVariable)
     EXPECT_EQ(variables.Get("GREETING").toString(), "hi world");
 }
 
-TEST_F(BasicActions, WriteTextFileReplacesOrAppendsAndNamesAFolderItCannotMake)
+TEST_F(BasicActions, WriteTextFileReplacesOrAppendsLeavesItAloneInADryRunAndNamesAFolderItCannotMake)
 {
     TWFWriteTextFileAction write;
     ASSERT_TRUE(run(write, {{"FileName", "out/notes.txt"}, {"Text", "one %WHO%\n"}}));
@@ -63,6 +63,13 @@ TEST_F(BasicActions, WriteTextFileReplacesOrAppendsAndNamesAFolderItCannotMake)
     TWFWriteTextFileAction replace;
     ASSERT_TRUE(run(replace, {{"FileName", "out/notes.txt"}, {"Text", "three\n"}}));
     EXPECT_EQ(wftest::readFile(dir.file("out/notes.txt")), "three\n");
+
+    host.dryRun = true;
+    TWFWriteTextFileAction dry;
+    ASSERT_TRUE(run(dry, {{"FileName", "out/notes.txt"}, {"Text", "four\n"}, {"Append", "True"}}));
+    EXPECT_EQ(log.messages().back(), "Would append 5 bytes to \"" + dir.file("out/notes.txt") + "\"");
+    EXPECT_EQ(wftest::readFile(dir.file("out/notes.txt")), "three\n");
+    host.dryRun = false;
 
     TWFWriteTextFileAction belowAFile;
     EXPECT_FALSE(run(belowAFile, {{"FileName", "out/notes.txt/sub/x.txt"}, {"Text", "x"}}));
