@@ -56,8 +56,8 @@ void TClearCaseGetConfigSpecAction::AfterGetCommandLine()
 {
     TClearCaseBaseAction::AfterGetCommandLine();
     m_outputFile.reset();
-    // A dry run (validation, a preview) starts no program, so it writes nothing: opening the
-    // file would create it, in whatever folder the relative path meant there.
+    // A dry run (validation, a preview) starts no program and writes nothing: opening the file
+    // would create it, in whatever folder the checking process happens to be.
     const TWFActionHost* host = GetHost();
     if (!m_outputToFile || (host && host->dryRun))
         return;

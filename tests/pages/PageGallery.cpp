@@ -80,8 +80,8 @@ std::unique_ptr<QTabWidget> pageInTab(const TClearCasePageMaker& maker, std::uni
 /// Shows the window at `wanted`, or larger where its contents need more room.
 void showAt(QWidget& window, QSize wanted)
 {
-    // Sized before it is shown as well: on X11 the first window's resize right after show()
-    // was sometimes undone by the server's configure event, and the image kept the old size.
+    // Sized before it is shown as well: under Xvfb the first enlarged window was sometimes
+    // grabbed at its old size when it was only resized after show().
     window.resize(wanted.expandedTo(window.minimumSizeHint()));
     window.show();
     window.resize(wanted.expandedTo(window.minimumSizeHint()));
