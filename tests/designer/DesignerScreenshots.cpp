@@ -96,8 +96,7 @@ int main(int argc, char** argv)
     QDir().mkpath(folder);
 
     e2e::ClearCaseWorld world;
-    for (const auto& [name, value] : world.environment(""))
-        qputenv(name.c_str(), QByteArray::fromStdString(value));
+    world.enter();
     WFInstallDesignHooks();
     TDesignerArguments args;
     args.configDir = world.configDir();

@@ -109,8 +109,7 @@ void prepareSampleWorld()
     // A fresh simulator store with a UCM view, made once: the pages that list the view's
     // components and activities show them, not "cannot be found".
     static const e2e::ClearCaseWorld world;
-    for (const auto& [name, value] : world.environment(""))
-        qputenv(name.c_str(), QByteArray::fromStdString(value));
+    world.enter();
     RegisterOptions();
     if (IWFClearCaseOptions* options = ClearCaseOptions()) {
         options->SetDefaultViewPath(world.view());

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -113,6 +114,12 @@ std::string ClearCaseWorld::where(const std::string& place) const
 std::vector<std::pair<std::string, std::string>> ClearCaseWorld::environment(const std::string& user) const
 {
     return {{"CCSIM_HOME", dir() + "/store"}, {"CCSIM_NOW", kNow}, {"USER", user.empty() ? kBuilder : user}};
+}
+
+void ClearCaseWorld::enter() const
+{
+    for (const auto& [name, value] : environment(""))
+        ::setenv(name.c_str(), value.c_str(), 1);
 }
 
 wftest::ProgramRun ClearCaseWorld::cleartool(const std::vector<std::string>& arguments, const std::string& place,

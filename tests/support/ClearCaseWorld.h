@@ -43,10 +43,14 @@ public:
     wftest::ProgramRun wfbuild(const std::string& project, std::vector<std::string> extra = {},
                                wftest::ProgramRequest request = {}) const;
 
+    /// Points this process, and what it starts, at the world's store as the builder: for hosts
+    /// that ask the simulator from inside the test program (the page gallery, the designer).
+    void enter() const;
+
+private:
     /// What the simulator needs to find the world's store, as a user (empty: the builder).
     std::vector<std::pair<std::string, std::string>> environment(const std::string& user) const;
 
-private:
     wftest::TempDir m_dir;
 };
 
