@@ -58,8 +58,8 @@ bool TClearCaseUCMAction::AddActivityName(ICommandLineBuilder& builder)
         return true;
     }
     std::string selector = "activity:" + GetActivityName();
-    if (!GetVOBSelector().empty())
-        selector += "@" + GetVOBSelector();
+    if (const std::string vob = GetVOBSelector(); !vob.empty())
+        selector.append(1, '@').append(vob);
     std::string expanded;
     if (!TryExpandExpression("Activity Name", selector, expanded, true))
         return false;
